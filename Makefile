@@ -1,0 +1,46 @@
+# The commands of the project. Each sets up what it needs (see tools/setup), says what it does, and is quick the second
+# time.
+
+.PHONY: demo test bench format lint asan clang help
+
+help:
+	@echo "make demo    build, and make and draw the project that ships with it"
+	@echo "make test    build, and run every test"
+	@echo "make bench   build, and print each budget with what was measured"
+	@echo "make format  lay out the sources"
+	@echo "make lint    clang-tidy over the sources"
+	@echo "make asan    the tests under address and undefined-behaviour sanitizers"
+	@echo "make clang   the tests with the second compiler"
+
+demo:
+	@tools/setup build
+	@tools/build release quenzel7 gdi-replay
+	@build/bin/quenzel7 demo -o build/demo
+
+test:
+	@tools/setup build
+	@tools/build release
+	@tools/run-tests release
+
+bench:
+	@tools/setup build bench
+	@tools/build bench
+	@build/bin/quenzel7-bench
+
+format:
+	@tools/setup check
+	@tools/format
+
+lint:
+	@tools/setup build check
+	@tools/lint
+
+asan:
+	@tools/setup build
+	@tools/build asan
+	@tools/run-tests asan
+
+clang:
+	@tools/setup build clang
+	@tools/build clang
+	@tools/run-tests clang

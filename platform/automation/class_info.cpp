@@ -1,0 +1,113 @@
+#include "platform/automation/class_info.h"
+
+#include <algorithm>
+#include <bit>
+#include <numeric>
+
+namespace quenzel7::automation {
+namespace {
+
+char Fold(char letter) {
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter;
+}
+
+/// FNV-1a (Fowler, Noll, Vo) over the folded letters.
+std::uint32_t FoldedHash(std::string_view name) {
+  std::uint32_t hash = 2166136261u;
+  for (const char letter : name) {
+    hash ^= static_cast<unsigned char>(Fold(letter));
+    hash *= 16777619u;
+  }
+  return hash;
+}
+
+std::string DescribeParameter(const Parameter& parameter, bool optional) {
+  std::string text = (parameter.byReference ? "ByRef " : "") + std::string(parameter.type.name);
+  return optional ? "[" + text + "]" : text;
+}
+
+}  // namespace
+
+bool EqualFolded(std::string_view a, std::string_view b) {
+  return a.size() == b.size() &&
+         std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return Fold(x) == Fold(y); });
+}
+
+Interface::Interface(std::string_view name, std::span<const Member> members)
+    : name_(name),
+      members_(members),
+      // At most half full, so that a search ends soon.
+      table_(std::bit_ceil(members.size() * 2 + 1)),
+      mask_(table_.size() - 1) {
+  for (std::size_t index = 0; index < members_.size(); ++index) {
+    std::size_t place = FoldedHash(members_[index].name) & mask_;
+    while (table_[place] != 0) place = (place + 1) & mask_;
+    table_[place] = static_cast<std::uint16_t>(index + 1);
+  }
+}
+
+const Member* Interface::Find(std::string_view name) const {
+  for (std::size_t place = FoldedHash(name) & mask_; table_[place] != 0; place = (place + 1) & mask_) {
+    const Member& member = members_[table_[place] - 1];
+    if (EqualFolded(member.name, name)) return &member;
+  }
+  return nullptr;
+}
+
+std::vector<std::string> Interface::Slots() const {
+  std::vector<std::string> slots;
+  for (const Member& member : members_) {
+    const std::string name(member.name);
+    const std::string type(member.type.name);
+    if (member.IsMethod()) {
+      std::string line = "call " + name + "(";
+      const std::size_t required = member.parameters.size() - member.optional;
+      for (std::size_t index = 0; index < member.parameters.size(); ++index) {
+        if (index > 0) line += ", ";
+        line += DescribeParameter(member.parameters[index], index >= required);
+      }
+      slots.push_back(line + ")" + (type.empty() ? "" : " As " + type));
+      continue;
+    }
+    std::vector<std::string> accessors;
+    if (member.get) accessors.push_back("get " + name + "() As " + type);
+    if (member.put) accessors.push_back("put " + name + "(" + type + ")");
+    if (member.putRef) accessors.push_back("putref " + name + "(" + type + ")");
+    if (member.writerFirst) std::reverse(accessors.begin(), accessors.end());
+    slots.insert(slots.end(), accessors.begin(), accessors.end());
+  }
+  return slots;
+}
+
+const Interface* ClassInfo::FindInterface(std::string_view interfaceName) const {
+  for (const Interface* interface : interfaces) {
+    if (EqualFolded(interface->Name(), interfaceName)) return interface;
+  }
+  return nullptr;
+}
+
+std::string_view NearestName(std::string_view asked, const std::vector<std::string_view>& names) {
+  std::string_view nearest;
+  std::size_t fewest = static_cast<std::size_t>(-1);
+  for (const std::string_view name : names) {
+    // One row of the distance table at a time.
+    std::vector<std::size_t> row(name.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < asked.size(); ++i) {
+      std::size_t diagonal = row[0];
+      row[0] = i + 1;
+      for (std::size_t j = 0; j < name.size(); ++j) {
+        const std::size_t replaced = diagonal + (Fold(asked[i]) == Fold(name[j]) ? 0 : 1);
+        diagonal = row[j + 1];
+        row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
+      }
+    }
+    if (row.back() < fewest) {
+      fewest = row.back();
+      nearest = name;
+    }
+  }
+  return nearest;
+}
+
+}  // namespace quenzel7::automation

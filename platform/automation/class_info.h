@@ -1,0 +1,136 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/automation/object.h"
+#include "platform/automation/types.h"
+#include "platform/automation/variant.h"
+
+namespace quenzel7::automation {
+
+/// The arguments of a call by name. A thunk writes by-reference arguments back into their places.
+using Arguments = std::span<Variant>;
+
+/// How a member is called.
+enum class CallKind : Byte {
+  Method,
+  /// Read a property.
+  Get,
+  /// Write a property by value.
+  Put,
+  /// Write a property by reference to an object.
+  PutRef,
+};
+
+/// Name and number of one member of an enumeration.
+struct EnumMember {
+  std::string_view name;
+  Long value;
+};
+
+/// An enumeration as type information: its name and its members in declared order.
+struct EnumInfo {
+  std::string_view name;
+  std::span<const EnumMember> members;
+};
+
+/// The type of a property, an argument or a result.
+struct TypeInfo {
+  /// "Long", "Boolean", "String", an enumeration's or a class's name; "" for no result.
+  std::string_view name;
+  /// The members when the type is an enumeration, else nullptr.
+  const EnumInfo* enumeration = nullptr;
+  /// The kind of variant that carries the type.
+  VariantKind kind = VariantKind::Empty;
+};
+
+/// One argument of a method.
+struct Parameter {
+  TypeInfo type;
+  /// The call may write the argument back.
+  bool byReference = false;
+};
+
+/// Marks that an editor or a page file wants to know of a property.
+enum class Mark : Byte {
+  None = 0,
+  /// Says who the element is and where it is kept (ID, GroupID, OrderIndex), not what it looks like.
+  Identity = 1,
+  /// Held by the object only: saving leaves it out.
+  NotStored = 2,
+};
+
+/// One published member of an interface: what it is and the thunks that call it on an object of the
+/// interface.
+struct Member {
+  std::string_view name;
+  /// The type of the property or of the method's result.
+  TypeInfo type;
+  /// Arguments of a method, in order; nothing for a property.
+  std::span<const Parameter> parameters;
+  /// How many of the last arguments may be left out, and what stands for them then, in order; Empty where
+  /// there is no number.
+  Byte optional = 0;
+  std::array<std::optional<Long>, 2> defaults{};
+  /// Among the slots of the interface the writer of the property stands before the reader.
+  bool writerFirst = false;
+  Mark mark = Mark::None;
+  Variant (*method)(Object&, Arguments) = nullptr;
+  Variant (*get)(Object&) = nullptr;
+  void (*put)(Object&, const Variant&) = nullptr;
+  void (*putRef)(Object&, const Variant&) = nullptr;
+  std::string_view documentation;
+
+  bool IsMethod() const { return method != nullptr; }
+};
+
+/// A published interface: its members in slot order, found by name without regard to case.
+class Interface {
+ public:
+  Interface(std::string_view name, std::span<const Member> members);
+
+  std::string_view Name() const { return name_; }
+  std::span<const Member> Members() const { return members_; }
+
+  /// The member of that name, or nullptr.
+  const Member* Find(std::string_view name) const;
+
+  /// The slots in order, one line each: "get EnabledOpAddr() As Long", "put EnabledOpAddr(Long)",
+  /// "call GetBoundingRect(ByRef Long, ByRef Long, ByRef Long, ByRef Long, [Long])".
+  std::vector<std::string> Slots() const;
+
+ private:
+  std::string_view name_;
+  std::span<const Member> members_;
+  /// Open addressing over the folded hash of the names; an entry is the member's index plus 1, 0 is free.
+  std::vector<std::uint16_t> table_;
+  std::size_t mask_;
+};
+
+/// A class: its name, its interfaces with the default one first, and how to make an object of it.
+struct ClassInfo {
+  std::string_view name;
+  std::span<const Interface* const> interfaces;
+  /// Makes a new object; nullptr when hosts cannot create the class.
+  ObjectRef (*create)() = nullptr;
+
+  const Interface& Default() const { return *interfaces.front(); }
+  /// The interface of that name, or nullptr.
+  const Interface* FindInterface(std::string_view interfaceName) const;
+};
+
+/// True when the texts are equal, upper and lower case letters of ASCII being the same.
+bool EqualFolded(std::string_view a, std::string_view b);
+
+/// Among the names the one that takes the fewest changes of letters (Levenshtein, 1965) to become what was
+/// asked for, case aside; empty when there are no names.
+std::string_view NearestName(std::string_view asked, const std::vector<std::string_view>& names);
+
+}  // namespace quenzel7::automation

@@ -1,0 +1,34 @@
+#include "tests/platform/automation/allocation_watch.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+
+namespace quenzel7::automation {
+namespace {
+
+std::size_t biggest = 0;
+std::size_t limit = AllocationWatch::kNoLimit;
+
+}  // namespace
+
+AllocationWatch::AllocationWatch(std::size_t most) {
+  biggest = 0;
+  limit = most;
+}
+
+AllocationWatch::~AllocationWatch() { limit = kNoLimit; }
+
+std::size_t AllocationWatch::Biggest() const { return biggest; }
+
+}  // namespace quenzel7::automation
+
+void* operator new(std::size_t size) {
+  using namespace quenzel7::automation;
+  biggest = std::max(biggest, size);
+  if (size > limit) throw std::bad_alloc();
+  if (void* memory = std::malloc(size > 0 ? size : 1)) return memory;
+  throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+
+namespace quenzel7::automation {
+
+/// While it lives: notes the biggest single allocation of the program, and refuses (std::bad_alloc) those
+/// above a limit. One at a time.
+class AllocationWatch {
+ public:
+  static constexpr std::size_t kNoLimit = static_cast<std::size_t>(-1);
+
+  explicit AllocationWatch(std::size_t limit = kNoLimit);
+  AllocationWatch(const AllocationWatch&) = delete;
+  AllocationWatch& operator=(const AllocationWatch&) = delete;
+  ~AllocationWatch();
+
+  /// The bytes of the biggest allocation that was asked for, refused ones too.
+  std::size_t Biggest() const;
+};
+
+}  // namespace quenzel7::automation
