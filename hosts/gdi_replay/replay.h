@@ -1,0 +1,52 @@
+#pragma once
+
+#include <filesystem>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+#include "hosts/gdi_replay/case_file.h"
+
+namespace quenzel7::gdi_replay {
+
+/// What became of one case.
+struct CaseResult {
+  enum class Verdict { kPassed, kFailed, kSkipped };
+
+  std::string name;
+  bool isQuirk = false;
+  Verdict verdict = Verdict::kPassed;
+  bool isEqual = true;                   ///< every pixel and value as expected
+  double farPercent = 0;                 ///< of a quirk: far pixels per 100 drawn ones
+  std::string missingOperation;          ///< why it was skipped
+  std::vector<std::string> differences;  ///< one a check or query, with its number and first difference
+};
+
+/// Makes the calls of a case and compares. Everything the case made is destroyed at its end; what is left
+/// over counts as a difference.
+///
+/// A case passes if nothing differs. A quirk case also passes if only pixels differ and none of them is
+/// far, or, where arcs are drawn, at most 15 of 100 drawn ones. A pixel that differs is far if the expected
+/// colour is not among the 3 x 3 actual pixels around it, or the actual colour not among the 3 x 3
+/// expected ones. Drawn are the pixels that differ, in either picture, from how the stage was set. A case
+/// with an operation that the interface does not have is skipped.
+///
+/// Throws FormatError, naming `file`, for arguments that do not fit an operation.
+CaseResult Replay(const Case& drawingCase, const std::filesystem::path& file);
+
+struct FamilyResult {
+  std::string family;  ///< the file's name without its ending
+  std::vector<CaseResult> cases;
+
+  int Count(CaseResult::Verdict verdict) const;
+};
+
+FamilyResult ReplayFile(const std::filesystem::path& file);
+
+/// Replays every .txt file of a folder in order of name, and writes the report: each difference of a case
+/// that failed, the operations missed, the quirks of each family, and "N passed, N failed, N skipped".
+/// Returns 0, or 1 if a case failed, or 2 with a message on `errors` for a folder or file that cannot be
+/// used.
+int ReplayFolder(const std::filesystem::path& folder, std::ostream& report, std::ostream& errors);
+
+}  // namespace quenzel7::gdi_replay

@@ -1,0 +1,73 @@
+#include "platform/gdi/bitmap.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+namespace quenzel7::gdi {
+namespace {
+
+std::int64_t RowBytes(std::int64_t width, int bitsPerPixel) { return (width * bitsPerPixel + 15) / 16 * 2; }
+
+}  // namespace
+
+Bitmap::Bitmap(int width, int height, int bitsPerPixel)
+    : width_(width),
+      height_(height),
+      bitsPerPixel_(bitsPerPixel),
+      widthBytes_(static_cast<int>(RowBytes(width, bitsPerPixel))) {
+  if (IsMono()) {
+    bytes_.resize(static_cast<std::size_t>(widthBytes_) * height);
+  } else {
+    words_.resize(static_cast<std::size_t>(width) * height);
+  }
+}
+
+bool Bitmap::Fits(std::int64_t width, std::int64_t height, int bitsPerPixel) {
+  return width > 0 && height > 0 &&
+         RowBytes(width, bitsPerPixel) <= std::numeric_limits<std::int32_t>::max() / height;
+}
+
+COLORREF Bitmap::At(int x, int y) const {
+  if (IsMono()) return (Bytes(y)[x / 8] >> (7 - x % 8) & 1) != 0 ? 0xFFFFFF : 0;
+  return SwapRedAndBlue(Words(y)[x]);
+}
+
+void Bitmap::Set(int x, int y, COLORREF color) {
+  if (IsMono()) {
+    const auto bit = static_cast<std::uint8_t>(0x80 >> x % 8);
+    std::uint8_t& byte = Bytes(y)[x / 8];
+    byte = static_cast<std::uint8_t>(color != 0 ? byte | bit : byte & ~bit);
+  } else {
+    Words(y)[x] = SwapRedAndBlue(color);
+  }
+}
+
+void Bitmap::Load(const std::uint8_t* bytes) {
+  if (!IsMono()) {
+    for (std::uint32_t& word : words_) {
+      word = static_cast<std::uint32_t>(bytes[0] | bytes[1] << 8 | bytes[2] << 16);
+      bytes += 4;
+    }
+    return;
+  }
+  std::memcpy(bytes_.data(), bytes, bytes_.size());
+  const int padding = widthBytes_ * 8 - width_;
+  for (int y = 0; y < height_; ++y) {
+    std::uint8_t* end = Bytes(y) + widthBytes_;
+    for (int bit = 0; bit < padding; ++bit) end[-1 - bit / 8] &= static_cast<std::uint8_t>(~(1 << bit % 8));
+  }
+}
+
+std::size_t Bitmap::Store(std::span<std::uint8_t> out) const {
+  if (IsMono()) {
+    const std::size_t count = std::min(out.size(), bytes_.size());
+    std::copy_n(bytes_.begin(), count, out.begin());
+    return count;
+  }
+  const std::size_t count = std::min(out.size(), words_.size() * 4);
+  for (std::size_t i = 0; i < count; ++i) out[i] = static_cast<std::uint8_t>(words_[i / 4] >> i % 4 * 8);
+  return count;
+}
+
+}  // namespace quenzel7::gdi

@@ -1,0 +1,157 @@
+#pragma once
+
+#include <cstddef>
+
+#include "platform/gdi/types.h"
+
+/// The graphics device interface: the operations by which the elements paint, on memory contexts.
+///
+/// A context or object is told by a handle of the calling thread. Operations never throw and never
+/// crash on a wrong handle, a handle of another kind, one that has been deleted, or a null pointer:
+/// they fail as each says, by 0. Coordinates are pixels of the context's bitmap, x to the right, y
+/// downwards; any 32-bit coordinate is allowed, and what lies outside the bitmap is cut off.
+///
+/// Two kinds of surface exist: 32 bits a pixel (blue, green, red, unused) and 1 bit. What is drawn in a
+/// colour on 1 bit becomes black or white, whichever is nearer.
+namespace quenzel7::gdi {
+
+// --- Contexts and the objects selected into them ---
+
+/// Makes a memory context that holds a bitmap of one pixel and one bit, the black pen, the white brush,
+/// background white, text black. Every context is compatible with every other; `dc` is 0 or a context.
+/// 0 if `dc` is neither, or if the thread has no handle left.
+HDC CreateCompatibleDC(HDC dc);
+
+/// Ends a context. What is selected into it is free again and not deleted.
+BOOL DeleteDC(HDC dc);
+
+/// Puts a pen, brush, bitmap or the system font into a context and returns what it takes the place of.
+/// 0 for anything else, and for a bitmap that another context holds.
+HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
+
+/// The pen (1), brush (2), font (6) or bitmap (7) of a context; 0 for other types.
+HGDIOBJ GetCurrentObject(HDC dc, std::uint32_t type);
+
+/// Deletes a pen, brush, bitmap or region. 0, and nothing happens, while a context holds the object.
+/// Stock objects are never deleted; asking for it is harmless and gives 1.
+BOOL DeleteObject(HGDIOBJ object);
+
+/// Describes an object in at most `size` bytes: a LOGPEN (16 bytes), an EXTLOGPEN for an extended pen
+/// (28), a LOGBRUSH (12) or a BITMAP (24). Returns the number of bytes, also when `out` is null and only
+/// the size is asked for; 0 if `size` is too small.
+std::int32_t GetObjectA(HGDIOBJ object, std::int32_t size, void* out);
+
+/// The brush (0..5), pen (6..8) or system font (13) of that index, 0 for other indices.
+HGDIOBJ GetStockObject(std::int32_t index);
+
+/// The number of contexts and objects of this thread that were made and not deleted. Whoever draws
+/// leaves it as it was.
+std::size_t LiveObjects();
+
+// --- Colours and modes of a context ---
+// Each setter returns what was set before. Wrong contexts give CLR_INVALID, for the mode 0.
+
+COLORREF SetBkColor(HDC dc, COLORREF color);
+COLORREF GetBkColor(HDC dc);
+COLORREF SetTextColor(HDC dc, COLORREF color);
+COLORREF GetTextColor(HDC dc);
+
+/// `mode` is 1 to 3 (`StretchMode`); other modes give 0 and change nothing.
+std::int32_t SetStretchBltMode(HDC dc, std::int32_t mode);
+
+// --- Pens and brushes ---
+
+/// A pen of one of the seven basic styles; an unknown style is taken for solid. Widths 0 and 1 give
+/// thin lines; only those can be dashed. A negative width counts as its amount. A pen without lines
+/// keeps neither width nor colour: it is described as width 1, colour 0.
+HPEN CreatePenIndirect(const LOGPEN* pen);
+
+/// An extended pen: `style` combines a line style, end cap, join and type. The brush gives the colour and
+/// is solid. 0 for patterns of the caller's own (`styleCount` not 0), other brushes, and unknown styles.
+HPEN ExtCreatePen(std::uint32_t style, std::uint32_t width, const LOGBRUSH* brush, std::uint32_t styleCount,
+                  const std::uint32_t* styles);
+
+/// A solid, null or hatched brush; 0 for other styles and for hatches beyond 5. The gaps of a hatch are
+/// painted in the background colour that the context has at that time.
+HBRUSH CreateBrushIndirect(const LOGBRUSH* brush);
+HBRUSH CreateSolidBrush(COLORREF color);
+HBRUSH CreateHatchBrush(std::int32_t hatch, COLORREF color);
+
+// --- Bitmaps ---
+
+/// A bitmap of one plane and 1 or 32 bits a pixel, 0 for other formats and for negative measures. `bits`
+/// holds the rows from the top, each padded to 16 bits, or is null for all 0. Width or height 0 gives
+/// one black pixel of one bit.
+HBITMAP CreateBitmap(std::int32_t width, std::int32_t height, std::uint32_t planes,
+                     std::uint32_t bitsPerPixel, const void* bits);
+
+/// A bitmap in the format of the one that the context holds: in a fresh context, one bit. Measures as for
+/// `CreateBitmap`.
+HBITMAP CreateCompatibleBitmap(HDC dc, std::int32_t width, std::int32_t height);
+
+/// Copies at most `size` bytes of a bitmap's rows and returns how many; the number of all if `out` is
+/// null.
+std::int32_t GetBitmapBits(HBITMAP bitmap, std::int32_t size, void* out);
+
+/// The colour of a pixel; CLR_INVALID outside the bitmap.
+COLORREF GetPixel(HDC dc, std::int32_t x, std::int32_t y);
+
+// --- Filling ---
+
+/// Fills a rectangle with a brush; right and bottom edge are out, in whichever order the corners come.
+BOOL FillRect(HDC dc, const RECT* rect, HBRUSH brush);
+
+/// Inverts every second pixel along the edge of a rectangle, counted from its top right corner. Doing it
+/// again restores everything.
+BOOL DrawFocusRect(HDC dc, const RECT* rect);
+
+// --- Raster operations ---
+
+/// Combines a rectangle with the context's brush by a raster code, negative measures going to the left
+/// and up. Fails for codes that need a source. A null brush draws nothing where the code needs one.
+BOOL PatBlt(HDC dc, std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height,
+            std::uint32_t code);
+
+/// Combines pixels of another context, or of the same, with a rectangle by a raster code; every code is
+/// known. What lies outside the source is not drawn. Negative measures go to the left and up in both.
+///
+/// From 1 bit to 32, bit 0 becomes the target's text colour and bit 1 its background colour. From 32
+/// bits to 1, pixels of exactly the source's background colour become 1 and all others 0.
+///
+/// Fails without a source context, unless the code needs none.
+BOOL BitBlt(HDC dc, std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height, HDC source,
+            std::int32_t sourceX, std::int32_t sourceY, std::uint32_t code);
+
+// --- Figures and lines, with the context's pen and brush ---
+
+/// Right and bottom edge are out, in whichever order the corners come. A pen wider than 1 rounds the
+/// corners outside; one of style PS_INSIDEFRAME stays inside the rectangle, other wide ones are centred
+/// on its edge. Without a pen the filled part is one pixel less to the right and at the bottom.
+BOOL Rectangle(HDC dc, std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom);
+
+/// The ellipse that just fills the rectangle; edges and wide pens as for `Rectangle`. Without a pen the
+/// filled ellipse is that of a rectangle one pixel less to the right and at the bottom.
+BOOL Ellipse(HDC dc, std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom);
+
+/// A rectangle whose corners are quarters of an ellipse of `width` x `height`, cut to the rectangle; 0 or 1
+/// gives square corners. Signs of the measures do not count. Otherwise as `Ellipse`.
+BOOL RoundRect(HDC dc, std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom,
+               std::int32_t width, std::int32_t height);
+
+/// Sets the pen position; gives the one before, if `before` is not null.
+BOOL MoveToEx(HDC dc, std::int32_t x, std::int32_t y, POINT* before);
+
+/// A line from the pen position up to but not including the point, which becomes the pen position. Gaps
+/// of a dashed pen are painted in the background colour; the pattern starts anew with each line.
+BOOL LineTo(HDC dc, std::int32_t x, std::int32_t y);
+
+/// Joins points by lines; the pattern of a dashed pen goes on from one to the next. At least two points.
+/// The pen position is neither used nor changed.
+BOOL Polyline(HDC dc, const POINT* points, std::int32_t count);
+
+/// A line from the pen position to the start of an arc, then the arc, around (x, y); its end becomes the pen
+/// position. Angles in degrees, counted from the right against the clock; the arc is `sweep` long, negative
+/// with the clock. Fails for angles that are not finite.
+BOOL AngleArc(HDC dc, std::int32_t x, std::int32_t y, std::uint32_t radius, float start, float sweep);
+
+}  // namespace quenzel7::gdi

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+
+#include "platform/gdi/objects.h"
+#include "platform/gdi/rounded_box.h"
+#include "platform/gdi/span_painter.h"
+
+namespace quenzel7::gdi {
+
+/// Fills with a context's brush; a null brush fills nothing.
+class BrushFiller {
+ public:
+  explicit BrushFiller(Context& context) : BrushFiller(context, context.brush) {}
+  BrushFiller(Context& context, const Brush& brush, std::uint8_t table = RasterTable(PATCOPY));
+
+  void operator()(const Box& box) {
+    if (painter_) painter_->Fill(box);
+  }
+  /// Null for a null brush.
+  SpanPainter* Painter() { return painter_ ? &*painter_ : nullptr; }
+
+ private:
+  std::optional<SpanPainter> painter_;
+};
+
+/// Draws lines with a context's pen, which is not null.
+class PenPainter {
+ public:
+  explicit PenPainter(Context& context);
+
+  /// In the pen's colour, without gaps.
+  SpanPainter& Painter() { return painter_; }
+
+  /// Lines of one pixel from point to point, the last point of all left out; the dashes go on from one
+  /// line to the next. For pens that are thin.
+  void ThinLines(std::span<const POINT> points);
+
+  /// The frame of one pixel along the inside of a box that is not empty, with the dashes of the pen: from the
+  /// top right corner against the clock.
+  void DashedFrame(const Box& box);
+
+  /// The border of one pixel of a figure, with the dashes of the pen.
+  void DashedBorder(const RoundedBox& figure);
+
+ private:
+  void ThinLine(POINT from, POINT to);
+
+  const Pen& pen_;
+  SpanPainter painter_;
+  std::uint64_t phase_ = 0;  ///< pixels since the pattern began
+};
+
+}  // namespace quenzel7::gdi

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "platform/gdi/bitmap.h"
+#include "platform/gdi/objects.h"
+#include "platform/gdi/raster_op.h"
+#include "platform/gdi/types.h"
+
+namespace quenzel7::gdi {
+
+/// What spans are filled with: a colour, or a pattern of 8 by 8 pixels anchored to the surface with a
+/// second colour in its gaps.
+struct Ink {
+  COLORREF color = 0;
+  COLORREF gap = 0;
+  const std::array<std::uint8_t, 8>* hatch = nullptr;  ///< leftmost pixel in the highest bit; null if solid
+
+  static Ink Solid(COLORREF color) { return {color, color, nullptr}; }
+};
+
+/// A half-open rectangle. Its numbers come from 32-bit coordinates by a few additions, so they never
+/// overflow.
+struct Box {
+  std::int64_t left, top, right, bottom;
+
+  /// The rectangle between two opposite corners, whichever they are.
+  static Box Between(std::int64_t x0, std::int64_t y0, std::int64_t x1, std::int64_t y1) {
+    return {x0 < x1 ? x0 : x1, y0 < y1 ? y0 : y1, x0 < x1 ? x1 : x0, y0 < y1 ? y1 : y0};
+  }
+  std::int64_t Width() const { return right - left; }
+  std::int64_t Height() const { return bottom - top; }
+  bool IsEmpty() const { return left >= right || top >= bottom; }
+  /// Smaller by `by` on all sides; may become empty.
+  Box Inset(std::int64_t by) const { return {left + by, top + by, right - by, bottom - by}; }
+  Box ClippedTo(const Bitmap& bitmap) const;
+};
+
+/// The layer from spans to pixels: ink, raster operation, and clipping to the surface. Shapes hand it
+/// rectangles, spans and single pixels anywhere in the plane.
+class SpanPainter {
+ public:
+  SpanPainter(Bitmap& target, const Ink& ink, std::uint8_t table = RasterTable(PATCOPY));
+
+  void Fill(const Box& box);
+  void Span(std::int64_t y, std::int64_t left, std::int64_t right) { Fill({left, y, right, y + 1}); }
+
+  /// One pixel of a line: the ink's colour, or its gap colour. For callers that have clipped.
+  void ClippedPixel(std::int32_t x, std::int32_t y, bool isGap = false);
+
+  const Bitmap& Target() const { return target_; }
+
+ private:
+  // The callers of these have clipped.
+  void FillWords(std::int32_t y, std::int32_t left, std::int32_t right);
+  void FillBits(std::int32_t y, std::int32_t left, std::int32_t right);
+
+  Bitmap& target_;
+  const std::array<std::uint8_t, 8>* hatch_;
+  RasterTerms color_, gap_;
+};
+
+/// The ink of a brush on a surface whose gaps have the colour `background`. Callers have seen to it that
+/// the brush is not null.
+Ink InkOf(const Brush& brush, COLORREF background);
+
+}  // namespace quenzel7::gdi

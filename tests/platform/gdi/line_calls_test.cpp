@@ -1,0 +1,134 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <limits>
+
+#include "platform/gdi/selected.h"
+#include "tests/platform/gdi/picture.h"
+
+namespace quenzel7::gdi {
+namespace {
+
+constexpr int kMin = std::numeric_limits<int>::min(), kMax = std::numeric_limits<int>::max();
+using Text = std::vector<std::string>;
+
+void Line(const Surface& surface, int x0, int y0, int x1, int y1) {
+  MoveToEx(surface.Dc(), x0, y0, nullptr);
+  EXPECT_EQ(LineTo(surface.Dc(), x1, y1), 1);
+}
+
+POINT Position(const Surface& surface) {
+  POINT position{};
+  MoveToEx(surface.Dc(), 0, 0, &position);
+  MoveToEx(surface.Dc(), position.x, position.y, nullptr);
+  return position;
+}
+
+TEST(MoveToEx, GivesThePositionBefore) {
+  const Surface surface(2, 2);
+  POINT before{9, 9};
+  EXPECT_EQ(MoveToEx(surface.Dc(), -37, -31, &before), 1);
+  EXPECT_EQ(before.x, 0);
+  EXPECT_EQ(before.y, 0);
+  EXPECT_EQ(MoveToEx(surface.Dc(), 1, 2, &before), 1);
+  EXPECT_EQ(before.x, -37);
+  EXPECT_EQ(before.y, -31);
+  EXPECT_EQ(MoveToEx(surface.Dc(), 5, 6, nullptr), 1);
+  EXPECT_EQ(MoveToEx(0, 5, 6, &before), 0);
+  EXPECT_EQ(before.x, -37);
+}
+
+TEST(LineTo, LeavesTheLastPointOutAndMovesThere) {
+  const Surface surface = White(6, 3);
+  Line(surface, 1, 1, 4, 1);
+  EXPECT_EQ(Rows(surface), (Text{"......", ".###..", "......"}));
+  EXPECT_EQ(Position(surface).x, 4);
+  EXPECT_EQ(Position(surface).y, 1);
+}
+
+TEST(LineTo, ToTheLeftLeavesTheLeftEndOut) {
+  const Surface surface = White(6, 1);
+  Line(surface, 4, 0, 1, 0);
+  EXPECT_EQ(Rows(surface), (Text{"..###."}));
+}
+
+TEST(LineTo, ToItsOwnStartPaintsNothing) {
+  const Surface surface = White(3, 1);
+  Line(surface, 1, 0, 1, 0);
+  EXPECT_EQ(Rows(surface), (Text{"..."}));
+}
+
+TEST(LineTo, SlantedTakesTheUpperOrLeftOfTwo) {
+  const Surface surface = White(5, 5);
+  Line(surface, 0, 0, 4, 2);
+  EXPECT_EQ(Rows(surface), (Text{"##...", "..##.", ".....", ".....", "....."}));
+}
+
+TEST(LineTo, DashesBeginAnewWithEachLine) {
+  const Surface surface = White(9, 2);
+  SetBkColor(surface.Dc(), kBlue);
+  const SelectedPen pen(surface.Dc(), MakePen(PS_DOT, 1, kRed));
+  Line(surface, 0, 0, 4, 0);
+  LineTo(surface.Dc(), 9, 0);
+  EXPECT_EQ(Rows(surface), (Text{"rrrbrrrbb", "........."}));
+}
+
+TEST(LineTo, WithoutPenOnlyMoves) {
+  const Surface surface = White(5, 1);
+  SelectObject(surface.Dc(), GetStockObject(NULL_PEN));
+  Line(surface, 0, 0, 5, 0);
+  EXPECT_EQ(Rows(surface), (Text{"....."}));
+  EXPECT_EQ(Position(surface).x, 5);
+}
+
+TEST(LineTo, OnOneBitTakesTheNearerOfBlackAndWhite) {
+  Surface surface(4, 2, 1);
+  const SelectedPen pen(surface.Dc(), MakePen(PS_SOLID, 1, kGreen));
+  Line(surface, 1, 1, 3, 1);
+  EXPECT_EQ(Rows(surface), (Text{"####", "#..#"}));
+}
+
+TEST(LineTo, AcrossTheWholePlane) {
+  const Surface surface = White(3, 3);
+  Line(surface, kMin, kMin, kMax, kMax);
+  EXPECT_EQ(Rows(surface), (Text{"#..", ".#.", "..#"}));
+  Line(surface, kMax, 1, kMin, 1);
+  EXPECT_EQ(Rows(surface), (Text{"#..", "###", "..#"}));
+}
+
+TEST(Polyline, JoinsPointsAndGoesOnWithTheDashes) {
+  const Surface surface = White(6, 4);
+  SetBkColor(surface.Dc(), kBlue);
+  const SelectedPen pen(surface.Dc(), MakePen(PS_DOT, 1, kRed));
+  const std::array<POINT, 3> points{{{0, 0}, {5, 0}, {5, 3}}};
+  MoveToEx(surface.Dc(), 3, 3, nullptr);
+  EXPECT_EQ(Polyline(surface.Dc(), points.data(), 3), 1);
+  EXPECT_EQ(Rows(surface), (Text{"rrrbbb", ".....r", ".....r", "......"}));
+  EXPECT_EQ(Position(surface).x, 3);
+  EXPECT_EQ(Position(surface).y, 3);
+}
+
+TEST(Polyline, OfSolidRowsDoesNotCountAsDashes) {
+  const Surface surface = White(6, 2);
+  const std::array<POINT, 3> points{{{5, 0}, {1, 0}, {1, 2}}};
+  Polyline(surface.Dc(), points.data(), 3);
+  EXPECT_EQ(Rows(surface), (Text{".#####", ".#...."}));
+}
+
+TEST(Polyline, NeedsTwoPoints) {
+  const Surface surface = White(3, 1);
+  const std::array<POINT, 2> points{{{0, 0}, {3, 0}}};
+  EXPECT_EQ(Polyline(surface.Dc(), points.data(), 1), 0);
+  EXPECT_EQ(Polyline(surface.Dc(), points.data(), 0), 0);
+  EXPECT_EQ(Polyline(surface.Dc(), points.data(), -1), 0);
+  EXPECT_EQ(Polyline(surface.Dc(), nullptr, 2), 0);
+  EXPECT_EQ(Polyline(0, points.data(), 2), 0);
+  EXPECT_EQ(Rows(surface), (Text{"..."}));
+  EXPECT_EQ(Polyline(surface.Dc(), points.data(), 2), 1);
+  EXPECT_EQ(Rows(surface), (Text{"###"}));
+}
+
+TEST(LineTo, FailsWithoutContext) { EXPECT_EQ(LineTo(0, 1, 1), 0); }
+
+}  // namespace
+}  // namespace quenzel7::gdi

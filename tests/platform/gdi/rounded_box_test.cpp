@@ -1,0 +1,175 @@
+#include "platform/gdi/rounded_box.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace quenzel7::gdi {
+namespace {
+
+class Canvas {
+ public:
+  Canvas(int width, int height) : bitmap_(width, height, 32) {}
+
+  SpanPainter Painter(char letter) { return SpanPainter(bitmap_, Ink::Solid(static_cast<COLORREF>(letter))); }
+  std::vector<std::string> Rows() const {
+    std::vector<std::string> rows;
+    for (int y = 0; y < bitmap_.Height(); ++y) {
+      std::string row;
+      for (int x = 0; x < bitmap_.Width(); ++x)
+        row += bitmap_.At(x, y) == 0 ? '.' : static_cast<char>(bitmap_.At(x, y));
+      rows.push_back(row);
+    }
+    return rows;
+  }
+  const Bitmap& Target() const { return bitmap_; }
+
+ private:
+  Bitmap bitmap_;
+};
+
+std::vector<std::string> Drawn(const Box& box, int cornerWidth, int cornerHeight, int width = 10,
+                               int height = 7) {
+  Canvas canvas(width, height);
+  const RoundedBox figure(box, cornerWidth, cornerHeight);
+  SpanPainter border = canvas.Painter('#'), inside = canvas.Painter('o');
+  figure.PaintBorder(border);
+  figure.FillInside(inside);
+  return canvas.Rows();
+}
+
+TEST(RoundedBox, WithoutRoundingIsARectangleWithABorder) {
+  const std::vector<std::string> expected{"..........", ".######...", ".#oooo#...", ".#oooo#...",
+                                          ".######...", "..........", ".........."};
+  EXPECT_EQ(Drawn({1, 1, 7, 5}, 0, 0), expected);
+  EXPECT_EQ(Drawn({1, 1, 7, 5}, 1, 9), expected);
+  EXPECT_EQ(Drawn({1, 1, 7, 5}, 9, 1), expected);
+}
+
+TEST(RoundedBox, CornersAreQuartersOfAnEllipse) {
+  EXPECT_EQ(Drawn({0, 0, 10, 7}, 4, 4),
+            (std::vector<std::string>{".########.", "#oooooooo#", "#oooooooo#", "#oooooooo#", "#oooooooo#",
+                                      "#oooooooo#", ".########."}));
+}
+
+TEST(RoundedBox, CornersAsLargeAsTheBoxMakeAnEllipse) {
+  const std::vector<std::string> ellipse{"..#####...", ".#ooooo#..", "#ooooooo#.", "#ooooooo#.",
+                                         "#ooooooo#.", ".#ooooo#..", "..#####..."};
+  EXPECT_EQ(Drawn({0, 0, 9, 7}, 9, 7), ellipse);
+  EXPECT_EQ(Drawn({0, 0, 9, 7}, 90, 70), ellipse);
+}
+
+TEST(RoundedBox, OneOrTwoRowsAreAllBorder) {
+  EXPECT_EQ(Drawn({1, 1, 5, 2}, 0, 0, 6, 3), (std::vector<std::string>{"......", ".####.", "......"}));
+  EXPECT_EQ(Drawn({1, 0, 5, 2}, 0, 0, 6, 3), (std::vector<std::string>{".####.", ".####.", "......"}));
+  EXPECT_EQ(Drawn({1, 0, 2, 3}, 0, 0, 6, 3), (std::vector<std::string>{".#....", ".#....", ".#...."}));
+  EXPECT_EQ(Drawn({1, 0, 3, 3}, 0, 0, 6, 3), (std::vector<std::string>{".##...", ".##...", ".##..."}));
+}
+
+TEST(RoundedBox, EmptyBoxDrawsNothing) {
+  const std::vector<std::string> nothing(3, "......");
+  EXPECT_EQ(Drawn({1, 1, 1, 3}, 0, 0, 6, 3), nothing);
+  EXPECT_EQ(Drawn({1, 1, 4, 1}, 5, 5, 6, 3), nothing);
+  EXPECT_EQ(Drawn({4, 2, 1, 1}, 5, 5, 6, 3), nothing);
+}
+
+TEST(RoundedBox, ClippingMovesNothing) {
+  Canvas whole(60, 60);
+  const RoundedBox figure({10, 12, 50, 47}, 21, 14);
+  SpanPainter border = whole.Painter('#'), inside = whole.Painter('o');
+  figure.PaintBorder(border);
+  figure.FillInside(inside);
+  for (int dx = 0; dx <= 40; dx += 8) {
+    for (int dy = 0; dy <= 40; dy += 8) {
+      std::vector<std::string> expected;
+      for (int y = 0; y < 20; ++y) {
+        expected.push_back(
+            whole.Rows()[static_cast<std::size_t>(y + dy)].substr(static_cast<std::size_t>(dx), 20));
+      }
+      EXPECT_EQ(Drawn({10 - dx, 12 - dy, 50 - dx, 47 - dy}, 21, 14, 20, 20), expected) << dx << " " << dy;
+    }
+  }
+}
+
+TEST(RoundedBox, WholeIsBorderAndInside) {
+  for (const int corner : {0, 3, 6, 9, 30}) {
+    Canvas parts(20, 20), whole(20, 20);
+    const RoundedBox figure({2, 3, 18, 16}, corner, corner);
+    SpanPainter painter = parts.Painter('#');
+    figure.PaintBorder(painter);
+    figure.FillInside(painter);
+    SpanPainter all = whole.Painter('#');
+    figure.FillWhole(all);
+    EXPECT_EQ(parts.Rows(), whole.Rows()) << corner;
+  }
+}
+
+TEST(RoundedBox, FillAroundLeavesTheHole) {
+  Canvas canvas(7, 6);
+  SpanPainter painter = canvas.Painter('#');
+  RoundedBox({0, 0, 7, 6}, 3, 3).FillAround(RoundedBox({2, 2, 5, 4}, 0, 0), painter);
+  EXPECT_EQ(canvas.Rows(),
+            (std::vector<std::string>{".#####.", "#######", "##...##", "##...##", "#######", ".#####."}));
+}
+
+TEST(RoundedBox, FillAroundAnEmptyHoleFillsAll) {
+  Canvas canvas(5, 3);
+  SpanPainter painter = canvas.Painter('#');
+  RoundedBox({1, 0, 4, 3}, 0, 0).FillAround(RoundedBox({3, 3, 2, 1}, 0, 0), painter);
+  EXPECT_EQ(canvas.Rows(), (std::vector<std::string>{".###.", ".###.", ".###."}));
+  Canvas flat(5, 3);
+  SpanPainter flatPainter = flat.Painter('#');
+  RoundedBox({1, 0, 4, 3}, 0, 0).FillAround(RoundedBox({2, 1, 2, 2}, 0, 0), flatPainter);
+  EXPECT_EQ(flat.Rows(), (std::vector<std::string>{".###.", ".###.", ".###."}));
+}
+
+std::vector<std::string> Walked(const Box& box, int corner, int width, int height) {
+  Canvas canvas(width, height);
+  std::vector<std::string> rows = canvas.Rows();
+  RoundedBox(box, corner, corner).WalkBorder(canvas.Target(), [&](int x, int y, std::uint64_t step) {
+    rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] = static_cast<char>('A' + step);
+  });
+  return rows;
+}
+
+TEST(RoundedBox, WalkBeginsAtTheLowerEndOfTheTopRightCurveAndGoesAgainstTheClock) {
+  EXPECT_EQ(Walked({0, 0, 6, 5}, 4, 6, 5),
+            (std::vector<std::string>{".EDCB.", "F....A", "G....N", "H....M", ".IJKL."}));
+}
+
+TEST(RoundedBox, WalkMeetsEveryBorderPixelOnce) {
+  for (int width = 1; width <= 17; ++width) {
+    for (int height = 1; height <= 17; ++height) {
+      for (const int corner : {0, 2, 3, 6, 7, 40}) {
+        Canvas canvas(20, 20);
+        const RoundedBox figure({1, 1, 1 + width, 1 + height}, corner, corner);
+        SpanPainter painter = canvas.Painter('#');
+        figure.PaintBorder(painter);
+        std::set<std::uint64_t> steps;
+        std::vector<std::string> rows(20, std::string(20, '.'));
+        figure.WalkBorder(canvas.Target(), [&](int x, int y, std::uint64_t step) {
+          EXPECT_TRUE(steps.insert(step).second);
+          rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] = '#';
+        });
+        EXPECT_EQ(rows, canvas.Rows()) << width << "x" << height << " corner " << corner;
+        ASSERT_FALSE(steps.empty());
+        EXPECT_EQ(*steps.rbegin(), steps.size() - 1);
+      }
+    }
+  }
+}
+
+TEST(RoundedBox, WalkCountsWhatIsOutside) {
+  std::vector<std::uint64_t> steps;
+  const Bitmap target(3, 1, 32);
+  RoundedBox({-4, -2, 3, 3}, 0, 0).WalkBorder(target, [&](int, int, std::uint64_t step) {
+    steps.push_back(step);
+  });
+  // 7 at the top, 3 down the left side, 7 at the bottom, then up the right side: (2, 0) is the second.
+  EXPECT_EQ(steps, (std::vector<std::uint64_t>{18}));
+}
+
+}  // namespace
+}  // namespace quenzel7::gdi
