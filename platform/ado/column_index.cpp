@@ -1,0 +1,61 @@
+#include "platform/ado/column_index.h"
+
+#include <bit>
+#include <cstring>
+#include <utility>
+
+#include "platform/automation/class_info.h"
+
+namespace quenzel7::ado {
+namespace {
+
+/// Up to eight bytes as one number.
+std::uint64_t Load(const char* bytes, std::size_t count) {
+  std::uint64_t word = 0;
+  std::memcpy(&word, bytes, count);
+  return word;
+}
+
+/// Mixes length, first and last eight bytes. The letters are folded by setting the bit that tells upper from
+/// lower case; that this takes some other characters together too costs no more than a comparison.
+std::size_t FoldedHash(std::string_view name) {
+  constexpr std::uint64_t kLowerCase = 0x2020202020202020u;
+  std::uint64_t first;
+  std::uint64_t last;
+  if (name.size() >= 8) {
+    first = Load(name.data(), 8) | kLowerCase;
+    last = Load(name.data() + name.size() - 8, 8) | kLowerCase;
+  } else {
+    first = Load(name.data(), name.size()) | kLowerCase;
+    last = 0;
+  }
+  // Odd multipliers with well spread bits: the fractions of the golden ratio and of the square root of 3.
+  std::uint64_t hash = (first ^ name.size()) * 0x9E3779B97F4A7C15u;
+  hash ^= (last ^ (hash >> 32)) * 0xBB67AE8584CAA73Bu;
+  return static_cast<std::size_t>(hash >> 32);
+}
+
+}  // namespace
+
+ColumnIndex::ColumnIndex(std::vector<std::string> names)
+    : names_(std::move(names)),
+      // At most a quarter full, so that nearly every search ends at once.
+      table_(std::bit_ceil(names_.size() * 4 + 1)),
+      mask_(table_.size() - 1) {
+  for (std::size_t column = 0; column < names_.size(); ++column) {
+    if (Find(names_[column]) != kNone) continue;
+    std::size_t place = FoldedHash(names_[column]) & mask_;
+    while (table_[place] != 0) place = (place + 1) & mask_;
+    table_[place] = static_cast<std::uint16_t>(column + 1);
+  }
+}
+
+int ColumnIndex::Find(std::string_view name) const {
+  for (std::size_t place = FoldedHash(name) & mask_; table_[place] != 0; place = (place + 1) & mask_) {
+    const std::string& found = names_[table_[place] - 1u];
+    if (found == name || automation::EqualFolded(found, name)) return table_[place] - 1;
+  }
+  return kNone;
+}
+
+}  // namespace quenzel7::ado

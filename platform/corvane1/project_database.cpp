@@ -1,0 +1,14 @@
+#include "platform/corvane1/project_database.h"
+
+#include "platform/automation/automation_error.h"
+
+namespace quenzel7::corvane1 {
+
+ado::ConnectionRef HeldProjectDatabase::OpenConnection() {
+  if (!connection_) {
+    throw automation::AutomationError(automation::ErrorNumber::ObjectNotSet, "no project is open");
+  }
+  return connection_;
+}
+
+}  // namespace quenzel7::corvane1

@@ -1,0 +1,178 @@
+#include "platform/corvane1/project_file.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+#include "platform/automation/automation_error.h"
+#include "platform/automation/convert.h"
+#include "platform/corvane1/project_schema.h"
+
+namespace quenzel7::corvane1 {
+namespace {
+
+using ado::OpenMode;
+using ado::OpenOptions;
+using automation::AutomationError;
+using automation::ErrorNumber;
+
+namespace fs = std::filesystem;
+
+/// What the engine keeps beside a database file.
+constexpr const char* kCompanions[] = {"-journal", "-wal", "-shm"};
+
+[[noreturn]] void Raise(const std::string& path, const std::string& what,
+                        ErrorNumber number = ErrorNumber::Database) {
+  throw AutomationError(number, "project file \"" + path + "\": " + what);
+}
+
+/// The beginning of a database file, as its format defines it: every number with its high byte first.
+class Header {
+ public:
+  static constexpr std::size_t kSize = 100;
+
+  explicit Header(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) Raise(path, std::string("cannot be read: ") + std::strerror(errno));
+    file.read(bytes_.data(), kSize);
+    if (file.gcount() < static_cast<std::streamsize>(kSize)) bytes_.fill(0);
+  }
+
+  bool IsDatabase() const {
+    constexpr std::string_view kMagic("SQLite format 3\0", 16);
+    return std::string_view(bytes_.data(), kMagic.size()) == kMagic;
+  }
+  /// 1 stands for 65536, which does not fit.
+  std::uint64_t PageSize() const { return Number(16, 2) == 1 ? 65536 : Number(16, 2); }
+  std::uint64_t PageCount() const { return Number(28, 4); }
+  std::uint64_t UserVersion() const { return Number(60, 4); }
+  std::uint64_t ApplicationId() const { return Number(68, 4); }
+
+ private:
+  std::uint64_t Number(std::size_t at, std::size_t size) const {
+    std::uint64_t number = 0;
+    for (std::size_t index = at; index < at + size; ++index) {
+      number = number << 8 | static_cast<unsigned char>(bytes_[index]);
+    }
+    return number;
+  }
+
+  std::array<char, kSize> bytes_{};
+};
+
+/// Looks at the bytes of the file before the engine gets it.
+void CheckHeader(const std::string& path) {
+  const Header header(path);
+  if (!header.IsDatabase()) Raise(path, "is not a project: it does not begin as a database file does");
+  if (header.ApplicationId() != static_cast<std::uint64_t>(kProjectApplicationId)) {
+    Raise(path, "is not a project: it is a database of another program");
+  }
+  if (header.UserVersion() != static_cast<std::uint64_t>(kProjectVersion)) {
+    Raise(path, "is of project version " + std::to_string(header.UserVersion()) + ", but version " +
+                    std::to_string(kProjectVersion) + " is expected");
+  }
+  // With a log beside it the file may be shorter than it is going to be.
+  const std::uint64_t whole = header.PageSize() * header.PageCount();
+  const std::uint64_t found = fs::file_size(path);
+  if (found < whole && !fs::exists(path + "-wal")) {
+    Raise(path, "is damaged: it has " + std::to_string(found) + " of " + std::to_string(whole) + " bytes");
+  }
+}
+
+/// Has the engine look at every page, without leaving a trace.
+void CheckContents(const std::string& path, OpenOptions options) {
+  options.mode = OpenMode::Inspect;
+  std::string found;
+  std::string missing;
+  try {
+    const ado::ConnectionRef connection = OpenSqlite(path, options);
+    found = automation::To<std::string>(connection->Execute("PRAGMA quick_check(1)")->Get("quick_check"));
+    if (found == "ok") missing = MissingFromProject(*connection);
+    connection->Close();
+  } catch (const AutomationError& error) {
+    throw error.In("project file \"" + path + "\": cannot be opened");
+  }
+  if (found != "ok") Raise(path, "is damaged: " + found);
+  if (!missing.empty()) Raise(path, "lacks " + missing);
+}
+
+void RemoveWithCompanions(const std::string& path) {
+  std::error_code ignored;
+  fs::remove(path, ignored);
+  for (const char* companion : kCompanions) fs::remove(path + companion, ignored);
+}
+
+/// Makes a new project and gives it the path when it is complete.
+void Create(const std::string& path, OpenOptions options) {
+  const std::string creating = path + ".creating";
+  RemoveWithCompanions(creating);
+  try {
+    options.mode = OpenMode::Create;
+    const ado::ConnectionRef connection = OpenSqlite(creating, options);
+    ado::Transaction transaction(*connection);
+    for (const std::string& statement : ProjectSchemaStatements()) connection->Execute(statement);
+    transaction.Commit();
+    // Closing would move the log into the file too, but without telling when that failed.
+    connection->Execute("PRAGMA wal_checkpoint(TRUNCATE)");
+    connection->Close();
+    fs::rename(creating, path);
+  } catch (const AutomationError& error) {
+    RemoveWithCompanions(creating);
+    throw error.In("project file \"" + path + "\": cannot be made");
+  } catch (const fs::filesystem_error& error) {
+    RemoveWithCompanions(creating);
+    Raise(path, "cannot be made: " + error.code().message());
+  }
+}
+
+enum class Found { File, Nothing };
+
+/// What the path leads to, as far as it may become a project.
+Found Look(const std::string& path, ProjectMode mode) {
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  const bool mayCreate = mode == ProjectMode::Create;
+  if (status.type() == fs::file_type::not_found) {
+    const fs::path folder = fs::path(path).parent_path();
+    if (!mayCreate) Raise(path, "there is no such file", ErrorNumber::PathNotFound);
+    if (!folder.empty() && !fs::is_directory(folder, error)) {
+      Raise(path, "there is no such folder", ErrorNumber::PathNotFound);
+    }
+    return Found::Nothing;
+  }
+  if (status.type() == fs::file_type::none) Raise(path, "cannot be read: " + error.message());
+  if (status.type() == fs::file_type::directory) Raise(path, "is a folder, not a project");
+  if (status.type() != fs::file_type::regular) Raise(path, "is not a file that could be a project");
+  // Programs that let the user choose a file may make it, empty.
+  return mayCreate && fs::file_size(path, error) == 0 ? Found::Nothing : Found::File;
+}
+
+/// Nobody can write there, so that a log cannot be kept and is not needed.
+bool IsUnchanging(const std::string& path) {
+  const fs::path folder = fs::path(path).parent_path();
+  return access(folder.empty() ? "." : folder.c_str(), W_OK) != 0;
+}
+
+}  // namespace
+
+ado::SqliteConnectionRef OpenProject(const std::string& path, ProjectMode mode, const OpenOptions& options) {
+  if (Look(path, mode) == Found::Nothing) {
+    Create(path, options);
+  } else {
+    CheckHeader(path);
+    CheckContents(path, options);
+  }
+  OpenOptions open = options;
+  open.mode = mode != ProjectMode::ReadOnly ? OpenMode::ReadWrite
+              : IsUnchanging(path)          ? OpenMode::Inspect
+                                            : OpenMode::ReadOnly;
+  return OpenSqlite(path, open);
+}
+
+}  // namespace quenzel7::corvane1

@@ -1,0 +1,171 @@
+#include "platform/corvane1/project_schema.h"
+
+#include <algorithm>
+
+#include "platform/automation/class_info.h"
+#include "platform/automation/convert.h"
+
+namespace quenzel7::corvane1 {
+namespace {
+
+/// Numbered by the database; a number never comes back.
+constexpr std::string_view kRowNumber = "INTEGER PRIMARY KEY AUTOINCREMENT";
+constexpr std::string_view kNumber = "INTEGER";
+constexpr std::string_view kText = "TEXT";
+constexpr std::string_view kBytes = "BLOB";
+constexpr std::string_view kCurrency = "CURRENCY";
+
+/// One row for each element of every page.
+constexpr SchemaColumn kElements[] = {
+    {"ID", kRowNumber},
+    {"GUID", kNumber},
+    {"Type", kNumber},
+    {"Xs", kNumber},
+    {"Ys", kNumber},
+    {"Dx", kNumber},
+    {"Dy", kNumber},
+    {"DisplayID", kNumber},
+    {"GroupID", kNumber},
+    {"ColorBack", kNumber},
+    {"ColorFore", kNumber},
+    {"ColorBackTouch", kNumber},
+    {"ColorForeTouch", kNumber},
+    {"ColorHatch", kNumber},
+    {"PenStyle", kNumber},
+    {"PenWidth", kNumber},
+    {"HatchStyle", kNumber},
+    {"TouchOprndAddr", kNumber},
+    {"VisibleOpAddr", kNumber},
+    {"FontNumber", kNumber},
+    {"DescriptionFontNumber", kNumber},
+    {"Alignment", kNumber},
+    {"Flat3D", kNumber},
+    {"VarType", kNumber},
+    {"VarKeyPadEntry", kNumber},
+    {"VarOprndType", kNumber},
+    {"VarOprndAddr", kNumber},
+    {"GlobalVarID", kNumber},
+    {"DefaultDisplay", kNumber},
+    {"KeypadSuccessOpAddr", kNumber},
+    {"EnabledOpAddr", kNumber},
+    {"HighlightOpAddr", kNumber},
+    {"TabIndex", kNumber},
+    {"OrderIndex", kNumber},
+    // Of texts and variables only.
+    {"Text", kText},
+    {"Binary", kBytes},
+    {"StorageText", kNumber},
+    {"StorageLibNum", kNumber},
+    {"StrStorageOprndType", kNumber},
+    {"StrStorageOprndAddr", kNumber},
+    {"StrStorageFont", kNumber},
+};
+
+/// One row for each use of an operand by an element.
+constexpr SchemaColumn kElementOperands[] = {
+    {"ElementID", kNumber},  {"OprndType", kNumber},    {"OprndAddr", kNumber},
+    {"OprndNetID", kNumber}, {"OprndPurpose", kNumber},
+};
+
+/// What has gone to the panel, by the element's unique number. The host writes it.
+constexpr SchemaColumn kDownloads[] = {
+    {"GUID", kNumber},
+};
+
+/// The operands that the project has.
+constexpr SchemaColumn kOperands[] = {
+    {"Type", kNumber}, {"Address", kNumber}, {"NetID", kNumber}, {"Comment", kText}, {"Value", kCurrency},
+};
+
+/// Defaults of new elements that differ from the usual ones.
+constexpr SchemaColumn kSettings[] = {
+    {"Section", kNumber},
+    {"Key", kNumber},
+    {"Value", kText},
+};
+
+/// The next number of each sequence of unique numbers.
+constexpr SchemaColumn kNumbers[] = {
+    {"Name", kText},
+    {"Next", kNumber},
+};
+
+constexpr SchemaTable kTables[] = {
+    {"HMI_Elements", kElements, ""},         {"HMI_Operands", kElementOperands, ""},
+    {"DownloadDLUs", kDownloads, ""},        {"Operands", kOperands, "Type, Address, NetID"},
+    {"Settings", kSettings, "Section, Key"}, {"Numbers", kNumbers, "Name"},
+};
+
+constexpr SchemaIndex kIndexes[] = {
+    {"HMI_Elements_Order", "HMI_Elements", "DisplayID, OrderIndex"},
+    {"HMI_Elements_Tab", "HMI_Elements", "DisplayID, TabIndex"},
+    {"HMI_Operands_Element", "HMI_Operands", "ElementID, OprndType, OprndAddr"},
+    {"DownloadDLUs_Guid", "DownloadDLUs", "GUID"},
+};
+
+std::string CreateTable(const SchemaTable& table) {
+  std::string text = "CREATE TABLE ";
+  text.append(table.name) += '(';
+  for (const SchemaColumn& column : table.columns) {
+    if (&column != &table.columns.front()) text += ", ";
+    (text += '"').append(column.name).append("\" ").append(column.type);
+  }
+  if (!table.primaryKey.empty()) text.append(", PRIMARY KEY(").append(table.primaryKey) += ')';
+  return text += ')';
+}
+
+std::string CreateIndex(const SchemaIndex& index) {
+  std::string text = "CREATE INDEX ";
+  text.append(index.name).append(" ON ").append(index.table) += '(';
+  return text.append(index.columns) += ')';
+}
+
+/// The texts in one column of what a statement gives.
+std::vector<std::string> Texts(ado::Connection& connection, const std::string& statement) {
+  std::vector<std::string> texts;
+  for (const auto rows = connection.Execute(statement); !rows->Eof(); rows->MoveNext()) {
+    texts.push_back(automation::To<std::string>(rows->Get("name")));
+  }
+  return texts;
+}
+
+bool Contains(const std::vector<std::string>& names, std::string_view name) {
+  return std::any_of(names.begin(), names.end(),
+                     [name](const std::string& found) { return automation::EqualFolded(found, name); });
+}
+
+}  // namespace
+
+std::span<const SchemaTable> ProjectTables() { return kTables; }
+
+std::span<const SchemaIndex> ProjectIndexes() { return kIndexes; }
+
+std::vector<std::string> ProjectSchemaStatements() {
+  std::vector<std::string> statements;
+  for (const SchemaTable& table : kTables) statements.push_back(CreateTable(table));
+  for (const SchemaIndex& index : kIndexes) statements.push_back(CreateIndex(index));
+  statements.push_back("PRAGMA application_id=" + std::to_string(kProjectApplicationId));
+  statements.push_back("PRAGMA user_version=" + std::to_string(kProjectVersion));
+  return statements;
+}
+
+std::string MissingFromProject(ado::Connection& connection) {
+  for (const SchemaTable& table : kTables) {
+    const std::string name(table.name);
+    const auto columns = Texts(connection, "PRAGMA table_info(" + name + ")");
+    if (columns.empty()) return "table " + name;
+    for (const SchemaColumn& column : table.columns) {
+      if (!Contains(columns, column.name))
+        return "column '" + std::string(column.name) + "' of table " + name;
+    }
+  }
+  const auto indexes = Texts(connection, "SELECT name FROM sqlite_master WHERE type='index'");
+  for (const SchemaIndex& index : kIndexes) {
+    if (!Contains(indexes, index.name)) {
+      return "index " + std::string(index.name) + " of table " + std::string(index.table);
+    }
+  }
+  return {};
+}
+
+}  // namespace quenzel7::corvane1

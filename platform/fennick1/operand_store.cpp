@@ -1,0 +1,65 @@
+#include "platform/fennick1/operand_store.h"
+
+#include <utility>
+
+#include "platform/automation/arithmetic.h"
+#include "platform/automation/convert.h"
+
+namespace quenzel7::fennick1 {
+namespace {
+
+std::string RowOf(const OperandKey& key) {
+  return " FROM Operands WHERE Type=" + std::to_string(key.type) +
+         " AND Address=" + std::to_string(key.address) + " AND NetID=" + std::to_string(key.network);
+}
+
+/// A smallest number found by a query, or nothing.
+std::optional<Long> Smallest(ado::Connection& connection, const std::string& statement) {
+  const auto found = connection.Execute(statement)->Get("Found");
+  if (found.IsNull()) return {};
+  return automation::To<Long>(found);
+}
+
+}  // namespace
+
+ProjectOperandStore::ProjectOperandStore(std::function<ado::ConnectionRef()> connection)
+    : connection_(std::move(connection)) {}
+
+std::optional<OperandContent> ProjectOperandStore::Load(const OperandKey& key) {
+  const auto row = ado::OpenRecordset(*connection_(), "SELECT Comment, Value" + RowOf(key), ado::adOpenStatic,
+                                      ado::adLockReadOnly);
+  if (row->Eof()) return {};
+  return OperandContent{automation::To<std::string>(row->Get("Comment")),
+                        automation::To<Currency>(row->Get("Value"))};
+}
+
+void ProjectOperandStore::Add(const OperandKey& key, const OperandContent& content) {
+  const auto row =
+      ado::OpenRecordset(*connection_(), "SELECT *" + RowOf(key), ado::adOpenStatic, ado::adLockOptimistic);
+  if (row->Eof()) {
+    row->AddNew();
+    row->Put("Type", key.type);
+    row->Put("Address", key.address);
+    row->Put("NetID", key.network);
+  }
+  row->Put("Comment", content.comment);
+  row->Put("Value", content.value);
+  row->Update();
+}
+
+void ProjectOperandStore::Remove(const OperandKey& key) { connection_()->Execute("DELETE *" + RowOf(key)); }
+
+Long ProjectOperandStore::FreeAddress(Long type, Long network) {
+  const ado::ConnectionRef connection = connection_();
+  if (!Load({type, 0, network})) return 0;
+  // Behind which address is the first gap.
+  const auto last = Smallest(
+      *connection, "SELECT MIN(Address) AS Found FROM Operands AS Taken WHERE Type=" + std::to_string(type) +
+                       " AND NetID=" + std::to_string(network) +
+                       " AND Address>=0 AND NOT EXISTS (SELECT * FROM Operands AS Following"
+                       " WHERE Following.Type=Taken.Type AND Following.NetID=Taken.NetID"
+                       " AND Following.Address=Taken.Address+1)");
+  return automation::Add(last.value_or(-1), 1);
+}
+
+}  // namespace quenzel7::fennick1

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/corvane1/change_tracker.h"
+#include "platform/corvane1/color_service.h"
+#include "platform/corvane1/global_values.h"
+#include "platform/corvane1/number_generator.h"
+#include "platform/corvane1/project_database.h"
+#include "platform/corvane1/settings.h"
+#include "platform/fennick1/operand.h"
+
+namespace quenzel7 {
+
+/// The services that the elements of one thread work with. A host replaces any of them by assigning its own; an element
+/// that keeps a service for its life keeps the one of its creation.
+struct Platform {
+  /// The embedded defaults, all of them real: colours of the panel palette, settings, operands and numbers kept in the
+  /// project that `heldProject` holds, changes collected, global values held.
+  Platform();
+
+  /// The services of the calling thread.
+  static Platform& Current();
+
+  /// What the embedded services look for the open project in. A host opens a project with
+  /// `Platform::Current().heldProject->Hold(corvane1::OpenProject(path, ...))`.
+  std::shared_ptr<corvane1::HeldProjectDatabase> heldProject;
+
+  std::shared_ptr<corvane1::ProjectDatabase> projectDatabase;
+  std::shared_ptr<corvane1::ColorService> colorService;
+  std::shared_ptr<corvane1::Settings> settings;
+  std::shared_ptr<corvane1::NumberGenerator> numberGenerator;
+  std::shared_ptr<corvane1::ChangeTracker> changeTracker;
+  std::shared_ptr<corvane1::GlobalValues> globalValues;
+  std::shared_ptr<fennick1::OperandStore> operands;
+};
+
+}  // namespace quenzel7

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/ado/connection.h"
+#include "platform/automation/convert.h"
+#include "platform/corvane1/project_file.h"
+#include "platform/platform.h"
+#include "tests/support/recording_connection.h"
+#include "tests/support/temporary_folder.h"
+
+namespace quenzel7::test {
+
+/// The embedded services, fresh, over a new project file on disk with page 7 open. What elements ask of the
+/// project's connection is noted.
+class ProjectTest : public ::testing::Test {
+ protected:
+  static constexpr Long kPage = 7;
+
+  void SetUp() override {
+    Platform::Current() = Platform();
+    OpenPage(kPage);
+    OpenProjectFile();
+  }
+
+  void TearDown() override {
+    CloseProject();
+    Platform::Current() = Platform();
+  }
+
+  void OpenPage(Long page) {
+    const auto values = std::make_shared<corvane1::HeldGlobalValues>();
+    values->Set(corvane1::kOpenPageValue, page);
+    Platform::Current().globalValues = values;
+  }
+
+  void OpenProjectFile() {
+    connection_ = corvane1::OpenProject(Path(), corvane1::ProjectMode::Create);
+    recorder_ = std::make_shared<RecordingConnection>(connection_);
+    // Elements see the recorder; the services that stand on the project see the connection itself.
+    Platform::Current().heldProject->Hold(connection_);
+    const auto database = std::make_shared<corvane1::HeldProjectDatabase>();
+    database->Hold(recorder_);
+    Platform::Current().projectDatabase = database;
+    changes_ = std::make_shared<corvane1::CollectedChanges>();
+    Platform::Current().changeTracker = changes_;
+  }
+
+  void CloseProject() {
+    Platform::Current().heldProject->Hold(nullptr);
+    if (connection_) connection_->Close();
+    connection_ = nullptr;
+  }
+
+  void Reopen() {
+    CloseProject();
+    OpenProjectFile();
+  }
+
+  std::string Path() const { return folder_.File("project.qz7"); }
+  ado::Connection& Connection() { return *connection_; }
+  CallLog TakeLog() { return recorder_->Take(); }
+  corvane1::CollectedChanges& Changes() { return *changes_; }
+
+  /// The rows of a query, a line each, columns parted by blanks.
+  std::vector<std::string> Rows(const std::string& query, const std::vector<std::string>& columns) {
+    std::vector<std::string> lines;
+    const auto rows = ado::OpenRecordset(*connection_, query, ado::adOpenStatic, ado::adLockReadOnly);
+    for (; !rows->Eof(); rows->MoveNext()) {
+      std::string line;
+      for (const std::string& column : columns) {
+        const automation::Variant value = rows->Get(column);
+        line += (line.empty() ? "" : " ") +
+                (value.IsNull() ? std::string("Null") : automation::To<std::string>(value));
+      }
+      lines.push_back(line);
+    }
+    return lines;
+  }
+  /// All operand rows: element, type, address, network, purpose.
+  std::vector<std::string> OperandRows() {
+    return Rows("SELECT * FROM HMI_Operands ORDER BY OprndPurpose",
+                {"ElementID", "OprndType", "OprndAddr", "OprndNetID", "OprndPurpose"});
+  }
+
+ private:
+  TemporaryFolder folder_;
+  ado::ConnectionRef connection_;
+  std::shared_ptr<RecordingConnection> recorder_;
+  std::shared_ptr<corvane1::CollectedChanges> changes_;
+};
+
+}  // namespace quenzel7::test
