@@ -1,0 +1,8 @@
+#pragma once
+
+/// The shared module of the elements, in one include.
+#include "framework/geometry.h"
+#include "framework/operands.h"
+#include "framework/project.h"
+#include "framework/transform_state.h"
+#include "framework/values.h"

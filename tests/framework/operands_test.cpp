@@ -1,0 +1,199 @@
+#include "framework/operands.h"
+
+#include <gtest/gtest.h>
+
+#include "framework/project.h"
+#include "platform/fennick1/operand.h"
+#include "tests/support/project_fixture.h"
+#include "tests/support/raises.h"
+
+namespace quenzel7 {
+namespace {
+
+using automation::PropertyBag;
+using automation::PropertyBagRef;
+using test::CallLog;
+using test::ErrorOf;
+
+class Operands : public test::ProjectTest {
+ protected:
+  struct Make : fennick1::Operand {
+    Make(Long type, Long address) : Operand(Platform::Current().operands) {
+      OperandType(type);
+      OperandAddress(address);
+    }
+  };
+  static bool IsDefined(Long type, Long address) { return Make(type, address).IsDefined(); }
+  static void Define(Long type, Long address) { Make(type, address).AddToProject(); }
+};
+
+TEST_F(Operands, AddingARowWritesTheNetworkBeforeThePurpose) {
+  AddOperandRow(11, 12, 13, eOP_EnabledOperand, 14);
+  EXPECT_EQ(TakeLog(),
+            CallLog{"execute INSERT INTO HMI_Operands "
+                    "(ElementID,OprndType,OprndAddr,OprndNetID,OprndPurpose) VALUES (11,12,13,14,4)"});
+  EXPECT_EQ(OperandRows(), std::vector<std::string>{"11 12 13 14 4"});
+}
+
+TEST_F(Operands, AddingARowOfType0WritesNothing) {
+  AddOperandRow(11, 0, 13, eOP_VarLinkOperand, 0);
+  EXPECT_TRUE(TakeLog().empty());
+  EXPECT_TRUE(OperandRows().empty());
+  AddOperandRow(11, -1, 13, eOP_VarLinkOperand, 0);
+  EXPECT_EQ(OperandRows().size(), 1u);
+}
+
+TEST_F(Operands, EveryPurposeHasItsNumberInTheRow) {
+  for (const auto purpose :
+       {eOP_VarLinkOperand, eOP_TouchOperand, eOP_VarBinaryDataOperand, eOP_EnabledOperand,
+        eOP_VisibleOperand, eOP_HighlightOperand, eOP_KeypadSuccessOperand, eOP_StorageStringIdOperand}) {
+    AddOperandRow(1, 1, 5, purpose, 0);
+  }
+  EXPECT_EQ(OperandRows(), (std::vector<std::string>{"1 1 5 0 1", "1 1 5 0 2", "1 1 5 0 3", "1 1 5 0 4",
+                                                     "1 1 5 0 5", "1 1 5 0 6", "1 1 5 0 7", "1 1 5 0 8"}));
+}
+
+TEST_F(Operands, RemovingARowTakesThatRowAndTheOperand) {
+  AddOperandRow(1, 2, 3, eOP_TouchOperand, 0);
+  AddOperandRow(9, 2, 3, eOP_TouchOperand, 0);
+  AddOperandRow(1, 9, 3, eOP_TouchOperand, 0);
+  AddOperandRow(1, 2, 9, eOP_TouchOperand, 0);
+  AddOperandRow(1, 2, 3, eOP_TouchOperand, 9);
+  AddOperandRow(1, 2, 3, eOP_VisibleOperand, 0);
+  Define(2, 3);
+  Define(2, 4);
+  TakeLog();
+  RemoveOperandRow(1, 2, 3, 0, eOP_TouchOperand);
+  EXPECT_EQ(TakeLog(),
+            CallLog{"execute DELETE * FROM HMI_Operands WHERE ElementID=1 AND OprndType=2 AND OprndAddr=3 "
+                    "AND OprndNetID =0 AND OprndPurpose=2"});
+  EXPECT_EQ(OperandRows().size(), 5u);
+  EXPECT_FALSE(IsDefined(2, 3));
+  EXPECT_TRUE(IsDefined(2, 4));
+}
+
+TEST_F(Operands, RemovingAllRowsTakesTheElementsRowsAndLeavesTheOperands) {
+  AddOperandRow(1, 2, 3, eOP_TouchOperand, 0);
+  AddOperandRow(1, 2, 4, eOP_VisibleOperand, 0);
+  AddOperandRow(2, 2, 3, eOP_TouchOperand, 0);
+  Define(2, 3);
+  TakeLog();
+  RemoveAllOperandRows(1);
+  EXPECT_EQ(TakeLog(), CallLog{"execute DELETE * FROM HMI_Operands WHERE ElementID=1"});
+  EXPECT_EQ(OperandRows(), std::vector<std::string>{"2 2 3 0 2"});
+  EXPECT_TRUE(IsDefined(2, 3));
+}
+
+TEST_F(Operands, ReleasingTakesTheOperandOutWhetherDefinedOrNot) {
+  Define(1, 5);
+  ReleaseOperand(1, 5);
+  EXPECT_FALSE(IsDefined(1, 5));
+  ReleaseOperand(1, 5);
+  EXPECT_FALSE(IsDefined(1, 5));
+}
+
+TEST_F(Operands, ABagIsAFullCopy) {
+  Make operand(1, 5);
+  operand.OperandComment("pump");
+  operand.AddToProject();
+  const PropertyBagRef bag = NewOperandBag(1, 5, 0);
+  ReleaseOperand(1, 5);
+
+  Long type = 1, address = 5;
+  RestoreOperand(type, address, bag);
+  Make restored(1, 5);
+  EXPECT_TRUE(restored.IsDefined());
+  EXPECT_EQ(restored.OperandComment(), "pump");
+  EXPECT_EQ(type, 1);
+  EXPECT_EQ(address, 5);
+}
+
+TEST_F(Operands, ABagOfAnUndefinedOperandNamesItAllTheSame) {
+  Long type = 1, address = 5;
+  RestoreOperand(type, address, NewOperandBag(1, 5, 0));
+  EXPECT_TRUE(IsDefined(1, 5));
+}
+
+TEST_F(Operands, RestoringAPlaceInMemoryThatStillExistsChangesNothing) {
+  Make operand(1, 5);
+  operand.OperandComment("old");
+  operand.AddToProject();
+  const PropertyBagRef bag = NewOperandBag(1, 5, 0);
+  operand.OperandComment("new");
+  operand.AddToProject();
+  Long type = 7, address = 8;
+  RestoreOperand(type, address, bag);
+  Make now(1, 5);
+  EXPECT_TRUE(now.IsDefined());
+  EXPECT_EQ(now.OperandComment(), "new");
+  EXPECT_EQ(type, 7);
+  EXPECT_EQ(address, 8);
+}
+
+TEST_F(Operands, RestoringType0DoesNothing) {
+  const PropertyBagRef bag = NewOperandBag(0, 5, 0);
+  Long type = 7, address = 8;
+  RestoreOperand(type, address, bag);
+  EXPECT_EQ(type, 7);
+  EXPECT_EQ(address, 8);
+  EXPECT_FALSE(IsDefined(0, 5));
+}
+
+TEST_F(Operands, RestoringAValueMakesANewOperandAtAFreeAddress) {
+  struct Row {
+    Long kept, restored;
+  };
+  for (const Row row : {Row{15, 15}, Row{34, 37}, Row{35, 38}, Row{37, 37}, Row{38, 38}}) {
+    Make operand(row.kept, 3);
+    const Currency value{row.kept * 1000001 + 7};
+    operand.OperandValue(value);
+    operand.OperandComment("limit");
+    operand.AddToProject();
+    const PropertyBagRef bag = NewOperandBag(row.kept, 3, 0);
+    Long type = 99, address = 3;
+    RestoreOperand(type, address, bag);
+    EXPECT_EQ(type, row.kept == 34 || row.kept == 35 ? row.restored : 99) << row.kept;
+    EXPECT_NE(address, 3) << row.kept;
+    Make restored(row.restored, address);
+    EXPECT_TRUE(restored.IsDefined()) << row.kept;
+    EXPECT_EQ(restored.OperandComment(), "") << row.kept;
+    EXPECT_EQ(restored.OperandValue(), value) << row.kept;
+  }
+}
+
+TEST_F(Operands, RestoringTheResultOfARestoreGivesAnotherAddress) {
+  Define(34, 1);
+  Long type = 34, address = 1;
+  RestoreOperand(type, address, NewOperandBag(34, 1, 0));
+  EXPECT_EQ(type, 37);
+  const Long first = address;
+  RestoreOperand(type, address, NewOperandBag(type, address, 0));
+  EXPECT_EQ(type, 37);
+  EXPECT_NE(address, first);
+  EXPECT_TRUE(IsDefined(37, first));
+  EXPECT_TRUE(IsDefined(37, address));
+}
+
+TEST_F(Operands, ABagThatLacksAFieldIsAnError) {
+  Long type = 1, address = 1;
+  EXPECT_EQ(ErrorOf([&] { RestoreOperand(type, address, std::make_shared<PropertyBag>()); }), 327);
+}
+
+TEST_F(Operands, DescriptionIsTheNameOfADefinedOperand) {
+  EXPECT_EQ(OperandDescription(1, 5, 0), "");
+  Define(1, 5);
+  EXPECT_EQ(OperandDescription(1, 5, 0), "MB 5");
+  EXPECT_EQ(OperandDescription(1, 5, 1), "");
+  Define(0, 5);
+  EXPECT_EQ(OperandDescription(0, 5, 0), "");
+}
+
+TEST_F(Operands, ExactlyFiveTypesHoldAValue) {
+  for (Long type = -2; type <= 60; ++type) {
+    const bool expected = type == 15 || type == 34 || type == 35 || type == 37 || type == 38;
+    EXPECT_EQ(IsValueOperandType(type), expected) << type;
+  }
+}
+
+}  // namespace
+}  // namespace quenzel7
