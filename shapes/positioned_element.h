@@ -1,0 +1,142 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "framework/columns.h"
+#include "framework/element_contract.h"
+#include "framework/position.h"
+#include "framework/project.h"
+#include "platform/automation/collection.h"
+
+namespace quenzel7 {
+
+/// What every element with a place of its own shares: the four position descriptors with the drag sequence,
+/// pick-ups, hit tests of its box, the touch and hide operands, and its row in the project.
+///
+/// A class adds its type number, what it paints, and the tables of the columns that it writes and reads.
+class PositionedElement : public ItfHmiElement {
+ public:
+  /// The hide operand's address through the default interface: writing only stores it, and builds the operand
+  /// bags anew when there is an operand and the element has a row.
+  Long VisibleOpAddr() const { return visibleOpAddr_; }
+  void VisibleOpAddr(Long pValue);
+
+  /// Takes a collection of operand bags in place of the element's own; it is shared, not copied.
+  void ColOpPropBag(automation::CollectionRef pValue) { operandBags_ = std::move(pValue); }
+  /// The element's operand bags; none until they are built. Hosts cannot read them.
+  const automation::CollectionRef& OperandBags() const { return operandBags_; }
+
+  /// Writes the element's row, creating it when ID is -1, and tells the host of the change. Always true.
+  bool SaveToDB();
+
+  /// A new collection with a bag for each operand that the element has: touch, then hide.
+  automation::CollectionRef BuildOpPropBag() const;
+
+ protected:
+  PositionedElement() = default;
+  ~PositionedElement() override;
+
+  /// Writes all columns of the row but "ID" and "GUID".
+  virtual void WriteRow(ado::Recordset& row) const = 0;
+  /// Takes all columns that the class reads from the row.
+  virtual void ReadRow(const ado::Recordset& row) = 0;
+
+  /// Copies what every element has from another one through the writers of the default interface, in two
+  /// parts, since the fields of the class come between them.
+  void CopyIdentityAndPosition(const PositionedElement& source);
+  void CopyOperands(const PositionedElement& source);
+
+  bool HasTouchOperand() const { return touchOprndAddr_ != kNone; }
+  bool HasHideOperand() const { return visibleOpAddr_ != kNone; }
+  const Descriptor& Initial() const { return position_.At(kInitial); }
+  const Descriptor& Displayed() const { return position_.At(kDisplayed); }
+
+  Long ItfHmiElement_VisibleOpAddr() const override { return visibleOpAddr_; }
+  void ItfHmiElement_VisibleOpAddr(Long pValue) override;
+  bool ItfHmiElement_LoadFromDB(ado::Recordset& pRsElement) override;
+  void ItfHmiElement_GetBoundingRect(Long& pXs, Long& pYs, Long& pDx, Long& pDy,
+                                     const Long& pLocation) const override;
+  bool ItfHmiElement_IsTouchable() const override { return HasTouchOperand(); }
+  void ItfHmiElement_IsTouchable(bool pValue) override;
+  void ItfHmiElement_SaveInitialPosition() override;
+  void ItfHmiElement_SaveLastLegalPosition() override { position_.Copy(kTransformed, kLastLegal); }
+  void ItfHmiElement_UpdateDisplayWithTransx() override { position_.Copy(kTransformed, kDisplayed); }
+  void ItfHmiElement_UpdateDisplayWithLastLegal() override { position_.Copy(kLastLegal, kDisplayed); }
+  void ItfHmiElement_UpdateInitialDescriptor() override { position_.Copy(kLastLegal, kInitial); }
+  void ItfHmiElement_SaveToDB() override { SaveToDB(); }
+  void ItfHmiElement_Stretch(Long pDx, Long pDy, Long pDirection) override;
+  enPickUpDirection ItfHmiElement_GetPupDirection(Long pX, Long Py, Long pWidth) const override;
+  bool ItfHmiElement_HitTestByPoint(Long pX, Long Py) const override;
+  std::string ItfHmiElement_GetToolTipText() const override;
+  bool ItfHmiElement_HitTestByRect(Long pRectXs, Long pRectYs, Long pRectDx, Long pRectDy) const override;
+  void ItfHmiElement_Move(Long pDx, Long pDy) override;
+  bool ItfHmiElement_IsCanceled() const override { return isCanceled_; }
+  void ItfHmiElement_IsCanceled(bool pValue) override { isCanceled_ = pValue; }
+  void ItfHmiElement_DeleteFromDB() override;
+  Long ItfHmiElement_Xs() const override { return Initial().xs; }
+  void ItfHmiElement_Xs(Long pValue) override { position_.SetAll(&Descriptor::xs, pValue); }
+  Long ItfHmiElement_Ys() const override { return Initial().ys; }
+  void ItfHmiElement_Ys(Long pValue) override { position_.SetAll(&Descriptor::ys, pValue); }
+  Long ItfHmiElement_Dx() const override { return Initial().dx; }
+  void ItfHmiElement_Dx(Long pValue) override { position_.SetAll(&Descriptor::dx, pValue); }
+  Long ItfHmiElement_Dy() const override { return Initial().dy; }
+  void ItfHmiElement_Dy(Long pValue) override { position_.SetAll(&Descriptor::dy, pValue); }
+  void ItfHmiElement_GetOptimalDimensions(Long& pXs, Long& pYs, Long& pDx, Long& pDy) const override;
+  Long ItfHmiElement_ID() const override { return id_; }
+  void ItfHmiElement_ID(Long pValue) override { id_ = pValue; }
+  void ItfHmiElement_RestoreAllOperands() override;
+  Long ItfHmiElement_TouchOprndAddr() const override { return touchOprndAddr_; }
+  void ItfHmiElement_TouchOprndAddr(Long pValue) override;
+  Long ItfHmiElement_GroupID() const override { return groupId_; }
+  void ItfHmiElement_GroupID(Long pValue) override { groupId_ = pValue; }
+  enCollisionStatus ItfHmiElement_GetTransformState(automation::Variant& pcollisionMap) override;
+  automation::Variant ItfHmiElement_UpdateBoundingRectangle(Long pDx, Long pDy, Long pDirection) override;
+  Long ItfHmiElement_OrderIndex() const override { return orderIndex_; }
+  void ItfHmiElement_OrderIndex(Long pValue) override { orderIndex_ = pValue; }
+
+  /// ID, address or group that is not there.
+  static constexpr Long kNone = -1;
+
+  /// Entries of column tables that elements share.
+  ///
+  /// One number of descriptor 1. Loading goes through the property's writer: it sets all four descriptors.
+  template <class Element, Long Descriptor::*Number>
+  static constexpr Column<Element> PositionColumn(std::string_view name) {
+    return {name, [](const Element& element) { return automation::Variant(element.Initial().*Number); },
+            [](Element& element, const automation::Variant& value) {
+              element.position_.SetAll(Number, automation::To<Long>(value));
+            }};
+  }
+  /// The number of the class.
+  template <class Element>
+  static constexpr Column<Element> TypeColumn() {
+    return {"Type", [](const Element& element) { return automation::Variant(element.ElementType()); },
+            nullptr};
+  }
+  /// The page that the host has open.
+  template <class Element>
+  static constexpr Column<Element> DisplayColumn() {
+    return {"DisplayID", [](const Element&) { return automation::Variant(CurrentDisplayID()); }, nullptr};
+  }
+  /// What an element without the property writes: 0 in 16 bits, or no operand.
+  template <class Element>
+  static constexpr Column<Element> ZeroColumn(std::string_view name) {
+    return ConstantColumn<Element, Integer, 0>(name);
+  }
+  template <class Element>
+  static constexpr Column<Element> NoOperandColumn(std::string_view name) {
+    return ConstantColumn<Element, Long, kNone>(name);
+  }
+
+  Long id_ = kNone;
+  Long groupId_ = kNone;
+  Position position_;
+  Long touchOprndAddr_ = kNone;
+  Long visibleOpAddr_ = kNone;
+  automation::CollectionRef operandBags_;
+  Long orderIndex_ = 0;
+  bool isCanceled_ = false;
+};
+
+}  // namespace quenzel7

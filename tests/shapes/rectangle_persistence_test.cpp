@@ -1,0 +1,710 @@
+#include <gtest/gtest.h>
+
+#include "framework/operands.h"
+#include "framework/project.h"
+#include "platform/automation/call_by_name.h"
+#include "shapes/rectangle.h"
+#include "tests/support/project_fixture.h"
+#include "tests/support/raises.h"
+
+namespace quenzel7 {
+namespace {
+
+using automation::GetByName;
+using automation::InvokeByName;
+using automation::PutByName;
+using automation::Variant;
+using test::CallLog;
+using test::DescriptionOf;
+using test::ErrorOf;
+
+class SavedRectangle : public test::ProjectTest {
+ protected:
+  /// A rectangle in which every field that is kept has a value of its own.
+  static std::shared_ptr<clsRectangle> Distinct() {
+    auto r = std::make_shared<clsRectangle>();
+    r->GroupID(11);
+    r->Xs(12);
+    r->Ys(13);
+    r->Dx(14);
+    r->Dy(15);
+    r->ColorBack(16);
+    r->ColorFore(17);
+    r->ColorBackTouch(18);
+    r->ColorForeTouch(19);
+    r->ColorHatch(20);
+    r->PenStyle(ePS_Dash_Dot);
+    r->PenWidth(21);
+    r->HatchStyle(eHS_Cross);
+    r->FillStyle(eFS_Solid);
+    r->TouchOprndAddr(22);
+    r->VisibleOpAddr(23);
+    r->OrderIndex(24);
+    return r;
+  }
+
+  std::shared_ptr<clsRectangle> Loaded(Long id) {
+    const auto row =
+        ado::OpenRecordset(*ProjectConnection(), "SELECT * FROM HMI_Elements WHERE ID=" + std::to_string(id),
+                           ado::adOpenStatic, ado::adLockReadOnly);
+    auto r = std::make_shared<clsRectangle>();
+    EXPECT_FALSE(r->LoadFromDB(*row));
+    // The recordset is still open and on the same row.
+    EXPECT_EQ(automation::To<Long>(row->Get("ID")), id);
+    return r;
+  }
+
+  std::vector<std::string> Elements() { return Rows("SELECT * FROM HMI_Elements ORDER BY ID", {"ID"}); }
+
+  /// Whether the project has the memory bit.
+  static bool IsDefined(Long address) {
+    return !OperandDescription(kMemoryBit, address, kLocalNetwork).empty();
+  }
+
+  static void Define(Long address, const std::string& comment = "") {
+    fennick1::Operand operand(Platform::Current().operands);
+    operand.OperandType(kMemoryBit);
+    operand.OperandAddress(address);
+    operand.OperandComment(comment);
+    operand.AddToProject();
+  }
+};
+
+const CallLog kPutsOfDistinct = {
+    "put Type=1:Long",
+    "put Xs=12:Long",
+    "put Ys=13:Long",
+    "put Dx=14:Long",
+    "put Dy=15:Long",
+    "put DisplayID=7:Long",
+    "put GroupID=11:Long",
+    "put ColorBack=16:Long",
+    "put ColorFore=17:Long",
+    "put ColorBackTouch=18:Long",
+    "put ColorForeTouch=19:Long",
+    "put ColorHatch=20:Long",
+    "put PenStyle=3:Long",
+    "put PenWidth=21:Long",
+    "put HatchStyle=4:Long",
+    "put TouchOprndAddr=22:Long",
+    "put VisibleOpAddr=23:Long",
+    "put FontNumber=0:Integer",
+    "put DescriptionFontNumber=0:Integer",
+    "put Alignment=0:Integer",
+    "put Flat3D=0:Integer",
+    "put VarType=0:Integer",
+    "put VarKeyPadEntry=0:Integer",
+    "put VarOprndType=0:Integer",
+    "put VarOprndAddr=0:Integer",
+    "put GlobalVarID=0:Integer",
+    "put DefaultDisplay=0:Integer",
+    "put KeypadSuccessOpAddr=-1:Long",
+    "put EnabledOpAddr=-1:Long",
+    "put HighlightOpAddr=-1:Long",
+    "put TabIndex=255:Byte",
+};
+
+CallLog Joined(const CallLog& a, const CallLog& b, const CallLog& c) {
+  CallLog all = a;
+  all.insert(all.end(), b.begin(), b.end());
+  all.insert(all.end(), c.begin(), c.end());
+  return all;
+}
+
+TEST_F(SavedRectangle, ANewRowIsMadeInThisOrder) {
+  const auto r = Distinct();
+  TakeLog();
+  EXPECT_TRUE(r->SaveToDB());
+  EXPECT_EQ(
+      TakeLog(),
+      Joined({"open SELECT * FROM HMI_ELEMENTS WHERE ID=-1 [3,3,1]", "AddNew", "put GUID=1:Long",
+              "open SELECT MAX(OrderIndex) AS MaxOrderIndex FROM HMI_ELEMENTS WHERE DisplayID=7 [3,1,1]",
+              "get MaxOrderIndex", "Close"},
+             kPutsOfDistinct, {"put OrderIndex=1:Long", "Update", "get ID", "Close"}));
+  EXPECT_EQ(r->ID(), 1);
+  EXPECT_EQ(r->OrderIndex(), 1);
+}
+
+TEST_F(SavedRectangle, AnExistingRowIsRewrittenInThisOrderWithoutItsGuid) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  r->OrderIndex(30);
+  TakeLog();
+  EXPECT_TRUE(r->SaveToDB());
+  EXPECT_EQ(TakeLog(), Joined({"open SELECT * FROM HMI_ELEMENTS WHERE ID=1 [3,3,1]"}, kPutsOfDistinct,
+                              {"put OrderIndex=30:Long", "Update", "get ID", "Close"}));
+  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"ID", "GUID", "OrderIndex"}),
+            std::vector<std::string>{"1 1 30"});
+}
+
+TEST_F(SavedRectangle, SavingKeepsWhatTheRowHolds) {
+  Distinct()->SaveToDB();
+  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"ID",
+                                                "GUID",
+                                                "Type",
+                                                "Xs",
+                                                "Ys",
+                                                "Dx",
+                                                "Dy",
+                                                "DisplayID",
+                                                "GroupID",
+                                                "ColorBack",
+                                                "ColorFore",
+                                                "ColorBackTouch",
+                                                "ColorForeTouch",
+                                                "ColorHatch",
+                                                "PenStyle",
+                                                "PenWidth",
+                                                "HatchStyle",
+                                                "TouchOprndAddr",
+                                                "VisibleOpAddr",
+                                                "FontNumber",
+                                                "DescriptionFontNumber",
+                                                "Alignment",
+                                                "Flat3D",
+                                                "VarType",
+                                                "VarKeyPadEntry",
+                                                "VarOprndType",
+                                                "VarOprndAddr",
+                                                "GlobalVarID",
+                                                "DefaultDisplay",
+                                                "KeypadSuccessOpAddr",
+                                                "EnabledOpAddr",
+                                                "HighlightOpAddr",
+                                                "TabIndex",
+                                                "OrderIndex"}),
+            std::vector<std::string>{
+                "1 1 1 12 13 14 15 7 11 16 17 18 19 20 3 21 4 22 23 0 0 0 0 0 0 0 0 0 0 -1 -1 -1 255 1"});
+}
+
+TEST_F(SavedRectangle, SavesDescriptor1) {
+  const auto r = Distinct();
+  r->Move(100, 100);
+  r->SaveLastLegalPosition();
+  r->UpdateDisplayWithTransx();
+  r->SaveToDB();
+  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"Xs", "Ys"}), std::vector<std::string>{"12 13"});
+  r->UpdateInitialDescriptor();
+  r->SaveToDB();
+  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"Xs", "Ys"}), std::vector<std::string>{"112 113"});
+}
+
+TEST_F(SavedRectangle, OrderIndicesAndGuidsCountUp) {
+  Distinct()->SaveToDB();
+  Distinct()->SaveToDB();
+  OpenPage(8);
+  Distinct()->SaveToDB();
+  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements ORDER BY ID", {"ID", "GUID", "DisplayID", "OrderIndex"}),
+            (std::vector<std::string>{"1 1 7 1", "2 2 7 2", "3 3 8 1"}));
+}
+
+TEST_F(SavedRectangle, SavingOnAnotherPageMovesTheRowThere) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  OpenPage(9);
+  r->SaveToDB();
+  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"ID", "DisplayID"}), std::vector<std::string>{"1 9"});
+}
+
+TEST_F(SavedRectangle, ANewRowTellsOfElementAndPageAnOldOneOfTheElement) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  EXPECT_EQ(Changes().ChangedElements(), std::vector<Long>{1});
+  EXPECT_EQ(Changes().ChangedPages(), std::vector<Long>{7});
+  Changes().Clear();
+  r->SaveToDB();
+  EXPECT_EQ(Changes().ChangedElements(), std::vector<Long>{1});
+  EXPECT_TRUE(Changes().ChangedPages().empty());
+}
+
+TEST_F(SavedRectangle, BothFacesOfSaveToDBSave) {
+  const auto r = Distinct();
+  EXPECT_EQ(InvokeByName(*r, "SaveToDB"), Variant(true));
+  EXPECT_EQ(InvokeByName(*r, ItfHmiElement::InterfaceOf(), "SaveToDB"), Variant());
+  static_cast<ItfHmiElement&>(*r).SaveToDB();
+  EXPECT_EQ(Elements(), std::vector<std::string>{"1"});
+}
+
+TEST_F(SavedRectangle, PropertyWritersDoNotSave) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  r->Xs(99);
+  r->ColorFore(99);
+  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"Xs", "ColorFore"}), std::vector<std::string>{"12 17"});
+}
+
+TEST_F(SavedRectangle, SavingARowThatIsGoneIsAnError) {
+  const auto r = Distinct();
+  r->ID(77);
+  EXPECT_EQ(ErrorOf([&] { r->SaveToDB(); }), 3021);
+  EXPECT_TRUE(Elements().empty());
+  EXPECT_EQ(r->ID(), 77);
+}
+
+// --- Loading ---
+
+TEST_F(SavedRectangle, LoadsItsColumnsInThisOrder) {
+  Distinct()->SaveToDB();
+  TakeLog();
+  Loaded(1);
+  const CallLog expected = {"open SELECT * FROM HMI_Elements WHERE ID=1 [3,1,1]", "get ID", "get GroupID",
+                            "get Xs", "get Ys", "get Dx", "get Dy", "get ColorBack", "get ColorFore",
+                            "get ColorBackTouch", "get ColorForeTouch", "get ColorHatch", "get PenStyle",
+                            "get PenWidth", "get HatchStyle", "get TouchOprndAddr", "get VisibleOpAddr",
+                            "get OrderIndex",
+                            // The fixture's look at the row afterwards.
+                            "get ID"};
+  EXPECT_EQ(TakeLog(), expected);
+}
+
+TEST_F(SavedRectangle, ComesBackFromAReopenedProjectButForItsFillStyle) {
+  Distinct()->SaveToDB();
+  Reopen();
+  const auto r = Loaded(1);
+  EXPECT_EQ(r->ID(), 1);
+  EXPECT_EQ(r->GroupID(), 11);
+  for (Long location = 1; location <= 4; ++location) {
+    Descriptor d;
+    r->GetBoundingRect(d.xs, d.ys, d.dx, d.dy, location);
+    EXPECT_EQ(d, (Descriptor{12, 13, 14, 15})) << location;
+  }
+  EXPECT_EQ(r->ColorBack(), 16);
+  EXPECT_EQ(r->ColorFore(), 17);
+  EXPECT_EQ(r->ColorBackTouch(), 18);
+  EXPECT_EQ(r->ColorForeTouch(), 19);
+  EXPECT_EQ(r->ColorHatch(), 20);
+  EXPECT_EQ(r->PenStyle(), ePS_Dash_Dot);
+  EXPECT_EQ(r->PenWidth(), 21);
+  EXPECT_EQ(r->HatchStyle(), eHS_Cross);
+  EXPECT_EQ(r->TouchOprndAddr(), 22);
+  EXPECT_EQ(r->VisibleOpAddr(), 23);
+  EXPECT_EQ(r->OrderIndex(), 1);
+  EXPECT_EQ(r->FillStyle(), eFS_Hollow);
+}
+
+TEST_F(SavedRectangle, LoadingReadsNoFillStyleAndKeepsTheOneThatTheHostSet) {
+  Distinct()->SaveToDB();
+  const auto row =
+      ado::OpenRecordset(Connection(), "SELECT * FROM HMI_Elements", ado::adOpenStatic, ado::adLockReadOnly);
+  const auto r = std::make_shared<clsRectangle>();
+  r->FillStyle(eFS_Solid);
+  r->LoadFromDB(*row);
+  EXPECT_EQ(r->FillStyle(), eFS_Solid);
+}
+
+TEST_F(SavedRectangle, LoadingBuildsTheBagsAnew) {
+  const auto saved = Distinct();
+  saved->SaveToDB();
+  const auto both = Loaded(1);
+  ASSERT_NE(both->OperandBags(), nullptr);
+  EXPECT_EQ(both->OperandBags()->Count(), 2);
+  saved->TouchOprndAddr(-1);
+  saved->VisibleOpAddr(-1);
+  saved->SaveToDB();
+  const auto none = Loaded(1);
+  ASSERT_NE(none->OperandBags(), nullptr);
+  EXPECT_EQ(none->OperandBags()->Count(), 0);
+}
+
+TEST_F(SavedRectangle, ANullColumnIsAnErrorThatNamesIt) {
+  Distinct()->SaveToDB();
+  for (const char* column : {"GroupID", "Xs", "ColorHatch", "OrderIndex"}) {
+    Connection().Execute(std::string("UPDATE HMI_Elements SET ") + column + "=NULL");
+    EXPECT_EQ(ErrorOf([&] { Loaded(1); }), 94) << column;
+    EXPECT_EQ(
+        DescriptionOf([&] { Loaded(1); }),
+        std::string("column '") + column + "' of HMI_Elements: invalid use of Null: a number was expected");
+    Connection().Execute(std::string("UPDATE HMI_Elements SET ") + column + "=1");
+  }
+}
+
+TEST_F(SavedRectangle, AMissingColumnIsAnError) {
+  const auto row = ado::OpenRecordset(Connection(), "SELECT ID,GroupID FROM HMI_Elements WHERE ID=1",
+                                      ado::adOpenStatic, ado::adLockReadOnly);
+  Distinct()->SaveToDB();
+  const auto narrow = ado::OpenRecordset(Connection(), "SELECT ID,GroupID FROM HMI_Elements WHERE ID=1",
+                                         ado::adOpenStatic, ado::adLockReadOnly);
+  EXPECT_EQ(ErrorOf([&] { clsRectangle().LoadFromDB(*narrow); }), 3265);
+  EXPECT_NE(DescriptionOf([&] { clsRectangle().LoadFromDB(*narrow); }).find("column 'Xs' of HMI_Elements"),
+            std::string::npos);
+}
+
+TEST_F(SavedRectangle, AValueThatIsNoNumberIsAnError) {
+  Distinct()->SaveToDB();
+  Connection().Execute("UPDATE HMI_Elements SET Xs='wide'");
+  EXPECT_EQ(ErrorOf([&] { Loaded(1); }), 13);
+}
+
+TEST_F(SavedRectangle, LoadingWorksThroughCallByName) {
+  Distinct()->SaveToDB();
+  const auto row =
+      ado::OpenRecordset(Connection(), "SELECT * FROM HMI_Elements", ado::adOpenStatic, ado::adLockReadOnly);
+  const auto r = std::make_shared<clsRectangle>();
+  EXPECT_EQ(InvokeByName(*r, ItfHmiElement::InterfaceOf(), "LoadFromDB", {row}), Variant(false));
+  EXPECT_EQ(GetByName(*r, "xs"), Variant(Long{12}));
+}
+
+// --- Operands ---
+
+TEST_F(SavedRectangle, TheDefaultFaceOfVisibleOpAddrStoresOnly) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  TakeLog();
+  r->VisibleOpAddr(-1);
+  EXPECT_TRUE(TakeLog().empty());
+  EXPECT_EQ(r->VisibleOpAddr(), -1);
+  PutByName(*r, "VisibleOpAddr", Long{5});
+  PutByName(*r, "VisibleOpAddr", Long{-1});
+  EXPECT_TRUE(TakeLog().empty());
+}
+
+TEST_F(SavedRectangle, TheElementFaceOfVisibleOpAddrRemovesTheRowWithTheOldAddressFirst) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  AddOperandRow(1, kMemoryBit, 23, eOP_VisibleOperand, kLocalNetwork);
+  AddOperandRow(1, kMemoryBit, 22, eOP_TouchOperand, kLocalNetwork);
+  Define(23);
+  TakeLog();
+  ItfHmiElement& element = *r;
+  element.VisibleOpAddr(-1);
+  const std::string removal =
+      "execute DELETE * FROM HMI_Operands WHERE ElementID=1 AND OprndType=1 AND OprndAddr=23 AND OprndNetID "
+      "=0 AND "
+      "OprndPurpose=5";
+  EXPECT_EQ(TakeLog(), CallLog{removal});
+  EXPECT_EQ(r->VisibleOpAddr(), -1);
+  EXPECT_EQ(OperandRows(), std::vector<std::string>{"1 1 22 0 2"});
+  EXPECT_FALSE(IsDefined(23));
+
+  // A second time the address that it has now.
+  PutByName(*r, ItfHmiElement::InterfaceOf(), "visibleopaddr", Long{-1});
+  EXPECT_EQ(TakeLog(),
+            CallLog{"execute DELETE * FROM HMI_Operands WHERE ElementID=1 AND OprndType=1 AND OprndAddr=-1 "
+                    "AND OprndNetID =0 AND OprndPurpose=5"});
+}
+
+TEST_F(SavedRectangle, WritingAnAddressRemovesAndAddsNoRow) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  TakeLog();
+  ItfHmiElement& element = *r;
+  element.VisibleOpAddr(40);
+  element.TouchOprndAddr(41);
+  element.TouchOprndAddr(-1);
+  EXPECT_TRUE(TakeLog().empty());
+  EXPECT_EQ(r->VisibleOpAddr(), 40);
+}
+
+Long AddressInBag(const clsRectangle& r, Long place) {
+  fennick1::Operand operand(Platform::Current().operands);
+  operand.PropBag(r.OperandBags()->ObjectAt<automation::PropertyBag>(place));
+  EXPECT_EQ(operand.OperandType(), 1);
+  return operand.OperandAddress();
+}
+
+TEST_F(SavedRectangle, TheHideOperandRebuildsTheBagsOnlyOnASavedElement) {
+  clsRectangle r;
+  r.VisibleOpAddr(5);
+  EXPECT_EQ(r.OperandBags(), nullptr);
+  r.ID(3);
+  r.VisibleOpAddr(-1);
+  EXPECT_EQ(r.OperandBags(), nullptr);
+  r.VisibleOpAddr(6);
+  ASSERT_NE(r.OperandBags(), nullptr);
+  EXPECT_EQ(r.OperandBags()->Count(), 1);
+  EXPECT_EQ(AddressInBag(r, 1), 6);
+  static_cast<ItfHmiElement&>(r).VisibleOpAddr(8);
+  EXPECT_EQ(AddressInBag(r, 1), 8);
+}
+
+TEST_F(SavedRectangle, TheTouchOperandRebuildsTheBagsAlsoOnANewElement) {
+  clsRectangle r;
+  r.VisibleOpAddr(5);
+  r.TouchOprndAddr(4);
+  ASSERT_NE(r.OperandBags(), nullptr);
+  EXPECT_EQ(r.OperandBags()->Count(), 2);
+  EXPECT_EQ(AddressInBag(r, 1), 4);
+  EXPECT_EQ(AddressInBag(r, 2), 5);
+  const auto before = r.OperandBags();
+  r.TouchOprndAddr(-1);
+  EXPECT_EQ(r.OperandBags(), before);
+}
+
+TEST_F(SavedRectangle, IsTouchableFollowsTheAddress) {
+  clsRectangle r;
+  EXPECT_FALSE(r.IsTouchable());
+  r.TouchOprndAddr(0);
+  EXPECT_TRUE(r.IsTouchable());
+  r.TouchOprndAddr(-2);
+  EXPECT_TRUE(r.IsTouchable());
+  r.TouchOprndAddr(-1);
+  EXPECT_FALSE(r.IsTouchable());
+  r.IsTouchable(true);
+  EXPECT_FALSE(r.IsTouchable());
+  EXPECT_TRUE(TakeLog().empty());
+}
+
+TEST_F(SavedRectangle, IsTouchableWrittenFalseRemovesTheTouchRowAndTheOperand) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  AddOperandRow(1, kMemoryBit, 22, eOP_TouchOperand, kLocalNetwork);
+  AddOperandRow(1, kMemoryBit, 23, eOP_VisibleOperand, kLocalNetwork);
+  Define(22);
+  const auto bags = r->OperandBags();
+  TakeLog();
+  r->IsTouchable(false);
+  EXPECT_EQ(TakeLog(),
+            CallLog{"execute DELETE * FROM HMI_Operands WHERE ElementID=1 AND OprndType=1 AND OprndAddr=22 "
+                    "AND OprndNetID =0 AND OprndPurpose=2"});
+  EXPECT_EQ(r->TouchOprndAddr(), -1);
+  EXPECT_EQ(OperandRows(), std::vector<std::string>{"1 1 23 0 5"});
+  EXPECT_FALSE(IsDefined(22));
+  EXPECT_EQ(r->OperandBags(), bags);
+}
+
+TEST_F(SavedRectangle, ToolTipBeginsWithTheTouchOperand) {
+  const auto r = Distinct();
+  EXPECT_EQ(r->GetToolTipText(), "(Touch - MB 22) Pos: 12, 13 ; Size: 14, 15");
+}
+
+TEST_F(SavedRectangle, RestoringWritesTouchAndThenHideRow) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  r->VisibleOpAddr(23);
+  TakeLog();
+  r->RestoreAllOperands();
+  EXPECT_EQ(
+      TakeLog(),
+      (CallLog{"execute INSERT INTO HMI_Operands (ElementID,OprndType,OprndAddr,OprndNetID,OprndPurpose) "
+               "VALUES (1,1,22,0,2)",
+               "execute INSERT INTO HMI_Operands (ElementID,OprndType,OprndAddr,OprndNetID,OprndPurpose) "
+               "VALUES (1,1,23,0,5)"}));
+  EXPECT_TRUE(IsDefined(22));
+  EXPECT_TRUE(IsDefined(23));
+}
+
+TEST_F(SavedRectangle, RestoringWithOnlyAHideOperandTakesBag1) {
+  clsRectangle r;
+  r.ID(3);
+  r.VisibleOpAddr(9);
+  ASSERT_EQ(r.OperandBags()->Count(), 1);
+  r.RestoreAllOperands();
+  EXPECT_EQ(OperandRows(), std::vector<std::string>{"3 1 9 0 5"});
+}
+
+TEST_F(SavedRectangle, RestoringWithoutOperandsDoesNothing) {
+  clsRectangle r;
+  r.RestoreAllOperands();
+  EXPECT_TRUE(TakeLog().empty());
+}
+
+TEST_F(SavedRectangle, RestoringWithoutBagsIsAnError) {
+  clsRectangle r;
+  r.VisibleOpAddr(9);
+  EXPECT_EQ(ErrorOf([&] { r.RestoreAllOperands(); }), 91);
+  r.ColOpPropBag(std::make_shared<automation::Collection>());
+  EXPECT_EQ(ErrorOf([&] { r.RestoreAllOperands(); }), 9);
+  EXPECT_TRUE(OperandRows().empty());
+}
+
+TEST_F(SavedRectangle, RestoringLeavesTheBagsAsTheyAre) {
+  const auto r = Distinct();
+  r->ID(5);
+  r->VisibleOpAddr(23);
+  const auto bags = r->OperandBags();
+  r->RestoreAllOperands();
+  EXPECT_EQ(r->OperandBags(), bags);
+  EXPECT_EQ(bags->Count(), 2);
+}
+
+// --- Deletion and its undo ---
+
+TEST_F(SavedRectangle, DeletingRunsTheseStatements) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  Connection().Execute("INSERT INTO DownloadDLUs (GUID) VALUES (1)");
+  Connection().Execute("INSERT INTO DownloadDLUs (GUID) VALUES (2)");
+  AddOperandRow(1, kMemoryBit, 22, eOP_TouchOperand, kLocalNetwork);
+  AddOperandRow(2, kMemoryBit, 22, eOP_TouchOperand, kLocalNetwork);
+  Define(22);
+  Define(23);
+  Define(24);
+  Changes().Clear();
+  TakeLog();
+  r->DeleteFromDB();
+  EXPECT_EQ(TakeLog(), (CallLog{"execute SELECT * FROM HMI_Elements WHERE ID=1", "get Guid", "Close",
+                                "execute DELETE FROM DownloadDLUs WHERE GUID = 1",
+                                "execute DELETE * FROM HMI_Elements WHERE ID=1",
+                                "execute DELETE * FROM HMI_Operands WHERE ElementID=1"}));
+  EXPECT_TRUE(Elements().empty());
+  EXPECT_EQ(Rows("SELECT * FROM DownloadDLUs", {"GUID"}), std::vector<std::string>{"2"});
+  EXPECT_EQ(OperandRows(), std::vector<std::string>{"2 1 22 0 2"});
+  EXPECT_FALSE(IsDefined(22));
+  EXPECT_FALSE(IsDefined(23));
+  EXPECT_TRUE(IsDefined(24));
+  EXPECT_EQ(Changes().ChangedPages(), std::vector<Long>{7});
+  EXPECT_TRUE(Changes().ChangedElements().empty());
+}
+
+TEST_F(SavedRectangle, DeletingLeavesTheObjectAsItWas) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  r->VisibleOpAddr(23);
+  r->DeleteFromDB();
+  EXPECT_EQ(r->ID(), 1);
+  EXPECT_EQ(r->Xs(), 12);
+  EXPECT_EQ(r->TouchOprndAddr(), 22);
+  EXPECT_EQ(r->VisibleOpAddr(), 23);
+  EXPECT_EQ(r->OperandBags()->Count(), 2);
+}
+
+TEST_F(SavedRectangle, DeletingReleasesTheHideAddressMinus1ButNot0) {
+  const auto defineAround = [] {
+    for (const Long address : {-1, 0, 22}) Define(address);
+  };
+  clsRectangle none;
+  none.SaveToDB();
+  defineAround();
+  none.DeleteFromDB();
+  EXPECT_FALSE(IsDefined(-1));
+  EXPECT_TRUE(IsDefined(0));
+  EXPECT_TRUE(IsDefined(22));
+
+  clsRectangle zero;
+  zero.VisibleOpAddr(0);
+  zero.SaveToDB();
+  defineAround();
+  zero.DeleteFromDB();
+  EXPECT_TRUE(IsDefined(-1));
+  EXPECT_TRUE(IsDefined(0));
+
+  clsRectangle touched;
+  touched.TouchOprndAddr(22);
+  touched.VisibleOpAddr(0);
+  touched.SaveToDB();
+  touched.DeleteFromDB();
+  EXPECT_FALSE(IsDefined(22));
+}
+
+TEST_F(SavedRectangle, DeletingWhatHasNoRowIsAnError) {
+  clsRectangle r;
+  EXPECT_EQ(ErrorOf([&] { r.DeleteFromDB(); }), 3021);
+}
+
+TEST_F(SavedRectangle, ADeletionIsUndoneWithANewRow) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  Define(22, "pump");
+  Define(23, "valve");
+  r->VisibleOpAddr(23);
+  AddOperandRow(1, kMemoryBit, 22, eOP_TouchOperand, kLocalNetwork);
+  AddOperandRow(1, kMemoryBit, 23, eOP_VisibleOperand, kLocalNetwork);
+  r->DeleteFromDB();
+  EXPECT_FALSE(IsDefined(22));
+
+  r->ID(-1);
+  r->SaveToDB();
+  r->RestoreAllOperands();
+  EXPECT_EQ(r->ID(), 2);
+  EXPECT_EQ(Elements(), std::vector<std::string>{"2"});
+  EXPECT_EQ(OperandRows(), (std::vector<std::string>{"2 1 22 0 2", "2 1 23 0 5"}));
+  EXPECT_TRUE(IsDefined(22));
+  EXPECT_TRUE(IsDefined(23));
+}
+
+TEST_F(SavedRectangle, ADeletionIsUndoneThroughCallByNameAlike) {
+  const auto r = Distinct();
+  const automation::Interface& element = ItfHmiElement::InterfaceOf();
+  InvokeByName(*r, element, "savetodb");
+  PutByName(*r, "VisibleOpAddr", Long{23});
+  InvokeByName(*r, element, "deletefromdb");
+  PutByName(*r, element, "id", Long{-1});
+  InvokeByName(*r, element, "SAVETODB");
+  InvokeByName(*r, element, "restorealloperands");
+  EXPECT_EQ(GetByName(*r, element, "ID"), Variant(Long{2}));
+  EXPECT_EQ(OperandRows(), (std::vector<std::string>{"2 1 22 0 2", "2 1 23 0 5"}));
+}
+
+// --- Replica ---
+
+TEST_F(SavedRectangle, AReplicaHasTheSameValuesInAllDescriptors) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  r->Move(50, 50);
+  r->UpdateDisplayWithTransx();
+  r->IsCanceled(true);
+  const auto copy = std::dynamic_pointer_cast<clsRectangle>(r->Replica());
+  ASSERT_NE(copy, nullptr);
+  ASSERT_NE(copy, r);
+  for (const automation::Member& member : clsRectangle::ClassOf().Default().Members()) {
+    if (!member.get) continue;
+    EXPECT_EQ(member.get(*copy), member.get(*r)) << member.name;
+  }
+  for (Long location = 1; location <= 4; ++location) {
+    Descriptor d;
+    copy->GetBoundingRect(d.xs, d.ys, d.dx, d.dy, location);
+    EXPECT_EQ(d, (Descriptor{12, 13, 14, 15})) << location;
+  }
+  EXPECT_EQ(copy->FillStyle(), eFS_Solid);
+  EXPECT_FALSE(copy->IsCanceled());
+}
+
+TEST_F(SavedRectangle, AReplicaSharesTheBags) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  r->VisibleOpAddr(23);
+  const auto copy = std::dynamic_pointer_cast<clsRectangle>(r->Replica());
+  EXPECT_NE(r->OperandBags(), nullptr);
+  EXPECT_EQ(copy->OperandBags(), r->OperandBags());
+}
+
+TEST_F(SavedRectangle, AReplicaOfAnElementWithoutBagsHasNone) {
+  clsRectangle r;
+  r.VisibleOpAddr(23);
+  ASSERT_EQ(r.OperandBags(), nullptr);
+  EXPECT_EQ(std::dynamic_pointer_cast<clsRectangle>(r.Replica())->OperandBags(), nullptr);
+}
+
+TEST_F(SavedRectangle, SavingAReplicaRewritesTheRowOfItsSource) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  const auto copy = r->Replica();
+  copy->Xs(500);
+  copy->SaveToDB();
+  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"ID", "Xs"}), std::vector<std::string>{"1 500"});
+}
+
+TEST_F(SavedRectangle, AReplicaMadeByNameIsAnElement) {
+  const auto r = Distinct();
+  const Variant copy = InvokeByName(*r, ItfHmiElement::InterfaceOf(), "Replica");
+  EXPECT_EQ(GetByName(*copy.Object(), "PenWidth"), Variant(Long{21}));
+}
+
+TEST_F(SavedRectangle, BagsGoInByReferenceThroughCallByName) {
+  clsRectangle r;
+  const auto bags = std::make_shared<automation::Collection>();
+  PutByName(r, "ColOpPropBag", bags);
+  EXPECT_EQ(r.OperandBags(), bags);
+  EXPECT_EQ(ErrorOf([&] { GetByName(r, "ColOpPropBag"); }), 394);
+  EXPECT_EQ(ErrorOf([&] { PutByName(r, "ColOpPropBag", Long{1}); }), 13);
+}
+
+TEST_F(SavedRectangle, ReleasingAnElementWritesNothing) {
+  {
+    const auto r = Distinct();
+    r->SaveToDB();
+    r->Xs(400);
+    TakeLog();
+  }
+  EXPECT_TRUE(TakeLog().empty());
+  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"Xs"}), std::vector<std::string>{"12"});
+}
+
+TEST_F(SavedRectangle, MakingAnElementTouchesNoDatabase) {
+  TakeLog();
+  const clsRectangle r;
+  EXPECT_TRUE(TakeLog().empty());
+}
+
+}  // namespace
+}  // namespace quenzel7

@@ -1,0 +1,115 @@
+#include "shapes/shape_classes.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "framework/element_contract.h"
+#include "platform/automation/call_by_name.h"
+#include "platform/platform.h"
+
+namespace quenzel7 {
+namespace {
+
+using automation::ClassInfo;
+using automation::Interface;
+using automation::Member;
+using automation::Variant;
+using automation::VariantKind;
+
+/// A value of a property's type that differs from the given one.
+Variant Other(const Member& member, const Variant& value) {
+  switch (member.type.kind) {
+    case VariantKind::Boolean:
+      return !*value.If<bool>();
+    case VariantKind::Integer:
+      return static_cast<Integer>(*value.If<Integer>() + 1);
+    case VariantKind::Long:
+      return *value.If<Long>() + 1;
+    case VariantKind::String:
+      return value.Text() + "x";
+    default:
+      return {};
+  }
+}
+
+class EveryShapeClass : public ::testing::Test {
+ protected:
+  void SetUp() override { Platform::Current() = Platform(); }
+  void TearDown() override { Platform::Current() = Platform(); }
+};
+
+TEST_F(EveryShapeClass, HasANameOfItsOwnAndCanBeCreatedUnderIt) {
+  std::set<std::string_view> names;
+  for (const ClassInfo* info : ShapeClasses()) {
+    EXPECT_TRUE(names.insert(info->name).second) << info->name;
+    ASSERT_NE(info->create, nullptr) << info->name;
+    EXPECT_EQ(&info->create()->Class(), info) << info->name;
+  }
+}
+
+TEST_F(EveryShapeClass, HasAnElementTypeOfItsOwn) {
+  std::set<Long> types;
+  for (const ClassInfo* info : ShapeClasses()) {
+    const Variant type = automation::GetByName(*info->create(), ItfHmiElement::InterfaceOf(), "ElementType");
+    EXPECT_TRUE(types.insert(*type.If<Long>()).second) << info->name;
+  }
+}
+
+TEST_F(EveryShapeClass, ImplementsTheElementContractBesideItsDefaultInterface) {
+  for (const ClassInfo* info : ShapeClasses()) {
+    EXPECT_EQ(info->FindInterface("ItfHmiElement"), &ItfHmiElement::InterfaceOf()) << info->name;
+    EXPECT_NE(&info->Default(), &ItfHmiElement::InterfaceOf()) << info->name;
+  }
+}
+
+TEST_F(EveryShapeClass, FindsEveryMemberByItsNameInAnyCase) {
+  for (const ClassInfo* info : ShapeClasses()) {
+    for (const Interface* interface : info->interfaces) {
+      for (const Member& member : interface->Members()) {
+        std::string upper(member.name);
+        for (char& letter : upper)
+          letter = static_cast<char>(std::toupper(static_cast<unsigned char>(letter)));
+        EXPECT_EQ(interface->Find(upper), &member) << interface->Name() << '.' << member.name;
+      }
+    }
+  }
+}
+
+TEST_F(EveryShapeClass, GivesBackWhatWasWrittenThroughItsDefaultInterface) {
+  for (const ClassInfo* info : ShapeClasses()) {
+    const auto object = info->create();
+    for (const Member& member : info->Default().Members()) {
+      if (!member.get || !member.put) continue;
+      // An operand makes the element look for it in a project, which is not open here.
+      if (member.name == "TouchOprndAddr") continue;
+      const Variant before = member.get(*object);
+      EXPECT_EQ(before.Kind(), member.type.kind) << info->name << '.' << member.name;
+      const Variant other = Other(member, before);
+      member.put(*object, other);
+      EXPECT_EQ(member.get(*object), other) << info->name << '.' << member.name;
+      member.put(*object, before);
+      EXPECT_EQ(member.get(*object), before) << info->name << '.' << member.name;
+    }
+  }
+}
+
+/// FNV-1a over all slots of all interfaces: a published member that moves, changes its type or goes by
+/// accident shows here.
+TEST_F(EveryShapeClass, ThePublishedSurfaceIsUnchanged) {
+  std::uint32_t hash = 2166136261u;
+  const auto mix = [&hash](std::string_view text) {
+    for (const char letter : text) hash = (hash ^ static_cast<unsigned char>(letter)) * 16777619u;
+  };
+  for (const ClassInfo* info : ShapeClasses()) {
+    mix(info->name);
+    for (const Interface* interface : info->interfaces) {
+      mix(interface->Name());
+      for (const std::string& slot : interface->Slots()) mix(slot);
+    }
+  }
+  EXPECT_EQ(hash, 0x282289b1u) << "0x" << std::hex << hash;
+}
+
+}  // namespace
+}  // namespace quenzel7
