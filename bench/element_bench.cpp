@@ -1,0 +1,178 @@
+#include <malloc.h>
+
+#include <memory>
+#include <stdexcept>
+
+#include "bench/ratios.h"
+#include "bench/sqlite_by_hand.h"
+#include "platform/automation/call_by_name.h"
+#include "platform/corvane1/project_file.h"
+#include "platform/platform.h"
+#include "shapes/rectangle.h"
+
+namespace quenzel7::bench {
+namespace {
+
+constexpr int kElements = 10000;
+constexpr Long kPage = 1;
+
+/// Saving and loading by hand: the same reads and writes as the element's, with prepared statements.
+class HandWritten {
+ public:
+  explicit HandWritten(const std::string& path) : database_(path) {
+    database_.Run("INSERT INTO Numbers (Name,Next) VALUES ('GUID',1)");
+  }
+
+  void Save() {
+    HandStatement row(database_, "SELECT * FROM HMI_Elements WHERE ID=?");
+    HandStatement number(database_, "SELECT Next FROM Numbers WHERE Name='GUID'");
+    HandStatement counted(database_, "UPDATE Numbers SET Next=? WHERE Name='GUID'");
+    HandStatement highest(database_, "SELECT MAX(OrderIndex) FROM HMI_Elements WHERE DisplayID=?");
+    HandStatement insert(
+        database_,
+        "INSERT INTO HMI_Elements (GUID,Type,Xs,Ys,Dx,Dy,DisplayID,GroupID,ColorBack,ColorFore,"
+        "ColorBackTouch,ColorForeTouch,ColorHatch,PenStyle,PenWidth,HatchStyle,TouchOprndAddr,"
+        "VisibleOpAddr,FontNumber,DescriptionFontNumber,Alignment,Flat3D,VarType,VarKeyPadEntry,"
+        "VarOprndType,VarOprndAddr,GlobalVarID,DefaultDisplay,KeypadSuccessOpAddr,EnabledOpAddr,"
+        "HighlightOpAddr,TabIndex,OrderIndex) VALUES "
+        "(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
+    database_.Run("BEGIN");
+    for (int index = 0; index < kElements; ++index) {
+      row.Bind(1, -1).Step();
+      row.Reset();
+      number.Step();
+      const int guid = number.Int(0);
+      number.Reset();
+      counted.Bind(1, guid + 1).Step();
+      counted.Reset();
+      highest.Bind(1, kPage).Step();
+      const int order = highest.Int(0) + 1;
+      highest.Reset();
+      const int values[] = {guid, 1, index, index, 10, 10, kPage, -1, -1, 0, -1, 0,  96, 0,  1,   99,   -1,
+                            -1,   0, 0,     0,     0,  0,  0,     0,  0,  0, 0,  -1, -1, -1, 255, order};
+      int place = 1;
+      for (const int value : values) insert.Bind(place++, value);
+      insert.Step();
+      insert.Reset();
+      ids_.push_back(static_cast<int>(sqlite3_last_insert_rowid(database_.Handle())));
+    }
+    database_.Run("COMMIT");
+  }
+
+  void Load() {
+    HandStatement row(database_, "SELECT * FROM HMI_Elements WHERE ID=?");
+    std::vector<int> places;
+    for (const char* column : {"ID", "GroupID", "Xs", "Ys", "Dx", "Dy", "ColorBack", "ColorFore",
+                               "ColorBackTouch", "ColorForeTouch", "ColorHatch", "PenStyle", "PenWidth",
+                               "HatchStyle", "TouchOprndAddr", "VisibleOpAddr", "OrderIndex"}) {
+      places.push_back(row.Place(column));
+    }
+    long long sum = 0;
+    database_.Run("BEGIN");
+    for (const int id : ids_) {
+      row.Bind(1, id).Step();
+      for (const int place : places) sum += row.Int(place);
+      row.Reset();
+    }
+    database_.Run("COMMIT");
+    if (sum == 0) throw std::runtime_error("nothing was read");
+  }
+
+ private:
+  HandDatabase database_;
+  std::vector<int> ids_;
+};
+
+std::shared_ptr<clsRectangle> MakeRectangle(Long index) {
+  auto rectangle = std::make_shared<clsRectangle>();
+  rectangle->Xs(index);
+  rectangle->Ys(index);
+  rectangle->Dx(10);
+  rectangle->Dy(10);
+  return rectangle;
+}
+
+void AddSavingAndLoading(std::vector<Ratio>& ratios) {
+  std::vector<double> save, load, handSave, handLoad;
+  for (int turn = 0; turn < 7; ++turn) {
+    const Folder folder;
+    Platform::Current() = Platform();
+    const auto values = std::make_shared<corvane1::HeldGlobalValues>();
+    values->Set(corvane1::kOpenPageValue, kPage);
+    Platform::Current().globalValues = values;
+    const auto connection = corvane1::OpenProject(folder.File("elements.qz7"), corvane1::ProjectMode::Create);
+    Platform::Current().heldProject->Hold(connection);
+    std::vector<std::shared_ptr<clsRectangle>> rectangles;
+    for (Long index = 0; index < kElements; ++index) rectangles.push_back(MakeRectangle(index));
+    save.push_back(Seconds([&] {
+      ado::Transaction transaction(*connection);
+      for (const auto& rectangle : rectangles) rectangle->SaveToDB();
+      transaction.Commit();
+    }));
+    load.push_back(Seconds([&] {
+      ado::Transaction transaction(*connection);
+      for (const auto& rectangle : rectangles) {
+        const auto row = ado::OpenRecordset(
+            *connection, "SELECT * FROM HMI_Elements WHERE ID=" + std::to_string(rectangle->ID()),
+            ado::adOpenStatic, ado::adLockReadOnly);
+        clsRectangle().LoadFromDB(*row);
+      }
+      transaction.Commit();
+    }));
+    Platform::Current() = Platform();
+    connection->Close();
+
+    corvane1::OpenProject(folder.File("hand.qz7"), corvane1::ProjectMode::Create)->Close();
+    HandWritten hand(folder.File("hand.qz7"));
+    handSave.push_back(Seconds([&] { hand.Save(); }));
+    handLoad.push_back(Seconds([&] { hand.Load(); }));
+  }
+  ratios.push_back({"SaveToDB of 10,000 new rectangles, one transaction", Median(save) / Median(handSave),
+                    2.0, "prepared statements by hand"});
+  ratios.push_back({"LoadFromDB of 10,000 rectangles, one transaction", Median(load) / Median(handLoad), 2.0,
+                    "prepared statements by hand"});
+}
+
+void AddCallByName(std::vector<Ratio>& ratios) {
+  constexpr int kCalls = 200000;
+  const auto rectangle = MakeRectangle(1);
+  std::vector<double> put, get;
+  automation::Variant value(Long{5});
+  for (int turn = 0; turn < 9; ++turn) {
+    put.push_back(Seconds([&] {
+      for (int call = 0; call < kCalls; ++call) {
+        automation::CallByName(*rectangle, "PenWidth", automation::CallKind::Put,
+                               automation::Arguments(&value, 1));
+      }
+    }));
+    get.push_back(Seconds([&] {
+      for (int call = 0; call < kCalls; ++call) {
+        if (automation::GetByName(*rectangle, "PenWidth").IsEmpty()) std::abort();
+      }
+    }));
+  }
+  ratios.push_back({"call by name, writing a number", Median(put) / kCalls * 1e9, 100, "nanoseconds a call"});
+  ratios.push_back({"call by name, reading a number", Median(get) / kCalls * 1e9, 100, "nanoseconds a call"});
+}
+
+void AddMemory(std::vector<Ratio>& ratios) {
+  std::vector<std::shared_ptr<clsRectangle>> rectangles;
+  rectangles.reserve(kElements);
+  const auto before = mallinfo2().uordblks;
+  for (Long index = 0; index < kElements; ++index) rectangles.push_back(MakeRectangle(index));
+  const auto after = mallinfo2().uordblks;
+  ratios.push_back(
+      {"memory of a rectangle", static_cast<double>(after - before) / kElements, 400, "bytes each"});
+}
+
+}  // namespace
+
+std::vector<Ratio> ElementRatios() {
+  std::vector<Ratio> ratios;
+  AddSavingAndLoading(ratios);
+  AddCallByName(ratios);
+  AddMemory(ratios);
+  return ratios;
+}
+
+}  // namespace quenzel7::bench

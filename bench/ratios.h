@@ -1,0 +1,55 @@
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+#include <string>
+#include <vector>
+
+namespace quenzel7::bench {
+
+/// One line of the table: what was measured, against what, and the budget.
+struct Ratio {
+  std::string work;
+  /// The measured value, or the work's time over the peer's.
+  double ratio;
+  /// The most that the budget allows.
+  double limit;
+  std::string peer;
+};
+
+inline double Median(std::vector<double> values) {
+  std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2),
+                   values.end());
+  return values[values.size() / 2];
+}
+
+/// Seconds that the action takes.
+template <class Action>
+double Seconds(Action action) {
+  const auto start = std::chrono::steady_clock::now();
+  action();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+/// The median time of `work` over the median time of `peer`, run turn by turn so that both see the same
+/// caches and clock; the first turns warm up and do not count.
+template <class Work, class Peer>
+double TimeRatio(int turns, int warmUps, Work work, Peer peer) {
+  std::vector<double> workSeconds, peerSeconds;
+  for (int turn = 0; turn < turns + warmUps; ++turn) {
+    const double workTime = Seconds(work), peerTime = Seconds(peer);
+    if (turn < warmUps) continue;
+    workSeconds.push_back(workTime);
+    peerSeconds.push_back(peerTime);
+  }
+  return Median(workSeconds) / Median(peerSeconds);
+}
+
+/// Filling and copying against memset, memcpy and, where it is there, pixman.
+std::vector<Ratio> GdiRatios();
+/// Recordsets against prepared statements.
+std::vector<Ratio> AdoRatios();
+/// Elements: saving and loading, calls by name, memory.
+std::vector<Ratio> ElementRatios();
+
+}  // namespace quenzel7::bench

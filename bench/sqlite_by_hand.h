@@ -1,0 +1,90 @@
+#pragma once
+
+#include <sqlite3.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace quenzel7::bench {
+
+/// A fresh folder that goes with the object.
+class Folder {
+ public:
+  Folder() {
+    std::string name = (std::filesystem::temp_directory_path() / "quenzel7-bench-XXXXXX").string();
+    if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder can be made");
+    path_ = name;
+  }
+  Folder(const Folder&) = delete;
+  Folder& operator=(const Folder&) = delete;
+  ~Folder() { std::filesystem::remove_all(path_); }
+
+  std::string File(const std::string& name) const { return (path_ / name).string(); }
+
+ private:
+  std::filesystem::path path_;
+};
+
+/// The engine's own interface, as a program that uses no layer would hold it, opened as the layer opens it.
+class HandDatabase {
+ public:
+  explicit HandDatabase(const std::string& path) {
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
+    if (sqlite3_open_v2(path.c_str(), &handle_, flags, nullptr) != SQLITE_OK) Raise();
+    Run("PRAGMA synchronous=NORMAL");
+  }
+  HandDatabase(const HandDatabase&) = delete;
+  HandDatabase& operator=(const HandDatabase&) = delete;
+  ~HandDatabase() { sqlite3_close(handle_); }
+
+  void Run(const char* text) {
+    if (sqlite3_exec(handle_, text, nullptr, nullptr, nullptr) != SQLITE_OK) Raise();
+  }
+  sqlite3* Handle() const { return handle_; }
+  [[noreturn]] void Raise() const { throw std::runtime_error(sqlite3_errmsg(handle_)); }
+
+ private:
+  sqlite3* handle_ = nullptr;
+};
+
+/// A statement prepared once and run many times.
+class HandStatement {
+ public:
+  HandStatement(HandDatabase& database, const std::string& text) : database_(database) {
+    if (sqlite3_prepare_v2(database.Handle(), text.c_str(), -1, &statement_, nullptr) != SQLITE_OK) {
+      database.Raise();
+    }
+  }
+  HandStatement(const HandStatement&) = delete;
+  HandStatement& operator=(const HandStatement&) = delete;
+  ~HandStatement() { sqlite3_finalize(statement_); }
+
+  HandStatement& Bind(int place, int value) {
+    sqlite3_bind_int(statement_, place, value);
+    return *this;
+  }
+  /// Whether there is a row.
+  bool Step() {
+    const int result = sqlite3_step(statement_);
+    if (result != SQLITE_ROW && result != SQLITE_DONE) database_.Raise();
+    return result == SQLITE_ROW;
+  }
+  /// The place of a column by its name; -1 when there is none.
+  int Place(std::string_view column) const {
+    for (int place = 0; place < sqlite3_column_count(statement_); ++place) {
+      if (sqlite3_column_name(statement_, place) == column) return place;
+    }
+    return -1;
+  }
+  int Int(int column) { return sqlite3_column_int(statement_, column); }
+  void Reset() { sqlite3_reset(statement_); }
+
+ private:
+  HandDatabase& database_;
+  sqlite3_stmt* statement_ = nullptr;
+};
+
+}  // namespace quenzel7::bench

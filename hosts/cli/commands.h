@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+#include "hosts/cli/console.h"
+#include "platform/automation/types.h"
+
+/// The commands of the program. Each gives its exit status and throws UserError when it cannot be done.
+namespace quenzel7::cli {
+
+/// Brings the page file at `pagePath` into the project at `projectPath`, which is made when it is not there.
+int ImportCommand(const std::string& pagePath, const std::string& projectPath, const Console& console);
+
+/// Writes the page file of a page to `outputPath`, to standard output when that is empty. `page` 0 is the
+/// only page.
+int ExportCommand(const std::string& projectPath, Long page, const std::string& outputPath,
+                  const Console& console);
+
+/// Paints a page into a PNG file, enlarged `scale` times. `page` 0 is the only page.
+int RenderCommand(const std::string& projectPath, Long page, const std::string& outputPath, int scale,
+                  const Console& console);
+
+/// Tells the pages of a project and their elements.
+int ListCommand(const std::string& projectPath, const Console& console);
+
+/// Shows in a folder what the library does: builds a project, paints it, drags elements, opens it again and
+/// compares. Exit status 1 when the page painted from the opened project differs from the one before.
+int DemoCommand(const std::string& folder, const Console& console);
+
+}  // namespace quenzel7::cli

@@ -1,0 +1,141 @@
+#include <filesystem>
+
+#include "hosts/cli/commands.h"
+#include "hosts/cli/demo_page.h"
+#include "hosts/cli/drag.h"
+#include "hosts/cli/element_calls.h"
+#include "hosts/cli/page_store.h"
+#include "hosts/cli/png_writer.h"
+#include "hosts/cli/renderer.h"
+#include "hosts/cli/text_file.h"
+#include "hosts/cli/user_error.h"
+
+namespace quenzel7::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A drag of the demo: of the element that a touch of this memory bit drives.
+struct DemoDrag {
+  Long touch;
+  const char* told;
+  Drag drag;
+};
+
+const DemoDrag kDrags[] = {
+    {101, "the first knob is moved", {ePD_None, {{20, 0}, {60, 0}, {96, 0}}}},
+    {102, "the second knob is moved beyond the page", {ePD_None, {{-30, 0}, {-78, 0}, {-500, 0}}}},
+    {103, "the bar is stretched past its other end", {ePD_Right, {{-10, 0}, {-50, 0}, {-100, 0}}}},
+};
+
+/// The lamp that is deleted and brought back.
+constexpr Long kDeletedTouch = 104;
+
+constexpr int kPicturesDiffer = 1;
+
+ItfHmiElement& TouchedBy(const LoadedPage& page, Long operand) {
+  for (const ElementRef& element : page.elements) {
+    if (automation::To<Long>(Read(*element, "TouchOprndAddr")) == operand) return *element;
+  }
+  throw UserError("demo page: no element is touched by MB " + std::to_string(operand));
+}
+
+std::string Told(const Descriptor& place) {
+  return "(" + std::to_string(place.xs) + ", " + std::to_string(place.ys) + ", " + std::to_string(place.dx) +
+         ", " + std::to_string(place.dy) + ")";
+}
+
+std::string Told(enCollisionStatus status) {
+  for (const auto& member : automation::EnumInfoOf<enCollisionStatus>::value.members) {
+    if (member.value == status) return std::string(member.name);
+  }
+  return std::to_string(status);
+}
+
+void DragElements(ProjectSession& project, const LoadedPage& page, const Console& console) {
+  automation::Variant map = FreeMap(page.info.panel);
+  for (const DemoDrag& demo : kDrags) {
+    ItfHmiElement& element = TouchedBy(page, demo.touch);
+    const DragResult result = PerformDrag(element, demo.drag, map);
+    SaveElement(project, element);
+    console.out << "  drag       " << demo.told << ": " << Told(result.before) << " -> " << Told(result.after)
+                << ", last step " << Told(result.status) << '\n';
+  }
+}
+
+/// Deletes an element and brings it back as an undo does: in a new row, at its old place among the others,
+/// with its operands.
+void DeleteAndRestore(ProjectSession& project, const LoadedPage& page, const Console& console) {
+  ItfHmiElement& element = TouchedBy(page, kDeletedTouch);
+  const auto& interface = ItfHmiElement::InterfaceOf();
+  const Long oldId = IdOf(element);
+  const automation::Variant order = Read(element, "OrderIndex");
+  Call(element, "DeleteFromDB");
+  automation::PutByName(element, interface, "ID", Long{-1});
+  Call(element, "SaveToDB");
+  // A new row comes on top.
+  automation::PutByName(element, interface, "OrderIndex", order);
+  SaveElement(project, element);
+  Call(element, "RestoreAllOperands");
+  console.out << "  undo       element " << oldId << " is deleted and comes back as element " << IdOf(element)
+              << '\n';
+}
+
+void Write(const fs::path& path, const Picture& picture, const char* what, const Console& console) {
+  WritePng(path.string(), picture);
+  console.out << "  picture    " << path.string() << ": " << what << '\n';
+}
+
+}  // namespace
+
+int DemoCommand(const std::string& folder, const Console& console) {
+  const fs::path home(folder);
+  std::error_code error;
+  fs::create_directories(home, error);
+  if (error) throw UserError("folder " + folder + " cannot be made: " + error.message());
+  const fs::path pagePath = home / "boiler.json";
+  const fs::path projectPath = home / "boiler.qz7";
+  for (const char* ending : {"", "-wal", "-shm"}) {
+    fs::remove(projectPath.string() + ending, error);
+    if (error)
+      throw UserError("file " + projectPath.string() + ending + " cannot be removed: " + error.message());
+  }
+
+  const std::string source(DemoPage());
+  WriteTextFile(pagePath.string(), source, "page file " + pagePath.string());
+  console.out << "quenzel7 demo\n";
+  console.out << "  page file  " << pagePath.string() << '\n';
+  console.out << "  project    ";
+  ImportCommand(pagePath.string(), projectPath.string(), console);
+
+  const Long number = ReadPageFile(source, "demo page").info.number;
+  Picture after;
+  {
+    ProjectSession project(projectPath.string(), corvane1::ProjectMode::Open);
+    after = project.Do([&] {
+      const LoadedPage page = LoadPage(project, ChoosePage(project, number), console);
+      Write(home / "before.png", RenderPage(page, console), "the page as imported", console);
+      project.OpenPage(number);
+      ado::Transaction transaction(project.Connection());
+      DragElements(project, page, console);
+      DeleteAndRestore(project, page, console);
+      transaction.Commit();
+      return RenderPage(page, console);
+    });
+  }
+  Write(home / "after.png", after, "after the drags, from the objects that were dragged", console);
+
+  ProjectSession project(projectPath.string(), corvane1::ProjectMode::ReadOnly);
+  const Picture reopened = project.Do(
+      [&] { return RenderPage(LoadPage(project, ChoosePage(project, number), console), console); });
+  Write(home / "reopened.png", reopened, "from the project opened again, in new objects", console);
+  if (const std::size_t differing = DifferingPixels(after, reopened); differing > 0) {
+    console.out << "  compared   after.png and reopened.png DIFFER in " << differing << " pixels\n";
+    return kPicturesDiffer;
+  }
+  console.out << "  compared   after.png and reopened.png are the same, pixel by pixel ("
+              << after.pixels.size() << " pixels)\n";
+  return 0;
+}
+
+}  // namespace quenzel7::cli

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <vector>
+
+#include "framework/element_contract.h"
+#include "framework/position.h"
+#include "hosts/cli/page_file.h"
+
+namespace quenzel7::cli {
+
+/// A drag of one element with the mouse.
+struct Drag {
+  /// The handle that is dragged; ePD_None moves the element.
+  enPickUpDirection handle = ePD_None;
+  /// Where the mouse is at each step, from where the drag began, in panel pixels.
+  struct Step {
+    Long dx, dy;
+  };
+  std::vector<Step> steps;
+};
+
+/// What became of a drag.
+struct DragResult {
+  /// The status of the last step.
+  enCollisionStatus status = eCS_Legall;
+  Descriptor before;
+  Descriptor after;
+};
+
+/// A map with one cell for each pixel of the panel, all free.
+automation::Variant FreeMap(const Panel& panel);
+
+/// Drags an element as a host does, by call by name: what a step proposes is shown and accepted when it is
+/// legal, else the element stays at its last legal place. The element is not saved.
+DragResult PerformDrag(ItfHmiElement& element, const Drag& drag, automation::Variant& map);
+
+}  // namespace quenzel7::cli

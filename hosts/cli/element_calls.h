@@ -1,0 +1,27 @@
+#pragma once
+
+#include <initializer_list>
+#include <string_view>
+
+#include "framework/element_contract.h"
+#include "platform/automation/call_by_name.h"
+#include "platform/automation/convert.h"
+
+/// What this host asks of elements, by call by name through ItfHmiElement.
+namespace quenzel7::cli {
+
+/// Calls a method of ItfHmiElement.
+inline automation::Variant Call(ItfHmiElement& element, std::string_view method,
+                                std::initializer_list<automation::Variant> arguments = {}) {
+  return automation::InvokeByName(element, ItfHmiElement::InterfaceOf(), method, arguments);
+}
+
+/// Reads a property of ItfHmiElement.
+inline automation::Variant Read(ItfHmiElement& element, std::string_view property) {
+  return automation::GetByName(element, ItfHmiElement::InterfaceOf(), property);
+}
+
+/// The key of the element's row; -1 when it has none.
+inline Long IdOf(ItfHmiElement& element) { return automation::To<Long>(Read(element, "ID")); }
+
+}  // namespace quenzel7::cli

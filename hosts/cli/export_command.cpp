@@ -1,0 +1,20 @@
+#include "hosts/cli/commands.h"
+#include "hosts/cli/page_store.h"
+#include "hosts/cli/text_file.h"
+
+namespace quenzel7::cli {
+
+int ExportCommand(const std::string& projectPath, Long page, const std::string& outputPath,
+                  const Console& console) {
+  ProjectSession project(projectPath, corvane1::ProjectMode::ReadOnly);
+  const std::string text =
+      project.Do([&] { return ExportPage(project, LoadPage(project, ChoosePage(project, page), console)); });
+  if (outputPath.empty()) {
+    console.out << text;
+  } else {
+    WriteTextFile(outputPath, text, "page file " + outputPath);
+  }
+  return 0;
+}
+
+}  // namespace quenzel7::cli

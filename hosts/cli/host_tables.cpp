@@ -1,0 +1,142 @@
+#include "hosts/cli/host_tables.h"
+
+#include <map>
+
+#include "hosts/cli/element_calls.h"
+#include "hosts/cli/json_document.h"
+#include "hosts/cli/page_properties.h"
+#include "hosts/cli/property_values.h"
+#include "hosts/cli/user_error.h"
+#include "platform/automation/call_by_name.h"
+#include "platform/automation/convert.h"
+
+namespace quenzel7::cli {
+namespace {
+
+using automation::Member;
+using automation::To;
+
+ado::RecordsetRef Query(ado::Connection& connection, const std::string& statement) {
+  return ado::OpenRecordset(connection, statement, ado::adOpenStatic, ado::adLockReadOnly);
+}
+
+/// A table with one new row to fill.
+ado::RecordsetRef NewRow(ado::Connection& connection, const std::string& table) {
+  auto row = ado::OpenRecordset(connection, "SELECT * FROM " + table + " WHERE 0=1", ado::adOpenStatic,
+                                ado::adLockOptimistic);
+  row->AddNew();
+  return row;
+}
+
+/// A project that another host made has none of this host's tables.
+bool HasTable(ado::Connection& connection, const std::string& table) {
+  return !Query(connection, "SELECT name FROM sqlite_master WHERE type='table' AND name='" + table + "'")
+              ->Eof();
+}
+
+PageInfo InfoOf(const ado::Recordset& row) {
+  PageInfo info;
+  info.number = To<Long>(row.Get("DisplayID"));
+  info.name = To<std::string>(row.Get("Name"));
+  info.panel = {To<Long>(row.Get("PanelType")), To<Long>(row.Get("Width")), To<Long>(row.Get("Height"))};
+  return info;
+}
+
+constexpr const char* kPages = "HostPages";
+constexpr const char* kProperties = "HostProperties";
+
+std::string OfPage(Long number) { return " WHERE DisplayID=" + std::to_string(number); }
+
+std::string OfElement(Long id) { return " WHERE ElementID=" + std::to_string(id); }
+
+}  // namespace
+
+void HostPages::Create() {
+  connection_.Execute(
+      "CREATE TABLE IF NOT EXISTS HostPages (DisplayID INTEGER NOT NULL UNIQUE, Name TEXT NOT NULL, "
+      "PanelType INTEGER NOT NULL, Width INTEGER NOT NULL, Height INTEGER NOT NULL, Source TEXT NOT NULL, "
+      "Imported TEXT NOT NULL)");
+}
+
+std::optional<KeptPage> HostPages::Find(Long number) const {
+  if (!HasTable(connection_, kPages)) return {};
+  const auto row = Query(connection_, "SELECT * FROM HostPages" + OfPage(number));
+  if (row->Eof()) return {};
+  return KeptPage{InfoOf(*row), To<std::string>(row->Get("Source")), To<std::string>(row->Get("Imported"))};
+}
+
+void HostPages::Keep(const KeptPage& page) {
+  connection_.Execute("DELETE * FROM HostPages" + OfPage(page.info.number));
+  const auto row = NewRow(connection_, kPages);
+  row->Put("DisplayID", page.info.number);
+  row->Put("Name", page.info.name);
+  row->Put("PanelType", page.info.panel.type);
+  row->Put("Width", page.info.panel.width);
+  row->Put("Height", page.info.panel.height);
+  row->Put("Source", page.source);
+  row->Put("Imported", page.imported);
+  row->Update();
+}
+
+std::vector<PageInfo> HostPages::All() const {
+  std::map<Long, PageInfo> pages;
+  const auto used = Query(connection_, "SELECT DISTINCT DisplayID FROM HMI_Elements");
+  for (; !used->Eof(); used->MoveNext()) {
+    PageInfo info;
+    info.number = To<Long>(used->Get("DisplayID"));
+    pages[info.number] = info;
+  }
+  if (HasTable(connection_, kPages)) {
+    const auto kept = Query(connection_, "SELECT DisplayID, Name, PanelType, Width, Height FROM HostPages");
+    for (; !kept->Eof(); kept->MoveNext()) {
+      const PageInfo info = InfoOf(*kept);
+      pages[info.number] = info;
+    }
+  }
+  std::vector<PageInfo> all;
+  for (const auto& [number, info] : pages) all.push_back(info);
+  return all;
+}
+
+void HostProperties::Create() {
+  connection_.Execute(
+      "CREATE TABLE IF NOT EXISTS HostProperties (ElementID INTEGER NOT NULL, Property TEXT NOT NULL, "
+      "Value TEXT NOT NULL, UNIQUE (ElementID, Property))");
+}
+
+void HostProperties::Keep(ItfHmiElement& element) {
+  const Long id = IdOf(element);
+  Forget(id);
+  ElementRef fresh;
+  for (const Member* property : PageProperties(element.Class())) {
+    if (property->mark != automation::Mark::NotStored) continue;
+    if (!fresh) fresh = ElementClasses::Create(element.Class());
+    const automation::Variant value = automation::GetByName(element, property->name);
+    if (value == automation::GetByName(*fresh, property->name)) continue;
+    const auto row = NewRow(connection_, kProperties);
+    row->Put("ElementID", id);
+    row->Put("Property", property->name);
+    row->Put("Value", JsonFromValue(property->type, value).dump());
+    row->Update();
+  }
+}
+
+void HostProperties::Apply(ItfHmiElement& element) const {
+  const auto row =
+      Query(connection_, "SELECT Property, Value FROM HostProperties" + OfElement(IdOf(element)));
+  for (; !row->Eof(); row->MoveNext()) {
+    const auto name = To<std::string>(row->Get("Property"));
+    AtPlace("property " + Quoted(name) + " in HostProperties", [&] {
+      const Member* property = element.Class().Default().Find(name);
+      if (!property) throw UserError("does not exist");
+      const Json value = ParseJson(To<std::string>(row->Get("Value")), "value");
+      automation::PutByName(element, name, ValueFromJson(property->type, value));
+    });
+  }
+}
+
+void HostProperties::Forget(Long elementId) {
+  connection_.Execute("DELETE * FROM HostProperties" + OfElement(elementId));
+}
+
+}  // namespace quenzel7::cli

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "framework/element_contract.h"
+#include "hosts/cli/page_file.h"
+#include "platform/ado/connection.h"
+
+/// The tables that this host keeps in a project beside those of the library.
+namespace quenzel7::cli {
+
+/// A page as it was imported.
+struct KeptPage {
+  PageInfo info;
+  /// The page file as it was.
+  std::string source;
+  /// All properties of all elements as they were after the import, in the form of a page file.
+  std::string imported;
+};
+
+/// The table HostPages: name and panel of each page, and the page file that it came from.
+class HostPages {
+ public:
+  explicit HostPages(ado::Connection& connection) : connection_(connection) {}
+
+  /// Makes the table where it is not there yet.
+  void Create();
+  /// The page of that number, if it was imported.
+  std::optional<KeptPage> Find(Long number) const;
+  /// Keeps a page in place of the one that had its number.
+  void Keep(const KeptPage& page);
+  /// All pages of the project by number, those that another host made with their number only.
+  std::vector<PageInfo> All() const;
+
+ private:
+  ado::Connection& connection_;
+};
+
+/// The table HostProperties: the properties that the library does not keep in an element's row
+/// (Mark::NotStored), where they differ from those of a new element. Values are written as in page files.
+class HostProperties {
+ public:
+  explicit HostProperties(ado::Connection& connection) : connection_(connection) {}
+
+  /// Makes the table where it is not there yet.
+  void Create();
+  /// Keeps the properties of a saved element in place of those kept before.
+  void Keep(ItfHmiElement& element);
+  /// Sets the kept properties of a loaded element. Throws UserError naming a property that cannot be set.
+  void Apply(ItfHmiElement& element) const;
+  /// Forgets the properties of an element.
+  void Forget(Long elementId);
+
+ private:
+  ado::Connection& connection_;
+};
+
+}  // namespace quenzel7::cli

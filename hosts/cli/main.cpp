@@ -1,0 +1,70 @@
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <limits>
+#include <string>
+
+#include "hosts/cli/commands.h"
+#include "hosts/cli/png_writer.h"
+#include "hosts/cli/user_error.h"
+
+int main(int argc, char** argv) {
+  using namespace quenzel7;
+
+  std::string pageFile, project, output;
+  std::string folder = "quenzel7-demo";
+  Long page = 0;
+  int scale = 1;
+
+  CLI::App app("Pages of operator panels: page files in and out of projects, pictures of pages.", "quenzel7");
+  app.set_version_flag("--version", "quenzel7 " QUENZEL7_VERSION);
+  app.require_subcommand(1);
+  const auto takeProject = [&project](CLI::App* command) {
+    command->add_option("PROJECT", project, "The project file")->required();
+  };
+  const auto takePage = [&page](CLI::App* command) {
+    command->add_option("--page", page, "The number of the page; not needed when the project has only one")
+        ->check(CLI::Range(Long{1}, std::numeric_limits<Long>::max()));
+  };
+
+  CLI::App* import = app.add_subcommand("import", "Bring a page file into a project");
+  import->add_option("PAGE.json", pageFile, "The page file")->required();
+  import->add_option("PROJECT", project, "The project file; it is made when it is not there")->required();
+
+  CLI::App* exportPage = app.add_subcommand("export", "Write a page of a project as a page file");
+  takeProject(exportPage);
+  takePage(exportPage);
+  exportPage->add_option("-o,--output", output, "The file to write, in place of standard output");
+
+  CLI::App* render = app.add_subcommand("render", "Paint a page of a project");
+  takeProject(render);
+  takePage(render);
+  render->add_option("-o,--output", output, "The PNG file to write")->required();
+  render->add_option("--scale", scale, "Paint every pixel as a square of so many pixels")
+      ->check(CLI::Range(1, cli::kLargestScale));
+
+  CLI::App* list = app.add_subcommand("list", "Tell the pages and elements of a project");
+  takeProject(list);
+
+  CLI::App* demo = app.add_subcommand("demo", "Build, paint, change and open again a project");
+  demo->add_option("-o,--output", folder, "The folder to write to")->capture_default_str();
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    if (error.get_exit_code() == 0) return app.exit(error);
+    std::cerr << cli::OneLine(std::string("quenzel7: ") + error.what() + "; quenzel7 --help tells more")
+              << std::endl;
+    return cli::kFailed;
+  }
+
+  const cli::Console console{std::cout, std::cerr, isatty(STDERR_FILENO) == 1};
+  return cli::RunCommand(console, [&] {
+    if (*import) return cli::ImportCommand(pageFile, project, console);
+    if (*exportPage) return cli::ExportCommand(project, page, output, console);
+    if (*render) return cli::RenderCommand(project, page, output, scale, console);
+    if (*list) return cli::ListCommand(project, console);
+    return cli::DemoCommand(folder, console);
+  });
+}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "hosts/cli/element_classes.h"
+#include "platform/automation/class_info.h"
+#include "platform/automation/variant.h"
+
+namespace quenzel7::cli {
+
+/// The panel that a page is for: its type number and its size in pixels.
+struct Panel {
+  Long type = 0;
+  Long width = 320;
+  Long height = 240;
+
+  friend bool operator==(const Panel&, const Panel&) = default;
+};
+
+/// Width and height of a panel are 1 to this many pixels.
+inline constexpr Long kLargestPanel = 4096;
+
+/// A page without its elements.
+struct PageInfo {
+  /// The number of the page in its project, from 1.
+  Long number = 1;
+  std::string name;
+  Panel panel;
+};
+
+/// One property and the value that it is given.
+struct PropertyValue {
+  const automation::Member* property;
+  automation::Variant value;
+};
+
+/// One element of a page file: its class and the properties that it gives, in the order of PageProperties.
+struct PageElement {
+  const automation::ClassInfo* elementClass;
+  std::vector<PropertyValue> values;
+};
+
+/// What a page file says. The first element is the lowest one.
+struct PageFile {
+  PageInfo info;
+  std::vector<PageElement> elements;
+};
+
+/// How messages name an element: "PLACE, element 7 (clsRectangle)", counted from 1.
+std::string ElementPlace(const std::string& place, std::size_t index, std::string_view className);
+
+/// Reads a page file. `place` says in messages what is read: "page file panel.json". Throws UserError naming
+/// the place, the element and the property for malformed JSON, a member that is missing, unknown or there
+/// twice, an unknown class, a property that does not exist or cannot be set, and a value that does not fit
+/// its type.
+PageFile ReadPageFile(std::string_view text, const std::string& place,
+                      const ElementClasses& classes = ElementClasses::All());
+
+/// Makes the element: a fresh one of the class with the properties set, through call by name. Raises what the
+/// class raises, with the property's name.
+ElementRef MakeElement(const PageElement& element);
+
+/// The page with the properties that differ from those of a fresh element, and position and size always.
+std::string CanonicalPageText(const PageInfo& info, const std::vector<ElementRef>& elements);
+
+/// The page with all properties of each element.
+std::string CompletePageText(const PageInfo& info, const std::vector<ElementRef>& elements);
+
+}  // namespace quenzel7::cli

@@ -1,0 +1,193 @@
+#include <algorithm>
+#include <limits>
+
+#include "hosts/cli/json_document.h"
+#include "hosts/cli/page_file.h"
+#include "hosts/cli/page_properties.h"
+#include "hosts/cli/property_values.h"
+#include "hosts/cli/user_error.h"
+#include "platform/automation/call_by_name.h"
+
+namespace quenzel7::cli {
+namespace {
+
+using automation::ClassInfo;
+using automation::Mark;
+using automation::Member;
+
+constexpr Long kHighest = std::numeric_limits<Long>::max();
+
+void RequireObject(const Json& value) {
+  if (!value.is_object()) throw UserError("must be an object, " + Shown(value) + " was given");
+}
+
+/// Throws for a key that is there twice, whatever its case. Asked when all keys are known to be good: so
+/// there are few before the first one that comes again.
+void RequireSingleKeys(const Json& object, const std::string& kind) {
+  std::vector<std::string_view> seen;
+  for (const auto& [key, value] : object.items()) {
+    for (const std::string_view other : seen) {
+      if (automation::EqualFolded(key, other)) throw UserError(kind + Quoted(key) + " is given twice");
+    }
+    seen.push_back(key);
+  }
+}
+
+/// The members of an object that has a fixed set of them.
+class Members {
+ public:
+  Members(const Json& object, const std::vector<std::string_view>& known) : object_(object) {
+    RequireObject(object);
+    for (const auto& [key, value] : object.items()) {
+      const auto isKey = [&asked = key](std::string_view name) {
+        return automation::EqualFolded(name, asked);
+      };
+      if (std::none_of(known.begin(), known.end(), isKey)) {
+        throw UserError(Quoted(key) + " does not exist; nearest is " +
+                        Quoted(automation::NearestName(key, known)));
+      }
+    }
+    RequireSingleKeys(object, "");
+  }
+
+  const Json* Find(std::string_view name) const {
+    for (const auto& [key, value] : object_.items()) {
+      if (automation::EqualFolded(key, name)) return &value;
+    }
+    return nullptr;
+  }
+  const Json& Get(std::string_view name) const {
+    const Json* value = Find(name);
+    if (!value) throw UserError(Quoted(name) + " is missing");
+    return *value;
+  }
+
+ private:
+  const Json& object_;
+};
+
+/// What `read` makes of a value, its errors telling the value's name.
+template <class Read>
+auto Named(const std::string& name, const Read& read) {
+  try {
+    return read();
+  } catch (const UserError& error) {
+    throw UserError(name + " " + error.what());
+  }
+}
+
+Long NumberMember(const Members& members, std::string_view name, Long lowest, Long highest) {
+  const Json& value = members.Get(name);
+  return Named(Quoted(name), [&] { return WholeNumberFromJson(value, lowest, highest); });
+}
+
+Panel ReadPanel(const Json& json) {
+  const Members members(json, {"type", "width", "height"});
+  Panel panel;
+  panel.type = NumberMember(members, "type", 0, kHighest);
+  panel.width = NumberMember(members, "width", 1, kLargestPanel);
+  panel.height = NumberMember(members, "height", 1, kLargestPanel);
+  return panel;
+}
+
+bool IsClassKey(std::string_view key) { return automation::EqualFolded(key, "class"); }
+
+const ClassInfo& ReadClass(const Json& element, const ElementClasses& classes) {
+  for (const auto& [key, value] : element.items()) {
+    if (!IsClassKey(key)) continue;
+    const std::string& name = Named(Quoted("class"), [&value = value] { return TextFromJson(value); });
+    return classes.Named(name);
+  }
+  throw UserError("\"class\" is missing");
+}
+
+const Member& FindProperty(const ClassInfo& elementClass, const std::vector<const Member*>& properties,
+                           const std::string& name) {
+  const Member* member = elementClass.Default().Find(name);
+  const std::string named = "property " + Quoted(name);
+  if (!member) {
+    std::vector<std::string_view> names;
+    for (const Member* property : properties) names.push_back(property->name);
+    throw UserError(named + " does not exist; nearest is " + Quoted(automation::NearestName(name, names)));
+  }
+  if (member->IsMethod()) throw UserError(Quoted(name) + " is a method, not a property");
+  if (member->mark == Mark::Identity) {
+    throw UserError(named + " cannot be set: it is given by the project and the element's place in the file");
+  }
+  if (std::find(properties.begin(), properties.end(), member) == properties.end()) {
+    throw UserError(named + " cannot be set in a page file");
+  }
+  return *member;
+}
+
+std::vector<PropertyValue> ReadValues(const Json& element, const ClassInfo& elementClass) {
+  const std::vector<const Member*> properties = PageProperties(elementClass);
+  std::vector<PropertyValue> values;
+  for (const auto& [key, value] : element.items()) {
+    if (IsClassKey(key)) continue;
+    const Member& property = FindProperty(elementClass, properties, key);
+    values.push_back({&property, Named("property " + Quoted(property.name), [&property, &value = value] {
+                        return ValueFromJson(property.type, value);
+                      })});
+  }
+  const auto place = [&properties](const PropertyValue& value) {
+    return std::find(properties.begin(), properties.end(), value.property);
+  };
+  std::sort(values.begin(), values.end(),
+            [&place](const PropertyValue& a, const PropertyValue& b) { return place(a) < place(b); });
+  return values;
+}
+
+PageElement ReadElement(const Json& json, const std::string& place, std::size_t index,
+                        const ElementClasses& classes) {
+  const ClassInfo& elementClass =
+      AtPlace(place + ", element " + std::to_string(index), [&]() -> const ClassInfo& {
+        RequireObject(json);
+        return ReadClass(json, classes);
+      });
+  return AtPlace(ElementPlace(place, index, elementClass.name), [&] {
+    PageElement element{&elementClass, ReadValues(json, elementClass)};
+    RequireSingleKeys(json, "property ");
+    return element;
+  });
+}
+
+}  // namespace
+
+std::string ElementPlace(const std::string& place, std::size_t index, std::string_view className) {
+  return place + ", element " + std::to_string(index) + " (" + std::string(className) + ")";
+}
+
+PageFile ReadPageFile(std::string_view text, const std::string& place, const ElementClasses& classes) {
+  const Json json = ParseJson(text, place);
+  PageFile page;
+  const Json* elements = nullptr;
+  AtPlace(place, [&] {
+    const Members members(json, {"page", "name", "panel", "elements"});
+    page.info.number = NumberMember(members, "page", 1, kHighest);
+    if (const Json* name = members.Find("name")) {
+      page.info.name = Named(Quoted("name"), [name] { return TextFromJson(*name); });
+    }
+    page.info.panel = AtPlace("\"panel\"", [&members] { return ReadPanel(members.Get("panel")); });
+    elements = &members.Get("elements");
+    if (!elements->is_array()) {
+      throw UserError("\"elements\" must be an array, " + Shown(*elements) + " was given");
+    }
+  });
+  page.elements.reserve(elements->size());
+  for (const Json& element : *elements) {
+    page.elements.push_back(ReadElement(element, place, page.elements.size() + 1, classes));
+  }
+  return page;
+}
+
+ElementRef MakeElement(const PageElement& element) {
+  ElementRef made = ElementClasses::Create(*element.elementClass);
+  for (const PropertyValue& value : element.values) {
+    AtPlace("property " + Quoted(value.property->name),
+            [&] { automation::PutByName(*made, value.property->name, value.value); });
+  }
+  return made;
+}
+
+}  // namespace quenzel7::cli

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "hosts/cli/console.h"
+#include "hosts/cli/page_file.h"
+#include "hosts/cli/project_session.h"
+
+namespace quenzel7::cli {
+
+/// A page with its elements, the lowest first.
+struct LoadedPage {
+  PageInfo info;
+  std::vector<ElementRef> elements;
+};
+
+/// The page of that number, or the only page when `number` is 0. Throws UserError that tells the pages that
+/// there are.
+PageInfo ChoosePage(ProjectSession& project, Long number);
+
+/// Loads the elements of a page, with the properties that the host keeps for them. Throws UserError naming a
+/// row that does not load.
+LoadedPage LoadPage(ProjectSession& project, const PageInfo& info, const Console& console,
+                    const ElementClasses& classes = ElementClasses::All());
+
+/// What an import did.
+struct ImportResult {
+  /// Whether the project had the page before, and with how many elements.
+  bool replaced = false;
+  std::size_t elementsBefore = 0;
+};
+
+/// Brings a page file into a project, in place of the page of its number if there is one, in one transaction.
+/// `source` is the text of the file and `place` how messages call it. Throws UserError; the project is then
+/// as it was.
+ImportResult ImportPage(ProjectSession& project, const PageFile& page, std::string_view source,
+                        const std::string& place, const Console& console);
+
+/// The page file of a page: the text that was imported when the page is still what it said, else the
+/// canonical one.
+std::string ExportPage(ProjectSession& project, const LoadedPage& page);
+
+/// Saves a changed element of the open page and the properties that the host keeps for it.
+void SaveElement(ProjectSession& project, ItfHmiElement& element);
+
+}  // namespace quenzel7::cli

@@ -1,0 +1,16 @@
+#include "hosts/cli/commands.h"
+#include "hosts/cli/png_writer.h"
+#include "hosts/cli/renderer.h"
+
+namespace quenzel7::cli {
+
+int RenderCommand(const std::string& projectPath, Long page, const std::string& outputPath, int scale,
+                  const Console& console) {
+  ProjectSession project(projectPath, corvane1::ProjectMode::ReadOnly);
+  const Picture picture =
+      project.Do([&] { return RenderPage(LoadPage(project, ChoosePage(project, page), console), console); });
+  WritePng(outputPath, picture, scale);
+  return 0;
+}
+
+}  // namespace quenzel7::cli

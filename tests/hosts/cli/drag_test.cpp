@@ -1,0 +1,72 @@
+#include "hosts/cli/drag.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/automation/array.h"
+#include "shapes/rectangle.h"
+
+namespace quenzel7::cli {
+namespace {
+
+class DragTest : public ::testing::Test {
+ protected:
+  DragTest() : map_(FreeMap({1, 100, 80})) {
+    rectangle_.Xs(10);
+    rectangle_.Ys(20);
+    rectangle_.Dx(30);
+    rectangle_.Dy(10);
+  }
+  DragResult Perform(enPickUpDirection handle, std::vector<Drag::Step> steps) {
+    return PerformDrag(rectangle_, {handle, std::move(steps)}, map_);
+  }
+  Descriptor At(Long location) {
+    Descriptor place;
+    static_cast<ItfHmiElement&>(rectangle_).GetBoundingRect(place.xs, place.ys, place.dx, place.dy, location);
+    return place;
+  }
+
+  clsRectangle rectangle_;
+  automation::Variant map_;
+};
+
+TEST_F(DragTest, TheMapHasOneFreeCellForEachPixel) {
+  const automation::Array& cells = map_.Elements();
+  EXPECT_EQ(cells.Dimensions(), 2);
+  EXPECT_EQ(cells.LowerBound(1), 0);
+  EXPECT_EQ(cells.UpperBound(1), 99);
+  EXPECT_EQ(cells.LowerBound(2), 0);
+  EXPECT_EQ(cells.UpperBound(2), 79);
+  EXPECT_EQ(cells.At(99, 79), automation::Variant(Byte{0}));
+}
+
+TEST_F(DragTest, AMoveEndsWhereItsLastLegalStepWas) {
+  const DragResult result = Perform(ePD_None, {{5, 5}, {20, 6}});
+  EXPECT_EQ(result.status, eCS_Legall);
+  EXPECT_EQ(result.before, (Descriptor{10, 20, 30, 10}));
+  EXPECT_EQ(result.after, (Descriptor{30, 26, 30, 10}));
+  EXPECT_EQ(At(4), result.after);
+}
+
+TEST_F(DragTest, AStepOutOfRangeLeavesTheElementAtItsLastLegalPlace) {
+  const DragResult result = Perform(ePD_None, {{5, 5}, {60, 0}});
+  EXPECT_EQ(result.status, eCS_OutOfRAnge);
+  EXPECT_EQ(result.after, (Descriptor{15, 25, 30, 10}));
+  EXPECT_EQ(At(4), result.after);
+}
+
+TEST_F(DragTest, AStretchMovesTheEdgeOfItsHandle) {
+  EXPECT_EQ(Perform(ePD_Right, {{7, 3}}).after, (Descriptor{10, 20, 37, 10}));
+}
+
+TEST_F(DragTest, AStretchPastTheOtherEdgeFlips) {
+  EXPECT_EQ(Perform(ePD_Right, {{-38, 0}}).after, (Descriptor{2, 20, 8, 10}));
+}
+
+TEST_F(DragTest, ADragWithoutLegalStepsChangesNothing) {
+  const DragResult result = Perform(ePD_Right, {{-30, 0}});
+  EXPECT_EQ(result.status, eCS_Overlap);
+  EXPECT_EQ(result.after, result.before);
+}
+
+}  // namespace
+}  // namespace quenzel7::cli

@@ -1,0 +1,154 @@
+#include "hosts/cli/host_tables.h"
+
+#include <gtest/gtest.h>
+
+#include "shapes/rectangle.h"
+#include "tests/hosts/cli/cli_project.h"
+#include "tests/hosts/cli/every_kind_element.h"
+
+namespace quenzel7::cli {
+namespace {
+
+using HostPagesTest = test::CliProjectTest;
+using HostPropertiesTest = test::CliProjectTest;
+
+TEST_F(HostPagesTest, GiveBackAllThatWasKept) {
+  HostPages pages(Connection());
+  pages.Create();
+  pages.Keep({{4, "Käse's", {3, 480, 272}}, "source 'x'\r\n", "imported"});
+  const auto kept = HostPages(Connection()).Find(4);
+  ASSERT_TRUE(kept);
+  EXPECT_EQ(kept->info.number, 4);
+  EXPECT_EQ(kept->info.name, "Käse's");
+  EXPECT_EQ(kept->info.panel, (Panel{3, 480, 272}));
+  EXPECT_EQ(kept->source, "source 'x'\r\n");
+  EXPECT_EQ(kept->imported, "imported");
+}
+
+TEST_F(HostPagesTest, AnotherPageIsNotFound) {
+  HostPages pages(Connection());
+  EXPECT_FALSE(pages.Find(4));
+  pages.Create();
+  pages.Keep({{4, "", {}}, "", ""});
+  EXPECT_FALSE(pages.Find(5));
+}
+
+TEST_F(HostPagesTest, CreatingTwiceKeepsThePages) {
+  HostPages pages(Connection());
+  pages.Create();
+  pages.Keep({{4, "a", {}}, "", ""});
+  pages.Create();
+  EXPECT_TRUE(pages.Find(4));
+}
+
+TEST_F(HostPagesTest, APageTakesThePlaceOfItsNumber) {
+  HostPages pages(Connection());
+  pages.Create();
+  pages.Keep({{4, "a", {}}, "", ""});
+  pages.Keep({{5, "b", {}}, "", ""});
+  pages.Keep({{4, "c", {}}, "", ""});
+  EXPECT_EQ(Rows("SELECT DisplayID, Name FROM HostPages ORDER BY DisplayID", {"DisplayID", "Name"}),
+            (std::vector<std::string>{"4 c", "5 b"}));
+}
+
+TEST_F(HostPagesTest, AllAreThoseKeptAndThoseThatElementsStandOn) {
+  HostPages pages(Connection());
+  EXPECT_TRUE(pages.All().empty());
+  Connection().Execute("INSERT INTO HMI_Elements (DisplayID, Type) VALUES (9, 1)");
+  Connection().Execute("INSERT INTO HMI_Elements (DisplayID, Type) VALUES (2, 1)");
+  Connection().Execute("INSERT INTO HMI_Elements (DisplayID, Type) VALUES (2, 1)");
+  ASSERT_EQ(pages.All().size(), 2u);
+  pages.Create();
+  pages.Keep({{2, "two", {1, 128, 64}}, "", ""});
+  pages.Keep({{5, "five", {2, 64, 32}}, "", ""});
+  const std::vector<PageInfo> all = pages.All();
+  ASSERT_EQ(all.size(), 3u);
+  EXPECT_EQ(all[0].number, 2);
+  EXPECT_EQ(all[0].name, "two");
+  EXPECT_EQ(all[0].panel, (Panel{1, 128, 64}));
+  EXPECT_EQ(all[1].number, 5);
+  EXPECT_EQ(all[2].number, 9);
+  EXPECT_EQ(all[2].name, "");
+  EXPECT_EQ(all[2].panel, (Panel{0, 320, 240}));
+}
+
+TEST_F(HostPropertiesTest, KeepsWhatTheRowDoesNotAndWhatDiffers) {
+  HostProperties properties(Connection());
+  properties.Create();
+  clsRectangle solid;
+  static_cast<ItfHmiElement&>(solid).ID(5);
+  solid.FillStyle(eFS_Solid);
+  solid.ColorBack(7);
+  properties.Keep(solid);
+  clsRectangle hollow;
+  static_cast<ItfHmiElement&>(hollow).ID(6);
+  properties.Keep(hollow);
+  EXPECT_EQ(Rows("SELECT * FROM HostProperties", {"ElementID", "Property", "Value"}),
+            (std::vector<std::string>{"5 FillStyle \"eFS_Solid\""}));
+}
+
+TEST_F(HostPropertiesTest, AreSetOnTheElementOfTheirRow) {
+  HostProperties properties(Connection());
+  properties.Create();
+  properties.Create();
+  clsRectangle solid;
+  static_cast<ItfHmiElement&>(solid).ID(5);
+  solid.FillStyle(eFS_Solid);
+  properties.Keep(solid);
+  clsRectangle loaded;
+  static_cast<ItfHmiElement&>(loaded).ID(6);
+  properties.Apply(loaded);
+  EXPECT_EQ(loaded.FillStyle(), eFS_Hollow);
+  static_cast<ItfHmiElement&>(loaded).ID(5);
+  properties.Apply(loaded);
+  EXPECT_EQ(loaded.FillStyle(), eFS_Solid);
+}
+
+TEST_F(HostPropertiesTest, AreReplacedAndForgotten) {
+  HostProperties properties(Connection());
+  properties.Create();
+  clsRectangle element;
+  static_cast<ItfHmiElement&>(element).ID(5);
+  element.FillStyle(eFS_Solid);
+  properties.Keep(element);
+  properties.Keep(element);
+  EXPECT_EQ(Rows("SELECT * FROM HostProperties", {"ElementID"}), std::vector<std::string>{"5"});
+  properties.Forget(6);
+  EXPECT_EQ(Rows("SELECT * FROM HostProperties", {"ElementID"}), std::vector<std::string>{"5"});
+  element.FillStyle(eFS_Hollow);
+  properties.Keep(element);
+  EXPECT_TRUE(Rows("SELECT * FROM HostProperties", {"ElementID"}).empty());
+  element.FillStyle(eFS_Solid);
+  properties.Keep(element);
+  properties.Forget(5);
+  EXPECT_TRUE(Rows("SELECT * FROM HostProperties", {"ElementID"}).empty());
+}
+
+TEST_F(HostPropertiesTest, TellWhatCannotBeSet) {
+  HostProperties properties(Connection());
+  properties.Create();
+  clsRectangle element;
+  static_cast<ItfHmiElement&>(element).ID(5);
+  const auto error = [&](const std::string& name, const std::string& value) {
+    Connection().Execute("DELETE * FROM HostProperties");
+    Connection().Execute("INSERT INTO HostProperties (ElementID, Property, Value) VALUES (5, '" + name +
+                         "', '" + value + "')");
+    return test::MessageOf([&] { properties.Apply(element); });
+  };
+  EXPECT_EQ(error("Gone", "1"), "property \"Gone\" in HostProperties: does not exist");
+  EXPECT_EQ(
+      error("FillStyle", "1.5"),
+      "property \"FillStyle\" in HostProperties: must be a member of enFillStyle or a whole number, 1.5 was "
+      "given");
+  EXPECT_EQ(error("FillStyle", "[").substr(0, 62),
+            "property \"FillStyle\" in HostProperties: value, line 1, column 2");
+}
+
+TEST_F(HostPropertiesTest, AProjectOfAnotherHostHasNone) {
+  clsRectangle element;
+  HostProperties(Connection()).Apply(element);
+  EXPECT_EQ(element.FillStyle(), eFS_Hollow);
+}
+
+}  // namespace
+}  // namespace quenzel7::cli

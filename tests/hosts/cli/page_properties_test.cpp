@@ -1,0 +1,39 @@
+#include "hosts/cli/page_properties.h"
+
+#include <gtest/gtest.h>
+
+#include "shapes/rectangle.h"
+#include "tests/hosts/cli/every_kind_element.h"
+
+namespace quenzel7::cli {
+namespace {
+
+std::vector<std::string_view> NamesOf(const automation::ClassInfo& elementClass) {
+  std::vector<std::string_view> names;
+  for (const automation::Member* property : PageProperties(elementClass)) names.push_back(property->name);
+  return names;
+}
+
+TEST(PageProperties, ListPositionThenSlots) {
+  EXPECT_EQ(NamesOf(clsRectangle::ClassOf()),
+            (std::vector<std::string_view>{"Xs", "Ys", "Dx", "Dy", "VisibleOpAddr", "TouchOprndAddr",
+                                           "HatchStyle", "PenWidth", "PenStyle", "FillStyle", "ColorHatch",
+                                           "ColorFore", "ColorBack", "ColorForeTouch", "ColorBackTouch"}));
+}
+
+TEST(PageProperties, LeaveOutIdentityUnfitTypesAndWhatIsReadOrWriteOnly) {
+  EXPECT_EQ(NamesOf(test::EveryKindElement::ClassOf()),
+            (std::vector<std::string_view>{"Xs", "Dx", "Label", "Small", "Middle", "Ratio", "Fine", "Shown",
+                                           "Style", "Body"}));
+}
+
+TEST(PageProperties, PositionIsXsYsDxDy) {
+  for (const auto* property : PageProperties(clsRectangle::ClassOf())) {
+    const bool expected =
+        property->name == "Xs" || property->name == "Ys" || property->name == "Dx" || property->name == "Dy";
+    EXPECT_EQ(IsPositionProperty(*property), expected) << property->name;
+  }
+}
+
+}  // namespace
+}  // namespace quenzel7::cli

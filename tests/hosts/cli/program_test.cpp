@@ -1,0 +1,363 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "hosts/cli/text_file.h"
+#include "platform/ado/connection.h"
+#include "platform/corvane1/project_file.h"
+#include "tests/hosts/cli/cli_project.h"
+#include "tests/hosts/cli/png_reader.h"
+#include "tests/hosts/cli/run_program.h"
+#include "tests/support/temporary_folder.h"
+
+/// Runs the built program as a user does.
+namespace quenzel7::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ProgramTest : public test::CliProjectTest {
+ protected:
+  void SetUp() override {}
+  void TearDown() override {}
+
+  test::ProgramRun Run(const std::vector<std::string>& arguments) {
+    return test::RunProgram(folder_.File(""), arguments);
+  }
+  std::string File(const std::string& name) const { return folder_.File(name); }
+  void Write(const std::string& name, const std::string& text) { WriteTextFile(File(name), text, "file"); }
+  std::string TextOf(const std::string& name) { return ReadTextFile(File(name), "file"); }
+  void ImportPages(const std::vector<Long>& numbers) {
+    for (const Long number : numbers) {
+      Write("ok.json", PageText(number, {ElementText(number, 2, 30, 40, "\"TouchOprndAddr\": 5")}));
+      ASSERT_EQ(Run({"import", "ok.json", "p.qz7"}).status, 0);
+    }
+  }
+  void ExpectFailure(const std::vector<std::string>& arguments, const std::string& line) {
+    const test::ProgramRun run = Run(arguments);
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, line + "\n");
+  }
+  std::vector<std::string> Files() {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder_.File("")))
+      names.push_back(entry.path().filename());
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+  void InProject(const std::string& statement) {
+    const ado::ConnectionRef connection = corvane1::OpenProject(File("p.qz7"), corvane1::ProjectMode::Open);
+    connection->Execute(statement);
+    connection->Close();
+  }
+
+ private:
+  quenzel7::test::TemporaryFolder folder_;
+};
+
+TEST_F(ProgramTest, TellsItsVersion) {
+  const auto run = Run({"--version"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "quenzel7 " QUENZEL7_VERSION "\n");
+}
+
+TEST_F(ProgramTest, HelpTellsEveryCommand) {
+  const auto run = Run({"--help"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "");
+  for (const char* command : {"import", "export", "render", "list", "demo"}) {
+    EXPECT_NE(run.out.find(command), std::string::npos) << command;
+    const auto help = Run({command, "--help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_NE(help.out.find(command), std::string::npos);
+  }
+}
+
+TEST_F(ProgramTest, WrongUseIsOneLine) {
+  const std::string more = "; quenzel7 --help tells more";
+  ExpectFailure({}, "quenzel7: A subcommand is required" + more);
+  ExpectFailure({"import"}, "quenzel7: PAGE.json is required" + more);
+  ExpectFailure({"import", "a"}, "quenzel7: PROJECT is required" + more);
+  ExpectFailure({"render", "p"}, "quenzel7: --output is required" + more);
+  ExpectFailure({"list", "p", "q"}, "quenzel7: The following argument was not expected: q" + more);
+  for (const char* scale : {"0", "17", "1.5", "x"}) {
+    EXPECT_EQ(Run({"render", "p", "-o", "x", "--scale", scale}).status, 2) << scale;
+  }
+  for (const char* page : {"0", "-1", "2147483648", "x"}) {
+    const auto run = Run({"export", "p", "--page", page});
+    EXPECT_EQ(run.status, 2) << page;
+    EXPECT_EQ(run.err.substr(0, 16), "quenzel7: --page");
+  }
+}
+
+TEST_F(ProgramTest, ImportsIntoANewProject) {
+  Write("panel.json", PageText(1, {ElementText(1, 2, 30, 40), ElementText(1, 2, 30, 40)}));
+  const auto run = Run({"import", "panel.json", "p.qz7"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.out, "page 1: 2 elements imported into p.qz7\n");
+  EXPECT_EQ(Files(), (std::vector<std::string>{"p.qz7", "panel.json"}));
+}
+
+TEST_F(ProgramTest, TellsWhatAnImportReplaced) {
+  ImportPages({1});
+  Write("panel.json", PageText(1, {ElementText(1, 2, 30, 40), ElementText(1, 2, 30, 40)}));
+  EXPECT_EQ(Run({"import", "panel.json", "p.qz7"}).out,
+            "page 1: 2 elements imported into p.qz7, in place of 1 element\n");
+  EXPECT_EQ(Files(), (std::vector<std::string>{"ok.json", "p.qz7", "panel.json"}));
+}
+
+TEST_F(ProgramTest, ExportGivesThePageFileByteForByte) {
+  const std::string canonical = PageText(1, {ElementText(1, 2, 30, 40, "\"PenStyle\": \"ePS_Dash\"")});
+  std::string windows;
+  for (const char letter : canonical)
+    windows += letter == '\n' ? std::string("\r\n") : std::string(1, letter);
+  for (const std::string& text : {canonical, windows, " " + canonical}) {
+    Write("panel.json", text);
+    ASSERT_EQ(Run({"import", "panel.json", "p.qz7"}).status, 0);
+    const auto run = Run({"export", "p.qz7"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out, text);
+    const auto toFile = Run({"export", "p.qz7", "--page", "1", "-o", "out.json"});
+    EXPECT_EQ(toFile.status, 0);
+    EXPECT_EQ(toFile.out, "");
+    EXPECT_EQ(TextOf("out.json"), text);
+  }
+}
+
+TEST_F(ProgramTest, AnEditedPageIsExportedInCanonicalForm) {
+  Write("panel.json",
+        "{\"page\":1,\"name\":\"Boiler\",\"panel\":{\"type\":1,\"width\":320,\"height\":240},"
+        "\"elements\":[{\"class\":\"clsRectangle\",\"Dx\":3}]}");
+  ASSERT_EQ(Run({"import", "panel.json", "p.qz7"}).status, 0);
+  InProject("UPDATE HMI_Elements SET Xs=7");
+  EXPECT_EQ(Run({"export", "p.qz7"}).out, PageText(1, {ElementText(7, 0, 3, 0)}));
+}
+
+TEST_F(ProgramTest, RendersThePage) {
+  Write("panel.json", R"({"page": 1, "panel": {"type": 1, "width": 4, "height": 2}, "elements": [
+    {"class": "clsRectangle", "Xs": 1, "Dx": 2, "Dy": 1, "FillStyle": "eFS_Solid", "ColorBack": 9, "ColorFore": 9}]})");
+  ASSERT_EQ(Run({"import", "panel.json", "p.qz7"}).status, 0);
+  const auto run = Run({"render", "p.qz7", "-o", "x.png"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out + run.err, "");
+  const Picture picture = test::ReadPng(File("x.png"));
+  constexpr std::uint32_t W = 0xFFFFFF, B = 0;
+  EXPECT_EQ(picture.width, 4);
+  EXPECT_EQ(picture.pixels, (std::vector<std::uint32_t>{W, B, B, W, W, W, W, W}));
+  ASSERT_EQ(Run({"render", "p.qz7", "--page", "1", "-o", "x.png", "--scale", "16"}).status, 0);
+  const Picture large = test::ReadPng(File("x.png"));
+  EXPECT_EQ(large.width, 64);
+  EXPECT_EQ(large.height, 32);
+  EXPECT_EQ(large.pixels[15], W);
+  EXPECT_EQ(large.pixels[16], B);
+  EXPECT_EQ(Files(), (std::vector<std::string>{"p.qz7", "panel.json", "x.png"}));
+}
+
+TEST_F(ProgramTest, ListsPagesAndElements) {
+  ImportPages({12, 3});
+  const auto run = Run({"list", "p.qz7"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out,
+            "page  name    panel  size     elements\n"
+            "   3  Boiler      1  320x240         1\n"
+            "  12  Boiler      1  320x240         1\n"
+            "\n"
+            "page  order  ID  class         tool tip\n"
+            "   3      1   2  clsRectangle  (Touch - MB 5) Pos: 3, 2 ; Size: 30, 40\n"
+            "  12      1   1  clsRectangle  (Touch - MB 5) Pos: 12, 2 ; Size: 30, 40\n");
+}
+
+TEST_F(ProgramTest, ReadingAProjectLeavesItAsItIs) {
+  ImportPages({1});
+  const std::string before = TextOf("p.qz7");
+  Run({"export", "p.qz7"});
+  Run({"list", "p.qz7"});
+  Run({"render", "p.qz7", "-o", "x.png"});
+  EXPECT_EQ(TextOf("p.qz7"), before);
+  EXPECT_EQ(Files(), (std::vector<std::string>{"ok.json", "p.qz7", "x.png"}));
+}
+
+TEST_F(ProgramTest, PagesThatAreNotThereAreTold) {
+  ImportPages({1});
+  for (const char* command : {"export", "render"}) {
+    ExpectFailure({command, "p.qz7", "--page", "5", "-o", "x"},
+                  "project p.qz7 has no page 5; there is page 1");
+  }
+  ImportPages({4});
+  for (const char* command : {"export", "render"}) {
+    ExpectFailure({command, "p.qz7", "-o", "x"},
+                  "project p.qz7 has several pages (1, 4): choose one with --page");
+  }
+  EXPECT_FALSE(fs::exists(File("x")));
+}
+
+TEST_F(ProgramTest, ProjectsThatAreNotThereAreTold) {
+  for (const std::vector<std::string>& command : {std::vector<std::string>{"export", "none.qz7"},
+                                                  {"list", "none.qz7"},
+                                                  {"render", "none.qz7", "-o", "x.png"}}) {
+    ExpectFailure(command, "project file \"none.qz7\": there is no such file");
+  }
+  EXPECT_TRUE(Files().empty());
+}
+
+TEST_F(ProgramTest, AFileThatIsNoProjectIsRefusedAndStays) {
+  Write("ok.json", PageText(1, {}));
+  Write("notes.txt", "These are notes.\n");
+  const std::string line =
+      "project file \"notes.txt\": is not a project: it does not begin as a database file does";
+  for (const std::vector<std::string>& command : {std::vector<std::string>{"import", "ok.json", "notes.txt"},
+                                                  {"export", "notes.txt"},
+                                                  {"list", "notes.txt"},
+                                                  {"render", "notes.txt", "-o", "x.png"}}) {
+    ExpectFailure(command, line);
+  }
+  EXPECT_EQ(TextOf("notes.txt"), "These are notes.\n");
+  EXPECT_EQ(Files(), (std::vector<std::string>{"notes.txt", "ok.json"}));
+}
+
+TEST_F(ProgramTest, AnEmptyFileIsNoProject) {
+  Write("ok.json", PageText(1, {}));
+  Write("empty.qz7", "");
+  ExpectFailure({"import", "ok.json", "empty.qz7"},
+                "project file \"empty.qz7\": is not a project: it does not begin as a database file does");
+  EXPECT_EQ(TextOf("empty.qz7"), "");
+}
+
+TEST_F(ProgramTest, AFolderForANewProjectMustBeThere) {
+  Write("ok.json", PageText(1, {}));
+  ExpectFailure({"import", "ok.json", "none/p.qz7"}, "project file \"none/p.qz7\": there is no such folder");
+  EXPECT_EQ(Files(), (std::vector<std::string>{"ok.json"}));
+}
+
+TEST_F(ProgramTest, RowsThatDoNotLoadAreNamed) {
+  ImportPages({1});
+  InProject("UPDATE HMI_Elements SET Type=99");
+  const std::string line = "project p.qz7, row 1 of HMI_Elements: there is no class of element type 99";
+  ExpectFailure({"export", "p.qz7"}, line);
+  ExpectFailure({"list", "p.qz7"}, line);
+  ExpectFailure({"render", "p.qz7", "-o", "x.png"}, line);
+  ExpectFailure({"import", "ok.json", "p.qz7"}, line);
+  EXPECT_FALSE(fs::exists(File("x.png")));
+}
+
+TEST_F(ProgramTest, OutputsThatCannotBeWrittenAreTold) {
+  ImportPages({1});
+  ExpectFailure({"export", "p.qz7", "-o", "none/x.json"},
+                "page file none/x.json cannot be written: No such file or directory");
+  ExpectFailure({"render", "p.qz7", "-o", "none/x.png"},
+                "picture none/x.png cannot be written: No such file or directory");
+  ExpectFailure({"render", "p.qz7", "-o", "."}, "picture . cannot be written: Is a directory");
+  const auto run = test::RunProgramWithOutputTo(File(""), {"export", "p.qz7"}, "/dev/full");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "standard output cannot be written\n");
+}
+
+std::string WithElement(const std::string& element) {
+  return R"({"page": 1, "panel": {"type": 1, "width": 320, "height": 240}, "elements": [{"class": "clsRectangle"}, )" +
+         element + "]}";
+}
+
+const std::vector<std::pair<std::string, std::string>> kWrongPages = {
+    {"{\n  \"page\": 1,\n  \"elements\": [}",
+     "page file panel.json, line 3, column 16: malformed JSON: syntax error while parsing value - unexpected "
+     "'}'; "
+     "expected '[', '{', or a literal"},
+    {"",
+     "page file panel.json, line 1, column 1: malformed JSON: syntax error while parsing value - unexpected "
+     "end of "
+     "input; expected '[', '{', or a literal"},
+    {"5", "page file panel.json: must be an object, 5 was given"},
+    {"{\"page\": 1}", "page file panel.json: \"panel\" is missing"},
+    {WithElement(R"({"class": "clsRectangel"})"),
+     "page file panel.json, element 2: class \"clsRectangel\" does not exist; nearest is \"clsRectangle\""},
+    {WithElement(R"({"class": "clsRectangle", "PenWidht": 1})"),
+     "page file panel.json, element 2 (clsRectangle): property \"PenWidht\" does not exist; nearest is "
+     "\"PenWidth\""},
+    {WithElement(R"({"class": "clsRectangle", "PenWidth": 1.5})"),
+     "page file panel.json, element 2 (clsRectangle): property \"PenWidth\" must be a whole number from "
+     "-2147483648 to "
+     "2147483647, 1.5 was given"},
+    {WithElement(R"({"class": "clsRectangle", "PenWidth": 1e12})"),
+     "page file panel.json, element 2 (clsRectangle): property \"PenWidth\" must be a whole number from "
+     "-2147483648 to "
+     "2147483647, 1000000000000.0 was given"},
+    {WithElement(R"({"class": "clsRectangle", "PenWidth": "two"})"),
+     "page file panel.json, element 2 (clsRectangle): property \"PenWidth\" must be a whole number from "
+     "-2147483648 to "
+     "2147483647, \"two\" was given"},
+    {WithElement(R"({"class": "clsRectangle", "PenWidth": true})"),
+     "page file panel.json, element 2 (clsRectangle): property \"PenWidth\" must be a whole number from "
+     "-2147483648 to "
+     "2147483647, true was given"},
+    {WithElement(R"({"class": "clsRectangle", "PenStyle": "ePS_Dsh"})"),
+     "page file panel.json, element 2 (clsRectangle): property \"PenStyle\" must be a member of enPenStyle "
+     "or a whole "
+     "number, \"ePS_Dsh\" was given; nearest is \"ePS_Dash\""},
+    {WithElement(R"({"class": "clsRectangle", "ID": 4})"),
+     "page file panel.json, element 2 (clsRectangle): property \"ID\" cannot be set: it is given by the "
+     "project and the "
+     "element's place in the file"},
+    {WithElement(R"({"class": "clsRectangle", "Xs": 4, "Xs": 4})"),
+     "page file panel.json, element 2 (clsRectangle): property \"Xs\" is given twice"},
+    {WithElement(R"({"class": "clsRectangle", "a\nb": 4})"),
+     "page file panel.json, element 2 (clsRectangle): property \"a\\nb\" does not exist; nearest is \"Xs\""},
+};
+
+TEST_F(ProgramTest, AWrongPageFileLeavesTheProjectAsItWas) {
+  ImportPages({1});
+  const std::string before = TextOf("p.qz7");
+  for (const auto& [text, line] : kWrongPages) {
+    Write("panel.json", text);
+    ExpectFailure({"import", "panel.json", "p.qz7"}, line);
+    EXPECT_EQ(TextOf("p.qz7"), before) << text;
+    ExpectFailure({"import", "panel.json", "new.qz7"}, line);
+  }
+  EXPECT_EQ(Files(), (std::vector<std::string>{"ok.json", "p.qz7", "panel.json"}));
+}
+
+TEST_F(ProgramTest, APageFileThatIsNotThereIsTold) {
+  ImportPages({1});
+  const std::string before = TextOf("p.qz7");
+  ExpectFailure({"import", "none.json", "p.qz7"},
+                "page file none.json cannot be read: No such file or directory");
+  ExpectFailure({"import", ".", "p.qz7"}, "page file . cannot be read: Is a directory");
+  ExpectFailure({"import", "none.json", "new.qz7"},
+                "page file none.json cannot be read: No such file or directory");
+  EXPECT_EQ(TextOf("p.qz7"), before);
+  EXPECT_EQ(Files(), (std::vector<std::string>{"ok.json", "p.qz7"}));
+}
+
+TEST_F(ProgramTest, AnImportThatFailsHalfWayLeavesTheProjectAsItWas) {
+  ImportPages({1});
+  InProject("UPDATE Numbers SET Next=2147483646");
+  const std::string before = TextOf("p.qz7");
+  Write("panel.json", PageText(1, {ElementText(1, 2, 3, 4), ElementText(1, 2, 3, 4)}));
+  const auto run = Run({"import", "panel.json", "p.qz7"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err.substr(0, 47), "page file panel.json, element 2 (clsRectangle):");
+  EXPECT_EQ(TextOf("p.qz7"), before);
+  EXPECT_EQ(Files(), (std::vector<std::string>{"ok.json", "p.qz7", "panel.json"}));
+}
+
+TEST_F(ProgramTest, LongWorkShowsAProgressBarOnATerminal) {
+  Write("panel.json", PageText(1, {ElementText(1, 2, 30, 40)}));
+  const auto run = test::RunProgram(File(""), {"import", "panel.json", "p.qz7"}, test::ErrorsTo::Terminal);
+  EXPECT_EQ(run.status, 0);
+  EXPECT_NE(run.err.find("importing [#########################] 100 %"), std::string::npos);
+  EXPECT_EQ(run.out, "page 1: 1 element imported into p.qz7\n");
+}
+
+TEST_F(ProgramTest, RunsItsDemoInAFolderOfItsOwn) {
+  const auto run = Run({"demo"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "");
+  EXPECT_TRUE(fs::exists(File("quenzel7-demo/reopened.png")));
+  EXPECT_EQ(Run({"demo", "-o", "elsewhere"}).status, 0);
+  EXPECT_TRUE(fs::exists(File("elsewhere/boiler.qz7")));
+}
+
+}  // namespace
+}  // namespace quenzel7::cli

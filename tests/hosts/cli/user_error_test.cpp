@@ -1,0 +1,47 @@
+#include "hosts/cli/user_error.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+#include "tests/hosts/cli/messages.h"
+
+namespace quenzel7::cli {
+namespace {
+
+using automation::AutomationError;
+using automation::ErrorNumber;
+
+TEST(UserError, FailedCommandsEndWithStatusTwo) { EXPECT_EQ(kFailed, 2); }
+
+TEST(UserError, OneLineWritesControlCharactersAsEscapes) {
+  EXPECT_EQ(OneLine("a\nb\rc\td"), "a\\nb\\rc\\td");
+  EXPECT_EQ(OneLine(std::string("\0\x1b[31m\x1f \x7f", 9)), "\\u0000\\u001b[31m\\u001f \\u007f");
+}
+
+TEST(UserError, OneLineLeavesOtherCharactersAlone) { EXPECT_EQ(OneLine(" ~ä\\\""), " ~ä\\\""); }
+
+TEST(UserError, QuotedPutsDoubleQuotesAround) { EXPECT_EQ(Quoted("Xs"), "\"Xs\""); }
+
+TEST(UserError, AtPlaceGivesWhatTheWorkGives) {
+  EXPECT_EQ(AtPlace("here", [] { return 7; }), 7);
+}
+
+TEST(UserError, AtPlacePutsThePlaceBeforeErrors) {
+  EXPECT_EQ(test::MessageOf([] { AtPlace("here", [] { throw UserError("it failed"); }); }),
+            "here: it failed");
+  EXPECT_EQ(test::MessageOf(
+                [] { AtPlace("here", [] { throw AutomationError(ErrorNumber::Overflow, "overflow"); }); }),
+            "here: overflow");
+}
+
+TEST(UserError, AtPlaceLetsOtherExceptionsPass) {
+  EXPECT_THROW(AtPlace("here", [] { throw std::out_of_range("x"); }), std::out_of_range);
+}
+
+TEST(UserError, SystemMessageIsThatOfTheNumber) {
+  EXPECT_EQ(SystemMessage(ENOENT), "No such file or directory");
+}
+
+}  // namespace
+}  // namespace quenzel7::cli
