@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <tuple>
+
 #include "framework/project.h"
 #include "platform/fennick1/operand.h"
 #include "tests/support/project_fixture.h"
@@ -177,6 +180,118 @@ TEST_F(Operands, RestoringTheResultOfARestoreGivesAnotherAddress) {
 TEST_F(Operands, ABagThatLacksAFieldIsAnError) {
   Long type = 1, address = 1;
   EXPECT_EQ(ErrorOf([&] { RestoreOperand(type, address, std::make_shared<PropertyBag>()); }), 327);
+}
+
+/// A store in memory that notes what it is asked, as "load type/address/network" and the like.
+class TracedStore final : public fennick1::OperandStore {
+ public:
+  std::optional<fennick1::OperandContent> Load(const fennick1::OperandKey& key) override {
+    Note("load", key);
+    const auto found = kept_.find({key.type, key.address, key.network});
+    if (found == kept_.end()) return {};
+    return found->second;
+  }
+  void Add(const fennick1::OperandKey& key, const fennick1::OperandContent& content) override {
+    Note("add", key);
+    kept_[{key.type, key.address, key.network}] = content;
+  }
+  void Remove(const fennick1::OperandKey& key) override {
+    Note("remove", key);
+    kept_.erase({key.type, key.address, key.network});
+  }
+  Long FreeAddress(Long type, Long network) override {
+    log_.push_back("free " + std::to_string(type) + "/" + std::to_string(network));
+    return 77;
+  }
+  CallLog Take() { return std::exchange(log_, {}); }
+
+ private:
+  void Note(const char* call, const fennick1::OperandKey& key) {
+    log_.push_back(std::string(call) + " " + std::to_string(key.type) + "/" + std::to_string(key.address) +
+                   "/" + std::to_string(key.network));
+  }
+  std::map<std::tuple<Long, Long, Long>, fennick1::OperandContent> kept_;
+  CallLog log_;
+};
+
+class OperandCalls : public Operands {
+ protected:
+  void SetUp() override {
+    Operands::SetUp();
+    Platform::Current().operands = store_;
+  }
+
+  std::shared_ptr<TracedStore> store_ = std::make_shared<TracedStore>();
+};
+
+TEST_F(OperandCalls, ReleasingAsksAndThenRemovesWhateverTheAnswerInNetwork0) {
+  ReleaseOperand(1, 5);
+  EXPECT_EQ(store_->Take(), (CallLog{"load 1/5/0", "remove 1/5/0"}));
+  Define(1, 5);
+  store_->Take();
+  ReleaseOperand(1, 5);
+  EXPECT_EQ(store_->Take(), (CallLog{"load 1/5/0", "remove 1/5/0"}));
+}
+
+TEST_F(OperandCalls, RemovingARowRemovesOnlyWhatIsDefinedInItsNetwork) {
+  RemoveOperandRow(1, 2, 3, 4, eOP_TouchOperand);
+  EXPECT_EQ(store_->Take(), CallLog{"load 2/3/4"});
+  Make operand(2, 3);
+  operand.OperandNetID(4);
+  operand.AddToProject();
+  store_->Take();
+  RemoveOperandRow(1, 2, 3, 4, eOP_TouchOperand);
+  EXPECT_EQ(store_->Take(), (CallLog{"load 2/3/4", "remove 2/3/4"}));
+}
+
+TEST_F(OperandCalls, ABagIsMadeAfterAskingInItsNetwork) {
+  const PropertyBagRef bag = NewOperandBag(2, 3, 4);
+  EXPECT_EQ(store_->Take(), (CallLog{"load 2/3/4", "load 2/3/4"}));
+  Make operand(0, 0);
+  operand.PropBag(bag);
+  EXPECT_EQ(operand.OperandType(), 2);
+  EXPECT_EQ(operand.OperandAddress(), 3);
+  EXPECT_EQ(operand.OperandNetID(), 4);
+}
+
+TEST_F(OperandCalls, RestoringAPlaceInMemoryEntersItOnlyWhenItIsGone) {
+  const PropertyBagRef bag = NewOperandBag(1, 5, 0);
+  store_->Take();
+  Long type = 1, address = 5;
+  RestoreOperand(type, address, bag);
+  EXPECT_EQ(store_->Take(), (CallLog{"load 1/5/0", "add 1/5/0"}));
+  RestoreOperand(type, address, bag);
+  EXPECT_EQ(store_->Take(), CallLog{"load 1/5/0"});
+}
+
+TEST_F(OperandCalls, RestoringAValueTakesAFreeAddressOfTheTypeThatItBecomes) {
+  struct Row {
+    Long kept, restored;
+  };
+  for (const Row row : {Row{15, 15}, Row{34, 37}, Row{35, 38}, Row{37, 37}, Row{38, 38}}) {
+    const PropertyBagRef bag = NewOperandBag(row.kept, 5, 0);
+    store_->Take();
+    Long type = row.kept, address = 5;
+    RestoreOperand(type, address, bag);
+    const std::string restored = std::to_string(row.restored);
+    EXPECT_EQ(store_->Take(), (CallLog{"free " + restored + "/0", "add " + restored + "/77/0"}));
+    EXPECT_EQ(type, row.restored);
+    EXPECT_EQ(address, 77);
+  }
+}
+
+TEST_F(OperandCalls, Type0IsNeitherRestoredNorDescribed) {
+  const PropertyBagRef bag = NewOperandBag(0, 5, 0);
+  store_->Take();
+  Long type = 0, address = 5;
+  RestoreOperand(type, address, bag);
+  EXPECT_EQ(OperandDescription(0, 5, 0), "");
+  EXPECT_TRUE(store_->Take().empty());
+}
+
+TEST_F(OperandCalls, ADescriptionAsksInItsNetwork) {
+  OperandDescription(2, 3, 4);
+  EXPECT_EQ(store_->Take(), CallLog{"load 2/3/4"});
 }
 
 TEST_F(Operands, DescriptionIsTheNameOfADefinedOperand) {

@@ -1,0 +1,58 @@
+#include "platform/platform.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "platform/corvane1/project_file.h"
+#include "tests/support/raises.h"
+#include "tests/support/temporary_folder.h"
+
+namespace quenzel7 {
+namespace {
+
+class PlatformServices : public ::testing::Test {
+ protected:
+  void SetUp() override { Platform::Current() = Platform(); }
+  void TearDown() override { Platform::Current() = Platform(); }
+};
+
+TEST_F(PlatformServices, AreCompleteFromTheBeginning) {
+  const Platform& platform = Platform::Current();
+  ASSERT_NE(platform.heldProject, nullptr);
+  EXPECT_EQ(platform.projectDatabase, platform.heldProject);
+  EXPECT_EQ(platform.colorService->GetColor(9), 0x000000u);
+  EXPECT_EQ(platform.settings->GetSetting(6000, 6051, "fall-back"), "fall-back");
+  EXPECT_EQ(platform.globalValues->Value(25), 0);
+  EXPECT_NE(platform.changeTracker, nullptr);
+}
+
+TEST_F(PlatformServices, ThatStandOnTheProjectSayWhenNoneIsOpen) {
+  Platform& platform = Platform::Current();
+  EXPECT_EQ(test::ErrorOf([&] { platform.projectDatabase->OpenConnection(); }), 91);
+  EXPECT_EQ(test::ErrorOf([&] { platform.numberGenerator->NewUniqueNumber(); }), 91);
+  EXPECT_EQ(test::ErrorOf([&] { platform.operands->IsDefined({1, 2, 0}); }), 91);
+}
+
+TEST_F(PlatformServices, ThatStandOnTheProjectSeeTheOneThatIsHeld) {
+  const test::TemporaryFolder folder;
+  Platform& platform = Platform::Current();
+  const auto connection = corvane1::OpenProject(folder.File("p.qz7"), corvane1::ProjectMode::Create);
+  platform.heldProject->Hold(connection);
+  EXPECT_EQ(platform.numberGenerator->NewUniqueNumber(), 1);
+  platform.operands->Add({1, 2, 0}, {});
+  EXPECT_TRUE(platform.operands->IsDefined({1, 2, 0}));
+  connection->Execute("INSERT INTO Settings (Section,Key,Value) VALUES (6000,6051,'4')");
+  EXPECT_EQ(platform.settings->GetSetting(6000, 6051, "0"), "4");
+  platform.heldProject->Hold(nullptr);
+}
+
+TEST_F(PlatformServices, AreOneSetPerThread) {
+  Platform* other = nullptr;
+  std::thread([&other] { other = &Platform::Current(); }).join();
+  EXPECT_NE(other, &Platform::Current());
+  EXPECT_EQ(&Platform::Current(), &Platform::Current());
+}
+
+}  // namespace
+}  // namespace quenzel7
