@@ -11,7 +11,7 @@ namespace quenzel7 {
 /// number.
 inline Long ElementSetting(Long key, const std::string& fallback) {
   constexpr Long kElementDefaults = 6000;
-  return automation::To<Long>(Platform::Current().settings->GetSetting(kElementDefaults, key, fallback));
+  return automation::LongFromText(Platform::Current().settings->GetSetting(kElementDefaults, key, fallback));
 }
 
 }  // namespace quenzel7

@@ -87,7 +87,7 @@ class FilledShape : public PositionedElement {
 
 #define QUENZEL7_SHAPE_PROPERTY(Type, Name, ...)                        \
   automation::Property<Type>(#Name, {}, AUTOMATION_GETTER(Shape, Name), \
-                             AUTOMATION_SETTER(Shape, Type, Name), ##__VA_ARGS__)
+                             AUTOMATION_SETTER(Shape, Type, Name) __VA_OPT__(, ) __VA_ARGS__)
 
 /// The default interface of a filled shape, in slot order.
 template <class Shape>

@@ -182,6 +182,8 @@ void RaiseWrongClass(const Object& found) {
 
 }  // namespace detail
 
+Long LongFromText(const std::string& text) { return RoundHalfEven(detail::ParseNumber(text)); }
+
 Variant FromBytes(const std::vector<Byte>& bytes) { return Array::OfBytes(bytes); }
 
 }  // namespace quenzel7::automation

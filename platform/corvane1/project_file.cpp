@@ -1,5 +1,6 @@
 #include "platform/corvane1/project_file.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <array>
@@ -79,8 +80,9 @@ void CheckHeader(const std::string& path) {
   }
   // With a log beside it the file may be shorter than it is going to be.
   const std::uint64_t whole = header.PageSize() * header.PageCount();
-  const std::uint64_t found = fs::file_size(path);
-  if (found < whole && !fs::exists(path + "-wal")) {
+  std::error_code error;
+  const std::uint64_t found = fs::file_size(path, error);
+  if (found < whole && !fs::exists(path + "-wal", error)) {
     Raise(path, "is damaged: it has " + std::to_string(found) + " of " + std::to_string(whole) + " bytes");
   }
 }
@@ -153,10 +155,18 @@ Found Look(const std::string& path, ProjectMode mode) {
   return mayCreate && fs::file_size(path, error) == 0 ? Found::Nothing : Found::File;
 }
 
-/// Nobody can write there, so that a log cannot be kept and is not needed.
-bool IsUnchanging(const std::string& path) {
+/// Whether this user can write the file, and beside it the log that writing takes.
+bool IsWritable(const std::string& path) {
   const fs::path folder = fs::path(path).parent_path();
-  return access(folder.empty() ? "." : folder.c_str(), W_OK) != 0;
+  return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 &&
+         faccessat(AT_FDCWD, folder.empty() ? "." : folder.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+/// A project that cannot be written is read as it lies there: no log can be kept, and none is needed.
+OpenMode HowToOpen(const std::string& path, ProjectMode mode) {
+  if (mode == ProjectMode::ReadOnly) return IsWritable(path) ? OpenMode::ReadOnly : OpenMode::Inspect;
+  if (!IsWritable(path)) Raise(path, std::string("cannot be written: ") + std::strerror(errno));
+  return OpenMode::ReadWrite;
 }
 
 }  // namespace
@@ -169,9 +179,7 @@ ado::SqliteConnectionRef OpenProject(const std::string& path, ProjectMode mode, 
     CheckContents(path, options);
   }
   OpenOptions open = options;
-  open.mode = mode != ProjectMode::ReadOnly ? OpenMode::ReadWrite
-              : IsUnchanging(path)          ? OpenMode::Inspect
-                                            : OpenMode::ReadOnly;
+  open.mode = HowToOpen(path, mode);
   return OpenSqlite(path, open);
 }
 

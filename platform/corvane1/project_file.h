@@ -23,8 +23,8 @@ enum class ProjectMode : Byte {
 /// Of `options` the mode is not looked at.
 ///
 /// Errors, all naming the file: 76 when there is no such file, or no such folder for a new one; a database
-/// error when the path is a folder, the file cannot be read, is no project, is damaged, has been made by a
-/// newer version, or lacks a table, column or index.
+/// error when the path is a folder, the file cannot be read or (but in ReadOnly) written, is no project, is
+/// damaged, has been made by a newer version, or lacks a table, column or index.
 ado::SqliteConnectionRef OpenProject(const std::string& path, ProjectMode mode,
                                      const ado::OpenOptions& options = {});
 

@@ -22,6 +22,7 @@ class TemporaryFolder {
     std::filesystem::remove_all(path_, ignored);
   }
 
+  std::string Path() const { return path_.string(); }
   std::string File(const std::string& name) const { return (path_ / name).string(); }
 
  private:

@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "tests/platform/automation/raised.h"
+#include "tests/support/raises.h"
 
 namespace quenzel7::automation {
 namespace {

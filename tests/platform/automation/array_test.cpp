@@ -11,7 +11,7 @@
 
 #include "platform/automation/collection.h"
 #include "tests/platform/automation/allocation_watch.h"
-#include "tests/platform/automation/raised.h"
+#include "tests/support/raises.h"
 
 namespace quenzel7::automation {
 namespace {

@@ -8,8 +8,8 @@
 
 #include "platform/automation/array.h"
 #include "platform/automation/collection.h"
-#include "tests/platform/automation/raised.h"
 #include "tests/platform/automation/sample_object.h"
+#include "tests/support/raises.h"
 
 namespace quenzel7::automation {
 namespace {

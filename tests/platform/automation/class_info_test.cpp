@@ -50,6 +50,11 @@ TEST(NearestName, CountsReplacedAddedAndRemovedLettersAlike) {
   EXPECT_EQ(NearestName("kitten", {"sitxing", "sitting"}), "sitting");
 }
 
+TEST(NearestName, ALetterMoreInFrontCountsLikeAnyOther) {
+  EXPECT_EQ(NearestName("xab", {"xb", "ab"}), "xb");
+  EXPECT_EQ(NearestName("xab", {"ab", "xb"}), "ab");
+}
+
 TEST(NearestName, CaseIsNoChange) { EXPECT_EQ(NearestName("XS", {"XY", "xs"}), "xs"); }
 
 TEST(NearestName, TheFirstOfEquallyNearOnesWins) {

@@ -10,7 +10,7 @@
 #include "platform/automation/call_by_name.h"
 #include "platform/automation/class_info.h"
 #include "platform/automation/property_bag.h"
-#include "tests/platform/automation/raised.h"
+#include "tests/support/raises.h"
 
 namespace quenzel7::automation {
 namespace {

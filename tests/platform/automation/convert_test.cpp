@@ -12,7 +12,7 @@
 #include "platform/automation/array.h"
 #include "platform/automation/collection.h"
 #include "platform/automation/property_bag.h"
-#include "tests/platform/automation/raised.h"
+#include "tests/support/raises.h"
 
 namespace quenzel7::automation {
 namespace {
@@ -323,6 +323,14 @@ TEST(Convert, EveryFloatingNumberRoundsToANeighbourAtMostAHalfAway) {
     RC_ASSERT(std::abs(rounded - number) <= 0.5);
     RC_ASSERT(std::abs(rounded - number) < 0.5 || rounded % 2 == 0);
   }));
+}
+
+TEST(LongFromText, ReadsATextAsToLongDoes) {
+  EXPECT_EQ(LongFromText(" -17 "), -17);
+  EXPECT_EQ(LongFromText("2.5"), 2);
+  EXPECT_EQ(LongFromText("3.5"), 4);
+  EXPECT_EQ(test::RaisedBy([] { LongFromText("wide"); }).number, 13);
+  EXPECT_EQ(test::RaisedBy([] { LongFromText("2147483648"); }).number, 6);
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 
 #include "platform/automation/array.h"
 #include "platform/automation/collection.h"
-#include "tests/platform/automation/raised.h"
+#include "tests/support/raises.h"
 
 namespace quenzel7::automation {
 namespace {

@@ -5,8 +5,8 @@
 #include <memory>
 
 #include "platform/automation/convert.h"
-#include "tests/platform/automation/raised.h"
 #include "tests/platform/corvane1/temporary_project.h"
+#include "tests/support/raises.h"
 
 namespace quenzel7::corvane1 {
 namespace {

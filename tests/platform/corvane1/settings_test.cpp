@@ -6,8 +6,8 @@
 #include <memory>
 #include <string>
 
-#include "tests/platform/automation/raised.h"
 #include "tests/platform/corvane1/temporary_project.h"
+#include "tests/support/raises.h"
 
 namespace quenzel7::corvane1 {
 namespace {
@@ -18,12 +18,12 @@ constexpr Long kMost = std::numeric_limits<Long>::max();
 class SettingsTest : public testing::Test {
  protected:
   /// What a file with that text makes of the settings: error, or none.
-  automation::Raised Read(const std::string& text) {
+  test::Raised Read(const std::string& text) {
     project_.Write("settings.txt", text);
-    return automation::RaisedBy([&] { settings_.ReadFile(path_); });
+    return test::RaisedBy([&] { settings_.ReadFile(path_); });
   }
   /// The refusal of a line of the file.
-  automation::Raised Refused(int line, const std::string& found, const std::string& expected) const {
+  test::Raised Refused(int line, const std::string& found, const std::string& expected) const {
     return {380, "settings file " + path_ + ", line " + std::to_string(line) + ": \"" + found + "\" found, " +
                      expected + " expected"};
   }
@@ -161,7 +161,7 @@ TEST_F(SettingsTest, NoProjectSettingWithoutAProject) {
 }
 
 TEST_F(SettingsTest, ReadsLinesBelowSections) {
-  EXPECT_EQ(Read("[6000]\n6051 = 7\n6050=2\n[6001]\n6051=8\n"), automation::Raised{});
+  EXPECT_EQ(Read("[6000]\n6051 = 7\n6050=2\n[6001]\n6051=8\n"), test::Raised{});
   EXPECT_EQ(Setting(6000, 6051), "7");
   EXPECT_EQ(Setting(6000, 6050), "2");
   EXPECT_EQ(Setting(6001, 6051), "8");
@@ -169,19 +169,19 @@ TEST_F(SettingsTest, ReadsLinesBelowSections) {
 
 TEST_F(SettingsTest, BlanksAndLineEndsOfOtherSystemsMeanNothing) {
   EXPECT_EQ(Read(" \t[ 6000 ] \r\n\t 6051\t =  a text  with blanks \t\r\n\r\n   \n-5=last"),
-            automation::Raised{});
+            test::Raised{});
   EXPECT_EQ(Setting(6000, 6051), "a text  with blanks");
   EXPECT_EQ(Setting(6000, -5), "last");
 }
 
 TEST_F(SettingsTest, RemarksAndEmptyLinesMeanNothing) {
-  EXPECT_EQ(Read("# 1\n; 2\n\n[1]\n  # 2 = no\n;2=no\n3 = yes # all of it\n"), automation::Raised{});
+  EXPECT_EQ(Read("# 1\n; 2\n\n[1]\n  # 2 = no\n;2=no\n3 = yes # all of it\n"), test::Raised{});
   EXPECT_EQ(Setting(1, 2), "fall-back");
   EXPECT_EQ(Setting(1, 3), "yes # all of it");
 }
 
 TEST_F(SettingsTest, TheTextGoesFromTheFirstEqualsSign) {
-  EXPECT_EQ(Read("[1]\n2=a=b\n3=\n4=[x]\n"), automation::Raised{});
+  EXPECT_EQ(Read("[1]\n2=a=b\n3=\n4=[x]\n"), test::Raised{});
   EXPECT_EQ(Setting(1, 2), "a=b");
   EXPECT_EQ(Setting(1, 3), "");
   EXPECT_EQ(Setting(1, 4), "[x]");
@@ -189,7 +189,7 @@ TEST_F(SettingsTest, TheTextGoesFromTheFirstEqualsSign) {
 
 TEST_F(SettingsTest, TheLastLineForAKeyHolds) {
   settings_.Set(1, 2, "before");
-  EXPECT_EQ(Read("[1]\n2=a\n2=b\n"), automation::Raised{});
+  EXPECT_EQ(Read("[1]\n2=a\n2=b\n"), test::Raised{});
   EXPECT_EQ(Setting(1, 2), "b");
 }
 
@@ -201,7 +201,7 @@ TEST_F(SettingsTest, AnotherFileAddsToTheFirst) {
 }
 
 TEST_F(SettingsTest, KeysAndSectionsReachTheLimitsOf32Bits) {
-  EXPECT_EQ(Read("[-2147483648]\n2147483647=a\n"), automation::Raised{});
+  EXPECT_EQ(Read("[-2147483648]\n2147483647=a\n"), test::Raised{});
   EXPECT_EQ(Setting(kLeast, kMost), "a");
   EXPECT_EQ(Read("[1]\n2147483648=a\n"), Refused(2, "2147483648=a", "key number = text"));
   EXPECT_EQ(Read("[-2147483649]\n"), Refused(1, "[-2147483649]", "[section number]"));
@@ -230,7 +230,7 @@ TEST_F(SettingsTest, ARefusedFileLeavesTheSettingsAsTheyWere) {
   EXPECT_EQ(Setting(1, 3), "fall-back");
 }
 
-TEST_F(SettingsTest, AnEmptyFileIsAFile) { EXPECT_EQ(Read(""), automation::Raised{}); }
+TEST_F(SettingsTest, AnEmptyFileIsAFile) { EXPECT_EQ(Read(""), test::Raised{}); }
 
 TEST_F(SettingsTest, RaisesWhenTheFileCannotBeRead) {
   const std::string path = project_.Folder() + "/none.txt";

@@ -1,0 +1,226 @@
+#include "platform/corvane1/project_schema.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/ado/sqlite_connection.h"
+#include "platform/automation/convert.h"
+#include "tests/support/temporary_folder.h"
+
+namespace quenzel7::corvane1 {
+namespace {
+
+using automation::To;
+using automation::Variant;
+using Lines = std::vector<std::string>;
+
+class ProjectSchemaTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    connection_ = ado::OpenSqlite(folder_.File("schema.db"), {.mode = ado::OpenMode::Create});
+  }
+  /// Makes the tables by the statements, without those that begin with `left out`.
+  void Make(const std::string& leftOut = "-") {
+    for (const std::string& statement : ProjectSchemaStatements()) {
+      if (statement.rfind(leftOut, 0) != 0) connection_->Execute(statement);
+    }
+  }
+  /// The columns of a table as the engine has them: "name type", with "*" where it belongs to the primary
+  /// key.
+  Lines Columns(const std::string& table) {
+    Lines lines;
+    for (const auto rows = connection_->Execute("PRAGMA table_info(" + table + ")"); !rows->Eof();
+         rows->MoveNext()) {
+      EXPECT_TRUE(rows->Get("dflt_value").IsNull());
+      EXPECT_EQ(rows->Get("notnull"), Variant(Long{0}));
+      lines.push_back(To<std::string>(rows->Get("name")) + " " + To<std::string>(rows->Get("type")) +
+                      (rows->Get("pk") == Variant(Long{0}) ? "" : "*"));
+    }
+    return lines;
+  }
+  Lines Names(const std::string& type) {
+    Lines names;
+    const auto rows = connection_->Execute("SELECT name FROM sqlite_master WHERE type='" + type +
+                                           "' AND name NOT LIKE 'sqlite%' ORDER BY name");
+    for (; !rows->Eof(); rows->MoveNext()) names.push_back(To<std::string>(rows->Get("name")));
+    return names;
+  }
+
+  test::TemporaryFolder folder_;
+  ado::ConnectionRef connection_;
+};
+
+TEST_F(ProjectSchemaTest, MakesTheTables) {
+  Make();
+  EXPECT_EQ(Names("table"),
+            (Lines{"DownloadDLUs", "HMI_Elements", "HMI_Operands", "Numbers", "Operands", "Settings"}));
+  EXPECT_EQ(ProjectTables().size(), 6u);
+}
+
+TEST_F(ProjectSchemaTest, AnElementRowHasTheseColumns) {
+  Make();
+  EXPECT_EQ(Columns("HMI_Elements"), (Lines{"ID INTEGER*",
+                                            "GUID INTEGER",
+                                            "Type INTEGER",
+                                            "Xs INTEGER",
+                                            "Ys INTEGER",
+                                            "Dx INTEGER",
+                                            "Dy INTEGER",
+                                            "DisplayID INTEGER",
+                                            "GroupID INTEGER",
+                                            "ColorBack INTEGER",
+                                            "ColorFore INTEGER",
+                                            "ColorBackTouch INTEGER",
+                                            "ColorForeTouch INTEGER",
+                                            "ColorHatch INTEGER",
+                                            "PenStyle INTEGER",
+                                            "PenWidth INTEGER",
+                                            "HatchStyle INTEGER",
+                                            "TouchOprndAddr INTEGER",
+                                            "VisibleOpAddr INTEGER",
+                                            "FontNumber INTEGER",
+                                            "DescriptionFontNumber INTEGER",
+                                            "Alignment INTEGER",
+                                            "Flat3D INTEGER",
+                                            "VarType INTEGER",
+                                            "VarKeyPadEntry INTEGER",
+                                            "VarOprndType INTEGER",
+                                            "VarOprndAddr INTEGER",
+                                            "GlobalVarID INTEGER",
+                                            "DefaultDisplay INTEGER",
+                                            "KeypadSuccessOpAddr INTEGER",
+                                            "EnabledOpAddr INTEGER",
+                                            "HighlightOpAddr INTEGER",
+                                            "TabIndex INTEGER",
+                                            "OrderIndex INTEGER",
+                                            "Text TEXT",
+                                            "Binary BLOB",
+                                            "StorageText INTEGER",
+                                            "StorageLibNum INTEGER",
+                                            "StrStorageOprndType INTEGER",
+                                            "StrStorageOprndAddr INTEGER",
+                                            "StrStorageFont INTEGER"}));
+}
+
+TEST_F(ProjectSchemaTest, TheOtherTablesHaveTheseColumns) {
+  Make();
+  EXPECT_EQ(Columns("HMI_Operands"), (Lines{"ElementID INTEGER", "OprndType INTEGER", "OprndAddr INTEGER",
+                                            "OprndNetID INTEGER", "OprndPurpose INTEGER"}));
+  EXPECT_EQ(Columns("DownloadDLUs"), (Lines{"GUID INTEGER"}));
+  EXPECT_EQ(Columns("Operands"),
+            (Lines{"Type INTEGER*", "Address INTEGER*", "NetID INTEGER*", "Comment TEXT", "Value CURRENCY"}));
+  EXPECT_EQ(Columns("Settings"), (Lines{"Section INTEGER*", "Key INTEGER*", "Value TEXT"}));
+  EXPECT_EQ(Columns("Numbers"), (Lines{"Name TEXT*", "Next INTEGER"}));
+}
+
+TEST_F(ProjectSchemaTest, ElementsAreNumberedWithNumbersThatNeverComeBack) {
+  Make();
+  connection_->Execute("INSERT INTO HMI_Elements(Xs) VALUES(1)");
+  connection_->Execute("DELETE FROM HMI_Elements");
+  connection_->Execute("INSERT INTO HMI_Elements(Xs) VALUES(1)");
+  EXPECT_EQ(connection_->Execute("SELECT ID FROM HMI_Elements")->Get("ID"), Variant(Long{2}));
+}
+
+TEST_F(ProjectSchemaTest, AnUnwrittenColumnIsNull) {
+  Make();
+  const auto row = ado::OpenRecordset(*connection_, "SELECT * FROM HMI_Elements", ado::adOpenStatic,
+                                      ado::adLockOptimistic);
+  row->AddNew();
+  row->Update();
+  for (const SchemaColumn& column : ProjectTables().front().columns) {
+    EXPECT_EQ(row->Get(column.name).IsNull(), column.name != "ID") << column.name;
+  }
+}
+
+TEST_F(ProjectSchemaTest, MakesTheIndexesThatTheQueriesUse) {
+  Make();
+  EXPECT_EQ(Names("index"),
+            (Lines{"DownloadDLUs_Guid", "HMI_Elements_Order", "HMI_Elements_Tab", "HMI_Operands_Element"}));
+  const auto plan = [&](const std::string& query) {
+    return To<std::string>(connection_->Execute("EXPLAIN QUERY PLAN " + query)->Get("detail"));
+  };
+  EXPECT_EQ(plan("SELECT MAX(OrderIndex) FROM HMI_Elements WHERE DisplayID=7"),
+            "SEARCH HMI_Elements USING COVERING INDEX HMI_Elements_Order (DisplayID=?)");
+  EXPECT_EQ(plan("SELECT DISTINCT TabIndex FROM HMI_Elements WHERE (TabIndex<>255) AND (DisplayID=7) ORDER "
+                 "BY TabIndex"),
+            "SEARCH HMI_Elements USING COVERING INDEX HMI_Elements_Tab (DisplayID=?)");
+  EXPECT_EQ(plan("SELECT * FROM HMI_Operands WHERE ElementID=1"),
+            "SEARCH HMI_Operands USING INDEX HMI_Operands_Element (ElementID=?)");
+  EXPECT_EQ(
+      plan("DELETE FROM HMI_Operands WHERE ElementID=1 AND OprndType=1 AND OprndAddr=2 AND OprndNetID=0"),
+      "SEARCH HMI_Operands USING INDEX HMI_Operands_Element (ElementID=? AND OprndType=? AND OprndAddr=?)");
+  EXPECT_EQ(plan("DELETE FROM DownloadDLUs WHERE GUID=1"),
+            "SEARCH DownloadDLUs USING INDEX DownloadDLUs_Guid (GUID=?)");
+}
+
+TEST_F(ProjectSchemaTest, MarksTheFile) {
+  Make();
+  EXPECT_EQ(kProjectApplicationId, ('Q' << 24) + ('z' << 16) + ('l' << 8) + '7');
+  EXPECT_EQ(connection_->Execute("PRAGMA application_id")->Get("application_id"),
+            Variant(kProjectApplicationId));
+  EXPECT_EQ(kProjectVersion, 1);
+  EXPECT_EQ(connection_->Execute("PRAGMA user_version")->Get("user_version"), Variant(Long{1}));
+}
+
+TEST_F(ProjectSchemaTest, AWholeProjectLacksNothing) {
+  Make();
+  EXPECT_EQ(MissingFromProject(*connection_), "");
+}
+
+TEST_F(ProjectSchemaTest, MoreThanAProjectHasDoesNotMatter) {
+  Make();
+  connection_->Execute("ALTER TABLE HMI_Elements ADD COLUMN More");
+  connection_->Execute("CREATE TABLE Other(A)");
+  EXPECT_EQ(MissingFromProject(*connection_), "");
+}
+
+TEST_F(ProjectSchemaTest, NamesAreFoundWhateverTheirCase) {
+  Make();
+  connection_->Execute("ALTER TABLE HMI_Elements RENAME COLUMN Xs TO XS");
+  connection_->Execute("DROP INDEX DownloadDLUs_Guid");
+  connection_->Execute("CREATE INDEX downloaddlus_GUID ON DownloadDLUs(GUID)");
+  EXPECT_EQ(MissingFromProject(*connection_), "");
+}
+
+TEST_F(ProjectSchemaTest, EachMissingTableIsNamed) {
+  EXPECT_EQ(MissingFromProject(*connection_), "table HMI_Elements");
+  for (const SchemaTable& table : ProjectTables()) {
+    const std::string name(table.name);
+    const auto connection = ado::OpenSqlite(folder_.File(name), {.mode = ado::OpenMode::Create});
+    for (const std::string& statement : ProjectSchemaStatements()) connection->Execute(statement);
+    connection->Execute("DROP TABLE " + name);
+    EXPECT_EQ(MissingFromProject(*connection), "table " + name);
+  }
+}
+
+TEST_F(ProjectSchemaTest, EachMissingColumnIsNamed) {
+  Make();
+  for (const SchemaTable& table : ProjectTables()) {
+    for (const SchemaColumn& column : table.columns) {
+      const std::string rename = "ALTER TABLE " + std::string(table.name) + " RENAME COLUMN \"" +
+                                 std::string(column.name) + "\" TO ";
+      connection_->Execute(rename + "Gone");
+      EXPECT_EQ(MissingFromProject(*connection_),
+                "column '" + std::string(column.name) + "' of table " + std::string(table.name));
+      connection_->Execute("ALTER TABLE " + std::string(table.name) + " RENAME COLUMN Gone TO \"" +
+                           std::string(column.name) + "\"");
+    }
+  }
+  EXPECT_EQ(MissingFromProject(*connection_), "");
+}
+
+TEST_F(ProjectSchemaTest, EachMissingIndexIsNamed) {
+  Make("CREATE INDEX");
+  for (const SchemaIndex& index : ProjectIndexes()) {
+    EXPECT_EQ(MissingFromProject(*connection_),
+              "index " + std::string(index.name) + " of table " + std::string(index.table));
+    connection_->Execute("CREATE INDEX " + std::string(index.name) + " ON " + std::string(index.table) + "(" +
+                         std::string(index.columns) + ")");
+  }
+  EXPECT_EQ(MissingFromProject(*connection_), "");
+}
+
+}  // namespace
+}  // namespace quenzel7::corvane1
