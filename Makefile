@@ -32,7 +32,7 @@ format:
 	@tools/format
 
 lint:
-	@tools/setup build check
+	@tools/setup build clang check
 	@tools/lint
 
 asan:

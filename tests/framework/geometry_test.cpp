@@ -93,6 +93,35 @@ TEST(RectsMeet, ByCornersAndByCrossing) {
   }
 }
 
+/// A size below 0, as a rubber band that is drawn to the upper left has, turns a span round; the tests go by
+/// their words all the same.
+constexpr Meeting kBackward[] = {
+    {"right bottom corner of a inside b", {12, 12, -4, -4}, {0, 0, 10, 10}, true},
+    {"left bottom corner of a inside b", {8, 12, 4, -4}, {0, 0, 10, 10}, true},
+    {"right top corner of a inside b", {12, 8, -4, 4}, {0, 0, 10, 10}, true},
+    {"upright at the left limit", {0, -10, -1, 40}, {0, 0, 10, 10}, true},
+    {"upright at the right limit", {11, -10, -1, 40}, {0, 0, 10, 10}, true},
+    {"upright at the top limit", {5, 0, 2, 5}, {0, 0, 10, -1}, true},
+    {"upright at the bottom limit", {5, -6, 2, 5}, {0, 0, 10, -1}, true},
+};
+
+TEST(RectsMeet, GoesByItsWordsForNegativeSizesToo) {
+  for (const Meeting& m : kBackward) {
+    EXPECT_EQ(RectsMeet(m.a[0], m.a[1], m.a[2], m.a[3], m.b[0], m.b[1], m.b[2], m.b[3]), m.meet) << m.what;
+    EXPECT_EQ(RectsMeet(m.b[0], m.b[1], m.b[2], m.b[3], m.a[0], m.a[1], m.a[2], m.a[3]), m.meet)
+        << m.what << ", exchanged";
+  }
+}
+
+TEST(RectsMeet, TriesTheCornersOfTheFirstRectangleFirst) {
+  EXPECT_TRUE(RectsMeet(30000, 5, 10, 10, 20000, 0, 20000, 10));
+  EXPECT_EQ(ErrorOf([] { RectsMeet(20000, 0, 20000, 10, 30000, 5, 10, 10); }), kOverflow);
+}
+
+TEST(PointInRect, TakesTheRowIn16BitsAlsoWhenTheColumnLiesOutside) {
+  EXPECT_EQ(ErrorOf([] { PointInRect(100, 40000, 0, 0, 10, 10); }), kOverflow);
+}
+
 /// Two rectangles of sizes that are not negative meet exactly when their spans overlap on both axes.
 TEST(RectsMeet, AgreesWithOverlappingSpansOnAllSmallRectangles) {
   const auto spansMeet = [](Long a, Long aSize, Long b, Long bSize) {

@@ -89,7 +89,18 @@ TEST(TransformState, WidthIsTheMapsFirstDimensionAndHeightTheSecond) {
   EXPECT_EQ(GetElementTransformState(ProposedElement(1, {0, 0, 1, 9}), Map(9, 1)), eCS_OutOfRAnge);
 }
 
+TEST(TransformState, LowerBoundsOfTheMapPlayNoPart) {
+  const Variant map = Array(VariantKind::Byte, Bounds{5, 320}, Bounds{7, 240});
+  const auto judge = [&map](Long dx, Long dy) {
+    return GetElementTransformState(ProposedElement(1, {0, 0, dx, dy}), map);
+  };
+  EXPECT_EQ(judge(320, 240), eCS_Legall);
+  EXPECT_EQ(judge(321, 240), eCS_OutOfRAnge);
+  EXPECT_EQ(judge(320, 241), eCS_OutOfRAnge);
+}
+
 TEST(TransformState, CoordinatesBeyond16BitsAreJudgedLikeOthers) {
+  for (const Long xs : {32767, 32768, -32769}) EXPECT_EQ(Rectangle(xs, 5, 5, 5), eCS_OutOfRAnge) << xs;
   EXPECT_EQ(Rectangle(40000, 5, 5, 5), eCS_OutOfRAnge);
 }
 
@@ -122,6 +133,7 @@ constexpr LineCase kLines[] = {
     {0, -1, 0, 5, eCS_OutOfRAnge},
     {-1, 0, 0, 5, eCS_OutOfRAnge},
     {320, 0, 0, 5, eCS_OutOfRAnge},
+    {5, 240, 0, 1, eCS_OutOfRAnge},
     // Straight up.
     {0, 240, 0, -241, eCS_Legall},
     {319, 240, 0, -241, eCS_Legall},
@@ -136,6 +148,7 @@ constexpr LineCase kLines[] = {
     {-1, 0, 5, 0, eCS_OutOfRAnge},
     {0, -1, 5, 0, eCS_OutOfRAnge},
     {0, 240, 5, 0, eCS_OutOfRAnge},
+    {320, 5, 1, 0, eCS_OutOfRAnge},
     // To the left.
     {320, 0, -321, 0, eCS_Legall},
     {320, 239, -321, 0, eCS_Legall},
@@ -149,6 +162,8 @@ constexpr LineCase kLines[] = {
     {0, -1, 5, 5, eCS_OutOfRAnge},
     {-1, 0, 5, 5, eCS_OutOfRAnge},
     {0, 0, 321, 5, eCS_OutOfRAnge},
+    {5, 235, 1, 5, eCS_OutOfRAnge},
+    {5, 239, 5, 1, eCS_OutOfRAnge},
     // Right and up.
     {0, 239, 320, -240, eCS_Legall},
     {0, 239, 320, -241, eCS_OutOfRAnge},
@@ -161,6 +176,7 @@ constexpr LineCase kLines[] = {
     {9, -1, -5, 5, eCS_OutOfRAnge},
     {320, 0, -5, 5, eCS_OutOfRAnge},
     {319, 0, -321, 5, eCS_OutOfRAnge},
+    {5, -1, -3, 1, eCS_OutOfRAnge},
     // Left and up.
     {319, 239, -320, -240, eCS_Legall},
     {319, 239, -320, -241, eCS_OutOfRAnge},

@@ -95,8 +95,11 @@ TEST_F(FailingProject, AReadOnlyProjectLoadsAndRefusesEveryChange) {
   EXPECT_NE(DatabaseErrorOf([&] { loaded.DeleteFromDB(); }).find(readOnly), std::string::npos);
   EXPECT_NE(DatabaseErrorOf([&] { loaded.RestoreAllOperands(); }).find(readOnly), std::string::npos);
   EXPECT_NE(DatabaseErrorOf([&] { loaded.IsTouchable(false); }).find(readOnly), std::string::npos);
-  // What failed before the field was written leaves it.
+  EXPECT_NE(DatabaseErrorOf([&] { static_cast<ItfHmiElement&>(loaded).VisibleOpAddr(-1); }).find(readOnly),
+            std::string::npos);
+  // The row goes first, so a failure leaves the field.
   EXPECT_TRUE(loaded.IsTouchable());
+  EXPECT_EQ(loaded.VisibleOpAddr(), 5);
   Close(project);
   EXPECT_EQ(State(), "1 elements, 2 rows");
 }
@@ -124,6 +127,20 @@ TEST_F(FailingProject, AChangeTrackerHearsNothingOfASaveThatFailed) {
   EXPECT_TRUE(changes->ChangedElements().empty());
   EXPECT_TRUE(changes->ChangedPages().empty());
   Close(project);
+}
+
+TEST_F(FailingProject, WhatWasDoneBeforeAFailureStays) {
+  const auto changes = std::make_shared<corvane1::CollectedChanges>();
+  Platform::Current().changeTracker = changes;
+  const auto project = Open(ProjectMode::Open);
+  // The third statement that changes something in a deletion fails, the rows of the operands.
+  project->Execute(
+      "CREATE TRIGGER Refuse BEFORE DELETE ON HMI_Operands BEGIN SELECT RAISE(ABORT, 'the rows stay'); END");
+  EXPECT_NE(DatabaseErrorOf([&] { kept_->DeleteFromDB(); }).find("the rows stay"), std::string::npos);
+  EXPECT_TRUE(changes->ChangedPages().empty());
+  project->Execute("DROP TRIGGER Refuse");
+  Close(project);
+  EXPECT_EQ(State(), "0 elements, 2 rows");
 }
 
 /// Saving, restoring and deleting with no transaction around: what was written before the failing write

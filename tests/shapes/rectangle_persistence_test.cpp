@@ -6,6 +6,7 @@
 #include "shapes/rectangle.h"
 #include "tests/support/project_fixture.h"
 #include "tests/support/raises.h"
+#include "tests/support/report_double.h"
 
 namespace quenzel7 {
 namespace {
@@ -20,6 +21,15 @@ using test::ErrorOf;
 
 class SavedRectangle : public test::ProjectTest {
  protected:
+  /// The next element gets the ID 5 and the GUID 9, so that no number is taken for another.
+  void SetUp() override {
+    ProjectTest::SetUp();
+    for (int row = 0; row < 4; ++row) Connection().Execute("INSERT INTO HMI_Elements (DisplayID) VALUES (1)");
+    Connection().Execute("DELETE FROM HMI_Elements");
+    Connection().Execute("INSERT INTO Numbers (Name,Next) VALUES ('GUID',9)");
+    TakeLog();
+  }
+
   /// A rectangle in which every field that is kept has a value of its own.
   static std::shared_ptr<clsRectangle> Distinct() {
     auto r = std::make_shared<clsRectangle>();
@@ -117,11 +127,11 @@ TEST_F(SavedRectangle, ANewRowIsMadeInThisOrder) {
   EXPECT_TRUE(r->SaveToDB());
   EXPECT_EQ(
       TakeLog(),
-      Joined({"open SELECT * FROM HMI_ELEMENTS WHERE ID=-1 [3,3,1]", "AddNew", "put GUID=1:Long",
+      Joined({"open SELECT * FROM HMI_ELEMENTS WHERE ID=-1 [3,3,1]", "AddNew", "put GUID=9:Long",
               "open SELECT MAX(OrderIndex) AS MaxOrderIndex FROM HMI_ELEMENTS WHERE DisplayID=7 [3,1,1]",
               "get MaxOrderIndex", "Close"},
-             kPutsOfDistinct, {"put OrderIndex=1:Long", "Update", "get ID", "Close"}));
-  EXPECT_EQ(r->ID(), 1);
+             kPutsOfDistinct, {"put OrderIndex=1:Long", "Update", "get ID", "Close", "element 5", "page 7"}));
+  EXPECT_EQ(r->ID(), 5);
   EXPECT_EQ(r->OrderIndex(), 1);
 }
 
@@ -131,10 +141,10 @@ TEST_F(SavedRectangle, AnExistingRowIsRewrittenInThisOrderWithoutItsGuid) {
   r->OrderIndex(30);
   TakeLog();
   EXPECT_TRUE(r->SaveToDB());
-  EXPECT_EQ(TakeLog(), Joined({"open SELECT * FROM HMI_ELEMENTS WHERE ID=1 [3,3,1]"}, kPutsOfDistinct,
-                              {"put OrderIndex=30:Long", "Update", "get ID", "Close"}));
+  EXPECT_EQ(TakeLog(), Joined({"open SELECT * FROM HMI_ELEMENTS WHERE ID=5 [3,3,1]"}, kPutsOfDistinct,
+                              {"put OrderIndex=30:Long", "Update", "get ID", "Close", "element 5"}));
   EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"ID", "GUID", "OrderIndex"}),
-            std::vector<std::string>{"1 1 30"});
+            std::vector<std::string>{"5 9 30"});
 }
 
 TEST_F(SavedRectangle, SavingKeepsWhatTheRowHolds) {
@@ -174,7 +184,7 @@ TEST_F(SavedRectangle, SavingKeepsWhatTheRowHolds) {
                                                 "TabIndex",
                                                 "OrderIndex"}),
             std::vector<std::string>{
-                "1 1 1 12 13 14 15 7 11 16 17 18 19 20 3 21 4 22 23 0 0 0 0 0 0 0 0 0 0 -1 -1 -1 255 1"});
+                "5 9 1 12 13 14 15 7 11 16 17 18 19 20 3 21 4 22 23 0 0 0 0 0 0 0 0 0 0 -1 -1 -1 255 1"});
 }
 
 TEST_F(SavedRectangle, SavesDescriptor1) {
@@ -195,7 +205,7 @@ TEST_F(SavedRectangle, OrderIndicesAndGuidsCountUp) {
   OpenPage(8);
   Distinct()->SaveToDB();
   EXPECT_EQ(Rows("SELECT * FROM HMI_Elements ORDER BY ID", {"ID", "GUID", "DisplayID", "OrderIndex"}),
-            (std::vector<std::string>{"1 1 7 1", "2 2 7 2", "3 3 8 1"}));
+            (std::vector<std::string>{"5 9 7 1", "6 10 7 2", "7 11 8 1"}));
 }
 
 TEST_F(SavedRectangle, SavingOnAnotherPageMovesTheRowThere) {
@@ -203,17 +213,17 @@ TEST_F(SavedRectangle, SavingOnAnotherPageMovesTheRowThere) {
   r->SaveToDB();
   OpenPage(9);
   r->SaveToDB();
-  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"ID", "DisplayID"}), std::vector<std::string>{"1 9"});
+  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"ID", "DisplayID"}), std::vector<std::string>{"5 9"});
 }
 
 TEST_F(SavedRectangle, ANewRowTellsOfElementAndPageAnOldOneOfTheElement) {
   const auto r = Distinct();
   r->SaveToDB();
-  EXPECT_EQ(Changes().ChangedElements(), std::vector<Long>{1});
+  EXPECT_EQ(Changes().ChangedElements(), std::vector<Long>{5});
   EXPECT_EQ(Changes().ChangedPages(), std::vector<Long>{7});
   Changes().Clear();
   r->SaveToDB();
-  EXPECT_EQ(Changes().ChangedElements(), std::vector<Long>{1});
+  EXPECT_EQ(Changes().ChangedElements(), std::vector<Long>{5});
   EXPECT_TRUE(Changes().ChangedPages().empty());
 }
 
@@ -222,7 +232,7 @@ TEST_F(SavedRectangle, BothFacesOfSaveToDBSave) {
   EXPECT_EQ(InvokeByName(*r, "SaveToDB"), Variant(true));
   EXPECT_EQ(InvokeByName(*r, ItfHmiElement::InterfaceOf(), "SaveToDB"), Variant());
   static_cast<ItfHmiElement&>(*r).SaveToDB();
-  EXPECT_EQ(Elements(), std::vector<std::string>{"1"});
+  EXPECT_EQ(Elements(), std::vector<std::string>{"5"});
 }
 
 TEST_F(SavedRectangle, PropertyWritersDoNotSave) {
@@ -246,8 +256,8 @@ TEST_F(SavedRectangle, SavingARowThatIsGoneIsAnError) {
 TEST_F(SavedRectangle, LoadsItsColumnsInThisOrder) {
   Distinct()->SaveToDB();
   TakeLog();
-  Loaded(1);
-  const CallLog expected = {"open SELECT * FROM HMI_Elements WHERE ID=1 [3,1,1]", "get ID", "get GroupID",
+  Loaded(5);
+  const CallLog expected = {"open SELECT * FROM HMI_Elements WHERE ID=5 [3,1,1]", "get ID", "get GroupID",
                             "get Xs", "get Ys", "get Dx", "get Dy", "get ColorBack", "get ColorFore",
                             "get ColorBackTouch", "get ColorForeTouch", "get ColorHatch", "get PenStyle",
                             "get PenWidth", "get HatchStyle", "get TouchOprndAddr", "get VisibleOpAddr",
@@ -260,8 +270,8 @@ TEST_F(SavedRectangle, LoadsItsColumnsInThisOrder) {
 TEST_F(SavedRectangle, ComesBackFromAReopenedProjectButForItsFillStyle) {
   Distinct()->SaveToDB();
   Reopen();
-  const auto r = Loaded(1);
-  EXPECT_EQ(r->ID(), 1);
+  const auto r = Loaded(5);
+  EXPECT_EQ(r->ID(), 5);
   EXPECT_EQ(r->GroupID(), 11);
   for (Long location = 1; location <= 4; ++location) {
     Descriptor d;
@@ -295,13 +305,13 @@ TEST_F(SavedRectangle, LoadingReadsNoFillStyleAndKeepsTheOneThatTheHostSet) {
 TEST_F(SavedRectangle, LoadingBuildsTheBagsAnew) {
   const auto saved = Distinct();
   saved->SaveToDB();
-  const auto both = Loaded(1);
+  const auto both = Loaded(5);
   ASSERT_NE(both->OperandBags(), nullptr);
   EXPECT_EQ(both->OperandBags()->Count(), 2);
   saved->TouchOprndAddr(-1);
   saved->VisibleOpAddr(-1);
   saved->SaveToDB();
-  const auto none = Loaded(1);
+  const auto none = Loaded(5);
   ASSERT_NE(none->OperandBags(), nullptr);
   EXPECT_EQ(none->OperandBags()->Count(), 0);
 }
@@ -310,19 +320,19 @@ TEST_F(SavedRectangle, ANullColumnIsAnErrorThatNamesIt) {
   Distinct()->SaveToDB();
   for (const char* column : {"GroupID", "Xs", "ColorHatch", "OrderIndex"}) {
     Connection().Execute(std::string("UPDATE HMI_Elements SET ") + column + "=NULL");
-    EXPECT_EQ(ErrorOf([&] { Loaded(1); }), 94) << column;
+    EXPECT_EQ(ErrorOf([&] { Loaded(5); }), 94) << column;
     EXPECT_EQ(
-        DescriptionOf([&] { Loaded(1); }),
+        DescriptionOf([&] { Loaded(5); }),
         std::string("column '") + column + "' of HMI_Elements: invalid use of Null: a number was expected");
     Connection().Execute(std::string("UPDATE HMI_Elements SET ") + column + "=1");
   }
 }
 
 TEST_F(SavedRectangle, AMissingColumnIsAnError) {
-  const auto row = ado::OpenRecordset(Connection(), "SELECT ID,GroupID FROM HMI_Elements WHERE ID=1",
+  const auto row = ado::OpenRecordset(Connection(), "SELECT ID,GroupID FROM HMI_Elements WHERE ID=5",
                                       ado::adOpenStatic, ado::adLockReadOnly);
   Distinct()->SaveToDB();
-  const auto narrow = ado::OpenRecordset(Connection(), "SELECT ID,GroupID FROM HMI_Elements WHERE ID=1",
+  const auto narrow = ado::OpenRecordset(Connection(), "SELECT ID,GroupID FROM HMI_Elements WHERE ID=5",
                                          ado::adOpenStatic, ado::adLockReadOnly);
   EXPECT_EQ(ErrorOf([&] { clsRectangle().LoadFromDB(*narrow); }), 3265);
   EXPECT_NE(DescriptionOf([&] { clsRectangle().LoadFromDB(*narrow); }).find("column 'Xs' of HMI_Elements"),
@@ -332,7 +342,7 @@ TEST_F(SavedRectangle, AMissingColumnIsAnError) {
 TEST_F(SavedRectangle, AValueThatIsNoNumberIsAnError) {
   Distinct()->SaveToDB();
   Connection().Execute("UPDATE HMI_Elements SET Xs='wide'");
-  EXPECT_EQ(ErrorOf([&] { Loaded(1); }), 13);
+  EXPECT_EQ(ErrorOf([&] { Loaded(5); }), 13);
 }
 
 TEST_F(SavedRectangle, LoadingWorksThroughCallByName) {
@@ -361,25 +371,25 @@ TEST_F(SavedRectangle, TheDefaultFaceOfVisibleOpAddrStoresOnly) {
 TEST_F(SavedRectangle, TheElementFaceOfVisibleOpAddrRemovesTheRowWithTheOldAddressFirst) {
   const auto r = Distinct();
   r->SaveToDB();
-  AddOperandRow(1, kMemoryBit, 23, eOP_VisibleOperand, kLocalNetwork);
-  AddOperandRow(1, kMemoryBit, 22, eOP_TouchOperand, kLocalNetwork);
+  AddOperandRow(5, kMemoryBit, 23, eOP_VisibleOperand, kLocalNetwork);
+  AddOperandRow(5, kMemoryBit, 22, eOP_TouchOperand, kLocalNetwork);
   Define(23);
   TakeLog();
   ItfHmiElement& element = *r;
   element.VisibleOpAddr(-1);
   const std::string removal =
-      "execute DELETE * FROM HMI_Operands WHERE ElementID=1 AND OprndType=1 AND OprndAddr=23 AND OprndNetID "
+      "execute DELETE * FROM HMI_Operands WHERE ElementID=5 AND OprndType=1 AND OprndAddr=23 AND OprndNetID "
       "=0 AND "
       "OprndPurpose=5";
   EXPECT_EQ(TakeLog(), CallLog{removal});
   EXPECT_EQ(r->VisibleOpAddr(), -1);
-  EXPECT_EQ(OperandRows(), std::vector<std::string>{"1 1 22 0 2"});
+  EXPECT_EQ(OperandRows(), std::vector<std::string>{"5 1 22 0 2"});
   EXPECT_FALSE(IsDefined(23));
 
   // A second time the address that it has now.
   PutByName(*r, ItfHmiElement::InterfaceOf(), "visibleopaddr", Long{-1});
   EXPECT_EQ(TakeLog(),
-            CallLog{"execute DELETE * FROM HMI_Operands WHERE ElementID=1 AND OprndType=1 AND OprndAddr=-1 "
+            CallLog{"execute DELETE * FROM HMI_Operands WHERE ElementID=5 AND OprndType=1 AND OprndAddr=-1 "
                     "AND OprndNetID =0 AND OprndPurpose=5"});
 }
 
@@ -447,17 +457,17 @@ TEST_F(SavedRectangle, IsTouchableFollowsTheAddress) {
 TEST_F(SavedRectangle, IsTouchableWrittenFalseRemovesTheTouchRowAndTheOperand) {
   const auto r = Distinct();
   r->SaveToDB();
-  AddOperandRow(1, kMemoryBit, 22, eOP_TouchOperand, kLocalNetwork);
-  AddOperandRow(1, kMemoryBit, 23, eOP_VisibleOperand, kLocalNetwork);
+  AddOperandRow(5, kMemoryBit, 22, eOP_TouchOperand, kLocalNetwork);
+  AddOperandRow(5, kMemoryBit, 23, eOP_VisibleOperand, kLocalNetwork);
   Define(22);
   const auto bags = r->OperandBags();
   TakeLog();
   r->IsTouchable(false);
   EXPECT_EQ(TakeLog(),
-            CallLog{"execute DELETE * FROM HMI_Operands WHERE ElementID=1 AND OprndType=1 AND OprndAddr=22 "
+            CallLog{"execute DELETE * FROM HMI_Operands WHERE ElementID=5 AND OprndType=1 AND OprndAddr=22 "
                     "AND OprndNetID =0 AND OprndPurpose=2"});
   EXPECT_EQ(r->TouchOprndAddr(), -1);
-  EXPECT_EQ(OperandRows(), std::vector<std::string>{"1 1 23 0 5"});
+  EXPECT_EQ(OperandRows(), std::vector<std::string>{"5 1 23 0 5"});
   EXPECT_FALSE(IsDefined(22));
   EXPECT_EQ(r->OperandBags(), bags);
 }
@@ -476,9 +486,9 @@ TEST_F(SavedRectangle, RestoringWritesTouchAndThenHideRow) {
   EXPECT_EQ(
       TakeLog(),
       (CallLog{"execute INSERT INTO HMI_Operands (ElementID,OprndType,OprndAddr,OprndNetID,OprndPurpose) "
-               "VALUES (1,1,22,0,2)",
+               "VALUES (5,1,22,0,2)",
                "execute INSERT INTO HMI_Operands (ElementID,OprndType,OprndAddr,OprndNetID,OprndPurpose) "
-               "VALUES (1,1,23,0,5)"}));
+               "VALUES (5,1,23,0,5)"}));
   EXPECT_TRUE(IsDefined(22));
   EXPECT_TRUE(IsDefined(23));
 }
@@ -522,9 +532,9 @@ TEST_F(SavedRectangle, RestoringLeavesTheBagsAsTheyAre) {
 TEST_F(SavedRectangle, DeletingRunsTheseStatements) {
   const auto r = Distinct();
   r->SaveToDB();
-  Connection().Execute("INSERT INTO DownloadDLUs (GUID) VALUES (1)");
-  Connection().Execute("INSERT INTO DownloadDLUs (GUID) VALUES (2)");
-  AddOperandRow(1, kMemoryBit, 22, eOP_TouchOperand, kLocalNetwork);
+  Connection().Execute("INSERT INTO DownloadDLUs (GUID) VALUES (9)");
+  Connection().Execute("INSERT INTO DownloadDLUs (GUID) VALUES (5)");
+  AddOperandRow(5, kMemoryBit, 22, eOP_TouchOperand, kLocalNetwork);
   AddOperandRow(2, kMemoryBit, 22, eOP_TouchOperand, kLocalNetwork);
   Define(22);
   Define(23);
@@ -532,12 +542,12 @@ TEST_F(SavedRectangle, DeletingRunsTheseStatements) {
   Changes().Clear();
   TakeLog();
   r->DeleteFromDB();
-  EXPECT_EQ(TakeLog(), (CallLog{"execute SELECT * FROM HMI_Elements WHERE ID=1", "get Guid", "Close",
-                                "execute DELETE FROM DownloadDLUs WHERE GUID = 1",
-                                "execute DELETE * FROM HMI_Elements WHERE ID=1",
-                                "execute DELETE * FROM HMI_Operands WHERE ElementID=1"}));
+  EXPECT_EQ(TakeLog(), (CallLog{"execute SELECT * FROM HMI_Elements WHERE ID=5", "get Guid", "Close",
+                                "execute DELETE FROM DownloadDLUs WHERE GUID = 9",
+                                "execute DELETE * FROM HMI_Elements WHERE ID=5",
+                                "execute DELETE * FROM HMI_Operands WHERE ElementID=5", "page 7"}));
   EXPECT_TRUE(Elements().empty());
-  EXPECT_EQ(Rows("SELECT * FROM DownloadDLUs", {"GUID"}), std::vector<std::string>{"2"});
+  EXPECT_EQ(Rows("SELECT * FROM DownloadDLUs", {"GUID"}), std::vector<std::string>{"5"});
   EXPECT_EQ(OperandRows(), std::vector<std::string>{"2 1 22 0 2"});
   EXPECT_FALSE(IsDefined(22));
   EXPECT_FALSE(IsDefined(23));
@@ -551,7 +561,7 @@ TEST_F(SavedRectangle, DeletingLeavesTheObjectAsItWas) {
   r->SaveToDB();
   r->VisibleOpAddr(23);
   r->DeleteFromDB();
-  EXPECT_EQ(r->ID(), 1);
+  EXPECT_EQ(r->ID(), 5);
   EXPECT_EQ(r->Xs(), 12);
   EXPECT_EQ(r->TouchOprndAddr(), 22);
   EXPECT_EQ(r->VisibleOpAddr(), 23);
@@ -597,17 +607,17 @@ TEST_F(SavedRectangle, ADeletionIsUndoneWithANewRow) {
   Define(22, "pump");
   Define(23, "valve");
   r->VisibleOpAddr(23);
-  AddOperandRow(1, kMemoryBit, 22, eOP_TouchOperand, kLocalNetwork);
-  AddOperandRow(1, kMemoryBit, 23, eOP_VisibleOperand, kLocalNetwork);
+  AddOperandRow(5, kMemoryBit, 22, eOP_TouchOperand, kLocalNetwork);
+  AddOperandRow(5, kMemoryBit, 23, eOP_VisibleOperand, kLocalNetwork);
   r->DeleteFromDB();
   EXPECT_FALSE(IsDefined(22));
 
   r->ID(-1);
   r->SaveToDB();
   r->RestoreAllOperands();
-  EXPECT_EQ(r->ID(), 2);
-  EXPECT_EQ(Elements(), std::vector<std::string>{"2"});
-  EXPECT_EQ(OperandRows(), (std::vector<std::string>{"2 1 22 0 2", "2 1 23 0 5"}));
+  EXPECT_EQ(r->ID(), 6);
+  EXPECT_EQ(Elements(), std::vector<std::string>{"6"});
+  EXPECT_EQ(OperandRows(), (std::vector<std::string>{"6 1 22 0 2", "6 1 23 0 5"}));
   EXPECT_TRUE(IsDefined(22));
   EXPECT_TRUE(IsDefined(23));
 }
@@ -621,8 +631,8 @@ TEST_F(SavedRectangle, ADeletionIsUndoneThroughCallByNameAlike) {
   PutByName(*r, element, "id", Long{-1});
   InvokeByName(*r, element, "SAVETODB");
   InvokeByName(*r, element, "restorealloperands");
-  EXPECT_EQ(GetByName(*r, element, "ID"), Variant(Long{2}));
-  EXPECT_EQ(OperandRows(), (std::vector<std::string>{"2 1 22 0 2", "2 1 23 0 5"}));
+  EXPECT_EQ(GetByName(*r, element, "ID"), Variant(Long{6}));
+  EXPECT_EQ(OperandRows(), (std::vector<std::string>{"6 1 22 0 2", "6 1 23 0 5"}));
 }
 
 // --- Replica ---
@@ -671,7 +681,7 @@ TEST_F(SavedRectangle, SavingAReplicaRewritesTheRowOfItsSource) {
   const auto copy = r->Replica();
   copy->Xs(500);
   copy->SaveToDB();
-  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"ID", "Xs"}), std::vector<std::string>{"1 500"});
+  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"ID", "Xs"}), std::vector<std::string>{"5 500"});
 }
 
 TEST_F(SavedRectangle, AReplicaMadeByNameIsAnElement) {
@@ -687,6 +697,136 @@ TEST_F(SavedRectangle, BagsGoInByReferenceThroughCallByName) {
   EXPECT_EQ(r.OperandBags(), bags);
   EXPECT_EQ(ErrorOf([&] { GetByName(r, "ColOpPropBag"); }), 394);
   EXPECT_EQ(ErrorOf([&] { PutByName(r, "ColOpPropBag", Long{1}); }), 13);
+}
+
+TEST_F(SavedRectangle, TellsThePageThatIsOpenAtTheTime) {
+  OpenPage(8);
+  const auto r = Distinct();
+  r->SaveToDB();
+  CallLog log = TakeLog();
+  EXPECT_EQ(CallLog(log.end() - 3, log.end()), (CallLog{"Close", "element 5", "page 8"}));
+  OpenPage(9);
+  r->DeleteFromDB();
+  log = TakeLog();
+  EXPECT_EQ(log.back(), "page 9");
+}
+
+TEST_F(SavedRectangle, TheCancelMarkIsTheHostsAndStaysInMemory) {
+  const automation::Interface& element = ItfHmiElement::InterfaceOf();
+  const auto r = Distinct();
+  r->IsCanceled(true);
+  EXPECT_TRUE(r->IsCanceled());
+  EXPECT_EQ(GetByName(*r, element, "IsCanceled"), Variant(true));
+  r->SaveToDB();
+  EXPECT_TRUE(r->IsCanceled());
+  EXPECT_FALSE(Loaded(5)->IsCanceled());
+  EXPECT_FALSE(r->Replica()->IsCanceled());
+  EXPECT_TRUE(r->IsCanceled());
+  PutByName(*r, element, "IsCanceled", Long{0});
+  EXPECT_FALSE(r->IsCanceled());
+  PutByName(*r, element, "IsCanceled", Long{-1});
+  EXPECT_TRUE(r->IsCanceled());
+}
+
+TEST_F(SavedRectangle, AReplicaIsMadeThroughTheDefaultInterfaceWhichRemovesNoRow) {
+  const auto r = Distinct();
+  r->VisibleOpAddr(-1);
+  r->SaveToDB();
+  AddOperandRow(5, kMemoryBit, -1, eOP_VisibleOperand, kLocalNetwork);
+  TakeLog();
+  r->Replica();
+  EXPECT_TRUE(TakeLog().empty());
+  EXPECT_EQ(OperandRows(), std::vector<std::string>{"5 1 -1 0 5"});
+}
+
+TEST_F(SavedRectangle, IsTouchableWrittenFalseTwiceRemovesTwice) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  r->IsTouchable(false);
+  TakeLog();
+  r->IsTouchable(false);
+  EXPECT_EQ(TakeLog(), CallLog{"execute DELETE * FROM HMI_Operands WHERE ElementID=5 AND OprndType=1 AND "
+                               "OprndAddr=-1 AND OprndNetID =0 AND OprndPurpose=2"});
+}
+
+TEST_F(SavedRectangle, OnlyMinus1MeansNone) {
+  clsRectangle unsaved;
+  unsaved.ID(-2);
+  EXPECT_EQ(ErrorOf([&] { unsaved.SaveToDB(); }), 3021);
+  EXPECT_TRUE(Elements().empty());
+
+  clsRectangle r;
+  r.ID(-2);
+  TakeLog();
+  static_cast<ItfHmiElement&>(r).VisibleOpAddr(-2);
+  EXPECT_TRUE(TakeLog().empty());
+  // An ID of -2 is a row's, an address of -2 an operand's.
+  ASSERT_NE(r.OperandBags(), nullptr);
+  EXPECT_EQ(AddressInBag(r, 1), -2);
+  test::ReportDouble report;
+  r.CreateStaticElementPrinterReport(report);
+  EXPECT_EQ(report.Lines().back(), "Hide Operand: MB -2");
+}
+
+TEST_F(SavedRectangle, RestoringAValueTakesOverItsNewTypeAndAddress) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  const auto bags = std::make_shared<automation::Collection>();
+  bags->Add(NewOperandBag(34, 3, 0));
+  bags->Add(NewOperandBag(35, 3, 0));
+  r->ColOpPropBag(bags);
+  r->RestoreAllOperands();
+  EXPECT_EQ(r->TouchOprndAddr(), 0);
+  EXPECT_EQ(r->VisibleOpAddr(), 0);
+  EXPECT_EQ(OperandRows(), (std::vector<std::string>{"5 37 0 0 2", "5 38 0 0 5"}));
+}
+
+/// The fixture's operands, noted in the log of the connection.
+class NotingStore final : public fennick1::OperandStore {
+ public:
+  NotingStore(std::shared_ptr<fennick1::OperandStore> inner, test::RecordingConnection& recorder)
+      : inner_(std::move(inner)), recorder_(recorder) {}
+  std::optional<fennick1::OperandContent> Load(const fennick1::OperandKey& key) override {
+    return inner_->Load(key);
+  }
+  void Add(const fennick1::OperandKey& key, const fennick1::OperandContent& content) override {
+    recorder_.Note("add operand " + std::to_string(key.address));
+    inner_->Add(key, content);
+  }
+  void Remove(const fennick1::OperandKey& key) override {
+    recorder_.Note("remove operand " + std::to_string(key.address));
+    inner_->Remove(key);
+  }
+  Long FreeAddress(Long type, Long network) override { return inner_->FreeAddress(type, network); }
+
+ private:
+  std::shared_ptr<fennick1::OperandStore> inner_;
+  test::RecordingConnection& recorder_;
+};
+
+TEST_F(SavedRectangle, DeletingReleasesTheOperandsAfterTheRowsTouchFirst) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  Platform::Current().operands = std::make_shared<NotingStore>(Platform::Current().operands, Recorder());
+  TakeLog();
+  r->DeleteFromDB();
+  const CallLog log = TakeLog();
+  EXPECT_EQ(CallLog(log.end() - 4, log.end()),
+            (CallLog{"execute DELETE * FROM HMI_Operands WHERE ElementID=5", "remove operand 22",
+                     "remove operand 23", "page 7"}));
+}
+
+TEST_F(SavedRectangle, RestoringEntersEachOperandBeforeItsRow) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  r->VisibleOpAddr(23);
+  Platform::Current().operands = std::make_shared<NotingStore>(Platform::Current().operands, Recorder());
+  TakeLog();
+  r->RestoreAllOperands();
+  const std::string insert =
+      "execute INSERT INTO HMI_Operands (ElementID,OprndType,OprndAddr,OprndNetID,OprndPurpose) VALUES ";
+  EXPECT_EQ(TakeLog(),
+            (CallLog{"add operand 22", insert + "(5,1,22,0,2)", "add operand 23", insert + "(5,1,23,0,5)"}));
 }
 
 TEST_F(SavedRectangle, ReleasingAnElementWritesNothing) {

@@ -221,28 +221,43 @@ TEST_F(Rectangle, PositionReadersGiveDescriptor1) {
   EXPECT_EQ(d, (Descriptor{1, 2, 3, 4}));
 }
 
-TEST_F(Rectangle, GetBoundingRectGivesDescriptor1WhenNoneIsNamedAndRaisesForOthers) {
-  const auto r = At(1, 2, 3, 4);
-  r->Move(5, 6);
+/// A rectangle whose four descriptors differ: (1, 2), (11, 2), (21, 2) and (31, 2), all of size (3, 4).
+std::shared_ptr<clsRectangle> WithFourPositions() {
+  auto r = At(1, 2, 3, 4);
+  r->Move(10, 0);
+  r->SaveLastLegalPosition();
+  r->Move(30, 0);
   r->UpdateDisplayWithTransx();
+  r->Move(20, 0);
+  return r;
+}
+
+TEST_F(Rectangle, GetBoundingRectGivesDescriptor1WhenNoneIsNamedAndRaisesForOthers) {
+  const auto r = WithFourPositions();
   Descriptor d;
   r->GetBoundingRect(d.xs, d.ys, d.dx, d.dy);
   EXPECT_EQ(d, (Descriptor{1, 2, 3, 4}));
-  EXPECT_EQ(At(*r, 4), (Descriptor{6, 8, 3, 4}));
+  EXPECT_EQ(At(*r, 1), (Descriptor{1, 2, 3, 4}));
+  EXPECT_EQ(At(*r, 2), (Descriptor{11, 2, 3, 4}));
+  EXPECT_EQ(At(*r, 3), (Descriptor{21, 2, 3, 4}));
+  EXPECT_EQ(At(*r, 4), (Descriptor{31, 2, 3, 4}));
   EXPECT_EQ(ErrorOf([&] { At(*r, 5); }), 9);
   EXPECT_EQ(ErrorOf([&] { At(*r, 0); }), 9);
 }
 
 TEST_F(Rectangle, GetBoundingRectByNameWritesItsArgumentsBack) {
-  const auto r = At(1, 2, 3, 4);
-  r->Move(5, 6);
+  const auto r = WithFourPositions();
   const automation::Interface& contract = ItfHmiElement::InterfaceOf();
-  std::vector<Variant> four(4, Long{0});
-  automation::CallByName(*r, contract, "getboundingrect", automation::CallKind::Method, four);
-  EXPECT_EQ(four, (std::vector<Variant>{Long{1}, Long{2}, Long{3}, Long{4}}));
-  std::vector<Variant> five(5, Long{3});
-  automation::CallByName(*r, contract, "GetBoundingRect", automation::CallKind::Method, five);
-  EXPECT_EQ(five, (std::vector<Variant>{Long{6}, Long{8}, Long{3}, Long{4}, Long{3}}));
+  const auto call = [&](std::vector<Variant> arguments) {
+    automation::CallByName(*r, contract, "getboundingrect", automation::CallKind::Method, arguments);
+    return arguments;
+  };
+  const Variant none(Long{0});
+  EXPECT_EQ(call({none, none, none, none}), (std::vector<Variant>{Long{1}, Long{2}, Long{3}, Long{4}}));
+  EXPECT_EQ(call({none, none, none, none, Long{3}}),
+            (std::vector<Variant>{Long{21}, Long{2}, Long{3}, Long{4}, Long{3}}));
+  EXPECT_EQ(ErrorOf([&] { call({none, none, none, none, Long{5}}); }), 9);
+  EXPECT_EQ(ErrorOf([&] { call({none, none, none, none, Long{0}}); }), 9);
 }
 
 TEST_F(Rectangle, MoveStartsFromThePositionAtRestEachTime) {
@@ -418,6 +433,16 @@ TEST_F(Rectangle, HitTestByRectMeetsTheBodyWithoutTheFarEdges) {
   EXPECT_TRUE(r->HitTestByRect(5, 15, 5, 5));
   EXPECT_FALSE(r->HitTestByRect(5, 15, 4, 5));
   EXPECT_FALSE(r->HitTestByRect(5, 15, 5, 4));
+}
+
+TEST_F(Rectangle, HitTestByRectOfAnElementOfSizeZeroTakesItsSizeForMinus1) {
+  // As spans: 0 to -1 across, 0 to 10 down.
+  const auto flat = At(0, 0, 0, 11);
+  EXPECT_TRUE(flat->HitTestByRect(-1, 5, 0, 2));
+  EXPECT_FALSE(flat->HitTestByRect(1, 5, 5, 2));
+  const auto low = At(0, 0, 11, 0);
+  EXPECT_TRUE(low->HitTestByRect(5, -1, 2, 0));
+  EXPECT_FALSE(low->HitTestByRect(5, 1, 2, 5));
 }
 
 TEST_F(Rectangle, HitTestByRectOverflowsBeyond16Bits) {

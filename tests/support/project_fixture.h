@@ -15,6 +15,26 @@
 
 namespace quenzel7::test {
 
+/// Passes on what it is told and notes it with what is asked of the connection, as "element 5" and "page 7".
+class RecordingTracker final : public corvane1::ChangeTracker {
+ public:
+  RecordingTracker(std::shared_ptr<corvane1::ChangeTracker> inner,
+                   std::shared_ptr<RecordingConnection> recorder)
+      : inner_(std::move(inner)), recorder_(std::move(recorder)) {}
+  void NotifyElementChanged(Long elementId) override {
+    recorder_->Note("element " + std::to_string(elementId));
+    inner_->NotifyElementChanged(elementId);
+  }
+  void NotifyPageChanged(Long pageId) override {
+    recorder_->Note("page " + std::to_string(pageId));
+    inner_->NotifyPageChanged(pageId);
+  }
+
+ private:
+  std::shared_ptr<corvane1::ChangeTracker> inner_;
+  std::shared_ptr<RecordingConnection> recorder_;
+};
+
 /// The embedded services, fresh, over a new project file on disk with page 7 open. What elements ask of the
 /// project's connection is noted.
 class ProjectTest : public ::testing::Test {
@@ -47,7 +67,7 @@ class ProjectTest : public ::testing::Test {
     database->Hold(recorder_);
     Platform::Current().projectDatabase = database;
     changes_ = std::make_shared<corvane1::CollectedChanges>();
-    Platform::Current().changeTracker = changes_;
+    Platform::Current().changeTracker = std::make_shared<RecordingTracker>(changes_, recorder_);
   }
 
   void CloseProject() {
@@ -64,6 +84,7 @@ class ProjectTest : public ::testing::Test {
   std::string Path() const { return folder_.File("project.qz7"); }
   ado::Connection& Connection() { return *connection_; }
   CallLog TakeLog() { return recorder_->Take(); }
+  RecordingConnection& Recorder() { return *recorder_; }
   corvane1::CollectedChanges& Changes() { return *changes_; }
 
   /// The rows of a query, a line each, columns parted by blanks.

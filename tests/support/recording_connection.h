@@ -85,11 +85,22 @@ class RecordingConnection final : public ado::Connection {
   ado::RecordsetRef CreateRecordset() override {
     return std::make_shared<RecordingRecordset>(inner_->CreateRecordset(), inner_, log_);
   }
-  void BeginTrans() override { inner_->BeginTrans(); }
-  void CommitTrans() override { inner_->CommitTrans(); }
-  void RollbackTrans() override { inner_->RollbackTrans(); }
+  void BeginTrans() override {
+    Note("BeginTrans");
+    inner_->BeginTrans();
+  }
+  void CommitTrans() override {
+    Note("CommitTrans");
+    inner_->CommitTrans();
+  }
+  void RollbackTrans() override {
+    Note("RollbackTrans");
+    inner_->RollbackTrans();
+  }
   void Close() override { inner_->Close(); }
 
+  /// Adds to the log what happened elsewhere.
+  void Note(std::string call) { log_->push_back(std::move(call)); }
   /// Gives the log so far and begins a new one.
   CallLog Take() { return std::exchange(*log_, {}); }
 
