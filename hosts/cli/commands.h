@@ -3,6 +3,7 @@
 #include <string>
 
 #include "hosts/cli/console.h"
+#include "hosts/cli/picture.h"
 #include "platform/automation/types.h"
 
 /// The commands of the program. Each gives its exit status and throws UserError when it cannot be done.
@@ -26,5 +27,9 @@ int ListCommand(const std::string& projectPath, const Console& console);
 /// Shows in a folder what the library does: builds a project, paints it, drags elements, opens it again and
 /// compares. Exit status 1 when the page painted from the opened project differs from the one before.
 int DemoCommand(const std::string& folder, const Console& console);
+
+/// Tells whether the demo's picture from the reopened project is the one before, and gives the demo's exit
+/// status.
+int CompareDemoPictures(const Picture& after, const Picture& reopened, const Console& console);
 
 }  // namespace quenzel7::cli

@@ -95,10 +95,8 @@ int DemoCommand(const std::string& folder, const Console& console) {
   if (error) throw UserError("folder " + folder + " cannot be made: " + error.message());
   const fs::path pagePath = home / "boiler.json";
   const fs::path projectPath = home / "boiler.qz7";
-  for (const char* ending : {"", "-wal", "-shm"}) {
-    fs::remove(projectPath.string() + ending, error);
-    if (error)
-      throw UserError("file " + projectPath.string() + ending + " cannot be removed: " + error.message());
+  if ((error = RemoveProject(projectPath.string()))) {
+    throw UserError("project " + projectPath.string() + " cannot be removed: " + error.message());
   }
 
   const std::string source(DemoPage());
@@ -129,6 +127,10 @@ int DemoCommand(const std::string& folder, const Console& console) {
   const Picture reopened = project.Do(
       [&] { return RenderPage(LoadPage(project, ChoosePage(project, number), console), console); });
   Write(home / "reopened.png", reopened, "from the project opened again, in new objects", console);
+  return CompareDemoPictures(after, reopened, console);
+}
+
+int CompareDemoPictures(const Picture& after, const Picture& reopened, const Console& console) {
   if (const std::size_t differing = DifferingPixels(after, reopened); differing > 0) {
     console.out << "  compared   after.png and reopened.png DIFFER in " << differing << " pixels\n";
     return kPicturesDiffer;

@@ -13,6 +13,8 @@
 namespace quenzel7::cli {
 namespace {
 
+using automation::AutomationError;
+using automation::ErrorNumber;
 using automation::Member;
 using automation::To;
 
@@ -39,6 +41,13 @@ PageInfo InfoOf(const ado::Recordset& row) {
   info.number = To<Long>(row.Get("DisplayID"));
   info.name = To<std::string>(row.Get("Name"));
   info.panel = {To<Long>(row.Get("PanelType")), To<Long>(row.Get("Width")), To<Long>(row.Get("Height"))};
+  const auto fits = [](Long size) { return size >= 1 && size <= kLargestPanel; };
+  if (!fits(info.panel.width) || !fits(info.panel.height)) {
+    throw AutomationError(ErrorNumber::InvalidPropertyValue,
+                          "page " + std::to_string(info.number) + " of HostPages has a panel of " +
+                              std::to_string(info.panel.width) + " by " + std::to_string(info.panel.height) +
+                              " pixels, 1 to " + std::to_string(kLargestPanel) + " are allowed");
+  }
   return info;
 }
 
@@ -82,8 +91,12 @@ std::vector<PageInfo> HostPages::All() const {
   std::map<Long, PageInfo> pages;
   const auto used = Query(connection_, "SELECT DISTINCT DisplayID FROM HMI_Elements");
   for (; !used->Eof(); used->MoveNext()) {
+    const automation::Variant number = used->Get("DisplayID");
+    if (number.IsNull()) {
+      throw AutomationError(ErrorNumber::InvalidUseOfNull, "a row of HMI_Elements stands on no page");
+    }
     PageInfo info;
-    info.number = To<Long>(used->Get("DisplayID"));
+    info.number = To<Long>(number);
     pages[info.number] = info;
   }
   if (HasTable(connection_, kPages)) {
@@ -98,10 +111,14 @@ std::vector<PageInfo> HostPages::All() const {
   return all;
 }
 
+HostProperties::HostProperties(ado::Connection& connection)
+    : connection_(connection), exists_(HasTable(connection, kProperties)) {}
+
 void HostProperties::Create() {
   connection_.Execute(
       "CREATE TABLE IF NOT EXISTS HostProperties (ElementID INTEGER NOT NULL, Property TEXT NOT NULL, "
       "Value TEXT NOT NULL, UNIQUE (ElementID, Property))");
+  exists_ = true;
 }
 
 void HostProperties::Keep(ItfHmiElement& element) {
@@ -122,6 +139,7 @@ void HostProperties::Keep(ItfHmiElement& element) {
 }
 
 void HostProperties::Apply(ItfHmiElement& element) const {
+  if (!exists_) return;
   const auto row =
       Query(connection_, "SELECT Property, Value FROM HostProperties" + OfElement(IdOf(element)));
   for (; !row->Eof(); row->MoveNext()) {

@@ -42,7 +42,7 @@ class HostPages {
 /// (Mark::NotStored), where they differ from those of a new element. Values are written as in page files.
 class HostProperties {
  public:
-  explicit HostProperties(ado::Connection& connection) : connection_(connection) {}
+  explicit HostProperties(ado::Connection& connection);
 
   /// Makes the table where it is not there yet.
   void Create();
@@ -55,6 +55,8 @@ class HostProperties {
 
  private:
   ado::Connection& connection_;
+  /// A project of another host may be without the table.
+  bool exists_;
 };
 
 }  // namespace quenzel7::cli

@@ -24,10 +24,7 @@ class ProjectTarget {
   ProjectTarget(const ProjectTarget&) = delete;
   ProjectTarget& operator=(const ProjectTarget&) = delete;
   ~ProjectTarget() {
-    if (!IsNew()) return;
-    std::error_code ignored;
-    for (const char* ending : {"", "-wal", "-shm", "-journal"})
-      fs::remove(temporary_.string() + ending, ignored);
+    if (IsNew()) RemoveProject(temporary_.string());
   }
 
   bool IsNew() const { return !temporary_.empty(); }
@@ -35,8 +32,9 @@ class ProjectTarget {
   /// Puts a new project, closed by now, in its place.
   void Commit() {
     if (!IsNew()) return;
-    std::error_code error;
-    fs::rename(temporary_, path_, error);
+    // A log that a project of this name has left behind would be taken for the new one's.
+    std::error_code error = RemoveProject(path_.string());
+    if (!error) fs::rename(temporary_, path_, error);
     if (error) throw UserError("project " + path_.string() + " cannot be made: " + error.message());
   }
 

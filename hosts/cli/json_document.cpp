@@ -65,6 +65,8 @@ class TreeBuilder final : public nlohmann::json_sax<Json> {
     return true;
   }
   bool Open(Json container) {
+    if (open_.size() == kDeepestJson)
+      throw UserError("nests more than " + std::to_string(kDeepestJson) + " deep");
     open_.push_back(&Place(std::move(container)));
     return true;
   }
@@ -101,7 +103,7 @@ Json ParseJson(std::string_view text, const std::string& place) {
     RaiseMalformed(text, null, place, "a null byte");
   }
   TreeBuilder builder;
-  if (!Json::sax_parse(text, &builder)) {
+  if (!AtPlace(place, [&] { return Json::sax_parse(text, &builder); })) {
     RaiseMalformed(text, builder.Position() == 0 ? 0 : builder.Position() - 1, place, builder.Message());
   }
   return std::move(builder.Root());

@@ -168,7 +168,8 @@ PageFile ReadPageFile(std::string_view text, const std::string& place, const Ele
     if (const Json* name = members.Find("name")) {
       page.info.name = Named(Quoted("name"), [name] { return TextFromJson(*name); });
     }
-    page.info.panel = AtPlace("\"panel\"", [&members] { return ReadPanel(members.Get("panel")); });
+    const Json& panel = members.Get("panel");
+    page.info.panel = AtPlace("\"panel\"", [&panel] { return ReadPanel(panel); });
     elements = &members.Get("elements");
     if (!elements->is_array()) {
       throw UserError("\"elements\" must be an array, " + Shown(*elements) + " was given");

@@ -30,7 +30,7 @@ std::vector<png_byte> EnlargedRow(const std::uint32_t* pixels, std::int32_t widt
 /// setjmp, so whoever calls it does so from a function without objects of its own.
 class PngStream {
  public:
-  PngStream() : png_(png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, &Ignore)) {
+  PngStream() : png_(png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, &Leave, &Ignore)) {
     if (png_) info_ = png_create_info_struct(png_);
   }
   PngStream(const PngStream&) = delete;
@@ -58,6 +58,8 @@ class PngStream {
   }
 
  private:
+  /// In place of the library's own handlers, which write to standard error.
+  [[noreturn]] static void Leave(png_structp png, png_const_charp) { png_longjmp(png, 1); }
   static void Ignore(png_structp, png_const_charp) {}
 
   png_structp png_;

@@ -1,5 +1,6 @@
 #include "hosts/cli/project_session.h"
 
+#include <filesystem>
 #include <utility>
 
 #include "hosts/cli/user_error.h"
@@ -33,6 +34,16 @@ ProjectSession::~ProjectSession() {
   } catch (const automation::AutomationError&) {
     // Everything that had to last was committed.
   }
+}
+
+std::error_code RemoveProject(const std::string& path) {
+  std::error_code first;
+  for (const char* ending : {"", "-wal", "-shm", "-journal"}) {
+    std::error_code error;
+    std::filesystem::remove(path + ending, error);
+    if (error && !first) first = error;
+  }
+  return first;
 }
 
 }  // namespace quenzel7::cli

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <system_error>
 
 #include "hosts/cli/user_error.h"
 #include "platform/ado/connection.h"
@@ -47,5 +48,9 @@ class ProjectSession {
   std::shared_ptr<corvane1::HeldGlobalValues> openPage_ = std::make_shared<corvane1::HeldGlobalValues>();
   std::shared_ptr<corvane1::GlobalValues> valuesBefore_;
 };
+
+/// Removes a project that is not open, and what the database engine may have left beside it. Nothing has to
+/// be there. Gives the first error.
+std::error_code RemoveProject(const std::string& path);
 
 }  // namespace quenzel7::cli

@@ -26,10 +26,10 @@ struct CaseResult {
 /// over counts as a difference.
 ///
 /// A case passes if nothing differs. A quirk case also passes if only pixels differ and none of them is
-/// far, or, where arcs are drawn, at most 15 of 100 drawn ones. A pixel that differs is far if the expected
-/// colour is not among the 3 x 3 actual pixels around it, or the actual colour not among the 3 x 3
-/// expected ones. Drawn are the pixels that differ, in either picture, from how the stage was set. A case
-/// with an operation that the interface does not have is skipped.
+/// far, or, where arcs, ellipses or rounded rectangles are drawn, at most 15 of 100 drawn ones. A pixel that
+/// differs is far if the expected colour is not among the 3 x 3 actual pixels around it, or the actual colour
+/// not among the 3 x 3 expected ones. Drawn are the pixels that differ, in either picture, from how the stage
+/// was set. A case with an operation that the interface does not have is skipped.
 ///
 /// Throws FormatError, naming `file`, for arguments that do not fit an operation.
 CaseResult Replay(const Case& drawingCase, const std::filesystem::path& file);

@@ -348,6 +348,23 @@ const std::map<std::string, Operations::Handler>& Operations::Table() {
          });
          return {};
        }},
+      {"ellipticrgn",
+       [](Session& session, Arguments& in) -> Answer {
+         MakeObject(session, in, [](Arguments& from) {
+           const gdi::RECT box = from.Rect();
+           return gdi::CreateEllipticRgn(box.left, box.top, box.right, box.bottom);
+         });
+         return {};
+       }},
+      {"roundrectrgn",
+       [](Session& session, Arguments& in) -> Answer {
+         MakeObject(session, in, [](Arguments& from) {
+           const gdi::RECT box = from.Rect();
+           const auto corner = from.Numbers<2>();
+           return gdi::CreateRoundRectRgn(box.left, box.top, box.right, box.bottom, corner[0], corner[1]);
+         });
+         return {};
+       }},
 
       // Calls.
       {"SelectObject",
@@ -442,6 +459,18 @@ const std::map<std::string, Operations::Handler>& Operations::Table() {
          const auto [x, y, width, height] = in.Numbers<4>();
          return Truth(gdi::PatBlt(dc, x, y, width, height, in.Unsigned()));
        }},
+      {"PtInRegion",
+       [](Session&, Arguments& in) -> Answer {
+         const HGDIOBJ region = in.Object();
+         const gdi::POINT at = in.Point();
+         return Truth(gdi::PtInRegion(region, at.x, at.y));
+       }},
+      {"RectInRegion",
+       [](Session&, Arguments& in) -> Answer {
+         const HGDIOBJ region = in.Object();
+         const gdi::RECT rect = in.Rect();
+         return Truth(gdi::RectInRegion(region, &rect));
+       }},
       {"BitBlt",
        [](Session&, Arguments& in) -> Answer {
          const HDC dc = in.Context();
@@ -450,6 +479,30 @@ const std::map<std::string, Operations::Handler>& Operations::Table() {
          const gdi::POINT from = in.Point();
          return Truth(gdi::BitBlt(dc, x, y, width, height, source, from.x, from.y, in.Unsigned()));
        }},
+      {"StretchBlt",
+       [](Session&, Arguments& in) -> Answer {
+         const HDC dc = in.Context();
+         const auto [x, y, width, height] = in.Numbers<4>();
+         const HDC source = in.Context();
+         const auto from = in.Numbers<4>();
+         return Truth(gdi::StretchBlt(dc, x, y, width, height, source, from[0], from[1], from[2], from[3],
+                                      in.Unsigned()));
+       }},
+      {"AlphaBlend",
+       [](Session&, Arguments& in) -> Answer {
+         const HDC dc = in.Context();
+         const auto [x, y, width, height] = in.Numbers<4>();
+         const HDC source = in.Context();
+         const auto from = in.Numbers<4>();
+         const gdi::BLENDFUNCTION blend{gdi::AC_SRC_OVER, 0, static_cast<std::uint8_t>(in.Number()), 0};
+         return Truth(
+             gdi::AlphaBlend(dc, x, y, width, height, source, from[0], from[1], from[2], from[3], blend));
+       }},
+      {"BeginPath", [](Session&, Arguments& in) -> Answer { return Truth(gdi::BeginPath(in.Context())); }},
+      {"EndPath", [](Session&, Arguments& in) -> Answer { return Truth(gdi::EndPath(in.Context())); }},
+      {"StrokePath", [](Session&, Arguments& in) -> Answer { return Truth(gdi::StrokePath(in.Context())); }},
+      {"StrokeAndFillPath",
+       [](Session&, Arguments& in) -> Answer { return Truth(gdi::StrokeAndFillPath(in.Context())); }},
   };
   return table;
 }
@@ -475,7 +528,21 @@ std::vector<std::string> Session::Call(const Step& step) {
 
 Picture Session::Actual(const Step& check) { return PictureOf(Arguments(*this, check, 1).Stage().surface); }
 
-Picture Session::RegionMap(const Step& query) { throw MissingOperation(query.words[1]); }
+Picture Session::RegionMap(const Step& query) {
+  Arguments in(*this, query, 2);
+  const HGDIOBJ region = in.Object();
+  const auto [left, top, width, height] = in.Numbers<4>();
+  const bool isAsExpected = width == query.picture->width && height == query.picture->height && !in.HasMore();
+  if (query.words[1] != "PtInRegionMap" || !isAsExpected)
+    in.Fail("a map needs region, place, and the measures of its pixels");
+  Picture map{width, height, {}};
+  for (std::int32_t y = 0; y < height; ++y) {
+    for (std::int32_t x = 0; x < width; ++x) {
+      map.colors.push_back(gdi::PtInRegion(region, left + x, top + y) != 0 ? 1 : 0);
+    }
+  }
+  return map;
+}
 
 Picture Session::Staged(const Step& check) { return PictureOf(Arguments(*this, check, 1).Stage().staged); }
 

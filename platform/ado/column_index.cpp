@@ -41,9 +41,11 @@ ColumnIndex::ColumnIndex(std::vector<std::string> names)
     : names_(std::move(names)),
       // At most a quarter full, so that nearly every search ends at once.
       table_(std::bit_ceil(names_.size() * 4 + 1)),
-      mask_(table_.size() - 1) {
+      mask_(table_.size() - 1),
+      successors_(names_.size() + 1),
+      lastFound_(names_.size()) {
   for (std::size_t column = 0; column < names_.size(); ++column) {
-    if (Find(names_[column]) != kNone) continue;
+    if (Search(names_[column]) != kNone) continue;
     std::size_t place = FoldedHash(names_[column]) & mask_;
     while (table_[place] != 0) place = (place + 1) & mask_;
     table_[place] = static_cast<std::uint16_t>(column + 1);
@@ -51,6 +53,18 @@ ColumnIndex::ColumnIndex(std::vector<std::string> names)
 }
 
 int ColumnIndex::Find(std::string_view name) const {
+  if (names_.empty()) return kNone;
+  std::uint16_t& successor = successors_[lastFound_];
+  if (names_[successor] != name) {
+    const int found = Search(name);
+    if (found == kNone) return kNone;
+    successor = static_cast<std::uint16_t>(found);
+  }
+  lastFound_ = successor;
+  return successor;
+}
+
+int ColumnIndex::Search(std::string_view name) const {
   for (std::size_t place = FoldedHash(name) & mask_; table_[place] != 0; place = (place + 1) & mask_) {
     const std::string& found = names_[table_[place] - 1u];
     if (found == name || automation::EqualFolded(found, name)) return table_[place] - 1;

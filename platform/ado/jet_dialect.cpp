@@ -150,11 +150,10 @@ class Scanner {
   std::size_t at_ = 0;
 };
 
-/// A word of letters as one number, the same for upper and lower case; 0 for one of more than eight
-/// characters.
+/// The last eight letters of a word as one number, the same for upper and lower case. A longer word is never
+/// taken for a keyword, all of which are shorter.
 constexpr std::uint64_t Packed(std::string_view word) {
   std::uint64_t packed = 0;
-  if (word.size() > 8) return packed;
   for (const char c : word) packed = packed << 8 | (static_cast<unsigned char>(c) | 0x20);
   return packed;
 }
@@ -316,7 +315,7 @@ std::size_t FromOfSingleTable(const Tokens& tokens) {
       if (token.Is(keyword)) return 0;
     }
   }
-  if (from == 0 || !tokens[from + 1].IsName()) return 0;
+  if (!tokens[from + 1].IsName()) return 0;
   std::size_t after = from + 2;
   const auto atClause = [&] {
     return after >= tokens.Size() || tokens[after].Is("WHERE") || tokens[after].Is("ORDER");

@@ -30,7 +30,7 @@ struct OpenOptions {
   /// How long a statement waits, in milliseconds, while another connection holds the lock it needs.
   int busyTimeout = 5000;
   /// Name of the engine's file system layer; empty for the usual one.
-  std::string fileSystem;
+  std::string fileSystem = {};
 };
 
 /// A connection on an SQLite database file, for one thread at a time. Statements are translated from the Jet

@@ -3,7 +3,6 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <limits>
 #include <system_error>
@@ -28,13 +27,9 @@ std::string PlainPath(const std::string& path) {
 std::string UnchangingUri(const std::string& path) {
   constexpr const char* kHex = "0123456789ABCDEF";
   std::string uri = "file:";
-  for (const char c : path) {
+  for (const char c : PlainPath(path)) {
     const auto byte = static_cast<unsigned char>(c);
-    if (std::isalnum(byte) || c == '/' || c == '.') {
-      uri += c;
-    } else {
-      ((uri += '%') += kHex[byte >> 4]) += kHex[byte & 15];
-    }
+    ((uri += '%') += kHex[byte >> 4]) += kHex[byte & 15];
   }
   return uri + "?immutable=1";
 }

@@ -157,7 +157,7 @@ void SqliteQuery::PrepareWithNumbers(const TranslatedStatement& jet, Use use) {
   }
   if (!SqliteShape(database_, *whole, true).Table()) return;
   use_ = use;
-  statement_ = use == Use::Keys ? std::make_unique<SqliteStatement>(database_, head + " rowid" + tail)
+  statement_ = use == Use::Keys ? std::make_unique<SqliteStatement>(database_, head + " rowid " + tail)
                                 : std::move(whole);
 }
 

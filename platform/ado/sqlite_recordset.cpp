@@ -265,7 +265,6 @@ bool SqliteRecordset::Bof() const {
 }
 
 void SqliteRecordset::MoveFirst() {
-  RequireOpen();
   Update();
   if (rows_.empty() && !deleted_) {
     throw AutomationError(ErrorNumber::NoCurrentRow, "the recordset has no rows");
@@ -274,7 +273,6 @@ void SqliteRecordset::MoveFirst() {
 }
 
 void SqliteRecordset::Move(Long rows) {
-  RequireOpen();
   Update();
   if (rows == 0) return;
   if (rows > 0 ? Eof() : Bof()) {

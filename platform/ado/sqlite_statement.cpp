@@ -7,6 +7,7 @@
 
 #include "platform/ado/sqlite_database.h"
 #include "platform/automation/array.h"
+#include "platform/automation/automation_error.h"
 #include "platform/automation/convert.h"
 
 namespace quenzel7::ado {
@@ -19,6 +20,9 @@ SqliteStatement::SqliteStatement(SqliteDatabase& database, std::string_view text
   const int result = sqlite3_prepare_v3(database.Handle(), text.data(), static_cast<int>(text.size()),
                                         SQLITE_PREPARE_PERSISTENT, &statement_, nullptr);
   if (result != SQLITE_OK) database.RaiseError(shown.empty() ? text : shown);
+  if (!statement_) {
+    throw automation::AutomationError(automation::ErrorNumber::Database, "the statement is empty");
+  }
 }
 
 SqliteStatement::~SqliteStatement() {
@@ -106,9 +110,11 @@ void SqliteStatement::Read(int column, ColumnKind kind, Cells& cells, std::size_
       }
       return;
     }
-    case SQLITE_FLOAT:
-      cells.Set(place, sqlite3_value_double(value));
+    case SQLITE_FLOAT: {
+      const Variant number = sqlite3_value_double(value);
+      cells.Set(place, kind == ColumnKind::Currency ? Variant(automation::To<Currency>(number)) : number);
       return;
+    }
     case SQLITE_TEXT: {
       const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
       cells.Set(place, std::string(text, static_cast<std::size_t>(sqlite3_value_bytes(value))));

@@ -29,6 +29,7 @@ struct Argument {
   Argument(const RECT* rect);
   Argument(const LOGPEN* pen);
   Argument(const LOGBRUSH* brush);
+  Argument(const BLENDFUNCTION& blend);
   Argument(std::span<const POINT> points);
 
   std::string text;

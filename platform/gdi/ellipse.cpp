@@ -7,8 +7,6 @@
 namespace quenzel7::gdi {
 namespace {
 
-/// Up to here the numbers of `Trace` fit into 64 bits.
-constexpr std::int64_t kLargestTraced = 16384;
 /// An ellipse that narrow has no room for a curve.
 constexpr std::int64_t kBar = 2;
 

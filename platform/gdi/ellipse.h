@@ -10,14 +10,17 @@ namespace quenzel7::gdi {
 ///
 /// From pixel to pixel the outline goes to the side of which the true ellipse passes nearer, judged by
 /// the sum of its implicit function over the two pixels in question; all numbers are whole. Up to two
-/// pixels wide or high the ellipse is a full bar. Beyond 16384 pixels a row is computed by itself in
-/// floating point, so that the work stays bound by what is looked at.
+/// pixels wide or high the ellipse is a full bar. Beyond `kLargestTraced` pixels a row is computed by itself
+/// in floating point, so that the work stays bound by what is looked at.
 class EllipseQuarter {
  public:
   EllipseQuarter(std::int64_t width, std::int64_t height);
   ~EllipseQuarter();
   EllipseQuarter(const EllipseQuarter&) = delete;
   EllipseQuarter& operator=(const EllipseQuarter&) = delete;
+
+  /// The largest measures that are traced.
+  static constexpr std::int64_t kLargestTraced = 16384;
 
   /// The outline's pixels in a row, both inclusive, counted from the left edge of the box.
   struct Row {

@@ -1,6 +1,6 @@
 #include <algorithm>
-#include <array>
 
+#include "platform/gdi/broad_border.h"
 #include "platform/gdi/call_note.h"
 #include "platform/gdi/gdi.h"
 #include "platform/gdi/handle_table.h"
@@ -14,15 +14,16 @@ using internal::Object;
 
 namespace {
 
-/// How far a pen's line reaches from its middle pixel to the left and up.
-std::int64_t ReachBefore(std::int64_t width) { return width / 2; }
+/// A rectangle has corners of no size, a rounded one some, an ellipse as large as itself.
+struct Corners {
+  std::int64_t width, height;
 
-/// The outer edge of a wide pen's line along a box.
-Box OuterEdge(const Box& box, const Pen& pen, std::int64_t width) {
-  if (pen.Line() == PS_INSIDEFRAME) return box;
-  const std::int64_t before = ReachBefore(width), after = width - 1 - before;
-  return {box.left - before, box.top - before, box.right + after, box.bottom + after};
-}
+  RoundedBox Of(const Box& box) const { return {box, width, height}; }
+  /// Those of a parallel figure, `by` larger in each measure. Square ones stay so.
+  Corners GrownBy(std::int64_t by) const {
+    return width <= 1 || height <= 1 ? Corners{0, 0} : Corners{width + by, height + by};
+  }
+};
 
 /// The pen's width, held back so that a line inside the frame fits into the box.
 std::int64_t WidthIn(const Box& box, const Pen& pen) {
@@ -30,60 +31,48 @@ std::int64_t WidthIn(const Box& box, const Pen& pen) {
   return std::min<std::int64_t>({pen.width, box.Width(), box.Height()});
 }
 
-void DrawRectangle(Context& context, const Box& box) {
-  if (box.IsEmpty()) return;
-  const Pen& pen = context.pen;
+void DrawWide(Context& context, const Box& box, const Corners& corners) {
+  const std::int64_t width = WidthIn(box, context.pen);
+  const Box middle = context.pen.Line() == PS_INSIDEFRAME ? MiddleOf(box, width) : box;
+  const RoundedBox figure = corners.Of(middle);
   BrushFiller fill(context);
-  if (pen.IsNull()) {
-    fill({box.left, box.top, box.right - 1, box.bottom - 1});
-    return;
-  }
   PenPainter stroke(context);
-  if (pen.IsThin()) {
-    fill(box.Inset(1));
-    if (pen.IsDashed()) {
-      stroke.DashedFrame(box);
-    } else {
-      RoundedBox(box, 0, 0).PaintBorder(stroke.Painter());
-    }
-    return;
+  if (figure.IsSquare() && (context.pen.style & PS_JOIN_MASK) != PS_JOIN_ROUND) {
+    fill(OuterEdge(middle, width).Inset(width));
+    stroke.Outline(figure.BorderPoints());
+  } else if (width == 1) {
+    if (fill.Painter() != nullptr) figure.FillInside(*fill.Painter());
+    figure.PaintBorder(stroke.Painter());
+  } else if (width <= BroadBorder::kWidest) {
+    BroadBorder(figure, width).Paint(stroke.Painter(), fill.Painter());
+  } else {
+    // So wide a line is bordered by figures whose corners are larger and smaller by its width.
+    const Box outer = OuterEdge(middle, width);
+    const RoundedBox hole = corners.GrownBy(-width).Of(outer.Inset(width));
+    if (fill.Painter() != nullptr) hole.FillWhole(*fill.Painter());
+    const Corners outside = figure.IsSquare() ? Corners{width, width} : corners.GrownBy(width);
+    outside.Of(outer).FillAround(hole, stroke.Painter());
   }
-  const std::int64_t width = WidthIn(box, pen);
-  const Box outer = OuterEdge(box, pen, width);
-  const Box hole = outer.Inset(width);
-  fill(hole);
-  RoundedBox(outer, width, width).FillAround(RoundedBox(hole, 0, 0), stroke.Painter());
 }
 
-void DrawRounded(Context& context, const Box& box, std::int64_t cornerWidth, std::int64_t cornerHeight) {
+void DrawFigure(Context& context, const Box& box, const Corners& corners) {
   if (box.IsEmpty()) return;
-  const Pen& pen = context.pen;
+  if (context.path.IsRecording()) {
+    context.path.AddFigure(corners.Of(box).BorderPoints(), true);
+    return;
+  }
   BrushFiller fill(context);
-  if (pen.IsNull()) {
+  SpanPainter* const painter = fill.Painter();
+  if (context.pen.IsNull()) {
     const Box less{box.left, box.top, box.right - 1, box.bottom - 1};
-    if (SpanPainter* painter = fill.Painter())
-      RoundedBox(less, cornerWidth, cornerHeight).FillWhole(*painter);
-    return;
+    if (painter != nullptr) corners.Of(less).FillWhole(*painter);
+  } else if (context.pen.IsThin()) {
+    const RoundedBox figure = corners.Of(box);
+    if (painter != nullptr) figure.FillInside(*painter);
+    PenPainter(context).ThinBorder(figure);
+  } else {
+    DrawWide(context, box, corners);
   }
-  PenPainter stroke(context);
-  if (pen.IsThin()) {
-    const RoundedBox figure(box, cornerWidth, cornerHeight);
-    if (SpanPainter* painter = fill.Painter()) figure.FillInside(*painter);
-    if (pen.IsDashed()) {
-      stroke.DashedBorder(figure);
-    } else {
-      figure.PaintBorder(stroke.Painter());
-    }
-    return;
-  }
-  const std::int64_t width = WidthIn(box, pen);
-  const Box outer = OuterEdge(box, pen, width);
-  const std::int64_t grown = outer.Width() - box.Width();
-  const RoundedBox body(outer, cornerWidth + grown, cornerHeight + grown);
-  const Box hole = outer.Inset(width);
-  const RoundedBox inside(hole, cornerWidth + grown - 2 * width, cornerHeight + grown - 2 * width);
-  if (SpanPainter* painter = fill.Painter()) inside.FillWhole(*painter);
-  body.FillAround(inside, stroke.Painter());
 }
 
 }  // namespace
@@ -93,7 +82,7 @@ BOOL Ellipse(HDC dc, std::int32_t left, std::int32_t top, std::int32_t right, st
   Context* context = Handles().Find<Context>(dc);
   if (context == nullptr) return 0;
   const Box box = Box::Between(left, top, right, bottom);
-  DrawRounded(*context, box, box.Width(), box.Height());
+  DrawFigure(*context, box, {box.Width(), box.Height()});
   return 1;
 }
 
@@ -102,8 +91,7 @@ BOOL RoundRect(HDC dc, std::int32_t left, std::int32_t top, std::int32_t right, 
   Note("RoundRect", Object{dc}, left, top, right, bottom, width, height);
   Context* context = Handles().Find<Context>(dc);
   if (context == nullptr) return 0;
-  const auto measure = [](std::int64_t value) { return value < 0 ? -value : value; };
-  DrawRounded(*context, Box::Between(left, top, right, bottom), measure(width), measure(height));
+  DrawFigure(*context, Box::Between(left, top, right, bottom), {Magnitude(width), Magnitude(height)});
   return 1;
 }
 
@@ -111,7 +99,7 @@ BOOL Rectangle(HDC dc, std::int32_t left, std::int32_t top, std::int32_t right, 
   Note("Rectangle", Object{dc}, left, top, right, bottom);
   Context* context = Handles().Find<Context>(dc);
   if (context == nullptr) return 0;
-  DrawRectangle(*context, Box::Between(left, top, right, bottom));
+  DrawFigure(*context, Box::Between(left, top, right, bottom), {0, 0});
   return 1;
 }
 

@@ -122,6 +122,23 @@ BOOL PatBlt(HDC dc, std::int32_t x, std::int32_t y, std::int32_t width, std::int
 BOOL BitBlt(HDC dc, std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height, HDC source,
             std::int32_t sourceX, std::int32_t sourceY, std::uint32_t code);
 
+/// As `BitBlt` with a source of another size. Measures of different signs mirror the picture. Reducing, the
+/// stretch mode of the target tells what becomes of pixels that meet in one: 1 AND, 2 OR, 3 one of them.
+/// A source without width or height draws nothing.
+BOOL StretchBlt(HDC dc, std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height, HDC source,
+                std::int32_t sourceX, std::int32_t sourceY, std::int32_t sourceWidth,
+                std::int32_t sourceHeight, std::uint32_t code);
+
+/// Mixes a rectangle of another context into one: each channel becomes (source * alpha + target *
+/// (255 - alpha)) / 255, to the nearest. Another size is stretched as by stretch mode 3. From 1 bit
+/// colours come as in `BitBlt`; on 1 bit the mixture becomes black or white, whichever is nearer.
+///
+/// Fails if a measure is negative, if the source rectangle is not inside its bitmap, or if `blend` asks for
+/// anything but AC_SRC_OVER with a constant alpha.
+BOOL AlphaBlend(HDC dc, std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height, HDC source,
+                std::int32_t sourceX, std::int32_t sourceY, std::int32_t sourceWidth,
+                std::int32_t sourceHeight, BLENDFUNCTION blend);
+
 // --- Figures and lines, with the context's pen and brush ---
 
 /// Right and bottom edge are out, in whichever order the corners come. A pen wider than 1 rounds the
@@ -153,5 +170,37 @@ BOOL Polyline(HDC dc, const POINT* points, std::int32_t count);
 /// position. Angles in degrees, counted from the right against the clock; the arc is `sweep` long, negative
 /// with the clock. Fails for angles that are not finite.
 BOOL AngleArc(HDC dc, std::int32_t x, std::int32_t y, std::uint32_t radius, float start, float sweep);
+
+// --- Paths ---
+// Between BeginPath and EndPath the lines and figures of a context are not painted but kept as its path.
+
+/// Begins a path; one that was kept or begun is forgotten.
+BOOL BeginPath(HDC dc);
+
+/// Ends it; fails if none was begun.
+BOOL EndPath(HDC dc);
+
+/// Paints the lines of the path with the pen and forgets it; fails if none was ended.
+BOOL StrokePath(HDC dc);
+
+/// Closes every figure of the path, fills what an odd number of them goes around, paints their lines, and
+/// forgets the path; fails if none was ended.
+BOOL StrokeAndFillPath(HDC dc);
+
+// --- Regions ---
+
+/// The ellipse that `Ellipse` fills in a box one pixel less to the right and at the bottom.
+HRGN CreateEllipticRgn(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom);
+
+/// The rounded rectangle that `RoundRect` fills in a box one pixel less to the right and at the bottom.
+HRGN CreateRoundRectRgn(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom,
+                        std::int32_t width, std::int32_t height);
+
+/// Whether a pixel is in the region; 0 too if there is no such region.
+BOOL PtInRegion(HRGN region, std::int32_t x, std::int32_t y);
+
+/// Whether any pixel of a rectangle, without its right and bottom edge, is in the region; 0 too if there
+/// is no such region. A rectangle without width or height counts as one pixel wide or high.
+BOOL RectInRegion(HRGN region, const RECT* rect);
 
 }  // namespace quenzel7::gdi

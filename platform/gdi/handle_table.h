@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/gdi/objects.h"
+#include "platform/gdi/region.h"
 #include "platform/gdi/types.h"
 
 namespace quenzel7::gdi {

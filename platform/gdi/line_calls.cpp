@@ -16,9 +16,17 @@ using internal::Object;
 
 namespace {
 
-void DrawLines(Context& context, std::span<const POINT> points) {
-  if (context.pen.IsNull()) return;
-  PenPainter(context).ThinLines(points);
+/// Lines from the pen position on, or part of the path that is being recorded. The last point becomes the pen
+/// position.
+void LinesTo(Context& context, std::span<const POINT> points) {
+  if (context.path.IsRecording()) {
+    context.path.AddLines(context.position, points);
+  } else if (!context.pen.IsNull()) {
+    std::vector<POINT> all{context.position};
+    all.insert(all.end(), points.begin(), points.end());
+    PenPainter(context).Lines(all);
+  }
+  context.position = points.back();
 }
 
 }  // namespace
@@ -28,6 +36,7 @@ BOOL MoveToEx(HDC dc, std::int32_t x, std::int32_t y, POINT* before) {
   Context* context = Handles().Find<Context>(dc);
   if (context == nullptr) return 0;
   const POINT old = std::exchange(context->position, POINT{x, y});
+  context->path.Move();
   if (before != nullptr) *before = old;
   return 1;
 }
@@ -36,8 +45,7 @@ BOOL LineTo(HDC dc, std::int32_t x, std::int32_t y) {
   Note("LineTo", Object{dc}, x, y);
   Context* context = Handles().Find<Context>(dc);
   if (context == nullptr) return 0;
-  DrawLines(*context, std::array<POINT, 2>{{context->position, {x, y}}});
-  context->position = {x, y};
+  LinesTo(*context, std::array<POINT, 1>{{{x, y}}});
   return 1;
 }
 
@@ -48,7 +56,11 @@ BOOL Polyline(HDC dc, const POINT* points, std::int32_t count) {
   Note("Polyline", Object{dc}, all);
   Context* context = Handles().Find<Context>(dc);
   if (context == nullptr || !isUsable) return 0;
-  DrawLines(*context, all);
+  if (context->path.IsRecording()) {
+    context->path.AddFigure({all.begin(), all.end()}, false);
+  } else if (!context->pen.IsNull()) {
+    PenPainter(*context).Lines(all);
+  }
   return 1;
 }
 
@@ -56,11 +68,7 @@ BOOL AngleArc(HDC dc, std::int32_t x, std::int32_t y, std::uint32_t radius, floa
   Note("AngleArc", Object{dc}, x, y, radius, start, sweep);
   Context* context = Handles().Find<Context>(dc);
   if (context == nullptr || !std::isfinite(start) || !std::isfinite(sweep)) return 0;
-  std::vector<POINT> points{context->position};
-  const std::vector<POINT> arc = ArcPoints({x, y}, radius, start, sweep);
-  points.insert(points.end(), arc.begin(), arc.end());
-  DrawLines(*context, points);
-  context->position = PointOnCircle({x, y}, radius, double{start} + sweep);
+  LinesTo(*context, ArcPoints({x, y}, radius, start, sweep));
   return 1;
 }
 

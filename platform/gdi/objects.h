@@ -3,9 +3,9 @@
 #include <array>
 #include <cstdint>
 #include <optional>
-#include <vector>
 
 #include "platform/gdi/bitmap.h"
+#include "platform/gdi/path.h"
 #include "platform/gdi/types.h"
 
 /// What handles stand for. Pens and brushes are plain values: a context keeps a copy of what is
@@ -32,15 +32,6 @@ struct Brush {
   std::uint32_t hatch = 0;
 };
 
-/// A set of pixels, one stretch a row.
-struct Region {
-  struct Row {
-    std::int32_t left, right;  ///< half open
-  };
-  std::int32_t top = 0;
-  std::vector<Row> rows;
-};
-
 /// A memory context. `bitmap` is the selected one, or its own default of one pixel and one bit.
 struct Context {
   Context();
@@ -58,6 +49,7 @@ struct Context {
   COLORREF text = 0;
   std::int32_t stretchMode = BLACKONWHITE;
   POINT position{0, 0};
+  Path path;
 };
 
 /// Stock handles are the same on every thread, are never deleted and need no entry in a table.

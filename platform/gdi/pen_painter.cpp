@@ -1,10 +1,10 @@
 #include "platform/gdi/pen_painter.h"
 
 #include <algorithm>
-#include <array>
 
 #include "platform/gdi/dash_pattern.h"
 #include "platform/gdi/line_walk.h"
+#include "platform/gdi/stroke.h"
 
 namespace quenzel7::gdi {
 
@@ -35,19 +35,37 @@ void PenPainter::ThinLines(std::span<const POINT> points) {
   for (std::size_t i = 1; i < points.size(); ++i) ThinLine(points[i - 1], points[i]);
 }
 
-void PenPainter::DashedFrame(const Box& box) {
-  const auto left = static_cast<std::int32_t>(box.left), right = static_cast<std::int32_t>(box.right - 1);
-  const auto top = static_cast<std::int32_t>(box.top), bottom = static_cast<std::int32_t>(box.bottom - 1);
-  if (box.Width() == 1 && box.Height() == 1) {
-    painter_.Fill(box);
-    return;
+void PenPainter::Lines(std::span<const POINT> points) {
+  if (pen_.IsThin()) {
+    ThinLines(points);
+  } else {
+    StrokeLines(points, false, pen_, painter_);
   }
-  const std::array<POINT, 5> corners{
-      {{right, top}, {left, top}, {left, bottom}, {right, bottom}, {right, top}}};
-  ThinLines(corners);
 }
 
-void PenPainter::DashedBorder(const RoundedBox& figure) {
+void PenPainter::Outline(std::span<const POINT> points) {
+  if (points.empty()) return;
+  if (!pen_.IsThin()) {
+    StrokeLines(points, true, pen_, painter_);
+    return;
+  }
+  ThinLines(points);
+  ThinLine(points.back(), points.front());
+  const bool isOnePixel = std::all_of(points.begin(), points.end(), [&](const POINT& point) {
+    return point.x == points[0].x && point.y == points[0].y;
+  });
+  if (isOnePixel) painter_.Span(points[0].y, points[0].x, std::int64_t{points[0].x} + 1);
+}
+
+void PenPainter::ThinBorder(const RoundedBox& figure) {
+  if (!pen_.IsDashed()) {
+    figure.PaintBorder(painter_);
+    return;
+  }
+  if (figure.IsSquare() || figure.IsLarge()) {
+    Outline(figure.BorderPoints());
+    return;
+  }
   const DashPattern pattern(pen_.Line());
   figure.WalkBorder(painter_.Target(), [&](std::int32_t x, std::int32_t y, std::uint64_t step) {
     painter_.ClippedPixel(x, y, pattern.IsGap(step));

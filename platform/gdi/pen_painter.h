@@ -34,19 +34,19 @@ class PenPainter {
   /// In the pen's colour, without gaps.
   SpanPainter& Painter() { return painter_; }
 
-  /// Lines of one pixel from point to point, the last point of all left out; the dashes go on from one
-  /// line to the next. For pens that are thin.
-  void ThinLines(std::span<const POINT> points);
+  /// Lines from point to point. Those of a thin pen leave the last point of all out, and their dashes go
+  /// on from one line to the next.
+  void Lines(std::span<const POINT> points);
 
-  /// The frame of one pixel along the inside of a box that is not empty, with the dashes of the pen: from the
-  /// top right corner against the clock.
-  void DashedFrame(const Box& box);
+  /// Lines from point to point and back to the first. All points at one place are one pixel for a thin pen.
+  void Outline(std::span<const POINT> points);
 
-  /// The border of one pixel of a figure, with the dashes of the pen.
-  void DashedBorder(const RoundedBox& figure);
+  /// The border of one pixel of a figure, with the dashes of the pen. For pens that are thin.
+  void ThinBorder(const RoundedBox& figure);
 
  private:
   void ThinLine(POINT from, POINT to);
+  void ThinLines(std::span<const POINT> points);
 
   const Pen& pen_;
   SpanPainter painter_;

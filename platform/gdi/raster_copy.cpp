@@ -37,7 +37,8 @@ struct PatternTerms {
   RasterTerms color, gap;
   const std::array<std::uint8_t, 8>* hatch;
 
-  PatternTerms(const Context& target, std::uint8_t table) : PatternTerms(target, InkOf(target.brush, target.background), table) {}
+  PatternTerms(const Context& target, std::uint8_t table)
+      : PatternTerms(target, InkOf(target.brush, target.background), table) {}
 
   /// The hatch of a row, leftmost column in the highest bit; all ones without one.
   std::uint32_t HatchRow(std::int32_t y) const {
@@ -102,7 +103,8 @@ class Copier {
     }
     wordRow.resize(width + 7);
     for (std::size_t x = 0; x < width; x += 8) {
-      const std::uint32_t bits = EightBits(source_.bitmap, fromY, extent_.fromX + static_cast<std::int64_t>(x));
+      const std::uint32_t bits =
+          EightBits(source_.bitmap, fromY, extent_.fromX + static_cast<std::int64_t>(x));
       for (std::size_t i = 0; i < 8; ++i) wordRow[x + i] = (bits >> (7 - i) & 1) != 0 ? background_ : text_;
     }
     return wordRow.data();
@@ -127,7 +129,8 @@ class Copier {
     std::fill(byteRow.begin(), byteRow.end(), std::uint8_t{0});
     for (std::int32_t i = 0; i < extent_.width; ++i) {
       const std::int32_t bit = extent_.x % 8 + i;
-      if (row[extent_.fromX + i] == one) byteRow[static_cast<std::size_t>(bit / 8)] |= static_cast<std::uint8_t>(0x80 >> bit % 8);
+      if (row[extent_.fromX + i] == one)
+        byteRow[static_cast<std::size_t>(bit / 8)] |= static_cast<std::uint8_t>(0x80 >> bit % 8);
     }
     return byteRow.data();
   }

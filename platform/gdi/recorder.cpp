@@ -47,6 +47,11 @@ Argument::Argument(const LOGPEN* pen)
 Argument::Argument(const LOGBRUSH* brush)
     : text(brush == nullptr ? "null" : Braced({brush->lbStyle, Hex{brush->lbColor}, brush->lbHatch})) {}
 
+Argument::Argument(const BLENDFUNCTION& blend) {
+  const std::int32_t op = blend.BlendOp, flags = blend.BlendFlags, alpha = blend.SourceConstantAlpha;
+  text = Braced({op, flags, alpha, std::int32_t{blend.AlphaFormat}});
+}
+
 Argument::Argument(std::span<const POINT> points) {
   text = '{';
   for (const POINT& point : points) {

@@ -1,15 +1,19 @@
 #include "platform/gdi/rounded_box.h"
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
 
 namespace quenzel7::gdi {
 
 RoundedBox::RoundedBox(const Box& box, std::int64_t cornerWidth, std::int64_t cornerHeight)
     : box_(box),
-      corner_(std::min(cornerWidth, box.Width()), std::min(cornerHeight, box.Height())),
+      cornerWidth_(std::min(cornerWidth, box.Width())),
+      cornerHeight_(std::min(cornerHeight, box.Height())),
+      corner_(cornerWidth_, cornerHeight_),
       curveRows_(0) {
   const bool isSquare = cornerWidth <= 1 || cornerHeight <= 1;
-  if (!isSquare && !box.IsEmpty()) curveRows_ = (std::min(cornerHeight, box.Height()) + 1) / 2;
+  if (!isSquare && !box.IsEmpty()) curveRows_ = (cornerHeight_ + 1) / 2;
 }
 
 RoundedBox::Row RoundedBox::At(std::int64_t y) const {
@@ -64,6 +68,46 @@ void RoundedBox::PaintBorder(SpanPainter& painter) const {
         painter.Fill({sides.left, sides.top, sides.left + 1, sides.bottom});
         painter.Fill({std::max(sides.left + 1, sides.right - 1), sides.top, sides.right, sides.bottom});
       });
+}
+
+std::vector<POINT> RoundedBox::CurvePoints() const {
+  std::vector<POINT> points;
+  if (curveRows_ == 0) return {{0, 0}};
+  if (!IsLarge()) {
+    for (std::int64_t row = curveRows_ - 1; row >= 0; --row) {
+      const auto [first, last] = corner_.At(row);
+      for (std::int64_t x = first; x <= last; ++x) {
+        points.push_back({static_cast<std::int32_t>(x), static_cast<std::int32_t>(row)});
+      }
+    }
+    return points;
+  }
+  // The rise of a chord of angle s on radius r is about r s^2 / 8.
+  const double a = static_cast<double>(cornerWidth_ - 1) / 2, b = static_cast<double>(cornerHeight_ - 1) / 2;
+  const double quarter = std::numbers::pi / 2;
+  const int chords = static_cast<int>(std::ceil(quarter / std::sqrt(2 / std::max(a, b))));
+  for (int i = 0; i <= chords; ++i) {
+    const double angle = quarter * i / chords;
+    points.push_back({static_cast<std::int32_t>(a - a * std::cos(angle)),
+                      static_cast<std::int32_t>(b - b * std::sin(angle))});
+  }
+  return points;
+}
+
+std::vector<POINT> RoundedBox::BorderPoints() const {
+  std::vector<POINT> points;
+  if (box_.IsEmpty()) return points;
+  const std::vector<POINT> curve = CurvePoints();
+  const auto add = [&](POINT offset, bool isRight, bool isBottom) {
+    const std::int64_t x = isRight ? box_.right - 1 - offset.x : box_.left + offset.x;
+    const std::int64_t y = isBottom ? box_.bottom - 1 - offset.y : box_.top + offset.y;
+    points.push_back({static_cast<std::int32_t>(x), static_cast<std::int32_t>(y)});
+  };
+  for (auto i = curve.begin(); i != curve.end(); ++i) add(*i, true, false);
+  for (auto i = curve.rbegin(); i != curve.rend(); ++i) add(*i, false, false);
+  for (auto i = curve.begin(); i != curve.end(); ++i) add(*i, false, true);
+  for (auto i = curve.rbegin(); i != curve.rend(); ++i) add(*i, true, true);
+  return points;
 }
 
 void RoundedBox::FillWhole(SpanPainter& painter) const {

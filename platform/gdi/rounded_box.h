@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <vector>
 
 #include "platform/gdi/ellipse.h"
 #include "platform/gdi/span_painter.h"
@@ -34,6 +35,15 @@ class RoundedBox {
   template <typename Plot>
   void WalkBorder(const Bitmap& target, Plot&& plot) const;
 
+  /// Whether its corners are square.
+  bool IsSquare() const { return curveRows_ == 0; }
+  /// Whether walking around pixel by pixel would take long.
+  bool IsLarge() const { return std::max(box_.Width(), box_.Height()) > EllipseQuarter::kLargestTraced; }
+
+  /// Points along the border, in the same order, such that thin lines through them paint it: all pixels of
+  /// the curves, or of a large figure chords that leave the curve by less than half a pixel.
+  std::vector<POINT> BorderPoints() const;
+
   /// Fills everything, border included.
   void FillWhole(SpanPainter& painter) const;
   /// Fills what is not in `hole`, which lies inside; it may be empty.
@@ -44,7 +54,11 @@ class RoundedBox {
   template <typename PaintRow, typename PaintBetween>
   void ForEachPart(const Bitmap& target, PaintRow&& paintRow, PaintBetween&& paintBetween) const;
 
+  /// The top left curve from its lower end to the top, in offsets from the corner of the box.
+  std::vector<POINT> CurvePoints() const;
+
   Box box_;
+  std::int64_t cornerWidth_, cornerHeight_;
   EllipseQuarter corner_;
   std::int64_t curveRows_;  ///< rows at the top, and as many at the bottom, that are not straight
 };

@@ -20,6 +20,9 @@ struct Ink {
   static Ink Solid(COLORREF color) { return {color, color, nullptr}; }
 };
 
+/// The amount of a measure whose sign does not count.
+constexpr std::int64_t Magnitude(std::int64_t value) { return value < 0 ? -value : value; }
+
 /// A half-open rectangle. Its numbers come from 32-bit coordinates by a few additions, so they never
 /// overflow.
 struct Box {

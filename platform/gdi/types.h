@@ -70,6 +70,17 @@ struct BITMAP {
 };
 static_assert(sizeof(BITMAP) == 24);
 
+/// How `AlphaBlend` mixes: always AC_SRC_OVER, by a constant share of the source in 255ths.
+struct BLENDFUNCTION {
+  std::uint8_t BlendOp;
+  std::uint8_t BlendFlags;
+  std::uint8_t SourceConstantAlpha;
+  std::uint8_t AlphaFormat;
+};
+static_assert(sizeof(BLENDFUNCTION) == 4);
+
+constexpr std::uint8_t AC_SRC_OVER = 0;
+
 /// Pen styles; the extended ones combine with the basic ones in `ExtCreatePen`.
 enum PenStyle : std::uint32_t {
   PS_SOLID = 0,

@@ -220,10 +220,45 @@ TEST(ElementContract, StubsLeaveByReferenceArgumentsAsTheyWere) {
   EXPECT_EQ(dy, 4);
 }
 
-TEST(ElementContract, EveryMemberHasAWordOfDocumentation) {
+TEST(ElementContract, EveryMemberHasAWordOfDocumentationAndNoMark) {
   for (const automation::Member& member : ItfHmiElement::InterfaceOf().Members()) {
-    EXPECT_FALSE(member.documentation.empty()) << member.name;
+    ASSERT_FALSE(member.documentation.empty()) << member.name;
+    EXPECT_EQ(member.documentation.back(), '.') << member.name;
+    EXPECT_EQ(member.mark, automation::Mark::None) << member.name;
   }
+}
+
+TEST(ElementContract, DocumentationStandsWithItsMember) {
+  const auto words = [](const char* name) { return ItfHmiElement::InterfaceOf().Find(name)->documentation; };
+  EXPECT_EQ(words("EnabledOpAddr"), "Address of the memory bit that enables the element; -1 none.");
+  EXPECT_EQ(words("UpdateDisplayWithTransx"), "Shows the proposed position: descriptor 3 is copied to 4.");
+  EXPECT_EQ(words("SetImageSystem"), "Chooses how the element's picture is kept.");
+}
+
+TEST(ElementContract, TheStubOfLoadFromDBIsFalseAndReadsNothing) {
+  class Untouchable final : public ado::Recordset {
+   public:
+    void Open(const std::string&, ado::Connection&, ado::CursorType, ado::LockType,
+              ado::CommandOption) override {}
+    void Close() override {}
+    void AddNew() override {}
+    void Update() override {}
+    void Delete() override {}
+    bool Eof() const override { return true; }
+    bool Bof() const override { return true; }
+    void MoveFirst() override {}
+    void MoveNext() override {}
+    void Move(Long) override {}
+    Long RecordCount() const override { return 0; }
+    Long FieldCount() const override { return 0; }
+    Variant Get(std::string_view) const override {
+      ADD_FAILURE();
+      return {};
+    }
+    void Put(std::string_view, const Variant&) override { ADD_FAILURE(); }
+  };
+  BareElement element;
+  EXPECT_EQ(InvokeByName(element, "LoadFromDB", {std::make_shared<Untouchable>()}), Variant(false));
 }
 
 }  // namespace

@@ -103,6 +103,11 @@ constexpr Meeting kBackward[] = {
     {"upright at the right limit", {11, -10, -1, 40}, {0, 0, 10, 10}, true},
     {"upright at the top limit", {5, 0, 2, 5}, {0, 0, 10, -1}, true},
     {"upright at the bottom limit", {5, -6, 2, 5}, {0, 0, 10, -1}, true},
+    {"left bottom corner of a flat a inside b", {10, 2, -1, 4}, {10, 5, 3, 3}, true},
+    {"lying over a flat b at its left limit", {10, 5, 10, 2}, {10, 0, -1, 20}, true},
+    {"lying over a flat b at its right limit", {10, 5, 10, 2}, {21, 0, -1, 20}, true},
+    {"upright over a flat b at its top limit", {12, 5, 2, 3}, {10, 5, 10, -1}, true},
+    {"upright over a flat b at its bottom limit", {12, 2, 2, 2}, {10, 5, 10, -1}, true},
 };
 
 TEST(RectsMeet, GoesByItsWordsForNegativeSizesToo) {

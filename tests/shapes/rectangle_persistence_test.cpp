@@ -816,6 +816,31 @@ TEST_F(SavedRectangle, DeletingReleasesTheOperandsAfterTheRowsTouchFirst) {
                      "remove operand 23", "page 7"}));
 }
 
+TEST_F(SavedRectangle, BothFacesReadTheHideOperand) {
+  const auto r = Distinct();
+  EXPECT_EQ(r->VisibleOpAddr(), 23);
+  EXPECT_EQ(static_cast<const ItfHmiElement&>(*r).VisibleOpAddr(), 23);
+  EXPECT_EQ(GetByName(*r, ItfHmiElement::InterfaceOf(), "VisibleOpAddr"), Variant(Long{23}));
+}
+
+TEST_F(SavedRectangle, AReleaseThatFailsTellsOfNoChangedPage) {
+  class Refusing final : public fennick1::OperandStore {
+    std::optional<fennick1::OperandContent> Load(const fennick1::OperandKey&) override { return {}; }
+    void Add(const fennick1::OperandKey&, const fennick1::OperandContent&) override {}
+    void Remove(const fennick1::OperandKey&) override {
+      throw automation::AutomationError(automation::ErrorNumber::InvalidProcedureCall, "no");
+    }
+    Long FreeAddress(Long, Long) override { return 0; }
+  };
+  const auto r = Distinct();
+  r->SaveToDB();
+  Changes().Clear();
+  Platform::Current().operands = std::make_shared<Refusing>();
+  EXPECT_EQ(ErrorOf([&] { r->DeleteFromDB(); }), 5);
+  EXPECT_TRUE(Changes().ChangedPages().empty());
+  EXPECT_TRUE(Elements().empty());
+}
+
 TEST_F(SavedRectangle, RestoringEntersEachOperandBeforeItsRow) {
   const auto r = Distinct();
   r->SaveToDB();

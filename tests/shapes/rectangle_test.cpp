@@ -186,6 +186,22 @@ TEST_F(Rectangle, PublishesItsDefaultInterfaceInSlotOrder) {
   EXPECT_EQ(clsRectangle::ClassOf().interfaces[1], &ItfHmiElement::InterfaceOf());
 }
 
+TEST_F(Rectangle, EveryPropertyHasAPlaceOfItsOwnByName) {
+  const auto r = std::make_shared<clsRectangle>();
+  Long value = 100;
+  for (const automation::Member& member : clsRectangle::ClassOf().Default().Members()) {
+    // An operand that a touch drives is looked for in a project, and none is open here.
+    if (!member.get || member.name == "TouchOprndAddr") continue;
+    automation::PutByName(*r, member.name, value++);
+  }
+  value = 100;
+  for (const automation::Member& member : clsRectangle::ClassOf().Default().Members()) {
+    if (!member.get || member.name == "TouchOprndAddr") continue;
+    EXPECT_EQ(automation::GetByName(*r, member.name), Variant(value++)) << member.name;
+  }
+  EXPECT_EQ(automation::GetByName(*r, "TouchOprndAddr"), Variant(Long{-1}));
+}
+
 TEST_F(Rectangle, MarksWhatTheProjectDoesNotKeepAndWhatSaysWhoItIs) {
   for (const automation::Member& member : clsRectangle::ClassOf().Default().Members()) {
     const bool identity = member.name == "ID" || member.name == "GroupID" || member.name == "OrderIndex";

@@ -18,6 +18,29 @@ namespace quenzel7::cli::test {
 
 /// A project file on disk that a test imports into, opens and looks into.
 class CliProjectTest : public ::testing::Test {
+ public:
+  /// A canonical page file of page `number` with these elements, each a text from its first property on.
+  static std::string PageText(Long number, const std::vector<std::string>& elements) {
+    std::string text =
+        "{\n  \"page\": " + std::to_string(number) +
+        ",\n  \"name\": \"Boiler\",\n  \"panel\": {\n    \"type\": 1,\n    \"width\": 320,\n    "
+        "\"height\": 240\n  },\n  \"elements\": [";
+    for (std::size_t index = 0; index < elements.size(); ++index) {
+      text += std::string(index == 0 ? "" : ",") + "\n    {\n      \"class\": \"clsRectangle\"" +
+              elements[index] + "\n    }";
+    }
+    return text + (elements.empty() ? "" : "\n  ") + "]\n}\n";
+  }
+  /// Position, size and further properties of an element for PageText.
+  static std::string ElementText(Long xs, Long ys, Long dx, Long dy, const std::string& more = {}) {
+    std::string text;
+    const std::pair<const char*, Long> numbers[] = {{"Xs", xs}, {"Ys", ys}, {"Dx", dx}, {"Dy", dy}};
+    for (const auto& [name, value] : numbers) {
+      text += ",\n      \"" + std::string(name) + "\": " + std::to_string(value);
+    }
+    return more.empty() ? text : text + ",\n      " + more;
+  }
+
  protected:
   void SetUp() override {
     Platform::Current() = Platform();
@@ -55,28 +78,6 @@ class CliProjectTest : public ::testing::Test {
       lines.push_back(line);
     }
     return lines;
-  }
-
-  /// A canonical page file of page `number` with these elements, each a text from its first property on.
-  static std::string PageText(Long number, const std::vector<std::string>& elements) {
-    std::string text =
-        "{\n  \"page\": " + std::to_string(number) +
-        ",\n  \"name\": \"Boiler\",\n  \"panel\": {\n    \"type\": 1,\n    \"width\": 320,\n    "
-        "\"height\": 240\n  },\n  \"elements\": [";
-    for (std::size_t index = 0; index < elements.size(); ++index) {
-      text += std::string(index == 0 ? "" : ",") + "\n    {\n      \"class\": \"clsRectangle\"" +
-              elements[index] + "\n    }";
-    }
-    return text + (elements.empty() ? "" : "\n  ") + "]\n}\n";
-  }
-  /// Position, size and further properties of an element for PageText.
-  static std::string ElementText(Long xs, Long ys, Long dx, Long dy, const std::string& more = {}) {
-    std::string text;
-    const std::pair<const char*, Long> numbers[] = {{"Xs", xs}, {"Ys", ys}, {"Dx", dx}, {"Dy", dy}};
-    for (const auto& [name, value] : numbers) {
-      text += ",\n      \"" + std::string(name) + "\": " + std::to_string(value);
-    }
-    return more.empty() ? text : text + ",\n      " + more;
   }
 
  private:

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <map>
 #include <sstream>
 
@@ -78,6 +79,12 @@ TEST(Demo, ItsPicturesShowTheChange) {
   EXPECT_EQ(DifferingPixels(after, reopened), 0u);
 }
 
+TEST(Demo, PicturesThatDifferGiveStatusOne) {
+  std::ostringstream out, err;
+  EXPECT_EQ(CompareDemoPictures({2, 1, {1, 2}}, {2, 1, {1, 3}}, {out, err}), 1);
+  EXPECT_EQ(out.str(), "  compared   after.png and reopened.png DIFFER in 1 pixels\n");
+}
+
 TEST(Demo, ReplacesAnEarlierDemo) {
   const TemporaryFolder folder;
   WriteTextFile(folder.File("boiler.qz7"), "something else", "file");
@@ -148,6 +155,16 @@ TEST(Demo, ItsPageShowsEveryStyle) {
   EXPECT_GT(fills[eFS_Hollow], 0);
   EXPECT_GT(fills[eFS_Solid], 0);
   EXPECT_GT(touchedAndHidden, 0);
+}
+
+TEST(Demo, TellsWhenAnEarlierProjectCannotBeRemoved) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directories(folder.File("boiler.qz7/x"));
+  std::ostringstream out, err;
+  EXPECT_EQ(test::MessageOf([&] {
+              DemoCommand(folder.File("."), {out, err});
+            }),
+            "project " + folder.File(".") + "/boiler.qz7 cannot be removed: Directory not empty");
 }
 
 TEST(Demo, TellsWhenItsFolderCannotBeMade) {

@@ -12,14 +12,7 @@ class EveryKindElement final : public ItfHmiElement {
  public:
   static constexpr std::string_view kClassName = "clsEveryKind";
 
-  static const automation::ClassInfo& ClassOf() {
-    static const automation::Interface interface("_clsEveryKind", kMembers);
-    static const automation::Interface* const interfaces[] = {&interface, &InterfaceOf()};
-    static const automation::ClassInfo info{kClassName, interfaces, []() -> automation::ObjectRef {
-                                              return std::make_shared<EveryKindElement>();
-                                            }};
-    return info;
-  }
+  static const automation::ClassInfo& ClassOf();
   const automation::ClassInfo& Class() const override { return ClassOf(); }
 
 #define PROPERTY(Type, Name)                                \
@@ -43,12 +36,13 @@ class EveryKindElement final : public ItfHmiElement {
 
  protected:
   Long ItfHmiElement_ElementType() const override { return 250; }
+};
 
- private:
 #define PROPERTY(Type, Name, ...)                                                  \
   automation::Property<Type>(#Name, {}, AUTOMATION_GETTER(EveryKindElement, Name), \
-                             AUTOMATION_SETTER(EveryKindElement, Type, Name), ##__VA_ARGS__)
-  static constexpr automation::Member kMembers[] = {
+                             AUTOMATION_SETTER(EveryKindElement, Type, Name) __VA_OPT__(, ) __VA_ARGS__)
+inline const automation::ClassInfo& EveryKindElement::ClassOf() {
+  static const automation::Member members[] = {
       PROPERTY(std::string, Label),
       PROPERTY(Byte, Small),
       PROPERTY(Integer, Middle),
@@ -65,7 +59,12 @@ class EveryKindElement final : public ItfHmiElement {
       automation::Property<Long>("Blind", {}, nullptr,
                                  [](automation::Object&, const automation::Variant&) {}),
   };
+  static const automation::Interface interface("_clsEveryKind", members);
+  static const automation::Interface* const interfaces[] = {&interface, &InterfaceOf()};
+  static const automation::ClassInfo info{
+      kClassName, interfaces, []() -> automation::ObjectRef { return std::make_shared<EveryKindElement>(); }};
+  return info;
+}
 #undef PROPERTY
-};
 
 }  // namespace quenzel7::cli::test

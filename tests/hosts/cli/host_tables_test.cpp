@@ -72,6 +72,28 @@ TEST_F(HostPagesTest, AllAreThoseKeptAndThoseThatElementsStandOn) {
   EXPECT_EQ(all[2].panel, (Panel{0, 320, 240}));
 }
 
+TEST_F(HostPagesTest, RefuseAPanelOfAnImpossibleSize) {
+  HostPages pages(Connection());
+  pages.Create();
+  const auto error = [&](Long width, Long height) {
+    pages.Keep({{4, "", {1, width, height}}, "", ""});
+    return test::MessageOf([&] { Session().Do([&] { pages.All(); }); });
+  };
+  EXPECT_EQ(error(1, 1), "");
+  EXPECT_EQ(error(4096, 4096), "");
+  const std::string place = "project p.qz7: page 4 of HostPages has a panel of ";
+  EXPECT_EQ(error(0, 1), place + "0 by 1 pixels, 1 to 4096 are allowed");
+  EXPECT_EQ(error(1, 0), place + "1 by 0 pixels, 1 to 4096 are allowed");
+  EXPECT_EQ(error(4097, 1), place + "4097 by 1 pixels, 1 to 4096 are allowed");
+  EXPECT_EQ(error(1, 4097), place + "1 by 4097 pixels, 1 to 4096 are allowed");
+}
+
+TEST_F(HostPagesTest, TellOfAnElementThatStandsOnNoPage) {
+  Connection().Execute("INSERT INTO HMI_Elements (Type) VALUES (1)");
+  EXPECT_EQ(test::MessageOf([&] { Session().Do([&] { HostPages(Connection()).All(); }); }),
+            "project p.qz7: a row of HMI_Elements stands on no page");
+}
+
 TEST_F(HostPropertiesTest, KeepsWhatTheRowDoesNotAndWhatDiffers) {
   HostProperties properties(Connection());
   properties.Create();
@@ -141,7 +163,7 @@ TEST_F(HostPropertiesTest, TellWhatCannotBeSet) {
       "property \"FillStyle\" in HostProperties: must be a member of enFillStyle or a whole number, 1.5 was "
       "given");
   EXPECT_EQ(error("FillStyle", "[").substr(0, 62),
-            "property \"FillStyle\" in HostProperties: value, line 1, column 2");
+            "property \"FillStyle\" in HostProperties: value, line 1, column ");
 }
 
 TEST_F(HostPropertiesTest, AProjectOfAnotherHostHasNone) {

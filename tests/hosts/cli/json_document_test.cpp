@@ -59,6 +59,13 @@ TEST(JsonDocument, TellsOfNumbersThatNoDoubleHolds) {
   EXPECT_EQ(ErrorIn("[1e999]"), "file x, line 1, column 6: malformed JSON: number overflow parsing '1e999'");
 }
 
+TEST(JsonDocument, RefusesWhatNestsTooDeep) {
+  const auto nested = [](std::size_t depth) { return std::string(depth, '[') + std::string(depth, ']'); };
+  EXPECT_EQ(ErrorIn(nested(16)), "");
+  EXPECT_EQ(ErrorIn(nested(17)), "file x: nests more than 16 deep");
+  EXPECT_EQ(ErrorIn(std::string(1000000, '[')), "file x: nests more than 16 deep");
+}
+
 TEST(JsonDocument, ShowsValuesAsJson) {
   EXPECT_EQ(Shown(Json("a\nb")), "\"a\\nb\"");
   EXPECT_EQ(Shown(Json(1.5)), "1.5");

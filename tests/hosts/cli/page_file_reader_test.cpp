@@ -174,7 +174,7 @@ TEST(PageFileReader, NamesElementClassAndPropertyOfAnUnknownProperty) {
 
 TEST(PageFileReader, SuggestsOnlyWhatAPageFileCanSet) {
   EXPECT_EQ(ErrorInElement(R"({"class": "clsRectangle", "IDD": 1})"),
-            "page file x.json, element 1 (clsRectangle): property \"IDD\" does not exist; nearest is \"Xs\"");
+            "page file x.json, element 1 (clsRectangle): property \"IDD\" does not exist; nearest is \"Dx\"");
 }
 
 TEST(PageFileReader, SaysThatTheProjectGivesIdentity) {

@@ -13,10 +13,11 @@ namespace {
 
 class PageOperandsTest : public test::CliProjectTest {
  protected:
-  static void Define(Long type, Long address, const std::string& comment) {
+  static void Define(Long type, Long address, const std::string& comment, Long network = 0) {
     fennick1::Operand operand(Platform::Current().operands);
     operand.OperandType(type);
     operand.OperandAddress(address);
+    operand.OperandNetID(network);
     operand.OperandComment(comment);
     operand.AddToProject();
   }
@@ -100,6 +101,15 @@ TEST_F(PageOperandsTest, AnOperandThatTheNewPageUsesAgainKeepsItsComment) {
   operands.AddRows(element);
   operands.Settle();
   EXPECT_EQ(Operands(), std::vector<std::string>{"1 8 0 pump"});
+}
+
+TEST_F(PageOperandsTest, AnOperandOfAnotherNetworkComesBackInItsNetwork) {
+  Define(1, 8, "remote", 2);
+  AddOperandRow(70, 1, 8, eOP_VarLinkOperand, 2);
+  PageOperands operands(Connection());
+  Connection().Execute("DELETE * FROM Operands");
+  operands.Settle();
+  EXPECT_EQ(Operands(), std::vector<std::string>{"1 8 2 remote"});
 }
 
 TEST_F(PageOperandsTest, WhatWasNotDefinedIsNotBroughtBack) {

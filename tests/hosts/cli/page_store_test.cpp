@@ -4,11 +4,13 @@
 
 #include <limits>
 
+#include "hosts/cli/demo_page.h"
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/host_tables.h"
 #include "hosts/cli/json_document.h"
 #include "hosts/cli/page_properties.h"
 #include "hosts/cli/property_values.h"
+#include "hosts/cli/text_file.h"
 #include "platform/corvane1/settings.h"
 #include "tests/hosts/cli/cli_project.h"
 
@@ -80,6 +82,12 @@ TEST_F(PageStoreTest, ACanonicalFileIsWhatIsExportedWithoutTheKeptSource) {
       "INSERT INTO HostPages (DisplayID, Name, PanelType, Width, Height, Source, Imported) VALUES "
       "(1, 'Boiler', 1, 320, 240, 'kept', '{}')");
   EXPECT_EQ(Export(), kTwo);
+}
+
+TEST_F(PageStoreTest, TheDemoPageIsCanonical) {
+  Import(std::string(DemoPage()));
+  const LoadedPage page = Load();
+  EXPECT_EQ(CanonicalPageText(page.info, page.elements), DemoPage());
 }
 
 TEST_F(PageStoreTest, AnEditedPageIsExportedInCanonicalForm) {
@@ -217,7 +225,7 @@ TEST_F(PageStoreTest, AFailedImportLeavesEverythingAsItWas) {
   };
   const auto rowsBefore = rows();
   const std::string message = test::MessageOf([this] { Import(kTwo); });
-  EXPECT_EQ(message.substr(0, 52), "page file x, element 2 (clsRectangle): 2147483647 + ") << message;
+  EXPECT_EQ(message, "page file x, element 2 (clsRectangle): overflow: 2147483647 + 1 does not fit 32 bits");
   EXPECT_EQ(rows(), rowsBefore);
   EXPECT_EQ(Export(), before);
   // The connection is of use again.
@@ -270,6 +278,17 @@ TEST_F(PageStoreTest, TellsThePagesThatThereAre) {
   EXPECT_EQ(test::MessageOf([this] { ChoosePage(Session(), 0); }),
             "project p.qz7 has several pages (4, 12): choose one with --page");
   EXPECT_EQ(ChoosePage(Session(), 4).number, 4);
+}
+
+TEST_F(PageStoreTest, TheExampleOfTheDocumentationIsCanonical) {
+  const std::string text = ReadTextFile(QUENZEL7_SOURCE_DIR "/docs/page-files.md", "documentation");
+  const std::string begin = "```json\n";
+  const auto start = text.find(begin) + begin.size();
+  const std::string example = text.substr(start, text.find("```", start) - start);
+  Import(example);
+  const LoadedPage page = Load();
+  EXPECT_EQ(page.elements.size(), 3u);
+  EXPECT_EQ(CanonicalPageText(page.info, page.elements), example);
 }
 
 /// Values of a property's type that are worth a try, as a page file writes them.

@@ -25,6 +25,14 @@ TEST(PngWriter, WritesEveryPixelInItsColour) {
   EXPECT_EQ(read.pixels, kPicture.pixels);
 }
 
+TEST(PngWriter, WritesTheFileToItsEnd) {
+  const TemporaryFolder folder;
+  WritePng(folder.File("x.png"), kPicture);
+  const std::string bytes = ReadTextFile(folder.File("x.png"), "file");
+  // An empty last chunk: its length, name and check.
+  EXPECT_EQ(bytes.substr(bytes.size() - 12), std::string("\0\0\0\0IEND\xAE\x42\x60\x82", 12));
+}
+
 TEST(PngWriter, IgnoresTheUnusedByte) {
   const TemporaryFolder folder;
   WritePng(folder.File("x.png"), {1, 1, {0xFF112233}});
@@ -60,8 +68,10 @@ TEST(PngWriter, TellsWhenTheDeviceIsFull) {
   // More than a buffer: the library itself meets the error.
   Picture noise{1000, 300, {}};
   for (std::uint32_t index = 0; index < 300000; ++index) noise.pixels.push_back(index * 2654435761u >> 3);
+  ::testing::internal::CaptureStderr();
   EXPECT_EQ(test::MessageOf([&noise] { WritePng("/dev/full", noise); }),
             "picture /dev/full cannot be written: No space left on device");
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "") << "the user is told in one line only";
 }
 
 TEST(PngWriter, APictureThatIsThereIsReplaced) {

@@ -101,6 +101,12 @@ TEST_F(ProgramTest, ImportsIntoANewProject) {
   EXPECT_EQ(Files(), (std::vector<std::string>{"p.qz7", "panel.json"}));
 }
 
+TEST_F(ProgramTest, ANewProjectTakesNoLogOfAnEarlierOne) {
+  for (const char* ending : {"-wal", "-shm", "-journal"}) Write(std::string("p.qz7") + ending, "left behind");
+  ImportPages({1});
+  EXPECT_EQ(Files(), (std::vector<std::string>{"ok.json", "p.qz7"}));
+}
+
 TEST_F(ProgramTest, TellsWhatAnImportReplaced) {
   ImportPages({1});
   Write("panel.json", PageText(1, {ElementText(1, 2, 30, 40), ElementText(1, 2, 30, 40)}));

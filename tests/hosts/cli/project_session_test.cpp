@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <vector>
+
 #include "hosts/cli/text_file.h"
 #include "platform/automation/automation_error.h"
 #include "platform/platform.h"
@@ -48,6 +51,25 @@ TEST(ProjectSession, ErrorsNameTheProject) {
   EXPECT_EQ(test::MessageOf([&] { session.Do([] { throw UserError("page file x: wrong"); }); }),
             "page file x: wrong");
   EXPECT_EQ(session.Do([] { return 5; }), 5);
+}
+
+TEST(ProjectSession, ARemovedProjectLeavesNothing) {
+  const TemporaryFolder folder;
+  for (const char* ending : {"", "-wal", "-shm", "-journal", ".txt"}) {
+    WriteTextFile(folder.File(std::string("p.qz7") + ending), "x", "file");
+  }
+  EXPECT_FALSE(RemoveProject(folder.File("p.qz7")));
+  EXPECT_FALSE(RemoveProject(folder.File("p.qz7")));
+  std::vector<std::string> left;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.File("")))
+    left.push_back(entry.path().filename());
+  EXPECT_EQ(left, std::vector<std::string>{"p.qz7.txt"});
+}
+
+TEST(ProjectSession, WhatCannotBeRemovedIsTold) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directories(folder.File("p.qz7/x"));
+  EXPECT_EQ(RemoveProject(folder.File("p.qz7")), std::errc::directory_not_empty);
 }
 
 TEST(ProjectSession, AFileThatIsNoProjectIsRefusedUnderItsName) {

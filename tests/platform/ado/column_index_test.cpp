@@ -51,6 +51,16 @@ TEST(ColumnIndex, OfColumnsWithOneNameTheFirstIsFound) {
   EXPECT_EQ(columns.Find("name"), 0);
 }
 
+TEST(ColumnIndex, WhatFollowedLastTimeDecidesNothing) {
+  const ColumnIndex columns({"ID", "Xs", "Ys", "xs"});
+  for (const char* name : {"ID", "Xs", "Ys", "ID", "Ys", "Xs", "ID", "Ys", "Xs", "Xs", "Xs", "ID"}) {
+    EXPECT_EQ(columns.Find(name), std::string(name) == "ID" ? 0 : std::string(name) == "Xs" ? 1 : 2) << name;
+  }
+  EXPECT_EQ(columns.Find("Dx"), ColumnIndex::kNone);
+  EXPECT_EQ(columns.Find("xs"), 1);
+  EXPECT_EQ(columns.Find("xs"), 1);
+}
+
 TEST(ColumnIndex, WithoutColumnsNothingIsFound) {
   EXPECT_EQ(ColumnIndex({}).Find(""), ColumnIndex::kNone);
   EXPECT_EQ(ColumnIndex({}).Find("ID"), ColumnIndex::kNone);

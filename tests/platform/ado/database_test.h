@@ -7,7 +7,7 @@
 
 #include "platform/ado/sqlite_connection.h"
 #include "platform/automation/convert.h"
-#include "tests/platform/automation/raised.h"
+#include "tests/support/raises.h"
 #include "tests/support/temporary_folder.h"
 
 namespace quenzel7::ado {

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/platform/automation/raised.h"
+#include "tests/support/raises.h"
 
 namespace quenzel7::ado {
 namespace {
@@ -159,6 +159,14 @@ TEST(LiftLiterals, WhatCannotBeReadIsLeftToTheEngine) {
   ExpectUntouched("DELETE FROM T WHERE A=1e AND B=1");
 }
 
+TEST(LiftLiterals, LooksAtNothingBehindTheStatement) {
+  for (const std::string_view text : {"DELETE FROM T WHERE A=.5", "DELETE FROM T WHERE A=-.5",
+                                      "DELETE FROM T WHERE A=-5", "DELETE FROM T WHERE A=B''"}) {
+    const std::string_view cut = text.substr(0, text.size() - 1);
+    EXPECT_EQ(Lifted(cut).text, cut);
+  }
+}
+
 TEST(LiftLiterals, TheMostLiteralsAreLiftedAndNoMore) {
   std::string statement = "DELETE FROM T WHERE A IN (0";
   std::string text = "DELETE FROM T WHERE A IN (?";
@@ -193,8 +201,8 @@ TEST(LiftLiterals, ParametersAreRefused) {
 }
 
 TEST(LiftLiterals, ZeroBytesAreRefused) {
-  EXPECT_EQ(automation::RaisedBy([] { Lifted("DELETE FROM T\0 WHERE A=1"s); }).number, kDatabase);
-  EXPECT_EQ(automation::RaisedBy([] { Lifted("VACUUM\0"s); }).number, kDatabase);
+  EXPECT_EQ(test::RaisedBy([] { Lifted("DELETE FROM T\0 WHERE A=1"s); }).number, kDatabase);
+  EXPECT_EQ(test::RaisedBy([] { Lifted("VACUUM\0"s); }).number, kDatabase);
 }
 
 std::string Translated(std::string_view statement) { return TranslateJet(statement).text; }
@@ -205,6 +213,9 @@ TEST(TranslateJet, DeletedColumnsGo) {
   EXPECT_EQ(Translated("DELETE T.* FROM T"), "DELETE  FROM T");
   EXPECT_EQ(Translated("DELETE [a b].* FROM [a b]"), "DELETE  FROM [a b]");
   EXPECT_EQ(Translated("DELETE FROM T"), "DELETE  FROM T");
+  EXPECT_EQ(Translated("DELETE T.A FROM T"), "DELETE  T.[A] FROM T");
+  EXPECT_EQ(Translated("DELETE FROM T *"), "DELETE  FROM T *");
+  EXPECT_EQ(Translated("DELETE 5.* FROM T"), "DELETE  5.* FROM T");
 }
 
 TEST(TranslateJet, TrueAndFalseAreMinusOneAndZero) {

@@ -16,9 +16,9 @@ namespace {
 
 using automation::Array;
 using automation::NullValue;
-using automation::RaisedBy;
 using automation::To;
 using automation::Variant;
+using test::RaisedBy;
 
 constexpr const char* kNoRow = "the recordset stands on no row";
 constexpr CursorType kCursors[] = {adOpenForwardOnly, adOpenKeyset, adOpenDynamic, adOpenStatic};
@@ -88,13 +88,13 @@ TEST_F(SqliteRecordsetTest, CanBeOpenedAgainAfterClosing) {
 TEST_F(SqliteRecordsetTest, UnknownKindsOfOpeningAreRefused) {
   const auto recordset = connection_->CreateRecordset();
   const auto open = [&](int cursor, int lock, int option) {
-    return RaisedBy([&] {
+    return test::RaisedBy([&] {
       recordset->Open("SELECT * FROM Elements", *connection_, static_cast<CursorType>(cursor),
                       static_cast<LockType>(lock), static_cast<CommandOption>(option));
     });
   };
   const auto refused = [](const std::string& kinds) {
-    return automation::Raised{5, "a recordset cannot be opened with " + kinds};
+    return test::Raised{5, "a recordset cannot be opened with " + kinds};
   };
   EXPECT_EQ(open(-1, 1, 1), refused("cursor type -1, lock type 1 and option 1"));
   EXPECT_EQ(open(4, 1, 1), refused("cursor type 4, lock type 1 and option 1"));
@@ -102,7 +102,7 @@ TEST_F(SqliteRecordsetTest, UnknownKindsOfOpeningAreRefused) {
   EXPECT_EQ(open(3, 4, 1), refused("cursor type 3, lock type 4 and option 1"));
   EXPECT_EQ(open(3, 3, 0), refused("cursor type 3, lock type 3 and option 0"));
   EXPECT_EQ(open(3, 3, 2), refused("cursor type 3, lock type 3 and option 2"));
-  EXPECT_EQ(open(0, 2, 1), automation::Raised{});
+  EXPECT_EQ(open(0, 2, 1), test::Raised{});
 }
 
 TEST_F(SqliteRecordsetTest, NothingWorksWhileItIsClosed) {
@@ -153,6 +153,21 @@ TEST_F(SqliteRecordsetTest, AFailedStatementLeavesItClosed) {
       kDatabaseError, "no such table: Nothing; in: SELECT * FROM Nothing",
       recordset->Open("SELECT * FROM Nothing", *connection_, adOpenStatic, adLockOptimistic, adCmdText));
   EXPECT_RAISES(3704, "the recordset is closed", recordset->Eof());
+}
+
+TEST_F(SqliteRecordsetTest, AQueryThatFailsAtALaterRowLeavesNothing) {
+  Fill(2);
+  Run("UPDATE Elements SET Xs=-9223372036854775807-1 WHERE ID=2");
+  const auto recordset = connection_->CreateRecordset();
+  for (int time = 0; time < 2; ++time) {
+    EXPECT_RAISES(kDatabaseError, "integer overflow; in: SELECT abs(Xs) AS Ys FROM Elements WHERE ID>0",
+                  recordset->Open("SELECT abs(Xs) AS Ys FROM Elements WHERE ID>0", *connection_, adOpenStatic,
+                                  adLockReadOnly, adCmdText));
+    EXPECT_RAISES(3704, "the recordset is closed", recordset->Eof());
+  }
+  recordset->Open("SELECT * FROM Elements WHERE ID=1", *connection_, adOpenStatic, adLockReadOnly, adCmdText);
+  EXPECT_EQ(recordset->RecordCount(), 1);
+  EXPECT_EQ(Number(recordset, "Xs"), 10);
 }
 
 TEST_F(SqliteRecordsetTest, AStatementWithoutRowsLeavesItClosed) {
@@ -359,6 +374,21 @@ TEST_F(SqliteRecordsetTest, RowsReadOnDemandShowLaterChanges) {
   }
 }
 
+TEST_F(SqliteRecordsetTest, AValueThatBecameNullMeanwhileIsNullWhenReadAgain) {
+  Run("INSERT INTO Elements(Xs,Name) VALUES(1,'n')");
+  const auto onDemand = Open("SELECT * FROM Elements", adOpenDynamic);
+  const auto copy = Open("SELECT * FROM Elements", adOpenStatic);
+  EXPECT_EQ(onDemand->Get("Name"), Variant("n"));
+  Run("UPDATE Elements SET Xs=Null, Name=Null");
+  onDemand->MoveFirst();
+  EXPECT_EQ(onDemand->Get("Name"), Variant(NullValue{}));
+  EXPECT_EQ(onDemand->Get("Xs"), Variant(NullValue{}));
+  copy->Put("Ys", Long{2});
+  copy->Update();
+  EXPECT_EQ(copy->Get("Name"), Variant(NullValue{}));
+  EXPECT_EQ(copy->Get("Xs"), Variant(NullValue{}));
+}
+
 TEST_F(SqliteRecordsetTest, ARowReadOnDemandThatIsGoneIsAnError) {
   Fill(2);
   const auto recordset = Open("SELECT * FROM Elements", adOpenDynamic);
@@ -384,8 +414,6 @@ TEST_F(SqliteRecordsetTest, QueriesOfMoreThanPlainRowsAreCopiedWhateverTheCursor
 
 TEST_F(SqliteRecordsetTest, ANewRowIsWrittenByUpdate) {
   for (const CursorType cursor : kCursors) {
-    Run("DELETE FROM Elements");
-    Run("DELETE FROM sqlite_sequence");
     const auto other = OpenSqlite(folder_.File(std::to_string(cursor)), {.mode = OpenMode::Create});
     other->Execute("CREATE TABLE Elements(ID INTEGER PRIMARY KEY AUTOINCREMENT, Xs, Ys, Name)");
     const auto recordset =
@@ -904,6 +932,18 @@ TEST_F(SqliteRecordsetTest, ADeletedRowForgetsWhatWasPut) {
   recordset->Delete();
   recordset->MoveNext();
   EXPECT_EQ(Elements(), (Lines{"2|20|Null|Null"}));
+}
+
+TEST_F(SqliteRecordsetTest, WhatWasPutIntoADeletedRowIsNotWrittenToTheNext) {
+  Fill(2);
+  const auto recordset = Open("SELECT * FROM Elements");
+  recordset->Put("Xs", Long{1});
+  recordset->Delete();
+  recordset->MoveNext();
+  Run("UPDATE Elements SET Xs=77");
+  recordset->Put("Ys", Long{2});
+  recordset->Update();
+  EXPECT_EQ(Elements(), (Lines{"2|77|2|Null"}));
 }
 
 TEST_F(SqliteRecordsetTest, DeletingARowThatIsGoneIsAnError) {

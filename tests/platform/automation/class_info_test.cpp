@@ -177,5 +177,7 @@ TEST(ClassInfo, FindsInterfacesWithoutRegardToCase) {
   EXPECT_EQ(Sample().Class().FindInterface("Sample"), nullptr);
 }
 
+TEST(NearestName, CountsAChangedFirstLetterOnce) { EXPECT_EQ(NearestName("ab", {"ba", "xb"}), "xb"); }
+
 }  // namespace
 }  // namespace quenzel7::automation

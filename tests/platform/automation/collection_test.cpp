@@ -214,5 +214,17 @@ TEST(Collection, CountCannotBeWritten) {
   EXPECT_RAISES(383, "Collection.Count can be read only", PutByName(collection, "Count", Long{1}));
 }
 
+TEST(Collection, ItsMembersAreDocumentedAndUnmarked) {
+  std::vector<std::string> words;
+  for (const Member& member : Collection().Class().Default().Members()) {
+    words.push_back(std::string(member.name) + ": " + std::string(member.documentation));
+    EXPECT_EQ(member.mark, Mark::None) << member.name;
+  }
+  EXPECT_EQ(words, (std::vector<std::string>{"Add: Appends a value, under a key if one is given.",
+                                             "Count: Number of values.",
+                                             "Item: The value at a place from 1, or under a key.",
+                                             "Remove: Takes the value at a place or under a key out."}));
+}
+
 }  // namespace
 }  // namespace quenzel7::automation

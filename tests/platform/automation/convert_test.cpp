@@ -333,5 +333,11 @@ TEST(LongFromText, ReadsATextAsToLongDoes) {
   EXPECT_EQ(test::RaisedBy([] { LongFromText("2147483648"); }).number, 6);
 }
 
+TEST(To, APlusSignBeforeOneDigitIsRead) { EXPECT_EQ(To<Double>(Variant("+5")), 5.0); }
+
+TEST(To, CurrencyOverflowsAtItsLimit) {
+  EXPECT_EQ(test::ErrorOf([] { To<Currency>(Variant(922337203685477.5808)); }), 6);
+}
+
 }  // namespace
 }  // namespace quenzel7::automation

@@ -76,7 +76,9 @@ test::Raised Refusal(const Bytes& bytes) {
   return test::RaisedBy([&] { bag.Contents(bytes); });
 }
 
-test::Raised Damaged(const char* what) { return {331, std::string("not the contents of a property bag: ") + what}; }
+test::Raised Damaged(const char* what) {
+  return {331, std::string("not the contents of a property bag: ") + what};
+}
 
 /// A bag with a value of every kind, in every nesting.
 std::shared_ptr<PropertyBag> FullBag() {
@@ -612,6 +614,18 @@ TEST(PropertyBag, LateBoundHostsTakeAndGiveTheBlock) {
   EXPECT_EQ(other.ReadProperty("a"), Variant(Long{5}));
   EXPECT_RAISES(13, "type mismatch: String where an array of bytes was expected",
                 PutByName(other, "Contents", "QBag"));
+}
+
+TEST(PropertyBag, ItsMembersAreDocumentedAndUnmarked) {
+  std::vector<std::string> words;
+  for (const Member& member : PropertyBag().Class().Default().Members()) {
+    words.push_back(std::string(member.name) + ": " + std::string(member.documentation));
+    EXPECT_EQ(member.mark, Mark::None) << member.name;
+  }
+  EXPECT_EQ(words, (std::vector<std::string>{
+                       "ReadProperty: The value under a name, or the given one when there is none.",
+                       "WriteProperty: Keeps a value under a name.",
+                       "Contents: All values as one block of bytes."}));
 }
 
 }  // namespace

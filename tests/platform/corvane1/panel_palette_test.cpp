@@ -117,5 +117,14 @@ TEST(PanelPalette, TheRestIsACubeWithBlueRunningFastest) {
   EXPECT_EQ(index, kPanelPalette.size());
 }
 
+/// FNV-1a over all colours: pages are drawn in them, so none may change by accident.
+TEST(PanelPalette, IsUnchanged) {
+  std::uint32_t hash = 2166136261u;
+  for (const std::uint32_t color : kPanelPalette) {
+    for (const int shift : {16, 8, 0}) hash = (hash ^ (color >> shift & 0xFF)) * 16777619u;
+  }
+  EXPECT_EQ(hash, 0x1def4c80u);
+}
+
 }  // namespace
 }  // namespace quenzel7::corvane1

@@ -1,6 +1,7 @@
 #include "platform/corvane1/project_file.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -26,10 +27,10 @@ namespace {
 namespace fs = std::filesystem;
 
 using automation::AutomationError;
-using test::Raised;
-using test::RaisedBy;
 using automation::To;
 using automation::Variant;
+using test::Raised;
+using test::RaisedBy;
 
 constexpr Long kDatabase = -2147467259;
 constexpr Long kPathNotFound = 76;
@@ -344,6 +345,21 @@ TEST_F(ProjectFileTest, ATruncatedFileIsRefused) {
   }
 }
 
+TEST_F(ProjectFileTest, TheLargestPagesAreCountedRight) {
+  sqlite3* database = nullptr;
+  ASSERT_EQ(sqlite3_open(Path().c_str(), &database), SQLITE_OK);
+  sqlite3_exec(database, "PRAGMA page_size=65536", nullptr, nullptr, nullptr);
+  for (const std::string& statement : ProjectSchemaStatements()) {
+    EXPECT_EQ(sqlite3_exec(database, statement.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
+  }
+  sqlite3_close(database);
+  OpenProject(Path(), ProjectMode::ReadOnly)->Close();
+  const std::uintmax_t whole = fs::file_size(Path());
+  fs::resize_file(Path(), whole - 1);
+  ExpectRefused("is damaged: it has " + std::to_string(whole - 1) + " of " + std::to_string(whole) +
+                " bytes");
+}
+
 TEST_F(ProjectFileTest, AHeaderThatDoesNotFitIsRefused) {
   MakeProject();
   Overwrite(16, {1, 1});  // The size of a page is a power of two.
@@ -441,6 +457,21 @@ TEST_F(ProjectFileTest, AFolderThatCannotBeWrittenGetsNoProject) {
   }
   fs::permissions(Folder(), static_cast<fs::perms>(0755));
   EXPECT_TRUE(Snapshot().empty());
+}
+
+TEST_F(ProjectFileTest, AFileThatCannotBeReplacedGetsNoProject) {
+  if (geteuid() != 0) GTEST_SKIP() << "only a user who may do everything can make a file of another's";
+  std::ofstream(Path()).flush();
+  fs::permissions(Path(), static_cast<fs::perms>(0666));
+  // Everybody may make files there, but replace only their own.
+  fs::permissions(Folder(), static_cast<fs::perms>(01777));
+  {
+    const OrdinaryUser user;
+    EXPECT_EQ(
+        RefusalOf(Path(), ProjectMode::Create),
+        (Raised{kDatabase, "project file \"" + Path() + "\": cannot be made: Operation not permitted"}));
+  }
+  EXPECT_EQ(Snapshot(), (std::map<std::string, std::string>{{"panel.qz7", ""}}));
 }
 
 TEST_F(ProjectFileTest, AFullDiskLeavesNoHalfProject) {

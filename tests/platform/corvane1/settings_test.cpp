@@ -168,8 +168,7 @@ TEST_F(SettingsTest, ReadsLinesBelowSections) {
 }
 
 TEST_F(SettingsTest, BlanksAndLineEndsOfOtherSystemsMeanNothing) {
-  EXPECT_EQ(Read(" \t[ 6000 ] \r\n\t 6051\t =  a text  with blanks \t\r\n\r\n   \n-5=last"),
-            test::Raised{});
+  EXPECT_EQ(Read(" \t[ 6000 ] \r\n\t 6051\t =  a text  with blanks \t\r\n\r\n   \n-5=last"), test::Raised{});
   EXPECT_EQ(Setting(6000, 6051), "a text  with blanks");
   EXPECT_EQ(Setting(6000, -5), "last");
 }
@@ -240,6 +239,13 @@ TEST_F(SettingsTest, RaisesWhenTheFileCannotBeRead) {
 TEST_F(SettingsTest, AFolderIsNoFile) {
   EXPECT_RAISES(76, "settings file " + project_.Folder() + " cannot be read",
                 settings_.ReadFile(project_.Folder()));
+}
+
+TEST(LayeredSettingsPlaces, TellSectionsThatDifferInTheHighestBitApart) {
+  LayeredSettings settings(std::make_shared<HeldProjectDatabase>());
+  settings.Set(-2147483647 - 1, 1, "a");
+  EXPECT_EQ(settings.GetSetting(0, 1, "f"), "f");
+  EXPECT_EQ(settings.GetSetting(-2147483647 - 1, 1, "f"), "a");
 }
 
 }  // namespace

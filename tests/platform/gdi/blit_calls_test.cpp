@@ -165,7 +165,9 @@ struct NaiveBlit {
   COLORREF text, background, sourceBackground, brush, gap;
   int hatch;  ///< -1 for none
 
-  bool HasInk(int x, int y) const { return hatch < 0 || (hatch == HS_FDIAGONAL ? x % 8 == y % 8 : x % 8 == 4); }
+  bool HasInk(int x, int y) const {
+    return hatch < 0 || (hatch == HS_FDIAGONAL ? x % 8 == y % 8 : x % 8 == 4);
+  }
 
   void operator()(Surface& target, int x, int y, int w, int h, const Surface& source, int sx, int sy,
                   std::uint32_t code) const {
@@ -174,7 +176,9 @@ struct NaiveBlit {
     for (int v = 0; v < h; ++v) {
       for (int u = 0; u < w; ++u) {
         const int tx = x + u, ty = y + v, fx = sx + u, fy = sy + v;
-        if (target.At(tx, ty) == CLR_INVALID || fx < 0 || fy < 0 || fx >= source.Width() || fy >= source.Height()) continue;
+        if (target.At(tx, ty) == CLR_INVALID || fx < 0 || fy < 0 || fx >= source.Width() ||
+            fy >= source.Height())
+          continue;
         COLORREF s = from[static_cast<std::size_t>(fy * source.Width() + fx)];
         if (fromMono && !toMono) s = s != 0 ? background : text;
         if (!fromMono && toMono) s = s == sourceBackground ? kWhite : kBlack;
@@ -188,10 +192,13 @@ struct NaiveBlit {
 
 TEST(BitBlt, IsWhatItsDefinitionSaysPixelByPixel) {
   std::mt19937 random(99);
-  const auto between = [&](int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); };
+  const auto between = [&](int low, int high) {
+    return std::uniform_int_distribution<int>(low, high)(random);
+  };
   for (int i = 0; i < 4000; ++i) {
     const int targetBits = between(0, 1) != 0 ? 1 : 32, sourceBits = between(0, 1) != 0 ? 1 : 32;
-    Surface target(between(1, 60), between(1, 9), targetBits), source(between(1, 60), between(1, 9), sourceBits);
+    Surface target(between(1, 60), between(1, 9), targetBits),
+        source(between(1, 60), between(1, 9), sourceBits);
     Scatter(target, static_cast<std::uint32_t>(i));
     Scatter(source, static_cast<std::uint32_t>(i) + 12345);
     const COLORREF someSourceColor = source.At(0, 0);
@@ -205,8 +212,14 @@ TEST(BitBlt, IsWhatItsDefinitionSaysPixelByPixel) {
     SetTextColor(target.Dc(), naive.text);
     SetBkColor(target.Dc(), naive.background);
     SetBkColor(source.Dc(), someSourceColor);
-    const SelectedBrush brush(target.Dc(), hatch < 0 ? CreateSolidBrush(naive.brush) : CreateHatchBrush(hatch, naive.brush));
-    const std::uint32_t codes[] = {SRCCOPY, SRCCOPY, NOTSRCCOPY, SRCAND, SRCPAINT, SRCINVERT,
+    const SelectedBrush brush(
+        target.Dc(), hatch < 0 ? CreateSolidBrush(naive.brush) : CreateHatchBrush(hatch, naive.brush));
+    const std::uint32_t codes[] = {SRCCOPY,
+                                   SRCCOPY,
+                                   NOTSRCCOPY,
+                                   SRCAND,
+                                   SRCPAINT,
+                                   SRCINVERT,
                                    static_cast<std::uint32_t>(between(0, 255)) << 16};
     const std::uint32_t code = codes[between(0, 6)];
     if (!NeedsSource(RasterTable(code))) continue;
@@ -243,6 +256,199 @@ TEST(BitBlt, FromTheDefaultBitmapIsOneBit) {
   EXPECT_EQ(BitBlt(target.Dc(), 0, 0, 2, 1, fresh, 0, 0, SRCCOPY), 1);
   EXPECT_EQ(Rows(target), (Text{"r."}));
   DeleteDC(fresh);
+}
+
+/// Three pixels: red, green, blue.
+Surface Flag() {
+  Surface surface(3, 1);
+  surface.Set(0, 0, kRed);
+  surface.Set(1, 0, kGreen);
+  surface.Set(2, 0, kBlue);
+  return surface;
+}
+
+TEST(StretchBlt, Enlarges) {
+  const Surface source = Flag(), target = White(8, 3);
+  EXPECT_EQ(StretchBlt(target.Dc(), 1, 1, 6, 2, source.Dc(), 0, 0, 3, 1, SRCCOPY), 1);
+  EXPECT_EQ(Rows(target), (Text{"........", ".rrggbb.", ".rrggbb."}));
+}
+
+TEST(StretchBlt, OfEqualSizeIsABlit) {
+  const Surface source = Flag(), target = White(5, 1);
+  StretchBlt(target.Dc(), 1, 0, 3, 1, source.Dc(), 0, 0, 3, 1, SRCCOPY);
+  EXPECT_EQ(Rows(target), (Text{".rgb."}));
+}
+
+TEST(StretchBlt, MirrorsWhenTheSignsDiffer) {
+  const Surface source = Flag(), target = White(5, 1);
+  StretchBlt(target.Dc(), 4, 0, -3, 1, source.Dc(), 0, 0, 3, 1, SRCCOPY);
+  EXPECT_EQ(Rows(target), (Text{".bgr."}));
+  StretchBlt(target.Dc(), 1, 0, 3, 1, source.Dc(), 3, 0, -3, 1, SRCCOPY);
+  EXPECT_EQ(Rows(target), (Text{".bgr."}));
+  StretchBlt(target.Dc(), 4, 0, -3, 1, source.Dc(), 3, 0, -3, 1, SRCCOPY);
+  EXPECT_EQ(Rows(target), (Text{".rgb."}));
+  const Surface tall = White(1, 3);
+  StretchBlt(target.Dc(), 0, 0, 1, 1, tall.Dc(), 0, 0, 1, 3, SRCCOPY);
+  Surface column = White(1, 2);
+  column.Set(0, 0, kRed);
+  const Surface flipped = White(1, 4);
+  StretchBlt(flipped.Dc(), 0, 4, 1, -4, column.Dc(), 0, 0, 1, 2, SRCCOPY);
+  EXPECT_EQ(Rows(flipped), (Text{".", ".", "r", "r"}));
+}
+
+TEST(StretchBlt, ReducesByTheModeOfTheTarget) {
+  const Surface source = Flag(), target = White(3, 1);
+  SetStretchBltMode(source.Dc(), WHITEONBLACK);
+  StretchBlt(target.Dc(), 0, 0, 1, 1, source.Dc(), 0, 0, 3, 1, SRCCOPY);
+  SetStretchBltMode(target.Dc(), WHITEONBLACK);
+  StretchBlt(target.Dc(), 1, 0, 1, 1, source.Dc(), 0, 0, 3, 1, SRCCOPY);
+  SetStretchBltMode(target.Dc(), COLORONCOLOR);
+  StretchBlt(target.Dc(), 2, 0, 1, 1, source.Dc(), 0, 0, 3, 1, SRCCOPY);
+  EXPECT_EQ(Rows(target), (Text{"#.b"}));
+}
+
+TEST(StretchBlt, TakesRasterCodesAndConvertsDepths) {
+  Surface source(2, 1, 1);
+  source.Set(0, 0, kWhite);
+  const Surface target = White(4, 1);
+  SetTextColor(target.Dc(), kRed);
+  SetBkColor(target.Dc(), kBlue);
+  StretchBlt(target.Dc(), 0, 0, 4, 1, source.Dc(), 0, 0, 2, 1, SRCCOPY);
+  EXPECT_EQ(Rows(target), (Text{"bbrr"}));
+  StretchBlt(target.Dc(), 0, 0, 4, 1, source.Dc(), 0, 0, 2, 1, SRCINVERT);
+  EXPECT_EQ(Rows(target), (Text{"####"}));
+  EXPECT_EQ(StretchBlt(target.Dc(), 1, 0, 2, 1, 0, 0, 0, 0, 0, WHITENESS), 1);
+  EXPECT_EQ(Rows(target), (Text{"#..#"}));
+  const Surface mono = White(2, 1, 1);
+  SetBkColor(target.Dc(), kBlack);
+  StretchBlt(mono.Dc(), 0, 0, 2, 1, target.Dc(), 0, 0, 2, 1, SRCCOPY);
+  EXPECT_EQ(Rows(mono), (Text{".#"}));
+}
+
+TEST(StretchBlt, DoesNotDrawWhatLiesOutsideTheSource) {
+  const Surface source = Flag(), target = White(12, 1);
+  StretchBlt(target.Dc(), 0, 0, 10, 1, source.Dc(), -1, 0, 5, 1, SRCCOPY);
+  EXPECT_EQ(Rows(target), (Text{"..rrggbb...."}));
+  StretchBlt(target.Dc(), 0, 0, 10, 1, source.Dc(), 3, 0, 5, 1, SRCCOPY);
+  StretchBlt(target.Dc(), 0, 0, 10, 1, source.Dc(), 0, 1, 5, 1, SRCCOPY);
+  EXPECT_EQ(Rows(target), (Text{"..rrggbb...."}));
+}
+
+TEST(StretchBlt, OfTheWholePlaneIsClipped) {
+  const Surface source = Flag(), target = White(3, 1);
+  EXPECT_EQ(StretchBlt(target.Dc(), kMin, kMin, kMax, kMax, source.Dc(), 0, 0, 3, 1, SRCCOPY), 1);
+  EXPECT_EQ(Rows(target), (Text{"..."}));
+  EXPECT_EQ(StretchBlt(target.Dc(), -1000000000, 0, 2000000002, 1, source.Dc(), 0, 0, 3, 1, SRCCOPY), 1);
+  EXPECT_EQ(Rows(target), (Text{"ggg"}));
+  EXPECT_EQ(StretchBlt(target.Dc(), 0, 0, 3, 1, source.Dc(), -1000000000, 0, kMax, 1, SRCCOPY), 1);
+  EXPECT_EQ(Rows(target), (Text{"g#g"}));
+}
+
+TEST(StretchBlt, WithoutMeasuresDrawsNothing) {
+  const Surface source = Flag(), target = White(3, 1);
+  EXPECT_EQ(StretchBlt(target.Dc(), 0, 0, 3, 1, source.Dc(), 0, 0, 0, 1, SRCCOPY), 1);
+  EXPECT_EQ(StretchBlt(target.Dc(), 0, 0, 3, 1, source.Dc(), 0, 0, 3, 0, SRCCOPY), 1);
+  EXPECT_EQ(StretchBlt(target.Dc(), 0, 0, 0, 1, source.Dc(), 0, 0, 3, 1, SRCCOPY), 1);
+  EXPECT_EQ(StretchBlt(target.Dc(), 0, 0, 3, 0, source.Dc(), 0, 0, 3, 1, SRCCOPY), 1);
+  EXPECT_EQ(Rows(target), (Text{"..."}));
+}
+
+TEST(StretchBlt, FailsWithoutContexts) {
+  const Surface surface = White(2, 1);
+  EXPECT_EQ(StretchBlt(0, 0, 0, 1, 1, surface.Dc(), 0, 0, 1, 1, SRCCOPY), 0);
+  EXPECT_EQ(StretchBlt(surface.Dc(), 0, 0, 1, 1, 0, 0, 0, 1, 1, SRCCOPY), 0);
+}
+
+TEST(StretchBlt, OntoItselfReadsBeforeItWrites) {
+  Surface surface = White(6, 1);
+  surface.Set(0, 0, kRed);
+  surface.Set(1, 0, kGreen);
+  surface.Set(2, 0, kBlue);
+  StretchBlt(surface.Dc(), 0, 0, 6, 1, surface.Dc(), 0, 0, 3, 1, SRCCOPY);
+  EXPECT_EQ(Rows(surface), (Text{"rrggbb"}));
+}
+
+constexpr BLENDFUNCTION Constant(std::uint8_t alpha) { return {AC_SRC_OVER, 0, alpha, 0}; }
+
+TEST(AlphaBlend, MixesEachChannel) {
+  Surface source(2, 1), target(4, 1);
+  source.Clear(0xFF8000);
+  target.Clear(0x0040FF);
+  EXPECT_EQ(AlphaBlend(target.Dc(), 1, 0, 2, 1, source.Dc(), 0, 0, 2, 1, Constant(100)), 1);
+  // (255 * 100) / 255, (128 * 100 + 64 * 155) / 255 = 89.1, 255 * 155 / 255
+  EXPECT_EQ(Colors(target), (std::vector<COLORREF>{0x0040FF, 0x64599B, 0x64599B, 0x0040FF}));
+}
+
+TEST(AlphaBlend, AtTheEndsIsSourceOrTarget) {
+  Surface source(1, 1), target(1, 1);
+  source.Clear(0x123456);
+  target.Clear(0x654321);
+  AlphaBlend(target.Dc(), 0, 0, 1, 1, source.Dc(), 0, 0, 1, 1, Constant(0));
+  EXPECT_EQ(target.At(0, 0), 0x654321u);
+  AlphaBlend(target.Dc(), 0, 0, 1, 1, source.Dc(), 0, 0, 1, 1, Constant(255));
+  EXPECT_EQ(target.At(0, 0), 0x123456u);
+}
+
+TEST(AlphaBlend, IsClippedToTheTarget) {
+  const Surface source = Flag(), target = White(3, 1);
+  EXPECT_EQ(AlphaBlend(target.Dc(), -1, 0, 3, 1, source.Dc(), 0, 0, 3, 1, Constant(255)), 1);
+  EXPECT_EQ(Rows(target), (Text{"gb."}));
+  EXPECT_EQ(AlphaBlend(target.Dc(), 5, 0, 3, 1, source.Dc(), 0, 0, 3, 1, Constant(255)), 1);
+  EXPECT_EQ(AlphaBlend(target.Dc(), 0, kMin, 3, 1, source.Dc(), 0, 0, 3, 1, Constant(255)), 1);
+  EXPECT_EQ(Rows(target), (Text{"gb."}));
+}
+
+TEST(AlphaBlend, StretchesWithoutMixingSourcePixels) {
+  const Surface source = Flag(), target = White(6, 2);
+  AlphaBlend(target.Dc(), 0, 0, 6, 1, source.Dc(), 0, 0, 3, 1, Constant(255));
+  AlphaBlend(target.Dc(), 0, 1, 1, 1, source.Dc(), 0, 0, 3, 1, Constant(255));
+  EXPECT_EQ(Rows(target), (Text{"rrggbb", "b....."}));
+}
+
+TEST(AlphaBlend, ConvertsOneBit) {
+  Surface mono(2, 1, 1);
+  mono.Set(1, 0, kWhite);
+  const Surface target = White(2, 1);
+  SetTextColor(target.Dc(), kRed);
+  SetBkColor(target.Dc(), kBlue);
+  AlphaBlend(target.Dc(), 0, 0, 2, 1, mono.Dc(), 0, 0, 2, 1, Constant(255));
+  EXPECT_EQ(Rows(target), (Text{"rb"}));
+  const Surface black(2, 1), white = White(2, 1, 1);
+  AlphaBlend(white.Dc(), 0, 0, 1, 1, black.Dc(), 0, 0, 1, 1, Constant(127));
+  AlphaBlend(white.Dc(), 1, 0, 1, 1, black.Dc(), 0, 0, 1, 1, Constant(128));
+  EXPECT_EQ(Rows(white), (Text{".#"}));
+}
+
+TEST(AlphaBlend, RefusesWhatItDoesNotKnow) {
+  const Surface source = Flag(), target = White(3, 1);
+  const auto blend = [&](int w, int h, int sx, int sy, int sw, int sh, BLENDFUNCTION how = Constant(255)) {
+    return AlphaBlend(target.Dc(), 0, 0, w, h, source.Dc(), sx, sy, sw, sh, how);
+  };
+  EXPECT_EQ(blend(-1, 1, 0, 0, 3, 1), 0);
+  EXPECT_EQ(blend(3, -1, 0, 0, 3, 1), 0);
+  EXPECT_EQ(blend(3, 1, 0, 0, -1, 1), 0);
+  EXPECT_EQ(blend(3, 1, 0, 0, 3, -1), 0);
+  EXPECT_EQ(blend(3, 1, -1, 0, 3, 1), 0);
+  EXPECT_EQ(blend(3, 1, 0, -1, 3, 1), 0);
+  EXPECT_EQ(blend(3, 1, 1, 0, 3, 1), 0);
+  EXPECT_EQ(blend(3, 1, 0, 1, 3, 1), 0);
+  EXPECT_EQ(blend(3, 1, kMax, 0, kMax, 1), 0);
+  EXPECT_EQ(blend(3, 1, 0, 0, 3, 1, {1, 0, 255, 0}), 0);
+  EXPECT_EQ(blend(3, 1, 0, 0, 3, 1, {0, 1, 255, 0}), 0);
+  EXPECT_EQ(blend(3, 1, 0, 0, 3, 1, {0, 0, 255, 1}), 0);
+  EXPECT_EQ(AlphaBlend(0, 0, 0, 3, 1, source.Dc(), 0, 0, 3, 1, Constant(255)), 0);
+  EXPECT_EQ(AlphaBlend(target.Dc(), 0, 0, 3, 1, 0, 0, 0, 3, 1, Constant(255)), 0);
+  EXPECT_EQ(blend(3, 1, 0, 0, 0, 1), 1);
+  EXPECT_EQ(blend(3, 1, 0, 0, 3, 0), 1);
+  EXPECT_EQ(blend(0, 1, 0, 0, 3, 1), 1);
+  EXPECT_EQ(Rows(target), (Text{"..."}));
+}
+
+TEST(AlphaBlend, OntoItselfReadsBeforeItWrites) {
+  Surface surface = White(4, 1);
+  surface.Set(0, 0, kBlack);
+  AlphaBlend(surface.Dc(), 1, 0, 3, 1, surface.Dc(), 0, 0, 3, 1, Constant(255));
+  EXPECT_EQ(Rows(surface), (Text{"##.."}));
 }
 
 }  // namespace

@@ -244,6 +244,64 @@ TEST(RoundRect, CornerSizesOfOneAreSquareAndLargerThanTheBoxMakeAnEllipse) {
                   ".#rrrrrrrr#.", ".#rrrrrrrr#.", "..########..", "............"}));
 }
 
+// A line inside the frame keeps its width all around and just fills the box.
+TEST(Figures, WithAPenInsideTheFrameFillTheirBox) {
+  for (int width = 2; width <= 9; ++width) {
+    for (const int kind : {0, 1, 2}) {
+      const Text drawn = Drawn(44, 34, {PS_INSIDEFRAME, width}, [&](HDC dc) {
+        if (kind == 0) Rectangle(dc, 2, 3, 41, 32);
+        if (kind == 1) Ellipse(dc, 2, 3, 41, 32);
+        if (kind == 2) RoundRect(dc, 2, 3, 41, 32, 12, 10);
+      });
+      const auto inside = static_cast<std::size_t>(width);
+      EXPECT_EQ(drawn[2], std::string(44, '.')) << width << " " << kind;
+      EXPECT_NE(drawn[3].find('#'), std::string::npos);
+      EXPECT_NE(drawn[31].find('#'), std::string::npos);
+      EXPECT_EQ(drawn[32], std::string(44, '.'));
+      EXPECT_EQ(drawn[17].substr(0, 2 + inside + 1), ".." + std::string(inside, '#') + "r");
+      EXPECT_EQ(drawn[17].substr(40 - inside), "r" + std::string(inside, '#') + "...");
+      EXPECT_EQ(drawn[2 + inside][21], '#');
+      EXPECT_EQ(drawn[3 + inside][21], 'r');
+      EXPECT_EQ(drawn[31 - inside][21], 'r');
+      EXPECT_EQ(drawn[32 - inside][21], '#');
+    }
+  }
+}
+
+TEST(Figures, WithAVeryWidePenAreStillFilled) {
+  for (const int kind : {0, 1, 2}) {
+    const auto draw = [&](int top) {
+      return Drawn(1, 3, {PS_SOLID, 600}, [&](HDC dc) {
+        if (kind == 0) Rectangle(dc, -1000, top, 1001, 3000);
+        if (kind == 1) Ellipse(dc, -1000, top, 1001, 3000);
+        if (kind == 2) RoundRect(dc, -1000, top, 1001, 3000, 40, 40);
+      });
+    };
+    // The line reaches from 300 above to 299 below its middle, row -300.
+    EXPECT_EQ(draw(-300), (Text{"r", "r", "r"})) << kind;
+    EXPECT_EQ(draw(-298), (Text{"#", "#", "r"})) << kind;
+    EXPECT_EQ(draw(301), (Text{".", "#", "#"})) << kind;
+  }
+}
+
+TEST(Rectangle, WithAnExtendedPenHasTheCornersOfItsJoin) {
+  const auto corner = [](std::uint32_t join) {
+    const Surface surface = White(14, 12);
+    const LOGBRUSH solid{BS_SOLID, kBlack, 0};
+    const SelectedPen pen(surface.Dc(),
+                          ExtCreatePen(PS_GEOMETRIC | PS_INSIDEFRAME | join, 4, &solid, 0, nullptr));
+    const SelectedBrush brush(surface.Dc(), CreateSolidBrush(kRed));
+    Rectangle(surface.Dc(), 1, 1, 13, 11);
+    const Text rows = Rows(surface);
+    EXPECT_EQ(rows[5], ".####rrrr####.");
+    EXPECT_EQ(rows[4].substr(2, 10), "##########");
+    return Text{rows[1].substr(0, 5), rows[2].substr(0, 5), rows[3].substr(0, 5)};
+  };
+  EXPECT_EQ(corner(PS_JOIN_MITER), (Text{".####", ".####", ".####"}));
+  EXPECT_EQ(corner(PS_JOIN_ROUND), (Text{"..###", ".####", ".####"}));
+  EXPECT_EQ(corner(PS_JOIN_BEVEL), (Text{"...##", "..###", ".####"}));
+}
+
 TEST(Figures, WithWidePensAreSymmetric) {
   for (int width = 3; width <= 9; width += 2) {
     for (const int size : {20, 25}) {

@@ -128,6 +128,80 @@ TEST(Polyline, NeedsTwoPoints) {
   EXPECT_EQ(Rows(surface), (Text{"###"}));
 }
 
+TEST(LineTo, WithAWidePenHasRoundEnds) {
+  const Surface surface = White(9, 5);
+  const SelectedPen pen(surface.Dc(), MakePen(PS_SOLID, 3, kRed));
+  Line(surface, 2, 2, 6, 2);
+  EXPECT_EQ(Rows(surface), (Text{".........", "..rrrrr..", ".rrrrrrr.", "..rrrrr..", "........."}));
+}
+
+TEST(LineTo, WithAWideDashedPenIsSolid) {
+  for (std::uint32_t style = PS_DASH; style <= PS_DASHDOTDOT; ++style) {
+    const Surface dashed = White(30, 5), solid = White(30, 5);
+    const SelectedPen dashedPen(dashed.Dc(), MakePen(style, 2, kRed)),
+        solidPen(solid.Dc(), MakePen(PS_SOLID, 2, kRed));
+    Line(dashed, 2, 2, 26, 2);
+    Line(solid, 2, 2, 26, 2);
+    EXPECT_EQ(Rows(dashed), Rows(solid)) << style;
+  }
+}
+
+TEST(LineTo, WithAThinExtendedPenLeavesTheLastPixelOut) {
+  for (const std::uint32_t width : {0u, 1u}) {
+    const Surface surface = White(5, 4);
+    const LOGBRUSH solid{BS_SOLID, kRed, 0};
+    const SelectedPen pen(surface.Dc(), ExtCreatePen(0x11206, width, &solid, 0, nullptr));
+    Line(surface, 0, 0, 3, 0);
+    Line(surface, 1, 1, 4, 4);
+    EXPECT_EQ(Rows(surface), (Text{"rrr..", ".r...", "..r..", "...r."}));
+  }
+}
+
+// The circle is the one around the given point: 2 * radius + 1 pixels across.
+TEST(AngleArc, DrawsACircleAroundItsCentre) {
+  const Surface surface = White(11, 11);
+  MoveToEx(surface.Dc(), 9, 5, nullptr);
+  EXPECT_EQ(AngleArc(surface.Dc(), 5, 5, 4, 0, 360), 1);
+  EXPECT_EQ(Rows(surface),
+            (Text{"...........", "....###....", "..##...##..", "..#.....#..", ".#.......#.", ".#.......#.",
+                  ".#.......#.", "..#.....#..", "..##...##..", "....###....", "..........."}));
+}
+
+TEST(AngleArc, DrawsALineToItsStartAndMovesToItsEnd) {
+  const Surface surface = White(12, 12);
+  MoveToEx(surface.Dc(), 2, 10, nullptr);
+  AngleArc(surface.Dc(), 2, 10, 8, 0, 90);
+  EXPECT_EQ(surface.At(5, 10), kBlack);
+  EXPECT_EQ(surface.At(10, 9), kBlack);
+  EXPECT_EQ(surface.At(2, 9), kWhite);
+  EXPECT_EQ(Position(surface).x, 2);
+  EXPECT_EQ(Position(surface).y, 2);
+}
+
+TEST(AngleArc, WithoutPenOnlyMoves) {
+  const Surface surface = White(12, 3);
+  SelectObject(surface.Dc(), GetStockObject(NULL_PEN));
+  AngleArc(surface.Dc(), 5, 1, 3, 180, 180);
+  EXPECT_EQ(Rows(surface), Text(3, "............"));
+  EXPECT_EQ(Position(surface).x, 8);
+  EXPECT_EQ(Position(surface).y, 1);
+}
+
+TEST(AngleArc, FailsWithoutContextOrFiniteAngles) {
+  const Surface surface = White(3, 3);
+  constexpr float kInfinite = std::numeric_limits<float>::infinity(),
+                  kNan = std::numeric_limits<float>::quiet_NaN();
+  EXPECT_EQ(AngleArc(0, 1, 1, 1, 0, 90), 0);
+  EXPECT_EQ(AngleArc(surface.Dc(), 1, 1, 1, kInfinite, 90), 0);
+  EXPECT_EQ(AngleArc(surface.Dc(), 1, 1, 1, 0, kNan), 0);
+  EXPECT_EQ(Rows(surface), Text(3, "..."));
+}
+
+TEST(AngleArc, CanBeAsLargeAsThePlane) {
+  const Surface surface = White(3, 3);
+  EXPECT_EQ(AngleArc(surface.Dc(), kMax, kMin, 0xFFFFFFFF, 12, 345), 1);
+}
+
 TEST(LineTo, FailsWithoutContext) { EXPECT_EQ(LineTo(0, 1, 1), 0); }
 
 }  // namespace

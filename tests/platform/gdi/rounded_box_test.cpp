@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <set>
 #include <string>
 #include <vector>
+
+#include "platform/gdi/line_walk.h"
 
 namespace quenzel7::gdi {
 namespace {
@@ -159,6 +162,69 @@ TEST(RoundedBox, WalkMeetsEveryBorderPixelOnce) {
       }
     }
   }
+}
+
+TEST(RoundedBox, LinesThroughTheBorderPointsPaintTheBorder) {
+  for (int width = 1; width <= 17; ++width) {
+    for (int height = 1; height <= 17; ++height) {
+      for (const int corner : {0, 3, 6, 40}) {
+        Canvas canvas(20, 20);
+        const RoundedBox figure({1, 1, 1 + width, 1 + height}, corner, corner);
+        SpanPainter painter = canvas.Painter('#');
+        figure.PaintBorder(painter);
+        std::vector<POINT> points = figure.BorderPoints();
+        std::vector<std::string> rows(20, std::string(20, '.'));
+        ASSERT_FALSE(points.empty());
+        points.push_back(points[0]);
+        for (std::size_t i = 1; i < points.size(); ++i) {
+          rows[static_cast<std::size_t>(points[i].y)][static_cast<std::size_t>(points[i].x)] = '#';
+          WalkLine(points[i - 1], points[i], 20, 20, [&](int x, int y, std::uint64_t) {
+            rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] = '#';
+          });
+        }
+        EXPECT_EQ(rows, canvas.Rows()) << width << "x" << height << " corner " << corner;
+      }
+    }
+  }
+}
+
+TEST(RoundedBox, BorderPointsBeginAtTheLowerEndOfTheTopRightCurve) {
+  const std::vector<POINT> points = RoundedBox({10, 20, 40, 50}, 8, 6).BorderPoints();
+  EXPECT_EQ(points[0].x, 39);
+  EXPECT_EQ(points[0].y, 22);
+  EXPECT_EQ(points.back().x, 39);
+  EXPECT_EQ(points.back().y, 47);
+  const std::vector<POINT> square = RoundedBox({10, 20, 40, 50}, 0, 0).BorderPoints();
+  ASSERT_EQ(square.size(), 4u);
+  EXPECT_EQ(square[0].x, 39);
+  EXPECT_EQ(square[0].y, 20);
+  EXPECT_EQ(square[1].x, 10);
+  EXPECT_EQ(square[2].y, 49);
+  EXPECT_EQ(square[3].x, 39);
+  EXPECT_TRUE(RoundedBox({10, 20, 10, 50}, 8, 6).BorderPoints().empty());
+}
+
+TEST(RoundedBox, LargeOnesHaveChordsNearTheCurve) {
+  const std::int64_t size = 40001;
+  const RoundedBox figure({0, 0, size, size}, size, size);
+  EXPECT_TRUE(figure.IsLarge());
+  EXPECT_FALSE(RoundedBox({0, 0, 16384, 16384}, 5, 5).IsLarge());
+  EXPECT_TRUE(RoundedBox({0, 0, 5, 16385}, 5, 5).IsLarge());
+  const std::vector<POINT> points = figure.BorderPoints();
+  EXPECT_LT(points.size(), 2000u);
+  const double radius = (size - 1) / 2.0;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const POINT& a = points[i];
+    const POINT& b = points[(i + 1) % points.size()];
+    EXPECT_NEAR(std::hypot(a.x - radius, a.y - radius), radius, 1.5);
+    EXPECT_NEAR(std::hypot((a.x + b.x) / 2.0 - radius, (a.y + b.y) / 2.0 - radius), radius, 2);
+  }
+}
+
+TEST(RoundedBox, KnowsWhetherItsCornersAreSquare) {
+  EXPECT_TRUE(RoundedBox({0, 0, 9, 9}, 1, 5).IsSquare());
+  EXPECT_TRUE(RoundedBox({0, 0, 9, 9}, 5, 1).IsSquare());
+  EXPECT_FALSE(RoundedBox({0, 0, 9, 9}, 2, 2).IsSquare());
 }
 
 TEST(RoundedBox, WalkCountsWhatIsOutside) {

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/gdi/rounded_box.h"
+#include "platform/gdi/types.h"
+
+namespace quenzel7::gdi {
+
+/// A region in the shape of an ellipse or of a rectangle with rounded corners. Its rows get wider towards
+/// the middle, so every question is answered by looking at one of them, however large the region is.
+class Region {
+ public:
+  /// The box as the interface has it: corners in any order, and one pixel more at the right and at the
+  /// bottom than belongs to the region. A box without width or height is, by the same rule, taken for the
+  /// one from its edge to the pixel before.
+  static Box Body(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom);
+
+  Region(const Box& body, std::int64_t cornerWidth, std::int64_t cornerHeight)
+      : figure_(body, cornerWidth, cornerHeight) {}
+
+  bool Contains(std::int64_t x, std::int64_t y) const;
+  /// Whether any pixel of a box is in the region. A box without width or height counts as one pixel wide
+  /// or high.
+  bool Meets(const Box& box) const;
+
+ private:
+  RoundedBox figure_;
+};
+
+}  // namespace quenzel7::gdi

@@ -1,0 +1,129 @@
+#include "platform/gdi/stroke.h"
+
+#include <cmath>
+#include <vector>
+
+#include "platform/gdi/rounded_box.h"
+
+namespace quenzel7::gdi {
+namespace {
+
+constexpr double kMiterLimit = 10;
+
+struct Vector {
+  double x, y;
+
+  Vector operator+(Vector other) const { return {x + other.x, y + other.y}; }
+  Vector operator*(double factor) const { return {x * factor, y * factor}; }
+};
+
+double Product(Vector a, Vector b) { return a.x * b.x + a.y * b.y; }
+double Cross(Vector a, Vector b) { return a.x * b.y - a.y * b.x; }
+/// A quarter turn with the clock, as y goes down.
+Vector Turned(Vector a) { return {-a.y, a.x}; }
+
+Vector At(POINT point) { return {static_cast<double>(point.x), static_cast<double>(point.y)}; }
+
+Vector Direction(POINT from, POINT to) {
+  const Vector step = At(to) + At(from) * -1;
+  return step * (1 / std::hypot(step.x, step.y));
+}
+
+bool AreEqual(POINT a, POINT b) { return a.x == b.x && a.y == b.y; }
+
+class Stroker {
+ public:
+  Stroker(const Pen& pen, SpanPainter& painter) : pen_(pen), painter_(painter), half_(pen.width / 2.0) {}
+
+  void Run(const std::vector<POINT>& points, bool isClosed) {
+    const std::size_t count = points.size();
+    if (count == 1) {
+      Dot(points[0]);
+      return;
+    }
+    const std::size_t segments = isClosed ? count : count - 1;
+    for (std::size_t i = 0; i < segments; ++i) {
+      const POINT from = points[i], to = points[(i + 1) % count];
+      const bool isFirst = !isClosed && i == 0, isLast = !isClosed && i + 1 == segments;
+      Segment(from, to, isFirst, isLast);
+      if (!isLast) Join(from, to, points[(i + 2) % count]);
+    }
+    if (!isClosed && EndCap() == PS_ENDCAP_ROUND) {
+      Disc(points.front());
+      Disc(points.back());
+    }
+  }
+
+ private:
+  std::uint32_t EndCap() const { return pen_.style & PS_ENDCAP_MASK; }
+  std::uint32_t JoinStyle() const { return pen_.style & PS_JOIN_MASK; }
+
+  void Fill(std::initializer_list<Vector> corners) {
+    polygon_.clear();
+    for (const Vector& corner : corners) polygon_.push_back(FinePoint::At(corner.x, corner.y));
+    FillPolygons(std::span(&polygon_, 1), painter_);
+  }
+
+  void Disc(POINT center) {
+    const std::int64_t left = center.x - std::int64_t{pen_.width / 2},
+                       top = center.y - std::int64_t{pen_.width / 2};
+    RoundedBox({left, top, left + pen_.width, top + pen_.width}, pen_.width, pen_.width).FillWhole(painter_);
+  }
+
+  /// A line of no length: what its ends alone paint.
+  void Dot(POINT point) {
+    if (EndCap() == PS_ENDCAP_ROUND) Disc(point);
+    if (EndCap() == PS_ENDCAP_SQUARE) {
+      const Vector p = At(point);
+      Fill({p + Vector{-half_, -half_}, p + Vector{half_, -half_}, p + Vector{half_, half_},
+            p + Vector{-half_, half_}});
+    }
+  }
+
+  void Segment(POINT from, POINT to, bool isFirst, bool isLast) {
+    const Vector along = Direction(from, to), across = Turned(along) * half_;
+    const double reach = EndCap() == PS_ENDCAP_SQUARE ? half_ : 0;
+    const Vector start = At(from) + along * (isFirst ? -reach : 0),
+                 end = At(to) + along * (isLast ? reach : 0);
+    Fill({start + across, end + across, end + across * -1, start + across * -1});
+  }
+
+  void Join(POINT from, POINT corner, POINT to) {
+    if (JoinStyle() == PS_JOIN_ROUND) {
+      Disc(corner);
+      return;
+    }
+    const Vector before = Direction(from, corner), after = Direction(corner, to);
+    const double turn = Cross(before, after);
+    if (turn == 0) return;
+    // The gap opens on the outer side of the turn.
+    const double side = turn > 0 ? -half_ : half_;
+    const Vector p = At(corner), a = Turned(before) * side, b = Turned(after) * side;
+    // The miter is 1 / sin(half the angle between the lines) times as long as half the width.
+    const double cosine = Product(before, after);
+    const bool isMitred = JoinStyle() == PS_JOIN_MITER && kMiterLimit * kMiterLimit * (1 + cosine) >= 2;
+    if (isMitred) {
+      Fill({p, p + a, p + (a + b) * (1 / (1 + cosine)), p + b});
+    } else {
+      Fill({p, p + a, p + b});
+    }
+  }
+
+  const Pen& pen_;
+  SpanPainter& painter_;
+  const double half_;
+  Polygon polygon_;
+};
+
+}  // namespace
+
+void StrokeLines(std::span<const POINT> points, bool isClosed, const Pen& pen, SpanPainter& painter) {
+  std::vector<POINT> distinct;
+  for (const POINT& point : points) {
+    if (distinct.empty() || !AreEqual(distinct.back(), point)) distinct.push_back(point);
+  }
+  while (isClosed && distinct.size() > 1 && AreEqual(distinct.front(), distinct.back())) distinct.pop_back();
+  if (!distinct.empty()) Stroker(pen, painter).Run(distinct, isClosed);
+}
+
+}  // namespace quenzel7::gdi

@@ -1,0 +1,174 @@
+#include "platform/gdi/stroke.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+#include <string>
+
+namespace quenzel7::gdi {
+namespace {
+
+using Text = std::vector<std::string>;
+constexpr std::uint32_t kFlat = PS_GEOMETRIC | PS_ENDCAP_FLAT | PS_JOIN_BEVEL;
+
+Text Stroked(const std::vector<POINT>& points, int penWidth, std::uint32_t style, bool isClosed = false,
+             int width = 12, int height = 9) {
+  Bitmap bitmap(width, height, 32);
+  SpanPainter painter(bitmap, Ink::Solid(1));
+  StrokeLines(points, isClosed, Pen{style, penWidth, 1, true}, painter);
+  Text rows;
+  for (int y = 0; y < height; ++y) {
+    std::string row;
+    for (int x = 0; x < width; ++x) row += bitmap.At(x, y) != 0 ? '#' : '.';
+    rows.push_back(row);
+  }
+  return rows;
+}
+
+const Text kNothing(9, "............");
+
+TEST(StrokeLines, AlongARowIsExactlyAsWideAsThePen) {
+  for (int width = 1; width <= 8; ++width) {
+    const Text rows = Stroked({{3, 4}, {9, 4}}, width, kFlat);
+    for (int y = 0; y < 9; ++y) {
+      const bool isLine = y >= 4 - width / 2 && y <= 4 - width / 2 + width - 1;
+      EXPECT_EQ(rows[static_cast<std::size_t>(y)], isLine ? "...######..." : "............") << width;
+    }
+    EXPECT_EQ(Stroked({{9, 4}, {3, 4}}, width, kFlat), rows) << width;
+  }
+}
+
+TEST(StrokeLines, AlongAColumnIsExactlyAsWideAsThePen) {
+  for (int width = 1; width <= 8; ++width) {
+    const Text rows = Stroked({{6, 7}, {6, 2}}, width, kFlat);
+    for (int y = 0; y < 9; ++y) {
+      std::string expected(12, '.');
+      for (int x = 6 - width / 2; x <= 6 - width / 2 + width - 1; ++x) {
+        if (y >= 2 && y < 7) expected[static_cast<std::size_t>(x)] = '#';
+      }
+      EXPECT_EQ(rows[static_cast<std::size_t>(y)], expected) << width;
+    }
+  }
+}
+
+TEST(StrokeLines, RoundEndsAreDiscsAroundTheEndPoints) {
+  EXPECT_EQ(Stroked({{3, 4}, {8, 4}}, 5, PS_GEOMETRIC),
+            (Text{"............", "............", "..########..", ".##########.", ".##########.",
+                  ".##########.", "..########..", "............", "............"}));
+  EXPECT_EQ(Stroked({{5, 4}, {5, 4}}, 4, PS_GEOMETRIC),
+            (Text{"............", "............", "....##......", "...####.....", "...####.....",
+                  "....##......", "............", "............", "............"}));
+}
+
+TEST(StrokeLines, SquareEndsReachHalfTheWidthFurther) {
+  const std::uint32_t square = PS_GEOMETRIC | PS_ENDCAP_SQUARE;
+  EXPECT_EQ(Stroked({{4, 4}, {8, 4}}, 2, square),
+            (Text{"............", "............", "............", "...######...", "...######...",
+                  "............", "............", "............", "............"}));
+  EXPECT_EQ(Stroked({{5, 4}, {5, 4}}, 2, square),
+            (Text{"............", "............", "............", "....##......", "....##......",
+                  "............", "............", "............", "............"}));
+}
+
+TEST(StrokeLines, OfNoLengthWithFlatEndsIsNothing) {
+  EXPECT_EQ(Stroked({{5, 4}, {5, 4}}, 4, kFlat), kNothing);
+  EXPECT_EQ(Stroked({{5, 4}}, 4, kFlat), kNothing);
+  EXPECT_EQ(Stroked({}, 4, PS_GEOMETRIC), kNothing);
+}
+
+TEST(StrokeLines, BevelledCornerIsCut) {
+  EXPECT_EQ(Stroked({{1, 3}, {8, 3}, {8, 9}}, 4, kFlat),
+            (Text{"............", ".#######....", ".########...", ".#########..", ".#########..",
+                  "......####..", "......####..", "......####..", "......####.."}));
+}
+
+TEST(StrokeLines, MitredCornerIsSharp) {
+  const std::uint32_t mitred = PS_GEOMETRIC | PS_ENDCAP_FLAT | PS_JOIN_MITER;
+  EXPECT_EQ(Stroked({{1, 3}, {8, 3}, {8, 9}}, 4, mitred),
+            (Text{"............", ".#########..", ".#########..", ".#########..", ".#########..",
+                  "......####..", "......####..", "......####..", "......####.."}));
+  EXPECT_EQ(Stroked({{1, 6}, {8, 6}, {8, 0}}, 4, mitred)[7], ".#########..");
+}
+
+TEST(StrokeLines, RoundCornerIsADisc) {
+  const std::uint32_t round = PS_GEOMETRIC | PS_ENDCAP_FLAT | PS_JOIN_ROUND;
+  EXPECT_EQ(Stroked({{1, 3}, {8, 3}, {8, 9}}, 4, round),
+            (Text{"............", ".########...", ".#########..", ".#########..", ".#########..",
+                  "......####..", "......####..", "......####..", "......####.."}));
+}
+
+TEST(StrokeLines, VerySharpMitresAreBevelled) {
+  const std::uint32_t mitred = PS_GEOMETRIC | PS_ENDCAP_FLAT | PS_JOIN_MITER;
+  // The miter is as many times longer than half the width as 1 / sin(half the angle): 10 at 2 * asin(0.1).
+  const auto tip = [&](int rise) {
+    const Text rows = Stroked({{0, 50}, {100, 50}, {0, 50 - rise}}, 8, mitred, false, 160, 60);
+    std::size_t last = 0;
+    for (const std::string& row : rows) {
+      const std::size_t found = row.rfind('#');
+      if (found != std::string::npos) last = std::max(last, found);
+    }
+    return last;
+  };
+  // Angles: atan(20/100) has sine of its half 0.0985, atan(21/100) 0.103.
+  EXPECT_LT(tip(20), 105u);
+  EXPECT_GT(tip(21), 130u);
+}
+
+TEST(StrokeLines, ClosedJoinsTheLastPointToTheFirst) {
+  const std::uint32_t mitred = PS_GEOMETRIC | PS_ENDCAP_FLAT | PS_JOIN_MITER;
+  const Text frame{"............", ".##########.", ".##########.", ".##......##.", ".##......##.",
+                   ".##......##.", ".##########.", ".##########.", "............"};
+  EXPECT_EQ(Stroked({{2, 2}, {10, 2}, {10, 7}, {2, 7}}, 2, mitred, true), frame);
+  EXPECT_EQ(Stroked({{2, 2}, {10, 2}, {10, 7}, {2, 7}, {2, 2}, {2, 2}}, 2, mitred, true), frame);
+}
+
+TEST(StrokeLines, RepeatedPointsChangeNothing) {
+  EXPECT_EQ(Stroked({{1, 3}, {1, 3}, {8, 3}, {8, 3}, {8, 9}, {8, 9}}, 4, kFlat),
+            Stroked({{1, 3}, {8, 3}, {8, 9}}, 4, kFlat));
+}
+
+TEST(StrokeLines, TurningBackHasNoCorner) {
+  for (const std::uint32_t join : {PS_JOIN_BEVEL, PS_JOIN_MITER}) {
+    EXPECT_EQ(Stroked({{2, 4}, {9, 4}, {5, 4}}, 4, PS_GEOMETRIC | PS_ENDCAP_FLAT | join),
+              Stroked({{2, 4}, {9, 4}}, 4, kFlat));
+  }
+}
+
+// A slanted line holds the pixels that are nearer to it than half the width and between its ends.
+TEST(StrokeLines, SlantedCoversWhatIsNearerThanHalfTheWidth) {
+  std::mt19937 random(31);
+  for (int i = 0; i < 300; ++i) {
+    const auto any = [&] { return static_cast<int>(random() % 40); };
+    const POINT from{any(), any()}, to{any(), any()};
+    const int width = 2 + static_cast<int>(random() % 9);
+    if (from.x == to.x && from.y == to.y) continue;
+    const Text rows = Stroked({from, to}, width, kFlat, false, 40, 40);
+    const double dx = to.x - from.x, dy = to.y - from.y, length = std::hypot(dx, dy);
+    for (int y = 0; y < 40; ++y) {
+      for (int x = 0; x < 40; ++x) {
+        const double across = std::abs((x - from.x) * dy - (y - from.y) * dx) / length;
+        const double along = ((x - from.x) * dx + (y - from.y) * dy) / length;
+        const double outside = std::max({across - width / 2.0, -along, along - length});
+        // Next to the edge either is right: corners are rounded to 256ths.
+        if (std::abs(outside) < 0.01) continue;
+        ASSERT_EQ(rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)], outside < 0 ? '#' : '.')
+            << i;
+      }
+    }
+  }
+}
+
+TEST(StrokeLines, ReachOverTheWholePlane) {
+  constexpr int kMin = -2147483647 - 1, kMax = 2147483647;
+  const Text rows = Stroked({{kMin, 4}, {kMax, 4}}, 3, PS_GEOMETRIC);
+  EXPECT_EQ(rows[2], "............");
+  EXPECT_EQ(rows[3], "############");
+  EXPECT_EQ(rows[5], "############");
+  EXPECT_EQ(rows[6], "............");
+  EXPECT_EQ(Stroked({{5, 4}, {6, 4}}, kMax, PS_GEOMETRIC), Text(9, "############"));
+  EXPECT_EQ(Stroked({{kMin, kMin}, {kMax, kMax}}, kMax, PS_GEOMETRIC), Text(9, "############"));
+}
+
+}  // namespace
+}  // namespace quenzel7::gdi
