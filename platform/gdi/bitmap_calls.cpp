@@ -48,7 +48,7 @@ std::int32_t GetBitmapBits(HBITMAP handle, std::int32_t size, void* out) {
   const Bitmap* bitmap = handle == kDefaultBitmapHandle ? &defaultBitmap : Handles().Find<Bitmap>(handle);
   if (bitmap == nullptr) return 0;
   if (out == nullptr) return bitmap->WidthBytes() * bitmap->Height();
-  if (size <= 0) return 0;
+  if (size < 0) return 0;
   const std::span<std::uint8_t> room(static_cast<std::uint8_t*>(out), static_cast<std::size_t>(size));
   return static_cast<std::int32_t>(bitmap->Store(room));
 }

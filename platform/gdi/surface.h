@@ -39,8 +39,8 @@ class Surface {
 
  private:
   std::int32_t width_, height_, bitsPerPixel_;
-  HDC dc_ = 0;
-  HBITMAP bitmap_ = 0;
+  HDC dc_;
+  HBITMAP bitmap_;
 };
 
 }  // namespace quenzel7::gdi
