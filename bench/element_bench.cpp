@@ -1,5 +1,6 @@
 #include <malloc.h>
 
+#include <array>
 #include <memory>
 #include <stdexcept>
 
@@ -67,20 +68,22 @@ class HandWritten {
                                "HatchStyle", "TouchOprndAddr", "VisibleOpAddr", "OrderIndex"}) {
       places.push_back(row.Place(column));
     }
-    long long sum = 0;
     database_.Run("BEGIN");
     for (const int id : ids_) {
       row.Bind(1, id).Step();
-      for (const int place : places) sum += row.Int(place);
+      auto loaded = std::make_shared<std::array<int, 17>>();
+      for (std::size_t field = 0; field < loaded->size(); ++field) (*loaded)[field] = row.Int(places[field]);
+      loaded_.push_back(std::move(loaded));
       row.Reset();
     }
     database_.Run("COMMIT");
-    if (sum == 0) throw std::runtime_error("nothing was read");
   }
 
  private:
   HandDatabase database_;
   std::vector<int> ids_;
+  /// A program that loads elements keeps what it read.
+  std::vector<std::shared_ptr<std::array<int, 17>>> loaded_;
 };
 
 std::shared_ptr<clsRectangle> MakeRectangle(Long index) {
@@ -109,13 +112,15 @@ void AddSavingAndLoading(std::vector<Ratio>& ratios) {
       for (const auto& rectangle : rectangles) rectangle->SaveToDB();
       transaction.Commit();
     }));
+    std::vector<std::shared_ptr<clsRectangle>> loaded;
     load.push_back(Seconds([&] {
       ado::Transaction transaction(*connection);
       for (const auto& rectangle : rectangles) {
         const auto row = ado::OpenRecordset(
             *connection, "SELECT * FROM HMI_Elements WHERE ID=" + std::to_string(rectangle->ID()),
             ado::adOpenStatic, ado::adLockReadOnly);
-        clsRectangle().LoadFromDB(*row);
+        loaded.push_back(std::make_shared<clsRectangle>());
+        loaded.back()->LoadFromDB(*row);
       }
       transaction.Commit();
     }));

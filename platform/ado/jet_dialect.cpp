@@ -273,25 +273,27 @@ class Tokens {
  public:
   explicit Tokens(std::string_view statement) {
     Scanner scanner(statement);
+    std::string_view blank;
     for (Token token = scanner.Next(); token.kind != TokenKind::End; token = scanner.Next()) {
-      if (token.kind == TokenKind::Blank) {
-        blankBefore_.resize(tokens_.size() + 1);
-        blankBefore_.back() = token.text;
-      } else {
-        blankBefore_.resize(tokens_.size() + 1);
-        tokens_.push_back(token);
-      }
+      const bool isBlank = token.kind == TokenKind::Blank;
+      if (!isBlank) tokens_.push_back({blank, token});
+      blank = isBlank ? token.text : std::string_view();
     }
   }
 
   std::size_t Size() const { return tokens_.size(); }
   /// The token at a place; an End beyond the last.
-  Token operator[](std::size_t place) const { return place < tokens_.size() ? tokens_[place] : Token{}; }
-  std::string_view BlankBefore(std::size_t place) const { return blankBefore_[place]; }
+  Token operator[](std::size_t place) const {
+    return place < tokens_.size() ? tokens_[place].token : Token{};
+  }
+  std::string_view BlankBefore(std::size_t place) const { return tokens_[place].blank; }
 
  private:
-  std::vector<Token> tokens_;
-  std::vector<std::string_view> blankBefore_;
+  struct Spaced {
+    std::string_view blank;
+    Token token;
+  };
+  std::vector<Spaced> tokens_;
 };
 
 /// How many tokens behind DELETE name the columns to delete ("*", "T.*"), which is always all of them.

@@ -43,6 +43,29 @@ bool HasLog(const std::string& path) {
   throw AutomationError(ErrorNumber::Database, "cannot open \"" + path + "\": " + message);
 }
 
+/// The number at the end of a text that stands behind "=", and how many characters come before it; 0 of them
+/// when the text ends otherwise or the number has more than nine digits.
+struct EndNumber {
+  std::size_t headSize = 0;
+  std::int64_t number = 0;
+};
+
+EndNumber NumberAtEnd(std::string_view text) {
+  constexpr std::size_t kMostDigits = 9;
+  std::size_t first = text.size();
+  while (first > 0 && text[first - 1] >= '0' && text[first - 1] <= '9') --first;
+  const std::size_t digits = text.size() - first;
+  if (digits == 0 || digits > kMostDigits) return {};
+  std::int64_t number = 0;
+  for (const char digit : text.substr(first)) number = number * 10 + (digit - '0');
+  if (first > 0 && text[first - 1] == '-') {
+    --first;
+    number = -number;
+  }
+  if (first == 0 || text[first - 1] != '=') return {};
+  return {first, number};
+}
+
 }  // namespace
 
 SqliteDatabase::SqliteDatabase(const std::string& path, const OpenOptions& options)
@@ -108,13 +131,21 @@ void SqliteDatabase::RequireUsable(std::string_view statement) const {
 
 SqliteQuery& SqliteDatabase::Prepare(std::string_view statement, SqliteQuery::Use use) {
   RequireUsable(statement);
+  const EndNumber end = NumberAtEnd(statement);
+  if (end.headSize != 0) {
+    head_.assign(1, static_cast<char>(use)).append(statement, 0, end.headSize);
+    if (const auto found = byHead_.find(head_); found != byHead_.end()) {
+      SqliteQuery& query = MakeLatest(found->second);
+      query.Statement().Bind(1, end.number);
+      return query;
+    }
+  }
   lifted_.literals.clear();
   lifted_.text.assign(1, static_cast<char>(use));
   LiftLiterals(statement, lifted_);
   SqliteQuery* query = nullptr;
   if (const auto found = byText_.find(lifted_.text); found != byText_.end()) {
-    if (found->second != kept_.begin()) kept_.splice(kept_.begin(), kept_, found->second);
-    query = kept_.front().query.get();
+    query = &MakeLatest(found->second);
   } else {
     ++compiled_;
     std::unique_ptr<SqliteQuery> compiled;
@@ -130,16 +161,28 @@ SqliteQuery& SqliteDatabase::Prepare(std::string_view statement, SqliteQuery::Us
     }
     if (kept_.size() == kMostStatements) {
       byText_.erase(byText_.find(*kept_.back().key));
+      if (kept_.back().head) byHead_.erase(byHead_.find(*kept_.back().head));
       kept_.pop_back();
     }
-    kept_.push_front({nullptr, std::move(compiled)});
+    kept_.push_front({nullptr, nullptr, std::move(compiled)});
     kept_.front().key = &byText_.emplace(lifted_.text, kept_.begin()).first->first;
-    query = kept_.front().query.get();
+    query = &MakeLatest(kept_.begin());
+    // When the number at the end is the only literal, the next text that differs in nothing but that number
+    // need not be scanned.
+    if (end.headSize != 0 && lifted_.literals.size() == 1 && lifted_.text.back() == '?') {
+      kept_.front().head = &byHead_.emplace(head_, kept_.begin()).first->first;
+    }
   }
   int parameter = 0;
   for (const Literal& literal : lifted_.literals) query->Statement().Bind(++parameter, literal);
-  if (query->Writes()) ++numberState_;
   return *query;
+}
+
+SqliteQuery& SqliteDatabase::MakeLatest(KeptList::iterator kept) {
+  if (kept != kept_.begin()) kept_.splice(kept_.begin(), kept_, kept);
+  SqliteQuery& query = *kept->query;
+  if (query.Writes()) ++numberState_;
+  return query;
 }
 
 bool SqliteDatabase::RunOnRow(SqliteStatement& statement) {

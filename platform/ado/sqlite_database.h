@@ -75,9 +75,14 @@ class SqliteDatabase {
   };
   struct Kept {
     const std::string* key = nullptr;
+    /// Its place in byHead_, if it has one.
+    const std::string* head = nullptr;
     std::unique_ptr<SqliteQuery> query;
   };
   using KeptList = std::list<Kept>;
+
+  /// The statement that is about to run, put first among those that are kept.
+  SqliteQuery& MakeLatest(KeptList::iterator kept);
 
   sqlite3* handle_ = nullptr;
   bool readOnly_ = false;
@@ -87,6 +92,9 @@ class SqliteDatabase {
   /// The statement used last comes first.
   KeptList kept_;
   std::unordered_map<std::string, KeptList::iterator, TextHash, std::equal_to<>> byText_;
+  /// Statements whose only literal is a number at the end, by the text before it as it was given.
+  std::unordered_map<std::string, KeptList::iterator, TextHash, std::equal_to<>> byHead_;
+  std::string head_;
   /// A statement that could not be kept.
   std::unique_ptr<SqliteQuery> passing_;
   std::unordered_map<std::string, RowNumbers> numbers_;

@@ -182,7 +182,14 @@ void RaiseWrongClass(const Object& found) {
 
 }  // namespace detail
 
-Long LongFromText(const std::string& text) { return RoundHalfEven(detail::ParseNumber(text)); }
+Long LongFromText(const std::string& text) {
+  // Nearly every text is nothing but digits.
+  Long number = 0;
+  const char* const last = text.data() + text.size();
+  const auto [end, error] = std::from_chars(text.data(), last, number);
+  if (error == std::errc() && end == last) return number;
+  return RoundHalfEven(detail::ParseNumber(text));
+}
 
 Variant FromBytes(const std::vector<Byte>& bytes) { return Array::OfBytes(bytes); }
 

@@ -12,10 +12,9 @@
 namespace quenzel7::gdi {
 
 Surface::Surface(std::int32_t width, std::int32_t height, std::int32_t bitsPerPixel)
-    : width_(width), height_(height), bitsPerPixel_(bitsPerPixel) {
+    : width_(width), height_(height), bitsPerPixel_(bitsPerPixel), dc_(CreateCompatibleDC(0)) {
   const bool hasSize = width > 0 && height > 0;
   bitmap_ = hasSize ? CreateBitmap(width, height, 1, static_cast<std::uint32_t>(bitsPerPixel), nullptr) : 0;
-  dc_ = CreateCompatibleDC(0);
   if (bitmap_ == 0 || dc_ == 0) {
     DeleteDC(dc_);
     DeleteObject(bitmap_);

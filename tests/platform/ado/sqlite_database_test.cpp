@@ -34,6 +34,35 @@ TEST_F(SqliteDatabaseTest, StatementsThatDifferInTheirLiteralsAreCompiledOnce) {
   EXPECT_EQ(CompiledBy([&] { Run("DELETE * FROM Elements WHERE Xs=200"); }), 1u);
 }
 
+TEST_F(SqliteDatabaseTest, TextsThatDifferInTheNumberAtTheirEndRunWithTheirOwnNumber) {
+  for (const char* xs : {"-12", "-1", "0", "7", "123456789", "1234567890", "12345678901"}) {
+    Run(std::string("INSERT INTO Elements(Xs) VALUES(") + xs + ")");
+  }
+  for (const char* xs : {"-12", "-1", "0", "7", "123456789", "1234567890", "12345678901", "7"}) {
+    const Lines one{xs};
+    EXPECT_EQ(Rows(std::string("SELECT * FROM Elements WHERE Xs=") + xs, {"Xs"}), one) << xs;
+    EXPECT_EQ(Rows(std::string("SELECT * FROM Elements WHERE ID>0 AND Xs=") + xs, {"Xs"}), one) << xs;
+    EXPECT_EQ(Rows(std::string("SELECT * FROM Elements WHERE Xs= ") + xs, {"Xs"}), one) << xs;
+  }
+  EXPECT_EQ(Rows("SELECT * FROM Elements WHERE Xs=8", {"Xs"}), Lines{});
+  // Behind "<=" and "<>" stand numbers too, and a name may end in one.
+  EXPECT_EQ(Rows("SELECT * FROM Elements WHERE Xs<=-12", {"Xs"}), Lines{"-12"});
+  EXPECT_EQ(Rows("SELECT * FROM Elements WHERE Xs<=-13", {"Xs"}), Lines{});
+  EXPECT_EQ(Rows("SELECT * FROM Elements WHERE Xs=7-0", {"Xs"}), Lines{"7"});
+  EXPECT_EQ(Rows("SELECT * FROM Elements WHERE Xs=7-1", {"Xs"}), Lines{});
+}
+
+TEST_F(SqliteDatabaseTest, ATextThatEndsInANumberIsForgottenWithItsStatement) {
+  const auto look = [&](const char* id) { return Run(std::string("SELECT * FROM Elements WHERE ID=") + id); };
+  look("1");
+  EXPECT_EQ(CompiledBy([&] { look("2"); }), 0u);
+  for (std::size_t number = 0; number < SqliteDatabase::kMostStatements; ++number) {
+    Run("SELECT Xs AS Other" + std::to_string(number) + " FROM Elements");
+  }
+  EXPECT_EQ(CompiledBy([&] { look("3"); }), 1u);
+  EXPECT_EQ(CompiledBy([&] { look("4"); }), 0u);
+}
+
 TEST_F(SqliteDatabaseTest, EachStatementRunsWithItsOwnLiterals) {
   for (const char* values : {"1,'a'", "-2,'b'", "3,'it''s'", "4.5,'\"'"}) {
     Run(std::string("INSERT INTO Elements(Xs,Name) VALUES(") + values + ")");

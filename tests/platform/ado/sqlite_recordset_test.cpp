@@ -248,6 +248,23 @@ TEST_F(SqliteRecordsetTest, MovesFarBeyondStopAtTheEnds) {
   EXPECT_EQ(Number(recordset, "Xs"), 10);
 }
 
+TEST_F(SqliteRecordsetTest, AMoveByNothingStaysWhereItIs) {
+  Fill(2);
+  const auto recordset = Open("SELECT * FROM Elements", adOpenDynamic);
+  recordset->Move(-1);
+  recordset->Move(0);
+  EXPECT_TRUE(recordset->Bof());
+  recordset->MoveNext();
+  recordset->Delete();
+  recordset->Move(0);
+  EXPECT_RAISES(3021, "the current row has been deleted", recordset->Get("Xs"));
+  recordset->MoveNext();
+  EXPECT_EQ(Number(recordset, "Xs"), 20);
+  Run("UPDATE Elements SET Xs=21");
+  recordset->Move(0);
+  EXPECT_EQ(Number(recordset, "Xs"), 20);
+}
+
 TEST_F(SqliteRecordsetTest, CountsItsRows) {
   Fill(2);
   EXPECT_EQ(Open("SELECT * FROM Elements", adOpenForwardOnly)->RecordCount(), -1);

@@ -145,20 +145,15 @@ TEST(Recorder, NotesBlitsPathsAndRegions) {
   RectInRegion(rounded, &rect);
   DeleteObject(ellipse);
   DeleteObject(rounded);
-  EXPECT_EQ(recorder.Calls(), (Calls{"BitBlt(dc:1, 1, 2, 3, 4, dc:2, 5, 6, 0x8800c6)",
-                                     "StretchBlt(dc:1, 1, 2, 3, 4, dc:2, 5, 6, 2, 1, 0xcc0020)",
-                                     "AlphaBlend(dc:1, 1, 2, 3, 4, dc:2, 5, 6, 2, 1, {0, 0, 128, 0})",
-                                     "BeginPath(dc:1)",
-                                     "AngleArc(dc:1, 5, 6, 4, 22.5, -90)",
-                                     "EndPath(dc:1)",
-                                     "StrokePath(dc:1)",
-                                     "StrokeAndFillPath(dc:1)",
-                                     "CreateEllipticRgn(0, 1, 2, 3) -> region:1",
-                                     "CreateRoundRectRgn(0, 1, 2, 3, 4, 5) -> region:2",
-                                     "PtInRegion(region:1, 6, 7)",
-                                     "RectInRegion(region:2, {1, 2, 3, 4})",
-                                     "DeleteObject(region:1)",
-                                     "DeleteObject(region:2)"}));
+  EXPECT_EQ(
+      recorder.Calls(),
+      (Calls{"BitBlt(dc:1, 1, 2, 3, 4, dc:2, 5, 6, 0x8800c6)",
+             "StretchBlt(dc:1, 1, 2, 3, 4, dc:2, 5, 6, 2, 1, 0xcc0020)",
+             "AlphaBlend(dc:1, 1, 2, 3, 4, dc:2, 5, 6, 2, 1, {0, 0, 128, 0})", "BeginPath(dc:1)",
+             "AngleArc(dc:1, 5, 6, 4, 22.5, -90)", "EndPath(dc:1)", "StrokePath(dc:1)",
+             "StrokeAndFillPath(dc:1)", "CreateEllipticRgn(0, 1, 2, 3) -> region:1",
+             "CreateRoundRectRgn(0, 1, 2, 3, 4, 5) -> region:2", "PtInRegion(region:1, 6, 7)",
+             "RectInRegion(region:2, {1, 2, 3, 4})", "DeleteObject(region:1)", "DeleteObject(region:2)"}));
 }
 
 TEST(Recorder, OnlyTheYoungestNotesAndTheOlderGoesOnAfterIt) {
