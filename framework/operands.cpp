@@ -40,7 +40,8 @@ void RemoveOperandRow(Long elementId, Long type, Long address, Long network, enO
                                " AND OprndType=" + Number(type) + " AND OprndAddr=" + Number(address) +
                                " AND OprndNetID =" + Number(network) +
                                " AND OprndPurpose=" + Number(purpose));
-  NewOperand operand(type, address, network);
+  // The row's network picks the row; the operand is the controller's own, as everywhere in this library.
+  NewOperand operand(type, address, kLocalNetwork);
   if (operand.IsDefined()) operand.RemoveFromProject();
 }
 

@@ -22,7 +22,7 @@ inline constexpr Long kLocalNetwork = 0;
 /// Inserts a row; does nothing for type 0.
 void AddOperandRow(Long elementId, Long type, Long address, enOperandPurpose purpose, Long network);
 
-/// Deletes the row and takes the operand out of the project if it is defined there.
+/// Deletes the row and takes the operand of that type and address out of the project if it is defined there.
 void RemoveOperandRow(Long elementId, Long type, Long address, Long network, enOperandPurpose purpose);
 
 /// Deletes all rows of an element; the operands stay.

@@ -12,11 +12,11 @@
 
 namespace quenzel7 {
 
-/// The services that the elements of one thread work with. A host replaces any of them by assigning its own; an element
-/// that keeps a service for its life keeps the one of its creation.
+/// The services that the elements of one thread work with. A host replaces any of them by assigning its own;
+/// an element that keeps a service for its life keeps the one of its creation.
 struct Platform {
-  /// The embedded defaults, all of them real: colours of the panel palette, settings, operands and numbers kept in the
-  /// project that `heldProject` holds, changes collected, global values held.
+  /// The embedded defaults, all of them real: colours of the panel palette, settings, operands and numbers
+  /// kept in the project that `heldProject` holds, changes collected, global values held.
   Platform();
 
   /// The services of the calling thread.

@@ -32,6 +32,7 @@ int Zone(Long place, Long start, Long size, Long width) {
   return 0;
 }
 
+/// In double precision, as the run-time multiplies a Single by a Long.
 Long Scaled(Long offset, Single scale, Long coordinate) {
   return ToInteger(RoundHalfEven(offset + static_cast<Double>(scale) * coordinate));
 }
@@ -65,25 +66,33 @@ void DrawPickUps(Long hdc, const Descriptor& position, const PageView& view, Lon
 
   const struct {
     bool drawn;
-    Long left, top, right, bottom;
+    Long left, top;
+    /// The opposite corner: a place, and whether the handle's width goes on from there to the right or down
+    /// (1), to the left or up (-1), or not at all.
+    Long right;
+    int across;
+    Long bottom;
+    int down;
   } handles[] = {
-      {xs >= 1 && ys >= 1, x1, y1, x1 - width, y1 - width},
-      {right < maxX && ys > 0, x2, y1, x2 + width, y1 - width},
-      {ys > 0, midLeft, y1, midRight, y1 - width},
-      {xs >= 1 && bottom < maxY, x1, y2, x1 - width, y2 + width},
-      {right < maxX && bottom < maxY, x2, y2, x2 + width, y2 + width},
-      {bottom < maxY, midLeft, y2, midRight, y2 + width},
-      {xs > 0, x1, midTop, x1 - width, midBottom},
-      {right < maxX, x2, midTop, x2 + width, midBottom},
+      {xs >= 1 && ys >= 1, x1, y1, x1, -1, y1, -1},
+      {right < maxX && ys > 0, x2, y1, x2, 1, y1, -1},
+      {ys > 0, midLeft, y1, midRight, 0, y1, -1},
+      {xs >= 1 && bottom < maxY, x1, y2, x1, -1, y2, 1},
+      {right < maxX && bottom < maxY, x2, y2, x2, 1, y2, 1},
+      {bottom < maxY, midLeft, y2, midRight, 0, y2, 1},
+      {xs > 0, x1, midTop, x1, -1, midBottom, 0},
+      {right < maxX, x2, midTop, x2, 1, midBottom, 0},
+  };
+  const auto outward = [width](Long place, int side) {
+    return ToInteger(side == 0 ? place : side > 0 ? Add(place, width) : Subtract(place, width));
   };
   const gdi::SelectedBrush brush(hdc, gdi::CreateSolidBrush(gdi::RGB(255, 0, 0)));
   const gdi::LOGPEN border{gdi::PS_SOLID, {0, 0}, gdi::RGB(0, 0, 0)};
   const gdi::SelectedPen pen(hdc, gdi::CreatePenIndirect(&border));
   for (const auto& handle : handles) {
-    if (handle.drawn) {
-      gdi::Rectangle(hdc, ToInteger(handle.left), ToInteger(handle.top), ToInteger(handle.right),
-                     ToInteger(handle.bottom));
-    }
+    if (!handle.drawn) continue;
+    gdi::Rectangle(hdc, ToInteger(handle.left), ToInteger(handle.top), outward(handle.right, handle.across),
+                   outward(handle.bottom, handle.down));
   }
 }
 

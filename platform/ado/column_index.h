@@ -9,8 +9,8 @@ namespace quenzel7::ado {
 
 /// Finds the columns of a query by name without regard to the case of ASCII letters, in constant time.
 ///
-/// Who reads rows asks for the same columns in the same order again and again, so the index remembers which column was
-/// found after which and looks there first.
+/// Who reads rows asks for the same columns in the same order again and again, so the index remembers which
+/// column was found after which and looks there first.
 class ColumnIndex {
  public:
   static constexpr int kNone = -1;
@@ -29,7 +29,8 @@ class ColumnIndex {
   /// Open addressing over a folded hash; an entry is a column's place plus 1, 0 is free.
   std::vector<std::uint16_t> table_;
   std::size_t mask_;
-  /// For each column the one that was found after it last time; of the column before the first one, the last entry.
+  /// For each column the one that was found after it last time; of the column before the first one, the last
+  /// entry.
   mutable std::vector<std::uint16_t> successors_;
   mutable std::size_t lastFound_;
 };

@@ -44,7 +44,8 @@ std::uint64_t LayeredSettings::Place(Long section, Long key) {
 const LayeredSettings::Texts& LayeredSettings::ProjectTexts() {
   const ado::ConnectionRef& connection = projectDatabase_->Held();
   // Whether it is the same connection is told without taking part in its ownership.
-  if (connection && !connection.owner_before(readFrom_) && !readFrom_.owner_before(connection)) return project_;
+  if (connection && !connection.owner_before(readFrom_) && !readFrom_.owner_before(connection))
+    return project_;
   // Before the read, so that one that fails is made again.
   readFrom_.reset();
   project_.clear();

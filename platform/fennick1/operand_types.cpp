@@ -9,22 +9,20 @@ namespace {
 
 constexpr OperandTypeInfo kTypes[] = {
     {1, "MB", "memory bit"},
-    {2, "SB", "system bit"},
-    {3, "MI", "memory integer"},
-    {4, "SI", "system integer"},
-    {5, "ML", "memory long"},
-    {6, "SL", "system long"},
-    {7, "MF", "memory float"},
+    {2, "IB", "input bit"},
+    {3, "MW", "memory word"},
+    {4, "QB", "output bit"},
+    {5, "MD", "memory double word"},
+    {6, "SW", "system word"},
+    {7, "MR", "memory real"},
     {15, "", "constant"},
-    {16, "MDW", "memory double word"},
+    {16, "MU", "memory unsigned double word"},
     {34, "", "constant"},
     {35, "", "constant"},
-    {36, "SDW", "system double word"},
+    {36, "SU", "system unsigned double word"},
     {37, "", "constant"},
     {38, "", "constant"},
-    {65, "EI", "extended integer"},
-    {66, "EL", "extended long"},
-    {67, "EDW", "extended double word"},
+    {67, "XU", "extended unsigned double word"},
 };
 
 }  // namespace

@@ -19,11 +19,10 @@ struct OperandTypeInfo {
   bool IsConstant() const { return name.empty(); }
 };
 
-/// The types that have a name, in order of their numbers:
-///   1 MB memory bit, 2 SB system bit, 3 MI memory integer (16 bits), 4 SI system integer,
-///   5 ML memory long (32 bits), 6 SL system long, 7 MF memory float, 16 MDW memory double word (32 bits,
-///   unsigned), 36 SDW system double word, 65 EI, 66 EL, 67 EDW extended integer, long and double word;
-///   15, 34, 35, 37, 38 constants, which hold a value of their own.
+/// The types that have a name, in order of their numbers: 1 MB memory bit, 2 IB input bit, 3 MW memory word,
+/// 4 QB output bit, 5 MD memory double word, 6 SW system word, 7 MR memory real; 16 MU, 36 SU and 67 XU
+/// unsigned double words of memory, system and extension; 15, 34, 35, 37 and 38 constants, which hold a value
+/// of their own. The letters follow the size prefixes of IEC 61131-3 (B, W, D, R for real, U for unsigned).
 std::span<const OperandTypeInfo> OperandTypes();
 
 /// The operand as reports show it: "MB 5"; a constant as its value: "12.5"; an operand of a type without a

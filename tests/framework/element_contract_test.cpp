@@ -4,7 +4,7 @@
 
 #include "platform/automation/call_by_name.h"
 #include "platform/automation/property_bag.h"
-#include "tests/support/raises.h"
+#include "tests/support/empty_connection.h"
 
 namespace quenzel7 {
 namespace {
@@ -236,29 +236,10 @@ TEST(ElementContract, DocumentationStandsWithItsMember) {
 }
 
 TEST(ElementContract, TheStubOfLoadFromDBIsFalseAndReadsNothing) {
-  class Untouchable final : public ado::Recordset {
-   public:
-    void Open(const std::string&, ado::Connection&, ado::CursorType, ado::LockType,
-              ado::CommandOption) override {}
-    void Close() override {}
-    void AddNew() override {}
-    void Update() override {}
-    void Delete() override {}
-    bool Eof() const override { return true; }
-    bool Bof() const override { return true; }
-    void MoveFirst() override {}
-    void MoveNext() override {}
-    void Move(Long) override {}
-    Long RecordCount() const override { return 0; }
-    Long FieldCount() const override { return 0; }
-    Variant Get(std::string_view) const override {
-      ADD_FAILURE();
-      return {};
-    }
-    void Put(std::string_view, const Variant&) override { ADD_FAILURE(); }
-  };
   BareElement element;
-  EXPECT_EQ(InvokeByName(element, "LoadFromDB", {std::make_shared<Untouchable>()}), Variant(false));
+  const auto row = std::make_shared<test::EmptyRecordset>();
+  EXPECT_EQ(InvokeByName(element, "LoadFromDB", {row}), Variant(false));
+  EXPECT_EQ(row->Asked(), 0);
 }
 
 }  // namespace

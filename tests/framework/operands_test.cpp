@@ -233,15 +233,24 @@ TEST_F(OperandCalls, ReleasingAsksAndThenRemovesWhateverTheAnswerInNetwork0) {
   EXPECT_EQ(store_->Take(), (CallLog{"load 1/5/0", "remove 1/5/0"}));
 }
 
-TEST_F(OperandCalls, RemovingARowRemovesOnlyWhatIsDefinedInItsNetwork) {
+TEST_F(OperandCalls, RemovingARowRemovesOnlyWhatIsDefinedAndInNetwork0) {
   RemoveOperandRow(1, 2, 3, 4, eOP_TouchOperand);
-  EXPECT_EQ(store_->Take(), CallLog{"load 2/3/4"});
-  Make operand(2, 3);
-  operand.OperandNetID(4);
-  operand.AddToProject();
+  EXPECT_EQ(store_->Take(), CallLog{"load 2/3/0"});
+  Define(2, 3);
   store_->Take();
   RemoveOperandRow(1, 2, 3, 4, eOP_TouchOperand);
-  EXPECT_EQ(store_->Take(), (CallLog{"load 2/3/4", "remove 2/3/4"}));
+  EXPECT_EQ(store_->Take(), (CallLog{"load 2/3/0", "remove 2/3/0"}));
+}
+
+TEST_F(OperandCalls, RestoringKeepsTheNetworkOfTheBag) {
+  Long type = 1, address = 5;
+  const PropertyBagRef place = NewOperandBag(1, 5, 4);
+  const PropertyBagRef value = NewOperandBag(34, 5, 4);
+  store_->Take();
+  RestoreOperand(type, address, place);
+  EXPECT_EQ(store_->Take(), (CallLog{"load 1/5/4", "add 1/5/4"}));
+  RestoreOperand(type, address, value);
+  EXPECT_EQ(store_->Take(), (CallLog{"free 37/4", "add 37/77/4"}));
 }
 
 TEST_F(OperandCalls, ABagIsMadeAfterAskingInItsNetwork) {

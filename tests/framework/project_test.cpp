@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/empty_connection.h"
 #include "tests/support/project_fixture.h"
 #include "tests/support/raises.h"
 
@@ -65,38 +66,9 @@ TEST_F(Project, NextOrderIndexTakesOnlyNullForZero) {
   EXPECT_EQ(ErrorOf([] { NextOrderIndex(); }), 6);
 }
 
-/// A database of the host's own whose every recordset is empty.
-class EmptyConnection final : public ado::Connection {
- public:
-  class Rows final : public ado::Recordset {
-   public:
-    void Open(const std::string&, ado::Connection&, ado::CursorType, ado::LockType,
-              ado::CommandOption) override {}
-    void Close() override {}
-    void AddNew() override {}
-    void Update() override {}
-    void Delete() override {}
-    bool Eof() const override { return true; }
-    bool Bof() const override { return true; }
-    void MoveFirst() override {}
-    void MoveNext() override {}
-    void Move(Long) override {}
-    Long RecordCount() const override { return 0; }
-    Long FieldCount() const override { return 0; }
-    automation::Variant Get(std::string_view) const override { return Long{40}; }
-    void Put(std::string_view, const automation::Variant&) override {}
-  };
-  ado::RecordsetRef Execute(const std::string&) override { return std::make_shared<Rows>(); }
-  ado::RecordsetRef CreateRecordset() override { return std::make_shared<Rows>(); }
-  void BeginTrans() override {}
-  void CommitTrans() override {}
-  void RollbackTrans() override {}
-  void Close() override {}
-};
-
 TEST_F(Project, NextOrderIndexAtTheEndOfTheFileIs1) {
   const auto database = std::make_shared<corvane1::HeldProjectDatabase>();
-  database->Hold(std::make_shared<EmptyConnection>());
+  database->Hold(std::make_shared<test::EmptyConnection>());
   Platform::Current().projectDatabase = database;
   EXPECT_EQ(NextOrderIndex(), 1);
 }

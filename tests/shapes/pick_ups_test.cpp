@@ -77,6 +77,12 @@ TEST(PickUp, TheMiddleIsTruncatedTowardZero) {
   EXPECT_EQ(ZonesX({-10, -10, 5, 5}, 1, -12, -3), ".11..2.33.");
 }
 
+TEST(PickUp, ANegativeOddSizeIsOddToo) {
+  // Start 10, size -5: the middle is Fix(7.5) = 7, its handle of 2 is 7 and 8, of which 8 is the start's
+  // already.
+  EXPECT_EQ(ZonesX({10, 10, -5, -5}, 2, 4, 11), ".332111.");
+}
+
 TEST(PickUp, TheFirstZoneThatMatchesWins) {
   // Size 2 with handles of 4: start 10 covers 6 to 10, the middle 7 to 14, the end 12 to 16.
   EXPECT_EQ(ZonesX({10, 10, 2, 2}, 4, 5, 17), ".11111222233.");
@@ -211,6 +217,56 @@ TEST(DrawPickUps, LeavesHandlesAtTheOriginOut) {
                                                      "3, 9, 5, 11", "8, 4, 10, 6"}));
   EXPECT_EQ(without(1, 0), (std::vector<std::string>{"1, 8, -1, 10", "9, 8, 11, 10", "4, 8, 6, 10",
                                                      "1, 3, -1, 5", "9, 3, 11, 5"}));
+}
+
+TEST(DrawPickUps, LeavesHandlesBeyondTheOriginOutToo) {
+  EXPECT_EQ(
+      Squares({-1, 5, 8, 8}, kPlain, 2, 100, 100),
+      (std::vector<std::string>{"7, 5, 9, 3", "2, 5, 4, 3", "7, 13, 9, 15", "2, 13, 4, 15", "7, 8, 9, 10"}));
+  EXPECT_EQ(
+      Squares({5, -1, 8, 8}, kPlain, 2, 100, 100),
+      (std::vector<std::string>{"5, 7, 3, 9", "13, 7, 15, 9", "8, 7, 10, 9", "5, 2, 3, 4", "13, 2, 15, 4"}));
+}
+
+TEST(DrawPickUps, ScalesInDoublePrecision) {
+  // 0.1 in single precision is a little more than a tenth: times 5 it is above a half in double precision.
+  EXPECT_EQ(Squares({5, 20, 40, 30}, PageView{0, 0, 0.1f, 1}, 2, 0, 0)[0], "1, 20, -1, 18");
+}
+
+/// Each side of a handle beyond 16 bits.
+TEST(DrawPickUps, EverySideIsAValueOf16Bits) {
+  const gdi::Surface surface(8, 8);
+  const auto error = [&](const Descriptor& d, const PageView& view, Long width, Long maxX, Long maxY) {
+    return ErrorOf([&] { DrawPickUps(surface.Dc(), d, view, width, maxX, maxY); });
+  };
+  constexpr Long kLow = -32768;
+  // x1 - w and y1 - w, nothing beyond the far limits being drawn.
+  EXPECT_EQ(error({1, 10, 4, 4}, {kLow, 0, 1, 1}, 2, 0, 0), 6);
+  EXPECT_EQ(error({1, 10, 4, 4}, {kLow, 0, 1, 1}, 1, 0, 0), 0);
+  EXPECT_EQ(error({10, 1, 4, 4}, {0, kLow, 1, 1}, 2, 0, 0), 6);
+  EXPECT_EQ(error({10, 1, 4, 4}, {0, kLow, 1, 1}, 1, 0, 0), 0);
+  // x2 + w and y2 + w, nothing beyond the origin being drawn.
+  EXPECT_EQ(error({0, 0, 32760, 4}, {}, 8, 40000, 0), 6);
+  EXPECT_EQ(error({0, 0, 32760, 4}, {}, 7, 40000, 0), 0);
+  EXPECT_EQ(error({0, 0, 4, 32760}, {}, 8, 0, 40000), 6);
+  EXPECT_EQ(error({0, 0, 4, 32760}, {}, 7, 0, 40000), 0);
+  // The middles: of a handle above (xm 2) and of one to the left (ym 2).
+  EXPECT_EQ(error({0, 30000, 4, 4}, {}, 65550, 0, 0), 6);
+  EXPECT_EQ(error({30000, 0, 4, 4}, {}, 65550, 0, 0), 6);
+}
+
+TEST(DrawPickUps, AHugeWidthOverflowsAndMakesNoNumberWrap) {
+  const gdi::Surface surface(8, 8);
+  for (const Long width : {kMost, kLeast}) {
+    EXPECT_EQ(ErrorOf([&] {
+                DrawPickUps(surface.Dc(), {-5, 1, 5, 5}, kPlain, width, 100, 100);
+              }),
+              6)
+        << width;
+    EXPECT_EQ(ErrorOf([&] { DrawPickUps(surface.Dc(), {5, 5, 5, 5}, kPlain, width, 0, 0); }), 6) << width;
+  }
+  // What is not drawn is not computed.
+  EXPECT_EQ(ErrorOf([&] { DrawPickUps(surface.Dc(), {0, 0, 5, 5}, kPlain, kMost, 0, 0); }), 0);
 }
 
 TEST(DrawPickUps, UsesASolidRedBrushAndASolidBlackPenOfWidth0) {

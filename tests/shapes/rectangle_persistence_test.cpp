@@ -841,6 +841,114 @@ TEST_F(SavedRectangle, AReleaseThatFailsTellsOfNoChangedPage) {
   EXPECT_TRUE(Elements().empty());
 }
 
+TEST_F(SavedRectangle, EveryNumberIsKeptIn32Bits) {
+  constexpr Long kMost = 2147483647;
+  const auto r = Distinct();
+  r->GroupID(-kMost);
+  r->Xs(40000);
+  r->Ys(-40000);
+  r->Dx(kMost);
+  r->Dy(70000);
+  r->ColorBack(kMost);
+  r->ColorFore(-kMost);
+  r->ColorBackTouch(70001);
+  r->ColorForeTouch(70002);
+  r->ColorHatch(70003);
+  r->PenWidth(70004);
+  r->PenStyle(static_cast<enPenStyle>(70005));
+  r->HatchStyle(static_cast<enHatchStyle>(70006));
+  r->TouchOprndAddr(kMost);
+  r->VisibleOpAddr(70007);
+  r->SaveToDB();
+  r->OrderIndex(kMost - 1);
+  r->SaveToDB();
+  r->FillStyle(eFS_Hollow);
+  const auto loaded = Loaded(5);
+  for (const automation::Member& member : clsRectangle::ClassOf().Default().Members()) {
+    if (!member.get) continue;
+    EXPECT_EQ(member.get(*loaded), member.get(*r)) << member.name;
+  }
+  Connection().Execute("UPDATE HMI_Elements SET Xs=2147483648");
+  EXPECT_EQ(ErrorOf([&] { Loaded(5); }), 6);
+}
+
+TEST_F(SavedRectangle, EveryBuildOfTheBagsGivesACollectionOfItsOwn) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  r->VisibleOpAddr(23);
+  const auto copy = std::dynamic_pointer_cast<clsRectangle>(r->Replica());
+  copy->TouchOprndAddr(40);
+  EXPECT_NE(copy->OperandBags(), r->OperandBags());
+  EXPECT_EQ(r->OperandBags()->Count(), 2);
+  EXPECT_EQ(AddressInBag(*r, 1), 22);
+  EXPECT_EQ(AddressInBag(*copy, 1), 40);
+  EXPECT_NE(r->BuildOpPropBag(), r->BuildOpPropBag());
+}
+
+TEST_F(SavedRectangle, ReleasingAReplicaLeavesTheBagsThatItsSourceShares) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  r->VisibleOpAddr(23);
+  r->Replica().reset();
+  EXPECT_EQ(r->OperandBags()->Count(), 2);
+}
+
+TEST_F(SavedRectangle, TheBagsGoWithTheirLastOwner) {
+  auto r = Distinct();
+  const std::weak_ptr<automation::Collection> bags = r->OperandBags();
+  EXPECT_FALSE(bags.expired());
+  r.reset();
+  EXPECT_TRUE(bags.expired());
+}
+
+TEST_F(SavedRectangle, ATouchAddressIsStoredBeforeItsBagIsBuilt) {
+  clsRectangle r;
+  CloseProject();
+  EXPECT_EQ(ErrorOf([&] { r.TouchOprndAddr(5); }), 91);
+  EXPECT_EQ(r.TouchOprndAddr(), 5);
+  r.ID(3);
+  EXPECT_EQ(ErrorOf([&] { r.VisibleOpAddr(6); }), 91);
+  EXPECT_EQ(r.VisibleOpAddr(), 6);
+}
+
+TEST_F(SavedRectangle, DeletingReleasesEveryHideAddressBut0) {
+  clsRectangle r;
+  r.VisibleOpAddr(-2);
+  r.SaveToDB();
+  Define(-2);
+  r.DeleteFromDB();
+  EXPECT_FALSE(IsDefined(-2));
+}
+
+/// Notes which operands are looked for.
+class AskedStore final : public fennick1::OperandStore {
+ public:
+  std::optional<fennick1::OperandContent> Load(const fennick1::OperandKey& key) override {
+    if (asked.empty() || asked.back() != key.address) asked.push_back(key.address);
+    return {};
+  }
+  void Add(const fennick1::OperandKey&, const fennick1::OperandContent&) override {}
+  void Remove(const fennick1::OperandKey&) override {}
+  Long FreeAddress(Long, Long) override { return 0; }
+
+  /// Addresses in order, repeats of the same one left out.
+  std::vector<Long> asked;
+};
+
+TEST_F(SavedRectangle, AReplicaIsGivenItsTouchOperandBeforeItsHideOperand) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  const auto store = std::make_shared<AskedStore>();
+  Platform::Current().operands = store;
+  r->Replica();
+  // The touch writer looks for 22 alone, the hide writer for 22 and 23.
+  EXPECT_EQ(store->asked, (std::vector<Long>{22, 23}));
+  store->asked.clear();
+  r->TouchOprndAddr(-1);
+  r->Replica();
+  EXPECT_EQ(store->asked, std::vector<Long>{23});
+}
+
 TEST_F(SavedRectangle, RestoringEntersEachOperandBeforeItsRow) {
   const auto r = Distinct();
   r->SaveToDB();

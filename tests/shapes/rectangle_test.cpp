@@ -237,14 +237,15 @@ TEST_F(Rectangle, PositionReadersGiveDescriptor1) {
   EXPECT_EQ(d, (Descriptor{1, 2, 3, 4}));
 }
 
-/// A rectangle whose four descriptors differ: (1, 2), (11, 2), (21, 2) and (31, 2), all of size (3, 4).
+/// A rectangle whose four descriptors differ in place and size: (1, 2, 30, 40), (1, 2, 31, 40), (1, 2, 32,
+/// 43) and (6, 2, 25, 44).
 std::shared_ptr<clsRectangle> WithFourPositions() {
-  auto r = At(1, 2, 3, 4);
-  r->Move(10, 0);
+  auto r = At(1, 2, 30, 40);
+  r->Stretch(1, 0, ePD_Right);
   r->SaveLastLegalPosition();
-  r->Move(30, 0);
+  r->Stretch(5, 4, ePD_LeftDown);
   r->UpdateDisplayWithTransx();
-  r->Move(20, 0);
+  r->Stretch(2, 3, ePD_DownRight);
   return r;
 }
 
@@ -252,11 +253,13 @@ TEST_F(Rectangle, GetBoundingRectGivesDescriptor1WhenNoneIsNamedAndRaisesForOthe
   const auto r = WithFourPositions();
   Descriptor d;
   r->GetBoundingRect(d.xs, d.ys, d.dx, d.dy);
-  EXPECT_EQ(d, (Descriptor{1, 2, 3, 4}));
-  EXPECT_EQ(At(*r, 1), (Descriptor{1, 2, 3, 4}));
-  EXPECT_EQ(At(*r, 2), (Descriptor{11, 2, 3, 4}));
-  EXPECT_EQ(At(*r, 3), (Descriptor{21, 2, 3, 4}));
-  EXPECT_EQ(At(*r, 4), (Descriptor{31, 2, 3, 4}));
+  EXPECT_EQ(d, (Descriptor{1, 2, 30, 40}));
+  r->GetOptimalDimensions(d.xs, d.ys, d.dx, d.dy);
+  EXPECT_EQ(d, (Descriptor{1, 2, 30, 40}));
+  EXPECT_EQ(At(*r, 1), (Descriptor{1, 2, 30, 40}));
+  EXPECT_EQ(At(*r, 2), (Descriptor{1, 2, 31, 40}));
+  EXPECT_EQ(At(*r, 3), (Descriptor{1, 2, 32, 43}));
+  EXPECT_EQ(At(*r, 4), (Descriptor{6, 2, 25, 44}));
   EXPECT_EQ(ErrorOf([&] { At(*r, 5); }), 9);
   EXPECT_EQ(ErrorOf([&] { At(*r, 0); }), 9);
 }
@@ -269,11 +272,31 @@ TEST_F(Rectangle, GetBoundingRectByNameWritesItsArgumentsBack) {
     return arguments;
   };
   const Variant none(Long{0});
-  EXPECT_EQ(call({none, none, none, none}), (std::vector<Variant>{Long{1}, Long{2}, Long{3}, Long{4}}));
+  EXPECT_EQ(call({none, none, none, none}), (std::vector<Variant>{Long{1}, Long{2}, Long{30}, Long{40}}));
   EXPECT_EQ(call({none, none, none, none, Long{3}}),
-            (std::vector<Variant>{Long{21}, Long{2}, Long{3}, Long{4}, Long{3}}));
+            (std::vector<Variant>{Long{1}, Long{2}, Long{32}, Long{43}, Long{3}}));
   EXPECT_EQ(ErrorOf([&] { call({none, none, none, none, Long{5}}); }), 9);
   EXPECT_EQ(ErrorOf([&] { call({none, none, none, none, Long{0}}); }), 9);
+}
+
+TEST_F(Rectangle, EachPlaceIsTakenFromItsOwnDescriptor) {
+  const auto r = WithFourPositions();
+  EXPECT_EQ(r->GetToolTipText(), "Pos: 6, 2 ; Size: 25, 44");
+  test::ReportDouble report;
+  r->CreateStaticElementPrinterReport(report);
+  EXPECT_EQ(report.Lines()[0], "Coordinates (Left,Top,Width,Height): (1,2,30,40)");
+  EXPECT_TRUE(r->HitTestByPoint(30, 41));
+  EXPECT_FALSE(r->HitTestByPoint(31, 41));
+  EXPECT_FALSE(r->HitTestByPoint(30, 42));
+  EXPECT_TRUE(r->HitTestByRect(30, 41, 5, 5));
+  EXPECT_FALSE(r->HitTestByRect(31, 41, 5, 5));
+  EXPECT_FALSE(r->HitTestByRect(30, 42, 5, 5));
+  EXPECT_EQ(r->GetPupDirection(31, 42, 0), ePD_DownRight);
+  EXPECT_EQ(r->GetPupDirection(32, 43, 0), ePD_None);
+  const gdi::Surface surface(60, 60);
+  gdi::Recorder recorder;
+  r->Draw(surface.Dc(), false);
+  EXPECT_EQ(recorder.Calls()[6], "Rectangle(dc:1, 6, 2, 31, 46)");
 }
 
 TEST_F(Rectangle, MoveStartsFromThePositionAtRestEachTime) {
@@ -380,6 +403,19 @@ TEST_F(Rectangle, StretchToOnePixelFallsBackToTheLastLegalPosition) {
   EXPECT_EQ(At(*r, 3), (Descriptor{10, 50, 2, 30}));
 }
 
+TEST_F(Rectangle, StretchFallsBackAlsoForASizeOfOneThatDidNotChange) {
+  const auto narrow = At(10, 50, 1, 30);
+  narrow->Move(100, 100);
+  narrow->SaveLastLegalPosition();
+  narrow->Stretch(0, 5, ePD_Down);
+  EXPECT_EQ(At(*narrow, 3), (Descriptor{110, 150, 1, 30}));
+  const auto low = At(10, 50, 20, 1);
+  low->Move(100, 100);
+  low->SaveLastLegalPosition();
+  low->Stretch(5, 0, ePD_Right);
+  EXPECT_EQ(At(*low, 3), (Descriptor{110, 150, 20, 1}));
+}
+
 TEST_F(Rectangle, StretchOfAOnePixelWideElementInNoDirectionStaysAtRest) {
   const auto r = At(10, 50, 1, 30);
   r->Move(100, 100);
@@ -471,6 +507,8 @@ TEST_F(Rectangle, HitTestByRectOverflowsBeyond16Bits) {
 TEST_F(Rectangle, HitTestByPointOverflowsWhenTheFarEdgeDoes) {
   const auto r = At(kMost, 0, 1, 5);
   EXPECT_EQ(ErrorOf([&] { r->HitTestByPoint(kMost, 0); }), 6);
+  const auto low = At(0, kMost, 5, 1);
+  EXPECT_EQ(ErrorOf([&] { low->HitTestByPoint(0, kMost); }), 6);
 }
 
 TEST_F(Rectangle, GetPupDirectionFindsTheHandlesOfDescriptor1) {
@@ -585,6 +623,16 @@ TEST_F(DrawnRectangle, HatchStyleZeroIsAHatch) {
   EXPECT_EQ(CallsOfDraw(*r_)[5], "CreateHatchBrush(0, 0x0a0003) -> brush:1");
 }
 
+TEST_F(DrawnRectangle, OnlyStyle99IsNoHatchAndAStyleThatThereIsNotPaintsHollow) {
+  for (const Long style : {98, 100, -1}) {
+    r_->HatchStyle(static_cast<enHatchStyle>(style));
+    const std::vector<std::string> calls = CallsOfDraw(*r_);
+    EXPECT_EQ(calls[4], "SetBkColor(dc:1, 0x0a0002)") << style;
+    EXPECT_EQ(calls[5].find("CreateHatchBrush(" + std::to_string(style) + ", 0x0a0003)"), 0u) << calls[5];
+    EXPECT_EQ(calls[7], "Rectangle(dc:1, 1, 2, 31, 42)") << style;
+  }
+}
+
 TEST_F(DrawnRectangle, OnlyAOnePixelBorderHasALineStyle) {
   r_->PenStyle(ePS_Dash);
   EXPECT_EQ(CallsOfDraw(*r_)[2], "CreatePenIndirect({1, 1, 0x0a0001}) -> pen:1");
@@ -641,6 +689,18 @@ TEST_F(DrawnRectangle, OverflowsWhenItsFarCornerDoes) {
     EXPECT_EQ(ErrorOf([&] { r->Draw(surface.Dc(), false); }), 6);
   }
   EXPECT_EQ(gdi::LiveObjects(), before);
+}
+
+TEST_F(DrawnRectangle, HoldsTheColourServiceAsLongAsItLives) {
+  auto colors = std::make_shared<TracedColors>();
+  const std::weak_ptr<TracedColors> held = colors;
+  Platform::Current().colorService = colors;
+  auto r = std::make_shared<clsRectangle>();
+  Platform::Current().colorService = nullptr;
+  colors.reset();
+  EXPECT_FALSE(held.expired());
+  r.reset();
+  EXPECT_TRUE(held.expired());
 }
 
 TEST_F(DrawnRectangle, KeepsTheColourServiceOfItsCreation) {

@@ -110,8 +110,8 @@ TEST_F(ProjectOperandStoreTest, NegativeAddressesDoNotCount) {
   EXPECT_EQ(Store().FreeAddress(37, 0), 1);
 }
 
-TEST_F(ProjectOperandStoreTest, BehindTheHighestAddressThereIsNone) {
-  // A table in which every address but the highest has its follower.
+TEST_F(ProjectOperandStoreTest, AnAddressWithoutAFollowerIsFoundBesideTheHighestOne) {
+  // The highest address has no follower that 32 bits could hold; it is passed over.
   project_.Connection().Execute("DROP TABLE Operands");
   project_.Connection().Execute("CREATE TABLE Taken(Type, Address, NetID, Comment, Value)");
   project_.Connection().Execute("INSERT INTO Taken VALUES(37,0,0,'',0)");

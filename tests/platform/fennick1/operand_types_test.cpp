@@ -14,22 +14,20 @@ TEST(OperandTypes, HaveTheseNames) {
     const char* name;
     const char* meaning;
   } expected[] = {{1, "MB", "memory bit"},
-                  {2, "SB", "system bit"},
-                  {3, "MI", "memory integer"},
-                  {4, "SI", "system integer"},
-                  {5, "ML", "memory long"},
-                  {6, "SL", "system long"},
-                  {7, "MF", "memory float"},
+                  {2, "IB", "input bit"},
+                  {3, "MW", "memory word"},
+                  {4, "QB", "output bit"},
+                  {5, "MD", "memory double word"},
+                  {6, "SW", "system word"},
+                  {7, "MR", "memory real"},
                   {15, "", "constant"},
-                  {16, "MDW", "memory double word"},
+                  {16, "MU", "memory unsigned double word"},
                   {34, "", "constant"},
                   {35, "", "constant"},
-                  {36, "SDW", "system double word"},
+                  {36, "SU", "system unsigned double word"},
                   {37, "", "constant"},
                   {38, "", "constant"},
-                  {65, "EI", "extended integer"},
-                  {66, "EL", "extended long"},
-                  {67, "EDW", "extended double word"}};
+                  {67, "XU", "extended unsigned double word"}};
   ASSERT_EQ(OperandTypes().size(), std::size(expected));
   for (std::size_t index = 0; index < std::size(expected); ++index) {
     EXPECT_EQ(OperandTypes()[index].type, expected[index].type);
@@ -49,7 +47,7 @@ TEST(OperandTypes, TheValueTypesAreTheConstants) {
 TEST(OperandText, NamesTypeAndAddress) {
   EXPECT_EQ(OperandText(1, 5, 0, {}), "MB 5");
   EXPECT_EQ(OperandText(1, -1, 0, {}), "MB -1");
-  EXPECT_EQ(OperandText(67, 0, 0, Currency{10000}), "EDW 0");
+  EXPECT_EQ(OperandText(67, 0, 0, Currency{10000}), "XU 0");
 }
 
 TEST(OperandText, ATypeWithoutANameShowsItsNumber) {
@@ -57,6 +55,7 @@ TEST(OperandText, ATypeWithoutANameShowsItsNumber) {
   EXPECT_EQ(OperandText(23, 5, 0, {}), "#23 5");
   EXPECT_EQ(OperandText(-1, 5, 0, {}), "#-1 5");
   EXPECT_EQ(OperandText(68, 5, 0, {}), "#68 5");
+  EXPECT_EQ(OperandText(66, 5, 0, {}), "#66 5");
 }
 
 TEST(OperandText, AConstantShowsItsValue) {

@@ -36,6 +36,16 @@ TEST(ArcPoints, LieOnTheTrueCircleToThePixel) {
   }
 }
 
+TEST(ArcPoints, ChordsOfLargeCirclesStayNearTheArc) {
+  for (const std::uint32_t radius : {4097u, 100000u}) {
+    const auto points = ArcPoints({0, 0}, radius, 10, 350);
+    for (std::size_t i = 1; i < points.size(); ++i) {
+      const double x = (points[i - 1].x + points[i].x) / 2.0, y = (points[i - 1].y + points[i].y) / 2.0;
+      ASSERT_NEAR(std::hypot(x, y), radius, 1.25) << radius;
+    }
+  }
+}
+
 TEST(ArcPoints, EachIsBesideTheNext) {
   for (std::uint32_t radius = 1; radius < 60; ++radius) {
     for (const double sweep : {-400.0, -90.0, -10.0, 10.0, 33.3, 270.0}) {
