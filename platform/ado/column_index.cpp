@@ -45,7 +45,7 @@ ColumnIndex::ColumnIndex(std::vector<std::string> names)
       successors_(names_.size() + 1),
       lastFound_(names_.size()) {
   for (std::size_t column = 0; column < names_.size(); ++column) {
-    if (Search(names_[column]) != kNone) continue;
+    // Of equal names the first takes the place where a search comes by first.
     std::size_t place = FoldedHash(names_[column]) & mask_;
     while (table_[place] != 0) place = (place + 1) & mask_;
     table_[place] = static_cast<std::uint16_t>(column + 1);

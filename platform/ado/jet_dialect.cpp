@@ -394,7 +394,8 @@ TranslatedStatement TranslateJet(std::string_view statement) {
     if (place == 1) translated.selectListBegin = text.size();
     text += tokens.BlankBefore(place);
     if (from != 0 && place == from) translated.selectListEnd = text.size();
-    const bool qualified = place > 0 && tokens[place - 1].Is('.');
+    const Token before = place > 0 ? tokens[place - 1] : Token{};
+    const bool qualified = before.Is('.');
     const bool qualifies = tokens[place + 1].Is('.');
     if (token.kind == TokenKind::Word && (qualified || IsReserved(token.text))) {
       (text += '[').append(token.text) += ']';
@@ -406,7 +407,7 @@ TranslatedStatement TranslateJet(std::string_view statement) {
       text += Quoted(Unquoted(token.text));
     } else if (token.Is('&')) {
       text += "||";
-    } else if (token.Is('-') && place > 0 && tokens[place - 1].Is('-')) {
+    } else if (token.Is('-') && before.Is('-')) {
       text += " -";
     } else {
       text += token.text;

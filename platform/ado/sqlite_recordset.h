@@ -50,9 +50,9 @@ class SqliteRecordset final : public Recordset {
 
  private:
   struct Row {
-    std::int64_t id = 0;
+    std::int64_t id;
     /// The cells are not, or not any more, what the database holds.
-    bool stale = false;
+    bool stale;
   };
 
   void Run(const std::string& statement, SqliteQuery::Use use);

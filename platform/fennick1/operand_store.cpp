@@ -13,13 +13,6 @@ std::string RowOf(const OperandKey& key) {
          " AND Address=" + std::to_string(key.address) + " AND NetID=" + std::to_string(key.network);
 }
 
-/// A smallest number found by a query, or nothing.
-std::optional<Long> Smallest(ado::Connection& connection, const std::string& statement) {
-  const auto found = connection.Execute(statement)->Get("Found");
-  if (found.IsNull()) return {};
-  return automation::To<Long>(found);
-}
-
 }  // namespace
 
 ProjectOperandStore::ProjectOperandStore(std::function<ado::ConnectionRef()> connection)
@@ -52,14 +45,13 @@ void ProjectOperandStore::Remove(const OperandKey& key) { connection_()->Execute
 Long ProjectOperandStore::FreeAddress(Long type, Long network) {
   const ado::ConnectionRef connection = connection_();
   if (!Load({type, 0, network})) return 0;
-  // Behind which address is the first gap.
-  const auto last = Smallest(
-      *connection, "SELECT MIN(Address) AS Found FROM Operands AS Taken WHERE Type=" + std::to_string(type) +
-                       " AND NetID=" + std::to_string(network) +
-                       " AND Address>=0 AND NOT EXISTS (SELECT * FROM Operands AS Following"
-                       " WHERE Following.Type=Taken.Type AND Following.NetID=Taken.NetID"
-                       " AND Following.Address=Taken.Address+1)");
-  return automation::Add(last.value_or(-1), 1);
+  // Address 0 is taken, so there is a first address without a follower.
+  const auto last = connection->Execute("SELECT MIN(Address) AS Found FROM Operands AS Taken WHERE Type=" +
+                                        std::to_string(type) + " AND NetID=" + std::to_string(network) +
+                                        " AND Address>=0 AND NOT EXISTS (SELECT * FROM Operands AS Following"
+                                        " WHERE Following.Type=Taken.Type AND Following.NetID=Taken.NetID"
+                                        " AND Following.Address=Taken.Address+1)");
+  return automation::Add(automation::To<Long>(last->Get("Found")), 1);
 }
 
 }  // namespace quenzel7::fennick1

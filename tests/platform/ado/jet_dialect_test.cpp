@@ -68,6 +68,8 @@ TEST(LiftLiterals, AMinusSignAwayFromItsNumberStays) {
   ExpectLifted("UPDATE T SET A=- 3", "UPDATE T SET A=- ?", {Whole(3)});
   ExpectLifted("UPDATE T SET A=-B", "UPDATE T SET A=-B", {});
   ExpectLifted("UPDATE T SET A=-.B", "UPDATE T SET A=-.B", {});
+  ExpectLifted("DELETE FROM T WHERE A=-(SELECT 5) AND B=2", "DELETE FROM T WHERE A=-(SELECT 5) AND B=?",
+               {Whole(2)});
 }
 
 TEST(LiftLiterals, NumbersKeepTheirKind) {

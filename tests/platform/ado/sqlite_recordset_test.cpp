@@ -992,6 +992,15 @@ TEST_F(SqliteRecordsetTest, AddNewLeavesADeletedRow) {
 
 // Changes of the schema.
 
+TEST_F(SqliteRecordsetTest, AColumnThatWasDroppedMeanwhileIsAnErrorAndNoText) {
+  Fill(1);
+  const auto recordset = Open("SELECT ID, Name FROM Elements", adOpenDynamic);
+  OpenSqlite(Path())->Execute("ALTER TABLE Elements DROP COLUMN Name");
+  EXPECT_RAISES(kDatabaseError,
+                "no such column: Name; in: SELECT \"ID\",\"Name\" FROM \"Elements\" WHERE rowid=?",
+                recordset->Get("Name"));
+}
+
 TEST_F(SqliteRecordsetTest, AColumnThatWasAddedShowsAtTheNextOpening) {
   Fill(1);
   for (const CursorType cursor : {adOpenStatic, adOpenDynamic}) {
