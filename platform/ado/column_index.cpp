@@ -16,6 +16,26 @@ std::uint64_t Load(const char* bytes, std::size_t count) {
   return word;
 }
 
+/// Whether two texts are the same, the shorter ones compared as a word or two that may overlap.
+bool Same(std::string_view a, std::string_view b) {
+  const std::size_t size = a.size();
+  if (size != b.size()) return false;
+  const auto ends = [&](auto word) {
+    const auto load = [](const char* bytes) {
+      decltype(word) value;
+      std::memcpy(&value, bytes, sizeof value);
+      return value;
+    };
+    return load(a.data()) == load(b.data()) &&
+           load(a.data() + size - sizeof word) == load(b.data() + size - sizeof word);
+  };
+  if (size > 16) return a == b;
+  if (size >= 8) return ends(std::uint64_t{});
+  if (size >= 4) return ends(std::uint32_t{});
+  if (size >= 2) return ends(std::uint16_t{});
+  return size == 0 || a.front() == b.front();
+}
+
 /// Mixes length, first and last eight bytes. The letters are folded by setting the bit that tells upper from
 /// lower case; that this takes some other characters together too costs no more than a comparison.
 std::size_t FoldedHash(std::string_view name) {
@@ -55,7 +75,7 @@ ColumnIndex::ColumnIndex(std::vector<std::string> names)
 int ColumnIndex::Find(std::string_view name) const {
   if (names_.empty()) return kNone;
   std::uint16_t& successor = successors_[lastFound_];
-  if (names_[successor] != name) {
+  if (!Same(names_[successor], name)) {
     const int found = Search(name);
     if (found == kNone) return kNone;
     successor = static_cast<std::uint16_t>(found);

@@ -77,7 +77,7 @@ class Recordset : public automation::Object {
   virtual Long FieldCount() const = 0;
 
   /// The value of a column in the current row, as the database gives it: Null, Long (whole numbers that fit
-  /// 32 bits), Double, String, or an array of bytes.
+  /// 32 bits), Double, Currency (of a column declared so), String, or an array of bytes.
   virtual automation::Variant Get(std::string_view column) const = 0;
   virtual void Put(std::string_view column, const automation::Variant& value) = 0;
 

@@ -40,7 +40,8 @@ const ClassInfo& Collection::Class() const {
 }
 
 void Collection::Add(const Variant& item, const std::string& key) {
-  if (!key.empty() && !keys_.insert(Folded(key)).second) {
+  if (!key.empty() && !keys_) keys_ = std::make_unique<std::unordered_set<std::string>>();
+  if (!key.empty() && !keys_->insert(Folded(key)).second) {
     throw AutomationError(ErrorNumber::KeyAlreadyInCollection,
                           "the key \"" + key + "\" is already in the collection");
   }
@@ -72,7 +73,7 @@ const Variant& Collection::Item(const std::string& key) const { return entries_[
 
 void Collection::Remove(Long index) {
   const std::size_t place = Place(index);
-  if (!entries_[place].key.empty()) keys_.erase(Folded(entries_[place].key));
+  if (!entries_[place].key.empty()) keys_->erase(Folded(entries_[place].key));
   entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(place));
 }
 

@@ -50,8 +50,9 @@ class Collection final : public Object {
   friend struct CollectionMembers;
 
   std::vector<Entry> entries_;
-  /// The keys in use, folded to lower case, so that adding many keyed values stays quick.
-  std::unordered_set<std::string> keys_;
+  /// The keys in use, folded to lower case, so that adding many keyed values stays quick; none while no value
+  /// has one.
+  std::unique_ptr<std::unordered_set<std::string>> keys_;
 };
 
 using CollectionRef = std::shared_ptr<Collection>;

@@ -61,6 +61,25 @@ TEST(ColumnIndex, WhatFollowedLastTimeDecidesNothing) {
   EXPECT_EQ(columns.Find("xs"), 1);
 }
 
+TEST(ColumnIndex, NamesOfEveryLengthAreToldApartAtEveryLetter) {
+  for (std::size_t size = 1; size <= 20; ++size) {
+    const std::string name(size, 'a');
+    const ColumnIndex columns({name, "Other"});
+    EXPECT_EQ(columns.Find(name), 0) << size;
+    for (std::size_t place = 0; place < size; ++place) {
+      std::string changed = name;
+      changed[place] = 'b';
+      // Asked for after the column that it is compared with first.
+      EXPECT_EQ(columns.Find("Other"), 1);
+      EXPECT_EQ(columns.Find(name), 0);
+      EXPECT_EQ(columns.Find("Other"), 1);
+      EXPECT_EQ(columns.Find(changed), ColumnIndex::kNone) << size << ' ' << place;
+    }
+    EXPECT_EQ(columns.Find(name + "a"), ColumnIndex::kNone) << size;
+    EXPECT_EQ(columns.Find(name.substr(1)), ColumnIndex::kNone) << size;
+  }
+}
+
 TEST(ColumnIndex, WithoutColumnsNothingIsFound) {
   EXPECT_EQ(ColumnIndex({}).Find(""), ColumnIndex::kNone);
   EXPECT_EQ(ColumnIndex({}).Find("ID"), ColumnIndex::kNone);
