@@ -13,7 +13,8 @@
 namespace quenzel7 {
 
 /// The services that the elements of one thread work with. A host replaces any of them by assigning its own;
-/// an element that keeps a service for its life keeps the one of its creation.
+/// an element that keeps a service for its life keeps the one of its creation. None of them
+/// may be left without an object while elements are in use.
 struct Platform {
   /// The embedded defaults, all of them real: colours of the panel palette, settings, operands and numbers
   /// kept in the project that `heldProject` holds, changes collected, global values held.

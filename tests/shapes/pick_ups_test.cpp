@@ -143,6 +143,12 @@ TEST(PickUp, LimitsBeyond32BitsOverflow) {
   EXPECT_EQ(ErrorOf([] { PickUpAt({0, 0, 20, 20}, kMost, 0, kMost); }), 6);
 }
 
+TEST(PickUp, LooksAlongYOnlyWhenXLiesInAZoneAndAtTheFirstZoneFirst) {
+  EXPECT_EQ(PickUpAt({10, kMost - 10, 20, 20}, 14, 0, 3), ePD_None);
+  EXPECT_EQ(ErrorOf([] { PickUpAt({10, kMost - 10, 20, 20}, 10, 0, 3); }), 6);
+  EXPECT_EQ(PickUpAt({kMost - 10, 10, 20, 20}, kMost - 10, 10, 3), ePD_UpLeft);
+}
+
 /// The squares that are painted, as "left, top, right, bottom".
 std::vector<std::string> Squares(const Descriptor& d, const PageView& view, Long width, Long maxX,
                                  Long maxY) {

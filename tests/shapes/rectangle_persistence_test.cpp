@@ -3,6 +3,8 @@
 #include "framework/operands.h"
 #include "framework/project.h"
 #include "platform/automation/call_by_name.h"
+#include "platform/gdi/recorder.h"
+#include "platform/gdi/surface.h"
 #include "shapes/rectangle.h"
 #include "tests/support/project_fixture.h"
 #include "tests/support/raises.h"
@@ -816,11 +818,232 @@ TEST_F(SavedRectangle, DeletingReleasesTheOperandsAfterTheRowsTouchFirst) {
                      "remove operand 23", "page 7"}));
 }
 
+/// Notes which operands are looked for.
+class AskedStore final : public fennick1::OperandStore {
+ public:
+  std::optional<fennick1::OperandContent> Load(const fennick1::OperandKey& key) override {
+    if (asked.empty() || asked.back() != key.address) asked.push_back(key.address);
+    return {};
+  }
+  void Add(const fennick1::OperandKey&, const fennick1::OperandContent&) override {}
+  void Remove(const fennick1::OperandKey&) override {}
+  Long FreeAddress(Long, Long) override { return 0; }
+
+  /// Addresses in order, repeats of the same one left out.
+  std::vector<Long> asked;
+};
+
 TEST_F(SavedRectangle, BothFacesReadTheHideOperand) {
   const auto r = Distinct();
   EXPECT_EQ(r->VisibleOpAddr(), 23);
   EXPECT_EQ(static_cast<const ItfHmiElement&>(*r).VisibleOpAddr(), 23);
   EXPECT_EQ(GetByName(*r, ItfHmiElement::InterfaceOf(), "VisibleOpAddr"), Variant(Long{23}));
+}
+
+TEST_F(SavedRectangle, RestoringADefinedOperandLeavesItAndStillAddsTheRow) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  r->VisibleOpAddr(-1);
+  Define(22, "old");
+  Platform::Current().operands = std::make_shared<NotingStore>(Platform::Current().operands, Recorder());
+  TakeLog();
+  r->RestoreAllOperands();
+  EXPECT_EQ(TakeLog(),
+            CallLog{"execute INSERT INTO HMI_Operands "
+                    "(ElementID,OprndType,OprndAddr,OprndNetID,OprndPurpose) VALUES (5,1,22,0,2)"});
+}
+
+TEST_F(SavedRectangle, WritersThatOnlyStoreLeaveTheOperandsInTheProject) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  Define(22);
+  Define(23);
+  r->Replica();
+  r->TouchOprndAddr(40);
+  r->TouchOprndAddr(-1);
+  r->VisibleOpAddr(41);
+  r->VisibleOpAddr(-1);
+  EXPECT_TRUE(IsDefined(22));
+  EXPECT_TRUE(IsDefined(23));
+}
+
+TEST_F(SavedRectangle, AnUnsavedElementDropsItsOperandsToo) {
+  clsRectangle r;
+  r.TouchOprndAddr(22);
+  r.VisibleOpAddr(23);
+  Define(22);
+  Define(23);
+  TakeLog();
+  r.IsTouchable(false);
+  static_cast<ItfHmiElement&>(r).VisibleOpAddr(-1);
+  EXPECT_EQ(TakeLog(), (CallLog{"execute DELETE * FROM HMI_Operands WHERE ElementID=-1 AND OprndType=1 AND "
+                                "OprndAddr=22 AND OprndNetID =0 AND OprndPurpose=2",
+                                "execute DELETE * FROM HMI_Operands WHERE ElementID=-1 AND OprndType=1 AND "
+                                "OprndAddr=23 AND OprndNetID =0 AND OprndPurpose=5"}));
+  EXPECT_FALSE(IsDefined(22));
+  EXPECT_FALSE(IsDefined(23));
+}
+
+TEST_F(SavedRectangle, IsTouchableWrittenTrueChangesNothing) {
+  const auto r = Distinct();
+  const auto bags = r->OperandBags();
+  TakeLog();
+  r->IsTouchable(true);
+  EXPECT_EQ(r->TouchOprndAddr(), 22);
+  EXPECT_EQ(r->OperandBags(), bags);
+  EXPECT_TRUE(TakeLog().empty());
+}
+
+TEST_F(SavedRectangle, ADroppedRowGoesBeforeItsOperand) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  Define(22);
+  Platform::Current().operands = std::make_shared<NotingStore>(Platform::Current().operands, Recorder());
+  TakeLog();
+  r->IsTouchable(false);
+  EXPECT_EQ(TakeLog(), (CallLog{"execute DELETE * FROM HMI_Operands WHERE ElementID=5 AND OprndType=1 AND "
+                                "OprndAddr=22 AND OprndNetID =0 AND OprndPurpose=2",
+                                "remove operand 22"}));
+}
+
+TEST_F(SavedRectangle, RestoringThatFailsHalfWayKeepsWhatWasWritten) {
+  clsRectangle r;
+  r.TouchOprndAddr(4);
+  r.VisibleOpAddr(5);
+  ASSERT_EQ(r.OperandBags()->Count(), 1);
+  EXPECT_EQ(ErrorOf([&] { r.RestoreAllOperands(); }), 9);
+  EXPECT_EQ(OperandRows(), std::vector<std::string>{"-1 1 4 0 2"});
+}
+
+TEST_F(SavedRectangle, BagsAreCountedByWhatIsPresent) {
+  clsRectangle r;
+  r.VisibleOpAddr(5);
+  r.TouchOprndAddr(4);
+  ASSERT_EQ(r.OperandBags()->Count(), 2);
+  // The bags stay as they were built, with the touch operand's first.
+  r.TouchOprndAddr(-1);
+  r.RestoreAllOperands();
+  EXPECT_TRUE(IsDefined(4));
+  EXPECT_FALSE(IsDefined(5));
+  EXPECT_EQ(OperandRows(), std::vector<std::string>{"-1 1 5 0 5"});
+}
+
+TEST_F(SavedRectangle, TouchAddressMinus2IsAnOperandLikeAnyOther) {
+  clsRectangle r;
+  r.TouchOprndAddr(-2);
+  EXPECT_EQ(AddressInBag(r, 1), -2);
+  r.SaveToDB();
+  r.RestoreAllOperands();
+  EXPECT_EQ(OperandRows(), std::vector<std::string>{"5 1 -2 0 2"});
+  EXPECT_TRUE(IsDefined(-2));
+  r.DeleteFromDB();
+  EXPECT_FALSE(IsDefined(-2));
+}
+
+TEST_F(SavedRectangle, LoadsTheRowOnWhichTheRecordsetStands) {
+  for (const Long xs : {31, 32, 33}) {
+    const auto r = Distinct();
+    r->Xs(xs);
+    r->SaveToDB();
+  }
+  const auto rows = ado::OpenRecordset(Connection(), "SELECT * FROM HMI_Elements ORDER BY ID",
+                                       ado::adOpenStatic, ado::adLockReadOnly);
+  rows->MoveNext();
+  clsRectangle loaded;
+  loaded.LoadFromDB(*rows);
+  EXPECT_EQ(loaded.Xs(), 32);
+  EXPECT_EQ(automation::To<Long>(rows->Get("Xs")), 32);
+}
+
+TEST_F(SavedRectangle, LoadingAsksForTheOperandsOnceAndRemovesNoRow) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  const auto store = std::make_shared<AskedStore>();
+  Platform::Current().operands = store;
+  Loaded(5);
+  EXPECT_EQ(store->asked, (std::vector<Long>{22, 23}));
+  Connection().Execute("UPDATE HMI_Elements SET VisibleOpAddr=-1");
+  AddOperandRow(5, kMemoryBit, -1, eOP_VisibleOperand, kLocalNetwork);
+  Loaded(5);
+  EXPECT_EQ(OperandRows().size(), 1u);
+}
+
+TEST_F(SavedRectangle, AColumnGuidThatIsNullStopsTheDeletion) {
+  const auto r = Distinct();
+  r->SaveToDB();
+  AddOperandRow(5, kMemoryBit, 22, eOP_TouchOperand, kLocalNetwork);
+  Connection().Execute("UPDATE HMI_Elements SET GUID=NULL");
+  Changes().Clear();
+  EXPECT_EQ(ErrorOf([&] { r->DeleteFromDB(); }), 94);
+  EXPECT_EQ(Elements(), std::vector<std::string>{"5"});
+  EXPECT_EQ(OperandRows().size(), 1u);
+  EXPECT_TRUE(Changes().ChangedPages().empty());
+}
+
+TEST_F(SavedRectangle, DeletingWhatHasNoRowDoesNothingElse) {
+  clsRectangle r;
+  Define(-1);
+  TakeLog();
+  EXPECT_EQ(ErrorOf([&] { r.DeleteFromDB(); }), 3021);
+  EXPECT_EQ(TakeLog(), (CallLog{"execute SELECT * FROM HMI_Elements WHERE ID=-1", "get Guid"}));
+  EXPECT_TRUE(IsDefined(-1));
+  EXPECT_TRUE(Changes().ChangedPages().empty());
+}
+
+TEST_F(SavedRectangle, ASaveWhoseNumberOrOrderFailsMakesNoRow) {
+  class NoNumbers final : public corvane1::NumberGenerator {
+    Long NewUniqueNumber() override {
+      throw automation::AutomationError(automation::ErrorNumber::InvalidProcedureCall, "no numbers");
+    }
+  };
+  const auto numbers = Platform::Current().numberGenerator;
+  Platform::Current().numberGenerator = std::make_shared<NoNumbers>();
+  const auto r = Distinct();
+  EXPECT_EQ(ErrorOf([&] { r->SaveToDB(); }), 5);
+  EXPECT_EQ(r->ID(), -1);
+  EXPECT_TRUE(Elements().empty());
+  EXPECT_TRUE(Changes().ChangedElements().empty());
+
+  Platform::Current().numberGenerator = numbers;
+  Connection().Execute("INSERT INTO HMI_Elements (DisplayID,OrderIndex) VALUES (7,2147483647)");
+  EXPECT_EQ(ErrorOf([&] { r->SaveToDB(); }), 6);
+  EXPECT_EQ(r->ID(), -1);
+  EXPECT_EQ(r->OrderIndex(), 24);
+  EXPECT_EQ(Elements().size(), 1u);
+}
+
+TEST_F(SavedRectangle, ATrackerThatFailsLeavesTheSavedRow) {
+  class Deaf final : public corvane1::ChangeTracker {
+    void NotifyElementChanged(Long) override {
+      throw automation::AutomationError(automation::ErrorNumber::InvalidProcedureCall, "deaf");
+    }
+    void NotifyPageChanged(Long) override {}
+  };
+  Platform::Current().changeTracker = std::make_shared<Deaf>();
+  const auto r = Distinct();
+  EXPECT_EQ(ErrorOf([&] { r->SaveToDB(); }), 5);
+  EXPECT_EQ(r->ID(), 5);
+  EXPECT_EQ(Elements(), std::vector<std::string>{"5"});
+}
+
+TEST_F(SavedRectangle, ASolidRectangleComesBackHollowOrHatched) {
+  const auto brushOf = [this] {
+    const gdi::Surface surface(40, 40);
+    gdi::Recorder recorder;
+    const auto loaded = Loaded(5);
+    loaded->Draw(surface.Dc(), false);
+    EXPECT_EQ(loaded->ColorBack(), 16);
+    for (const std::string& call : recorder.Calls()) {
+      if (call.ends_with("-> brush:1")) return call.substr(0, call.find('('));
+    }
+    return std::string();
+  };
+  const auto r = Distinct();
+  r->SaveToDB();
+  EXPECT_EQ(brushOf(), "CreateHatchBrush");
+  r->HatchStyle(eHS_None);
+  r->SaveToDB();
+  EXPECT_EQ(brushOf(), "CreateBrushIndirect");
 }
 
 TEST_F(SavedRectangle, AReleaseThatFailsTellsOfNoChangedPage) {
@@ -919,21 +1142,6 @@ TEST_F(SavedRectangle, DeletingReleasesEveryHideAddressBut0) {
   r.DeleteFromDB();
   EXPECT_FALSE(IsDefined(-2));
 }
-
-/// Notes which operands are looked for.
-class AskedStore final : public fennick1::OperandStore {
- public:
-  std::optional<fennick1::OperandContent> Load(const fennick1::OperandKey& key) override {
-    if (asked.empty() || asked.back() != key.address) asked.push_back(key.address);
-    return {};
-  }
-  void Add(const fennick1::OperandKey&, const fennick1::OperandContent&) override {}
-  void Remove(const fennick1::OperandKey&) override {}
-  Long FreeAddress(Long, Long) override { return 0; }
-
-  /// Addresses in order, repeats of the same one left out.
-  std::vector<Long> asked;
-};
 
 TEST_F(SavedRectangle, AReplicaIsGivenItsTouchOperandBeforeItsHideOperand) {
   const auto r = Distinct();

@@ -497,6 +497,39 @@ TEST_F(Rectangle, HitTestByRectOfAnElementOfSizeZeroTakesItsSizeForMinus1) {
   EXPECT_FALSE(low->HitTestByRect(5, 1, 2, 5));
 }
 
+TEST_F(Rectangle, HitTestByRectTriesTheCornersOfTheGivenRectangleFirst) {
+  EXPECT_TRUE(At(20000, 0, 20001, 11)->HitTestByRect(30000, 5, 10, 10));
+}
+
+TEST_F(Rectangle, ADragWorksByNameAlike) {
+  const auto r = At(10, 10, 20, 20);
+  const automation::Interface& element = ItfHmiElement::InterfaceOf();
+  const auto call = [&](const char* name, std::initializer_list<Variant> arguments = {}) {
+    return automation::InvokeByName(*r, element, name, arguments);
+  };
+  std::vector<Variant> map{Array(VariantKind::Byte, Bounds{0, 100}, Bounds{0, 100})};
+  const std::vector<Variant> before = map;
+  call("SaveInitialPosition");
+  for (const Long step : {20, 70, 71}) {
+    call("move", {step, Long{0}});
+    const Variant status =
+        automation::CallByName(*r, element, "GetTransformState", automation::CallKind::Method, map);
+    if (status == Variant(Long{eCS_Legall})) {
+      call("SaveLastLegalPosition");
+      call("UpdateDisplayWithTransx");
+    } else {
+      EXPECT_EQ(status, Variant(Long{eCS_OutOfRAnge}));
+      call("UpdateDisplayWithLastLegal");
+    }
+  }
+  call("UpdateInitialDescriptor");
+  EXPECT_EQ(map, before);
+  EXPECT_EQ(At(*r, 1), (Descriptor{80, 10, 20, 20}));
+  EXPECT_EQ(At(*r, 4), (Descriptor{80, 10, 20, 20}));
+  call("Stretch", {Long{-30}, Long{0}, Long{ePD_Right}});
+  EXPECT_EQ(At(*r, 3), (Descriptor{70, 10, 10, 20}));
+}
+
 TEST_F(Rectangle, HitTestByRectOverflowsBeyond16Bits) {
   const auto r = At(10, 20, 5, 6);
   EXPECT_EQ(ErrorOf([&] { r->HitTestByRect(40000, 0, 1, 1); }), 6);
@@ -623,7 +656,7 @@ TEST_F(DrawnRectangle, HatchStyleZeroIsAHatch) {
   EXPECT_EQ(CallsOfDraw(*r_)[5], "CreateHatchBrush(0, 0x0a0003) -> brush:1");
 }
 
-TEST_F(DrawnRectangle, OnlyStyle99IsNoHatchAndAStyleThatThereIsNotPaintsHollow) {
+TEST_F(DrawnRectangle, OnlyStyle99IsNoHatchAndAStyleThatThereIsNotKeepsTheContextsBrush) {
   for (const Long style : {98, 100, -1}) {
     r_->HatchStyle(static_cast<enHatchStyle>(style));
     const std::vector<std::string> calls = CallsOfDraw(*r_);
@@ -631,6 +664,11 @@ TEST_F(DrawnRectangle, OnlyStyle99IsNoHatchAndAStyleThatThereIsNotPaintsHollow) 
     EXPECT_EQ(calls[5].find("CreateHatchBrush(" + std::to_string(style) + ", 0x0a0003)"), 0u) << calls[5];
     EXPECT_EQ(calls[7], "Rectangle(dc:1, 1, 2, 31, 42)") << style;
   }
+  // No brush could be made, so the body has the one that the context had: white.
+  gdi::Surface surface(60, 60);
+  surface.Clear(0x00FF00);
+  r_->Draw(surface.Dc(), false);
+  EXPECT_EQ(surface.At(10, 10), 0xFFFFFFu);
 }
 
 TEST_F(DrawnRectangle, OnlyAOnePixelBorderHasALineStyle) {
@@ -701,6 +739,31 @@ TEST_F(DrawnRectangle, HoldsTheColourServiceAsLongAsItLives) {
   EXPECT_FALSE(held.expired());
   r.reset();
   EXPECT_TRUE(held.expired());
+}
+
+TEST_F(DrawnRectangle, AsksForTheColoursThatItPaintsWithAndNoOthers) {
+  class Asked final : public corvane1::ColorService {
+   public:
+    std::uint32_t GetColor(Long colorNumber) override {
+      numbers.push_back(colorNumber);
+      return 0;
+    }
+    std::vector<Long> numbers;
+  };
+  const auto colors = std::make_shared<Asked>();
+  Platform::Current().colorService = colors;
+  const auto r = At(1, 2, 3, 4);
+  r->ColorFore(1);
+  r->ColorBack(2);
+  r->ColorHatch(3);
+  CallsOfDraw(*r);
+  EXPECT_EQ(std::exchange(colors->numbers, {}), (std::vector<Long>{1}));
+  r->HatchStyle(eHS_Cross);
+  CallsOfDraw(*r);
+  EXPECT_EQ(std::exchange(colors->numbers, {}), (std::vector<Long>{1, 2, 3}));
+  r->FillStyle(eFS_Solid);
+  CallsOfDraw(*r);
+  EXPECT_EQ(std::exchange(colors->numbers, {}), (std::vector<Long>{1, 2}));
 }
 
 TEST_F(DrawnRectangle, KeepsTheColourServiceOfItsCreation) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "framework/enums.h"
 #include "tests/support/raises.h"
 
@@ -81,6 +83,29 @@ TEST(Stretch, RaisesOverflowBeyond32Bits) {
   EXPECT_EQ(ErrorOf([&] { Stretched(least, 0, ePD_Right); }), 6);
   EXPECT_EQ(ErrorOf([&] { quenzel7::Stretched({least, 0, 5, 5}, -1, 0, ePD_Left); }), 6);
   EXPECT_EQ(ErrorOf([&] { quenzel7::Stretched({most, 0, 5, 5}, 6, 0, ePD_Left); }), 6);
+}
+
+TEST(Stretch, OverflowsInEveryStepOfBothAxes) {
+  const Long most = 2147483647;
+  const Long least = -most - 1;
+  const auto error = [](const Descriptor& rest, Long by, Long direction) {
+    return ErrorOf([&] { quenzel7::Stretched(rest, by, by, direction); });
+  };
+  // The same along x and along y.
+  for (const auto& [start, size, by, end] :
+       {std::tuple{least, Long{5}, Long{-10}, true}, std::tuple{most - 5, Long{10}, Long{-20}, true},
+        std::tuple{Long{0}, Long{-1}, -most, true}, std::tuple{Long{0}, Long{5}, most, true},
+        std::tuple{Long{0}, Long{-1}, most, false}, std::tuple{Long{0}, Long{5}, least, false}}) {
+    EXPECT_EQ(error({start, 0, size, 5}, by, end ? ePD_Right : ePD_Left), 6)
+        << start << ' ' << size << ' ' << by;
+    EXPECT_EQ(error({0, start, 5, size}, by, end ? ePD_Down : ePD_Up), 6)
+        << start << ' ' << size << ' ' << by;
+  }
+}
+
+TEST(Stretch, OfANegativeSizeFlipsAtOnce) {
+  EXPECT_EQ(quenzel7::Stretched({10, 50, -5, 30}, 0, 0, ePD_Right).descriptor, (Descriptor{5, 50, 5, 30}));
+  EXPECT_EQ(quenzel7::Stretched({10, 50, -5, 30}, 0, 0, ePD_Left).descriptor, (Descriptor{5, 50, 5, 30}));
 }
 
 }  // namespace
