@@ -1181,9 +1181,12 @@ TEST_F(SavedRectangle, ReleasingAnElementWritesNothing) {
   EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"Xs"}), std::vector<std::string>{"12"});
 }
 
-TEST_F(SavedRectangle, MakingAnElementTouchesNoDatabase) {
-  TakeLog();
-  const clsRectangle r;
+TEST_F(SavedRectangle, MakingAnElementTouchesNoDatabaseOnceTheProjectsSettingsAreKnown) {
+  // The settings look at the project through the log as well.
+  Platform::Current().heldProject->Hold(ProjectConnection());
+  { const clsRectangle first; }
+  EXPECT_EQ(TakeLog(), CallLog{"open SELECT * FROM Settings [3,1,1]"});
+  { const clsRectangle second; }
   EXPECT_TRUE(TakeLog().empty());
 }
 
