@@ -4,10 +4,12 @@
 
 #include "platform/corvane1/change_tracker.h"
 #include "platform/corvane1/color_service.h"
+#include "platform/corvane1/font_service.h"
 #include "platform/corvane1/global_values.h"
 #include "platform/corvane1/number_generator.h"
 #include "platform/corvane1/project_database.h"
 #include "platform/corvane1/settings.h"
+#include "platform/corvane1/string_library.h"
 #include "platform/fennick1/operand.h"
 
 namespace quenzel7 {
@@ -33,6 +35,8 @@ struct Platform {
   std::shared_ptr<corvane1::NumberGenerator> numberGenerator;
   std::shared_ptr<corvane1::ChangeTracker> changeTracker;
   std::shared_ptr<corvane1::GlobalValues> globalValues;
+  std::shared_ptr<corvane1::FontService> fontService;
+  std::shared_ptr<corvane1::StringLibrary> stringLibrary;
   std::shared_ptr<fennick1::OperandStore> operands;
 };
 
