@@ -29,6 +29,11 @@ Vector Direction(POINT from, POINT to) {
   return step * (1 / std::hypot(step.x, step.y));
 }
 
+/// Midway between rounding to the nearest whole number and rounding away from 0.
+double HalfRounded(double value) {
+  return std::copysign((std::round(std::abs(value)) + std::ceil(std::abs(value))) / 2, value);
+}
+
 bool AreEqual(POINT a, POINT b) { return a.x == b.x && a.y == b.y; }
 
 class Stroker {
@@ -58,6 +63,16 @@ class Stroker {
   std::uint32_t EndCap() const { return pen_.style & PS_ENDCAP_MASK; }
   std::uint32_t JoinStyle() const { return pen_.style & PS_JOIN_MASK; }
 
+  /// From the middle of a line to its edge, on the side to which a turn with the clock leads.
+  ///
+  /// The interface puts the corners of a slanted stroke on whole pixels: on one side rounded away from the
+  /// line, on the other to the nearest. Taking the mean on both sides keeps the stroke symmetric and as wide.
+  Vector Across(Vector along) const {
+    const Vector across = Turned(along) * half_;
+    const bool isSlanted = along.x != 0 && along.y != 0;
+    return isSlanted ? Vector{HalfRounded(across.x), HalfRounded(across.y)} : across;
+  }
+
   void Fill(std::initializer_list<Vector> corners) {
     polygon_.clear();
     for (const Vector& corner : corners) polygon_.push_back(FinePoint::At(corner.x, corner.y));
@@ -81,7 +96,7 @@ class Stroker {
   }
 
   void Segment(POINT from, POINT to, bool isFirst, bool isLast) {
-    const Vector along = Direction(from, to), across = Turned(along) * half_;
+    const Vector along = Direction(from, to), across = Across(along);
     const double reach = EndCap() == PS_ENDCAP_SQUARE ? half_ : 0;
     const Vector start = At(from) + along * (isFirst ? -reach : 0),
                  end = At(to) + along * (isLast ? reach : 0);
@@ -97,13 +112,15 @@ class Stroker {
     const double turn = Cross(before, after);
     if (turn == 0) return;
     // The gap opens on the outer side of the turn.
-    const double side = turn > 0 ? -half_ : half_;
-    const Vector p = At(corner), a = Turned(before) * side, b = Turned(after) * side;
+    const double side = turn > 0 ? -1 : 1;
+    const Vector p = At(corner), a = Across(before) * side, b = Across(after) * side;
     // The miter is 1 / sin(half the angle between the lines) times as long as half the width.
     const double cosine = Product(before, after);
     const bool isMitred = JoinStyle() == PS_JOIN_MITER && kMiterLimit * kMiterLimit * (1 + cosine) >= 2;
     if (isMitred) {
-      Fill({p, p + a, p + (a + b) * (1 / (1 + cosine)), p + b});
+      // Where the edges meet: along the first one from a, as far as b lies beyond the second one.
+      const double reach = Cross(b + a * -1, after) / turn;
+      Fill({p, p + a, p + a + before * reach, p + b});
     } else {
       Fill({p, p + a, p + b});
     }

@@ -136,27 +136,37 @@ TEST(StrokeLines, TurningBackHasNoCorner) {
 }
 
 // A slanted line holds the pixels that are nearer to it than half the width and between its ends.
-TEST(StrokeLines, SlantedCoversWhatIsNearerThanHalfTheWidth) {
+TEST(StrokeLines, SlantedHasItsCornersMidwayBetweenTheNearestPixelAndTheNextOneOut) {
+  const auto halfRounded = [](double v) {
+    return std::copysign((std::floor(std::abs(v) + 0.5) + std::ceil(std::abs(v))) / 2, v);
+  };
   std::mt19937 random(31);
   for (int i = 0; i < 300; ++i) {
     const auto any = [&] { return static_cast<int>(random() % 40); };
     const POINT from{any(), any()}, to{any(), any()};
     const int width = 2 + static_cast<int>(random() % 9);
-    if (from.x == to.x && from.y == to.y) continue;
+    if (from.x == to.x || from.y == to.y) continue;
     const Text rows = Stroked({from, to}, width, kFlat, false, 40, 40);
     const double dx = to.x - from.x, dy = to.y - from.y, length = std::hypot(dx, dy);
+    const double ox = halfRounded(-dy / length * width / 2), oy = halfRounded(dx / length * width / 2);
     for (int y = 0; y < 40; ++y) {
       for (int x = 0; x < 40; ++x) {
-        const double across = std::abs((x - from.x) * dy - (y - from.y) * dx) / length;
-        const double along = ((x - from.x) * dx + (y - from.y) * dy) / length;
-        const double outside = std::max({across - width / 2.0, -along, along - length});
-        // Next to the edge either is right: corners are rounded to 256ths.
+        // The place as a share of the way along, and of the way across: inside from 0 to 1 and from -1 to 1.
+        const double area = dx * oy - dy * ox;
+        const double along = ((x - from.x) * oy - (y - from.y) * ox) / area;
+        const double across = (dx * (y - from.y) - dy * (x - from.x)) / area;
+        const double outside = std::max({std::abs(across) - 1, -along, along - 1});
+        // On the edge the side decides.
         if (std::abs(outside) < 0.01) continue;
         ASSERT_EQ(rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)], outside < 0 ? '#' : '.')
             << i;
       }
     }
   }
+}
+
+TEST(StrokeLines, SlantedIsTheSameFromEitherEnd) {
+  EXPECT_EQ(Stroked({{2, 2}, {9, 6}}, 3, kFlat), Stroked({{9, 6}, {2, 2}}, 3, kFlat));
 }
 
 TEST(StrokeLines, ReachOverTheWholePlane) {
