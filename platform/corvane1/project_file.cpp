@@ -67,6 +67,13 @@ class Header {
   std::array<char, kSize> bytes_{};
 };
 
+/// Refuses what a newer version made, and what no version made.
+void CheckVersion(const std::string& path, std::uint64_t version) {
+  if (version >= 1 && version <= static_cast<std::uint64_t>(kProjectVersion)) return;
+  Raise(path, "is of project version " + std::to_string(version) + ", but a version from 1 to " +
+                  std::to_string(kProjectVersion) + " is expected");
+}
+
 /// Looks at the bytes of the file before the engine gets it.
 void CheckHeader(const std::string& path) {
   const Header header(path);
@@ -74,10 +81,7 @@ void CheckHeader(const std::string& path) {
   if (header.ApplicationId() != static_cast<std::uint64_t>(kProjectApplicationId)) {
     Raise(path, "is not a project: it is a database of another program");
   }
-  if (header.UserVersion() != static_cast<std::uint64_t>(kProjectVersion)) {
-    Raise(path, "is of project version " + std::to_string(header.UserVersion()) + ", but version " +
-                    std::to_string(kProjectVersion) + " is expected");
-  }
+  CheckVersion(path, header.UserVersion());
   // With a log beside it the file may be shorter than it is going to be.
   const std::uint64_t whole = header.PageSize() * header.PageCount();
   std::error_code error;
@@ -92,15 +96,21 @@ void CheckContents(const std::string& path, OpenOptions options) {
   options.mode = OpenMode::Inspect;
   std::string found;
   std::string missing;
+  Long version = 0;
   try {
     const ado::ConnectionRef connection = OpenSqlite(path, options);
     found = automation::To<std::string>(connection->Execute("PRAGMA quick_check(1)")->Get("quick_check"));
-    if (found == "ok") missing = MissingFromProject(*connection);
+    if (found == "ok") {
+      version = ProjectVersionOf(*connection);
+      missing = MissingFromProject(*connection, version);
+    }
     connection->Close();
   } catch (const AutomationError& error) {
     throw error.In("project file \"" + path + "\": cannot be opened");
   }
   if (found != "ok") Raise(path, "is damaged: " + found);
+  // The log may know of another version than the beginning of the file.
+  CheckVersion(path, static_cast<std::uint32_t>(version));
   if (!missing.empty()) Raise(path, "lacks " + missing);
 }
 
@@ -169,6 +179,32 @@ OpenMode HowToOpen(const std::string& path, ProjectMode mode) {
   return OpenMode::ReadWrite;
 }
 
+/// Adds to a project of an older version what came later. The version is asked of the engine, since what
+/// another connection added may stand in the log only.
+void BringUpToDate(const std::string& path, ado::Connection& connection) {
+  try {
+    if (ProjectVersionOf(connection) == kProjectVersion) return;
+    ado::Transaction transaction(connection);
+    for (const std::string& statement : ProjectUpgradeStatements(ProjectVersionOf(connection))) {
+      connection.Execute(statement);
+    }
+    transaction.Commit();
+  } catch (const AutomationError& error) {
+    throw error.In("project file \"" + path + "\": cannot be brought to version " +
+                   std::to_string(kProjectVersion));
+  }
+}
+
+/// Lets a connection that may not write read a project of an older version.
+void StandInForWhatCameLater(ado::Connection& connection) {
+  const Long version = ProjectVersionOf(connection);
+  if (version == kProjectVersion) return;
+  // The views are the connection's own and never reach the file.
+  connection.Execute("PRAGMA query_only=OFF");
+  for (const std::string& statement : ProjectStandInStatements(version)) connection.Execute(statement);
+  connection.Execute("PRAGMA query_only=ON");
+}
+
 }  // namespace
 
 ado::SqliteConnectionRef OpenProject(const std::string& path, ProjectMode mode, const OpenOptions& options) {
@@ -180,7 +216,13 @@ ado::SqliteConnectionRef OpenProject(const std::string& path, ProjectMode mode, 
   }
   OpenOptions open = options;
   open.mode = HowToOpen(path, mode);
-  return OpenSqlite(path, open);
+  const ado::SqliteConnectionRef connection = OpenSqlite(path, open);
+  if (open.mode == OpenMode::ReadWrite) {
+    BringUpToDate(path, *connection);
+  } else {
+    StandInForWhatCameLater(*connection);
+  }
+  return connection;
 }
 
 }  // namespace quenzel7::corvane1

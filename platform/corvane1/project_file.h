@@ -20,6 +20,10 @@ enum class ProjectMode : Byte {
 /// that is refused stays as it was, byte for byte, with nothing new beside it. A new project comes into being
 /// under a name of its own beside the path (path + ".creating") and takes the path when it is complete.
 ///
+/// A project that an older version made is brought up to date when it is opened for writing: what came later
+/// is added, all of it or nothing, and no row is touched. Opened read-only it stays as it is, and the tables
+/// that it does not have are seen empty.
+///
 /// Of `options` the mode is not looked at.
 ///
 /// Errors, all naming the file: 76 when there is no such file, or no such folder for a new one; a database

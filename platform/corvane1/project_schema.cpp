@@ -90,10 +90,29 @@ constexpr SchemaColumn kNumbers[] = {
     {"Next", kNumber},
 };
 
+/// The languages of the string library, counted from 1.
+constexpr SchemaColumn kLanguages[] = {
+    {"Language", kNumber},
+    {"Name", kText},
+};
+
+/// The texts of the string library, one row for each number and language.
+constexpr SchemaColumn kStrings[] = {
+    {"Number", kNumber},
+    {"Language", kNumber},
+    {"Text", kText},
+    {"FontNumber", kNumber},
+};
+
 constexpr SchemaTable kTables[] = {
-    {"HMI_Elements", kElements, ""},         {"HMI_Operands", kElementOperands, ""},
-    {"DownloadDLUs", kDownloads, ""},        {"Operands", kOperands, "Type, Address, NetID"},
-    {"Settings", kSettings, "Section, Key"}, {"Numbers", kNumbers, "Name"},
+    {"HMI_Elements", kElements, ""},
+    {"HMI_Operands", kElementOperands, ""},
+    {"DownloadDLUs", kDownloads, ""},
+    {"Operands", kOperands, "Type, Address, NetID"},
+    {"Settings", kSettings, "Section, Key"},
+    {"Numbers", kNumbers, "Name"},
+    {"StringLanguages", kLanguages, "Language", 2},
+    {"LibraryStrings", kStrings, "Number, Language", 2},
 };
 
 constexpr SchemaIndex kIndexes[] = {
@@ -120,6 +139,24 @@ std::string CreateIndex(const SchemaIndex& index) {
   return text.append(index.columns) += ')';
 }
 
+/// A view of the connection's own in the table's place, with its columns and no row.
+std::string CreateStandIn(const SchemaTable& table) {
+  std::string text = "CREATE TEMP VIEW ";
+  text.append(table.name) += " AS SELECT ";
+  for (const SchemaColumn& column : table.columns) {
+    if (&column != &table.columns.front()) text += ", ";
+    text.append("NULL AS \"").append(column.name) += '"';
+  }
+  return text += " WHERE 0";
+}
+
+/// The version that brought the table of that name.
+Long VersionOf(std::string_view tableName) {
+  return std::find_if(std::begin(kTables), std::end(kTables),
+                      [tableName](const SchemaTable& table) { return table.name == tableName; })
+      ->since;
+}
+
 /// The texts in one column of what a statement gives.
 std::vector<std::string> Texts(ado::Connection& connection, const std::string& statement) {
   std::vector<std::string> texts;
@@ -141,16 +178,38 @@ std::span<const SchemaTable> ProjectTables() { return kTables; }
 std::span<const SchemaIndex> ProjectIndexes() { return kIndexes; }
 
 std::vector<std::string> ProjectSchemaStatements() {
-  std::vector<std::string> statements;
-  for (const SchemaTable& table : kTables) statements.push_back(CreateTable(table));
-  for (const SchemaIndex& index : kIndexes) statements.push_back(CreateIndex(index));
+  std::vector<std::string> statements = ProjectUpgradeStatements(0);
   statements.push_back("PRAGMA application_id=" + std::to_string(kProjectApplicationId));
+  return statements;
+}
+
+std::vector<std::string> ProjectUpgradeStatements(Long fromVersion) {
+  std::vector<std::string> statements;
+  for (const SchemaTable& table : kTables) {
+    if (table.since > fromVersion) statements.push_back(CreateTable(table));
+  }
+  for (const SchemaIndex& index : kIndexes) {
+    if (VersionOf(index.table) > fromVersion) statements.push_back(CreateIndex(index));
+  }
   statements.push_back("PRAGMA user_version=" + std::to_string(kProjectVersion));
   return statements;
 }
 
-std::string MissingFromProject(ado::Connection& connection) {
+std::vector<std::string> ProjectStandInStatements(Long fromVersion) {
+  std::vector<std::string> statements;
   for (const SchemaTable& table : kTables) {
+    if (table.since > fromVersion) statements.push_back(CreateStandIn(table));
+  }
+  return statements;
+}
+
+Long ProjectVersionOf(ado::Connection& connection) {
+  return automation::To<Long>(connection.Execute("PRAGMA user_version")->Get("user_version"));
+}
+
+std::string MissingFromProject(ado::Connection& connection, Long version) {
+  for (const SchemaTable& table : kTables) {
+    if (table.since > version) continue;
     const std::string name(table.name);
     const auto columns = Texts(connection, "PRAGMA table_info(" + name + ")");
     if (columns.empty()) return "table " + name;
@@ -161,7 +220,7 @@ std::string MissingFromProject(ado::Connection& connection) {
   }
   const auto indexes = Texts(connection, "SELECT name FROM sqlite_master WHERE type='index'");
   for (const SchemaIndex& index : kIndexes) {
-    if (!Contains(indexes, index.name)) {
+    if (VersionOf(index.table) <= version && !Contains(indexes, index.name)) {
       return "index " + std::string(index.name) + " of table " + std::string(index.table);
     }
   }

@@ -14,7 +14,7 @@ namespace quenzel7::corvane1 {
 /// Marks a database file as a project: the letters "Qzl7".
 inline constexpr Long kProjectApplicationId = 0x517A6C37;
 /// The version of the tables below.
-inline constexpr Long kProjectVersion = 1;
+inline constexpr Long kProjectVersion = 2;
 
 /// A column. No column has a default: what was not written is Null.
 struct SchemaColumn {
@@ -28,6 +28,8 @@ struct SchemaTable {
   std::span<const SchemaColumn> columns;
   /// The columns of the primary key when it is none of the columns' types; else empty.
   std::string_view primaryKey;
+  /// The project version that brought the table.
+  Long since = 1;
 };
 
 struct SchemaIndex {
@@ -42,8 +44,19 @@ std::span<const SchemaIndex> ProjectIndexes();
 /// The statements that make an empty database a project.
 std::vector<std::string> ProjectSchemaStatements();
 
-/// What the database lacks of a project's tables, columns and indexes, as "column 'Xs' of table
-/// HMI_Elements"; empty when it lacks nothing. More than the lists name does not matter.
-std::string MissingFromProject(ado::Connection& connection);
+/// The statements that make a project of an older version one of `kProjectVersion`: they create the tables
+/// that came later, and raise the version.
+std::vector<std::string> ProjectUpgradeStatements(Long fromVersion);
+
+/// The statements that let a connection which may not write read a project of an older version: each table
+/// that came later is seen as an empty one, which cannot be written. They leave the file alone.
+std::vector<std::string> ProjectStandInStatements(Long fromVersion);
+
+/// The version that the database says it has.
+Long ProjectVersionOf(ado::Connection& connection);
+
+/// What the database lacks of the tables, columns and indexes of a project of that version, as "column 'Xs'
+/// of table HMI_Elements"; empty when it lacks nothing. More than the lists name does not matter.
+std::string MissingFromProject(ado::Connection& connection, Long version = kProjectVersion);
 
 }  // namespace quenzel7::corvane1

@@ -71,6 +71,19 @@ class ProjectFileTest : public ::testing::Test {
     }
     project->Close();
   }
+  /// The same as version 1 made it: without the string library.
+  void MakeVersion1() {
+    MakeProject();
+    const auto project = ado::OpenSqlite(Path());
+    for (const char* change :
+         {"DROP TABLE StringLanguages", "DROP TABLE LibraryStrings", "VACUUM", "PRAGMA user_version=1"}) {
+      project->Execute(change);
+    }
+    project->Close();
+  }
+  static Long Count(ado::Connection& project, const std::string& table) {
+    return To<Long>(project.Execute("SELECT COUNT(*) AS N FROM " + table)->Get("N"));
+  }
   /// Writes bytes of the file over.
   void Overwrite(std::size_t at, const std::string& bytes) {
     std::fstream file(Path(), std::ios::binary | std::ios::in | std::ios::out);
@@ -126,7 +139,7 @@ TEST_F(ProjectFileTest, ANewProjectIsOneFileWhenClosed) {
   EXPECT_EQ(Snapshot().size(), 1u);
   EXPECT_EQ(Bytes(Path()).substr(0, 16), std::string("SQLite format 3\0", 16));
   EXPECT_EQ(Bytes(Path()).substr(68, 4), "Qzl7");
-  EXPECT_EQ(Bytes(Path()).substr(60, 4), std::string("\0\0\0\1", 4));
+  EXPECT_EQ(Bytes(Path()).substr(60, 4), std::string("\0\0\0\2", 4));
 }
 
 TEST_F(ProjectFileTest, WhatIsWrittenIsThereWhenOpenedAgain) {
@@ -312,9 +325,10 @@ TEST_F(ProjectFileTest, ADatabaseOfAnotherProgramIsRefused) {
 
 TEST_F(ProjectFileTest, AnotherVersionIsRefused) {
   MakeProject();
-  for (const int version : {0, 2, 255}) {
+  for (const int version : {0, 3, 255}) {
     Overwrite(60, {0, 0, 0, static_cast<char>(version)});
-    ExpectRefused("is of project version " + std::to_string(version) + ", but version 1 is expected");
+    ExpectRefused("is of project version " + std::to_string(version) +
+                  ", but a version from 1 to 2 is expected");
   }
 }
 
@@ -499,6 +513,133 @@ TEST_F(ProjectFileTest, AFullDiskLeavesNoHalfProject) {
     fs::remove(Path());
   } while (disk.Failures() > 0);
   EXPECT_GT(failed, 5);
+}
+
+// Projects of older versions.
+
+TEST_F(ProjectFileTest, AnOlderProjectIsBroughtUpToDateWhenItIsOpenedForWriting) {
+  for (const ProjectMode mode : {ProjectMode::Open, ProjectMode::Create}) {
+    MakeVersion1();
+    EXPECT_EQ(Bytes(Path()).substr(60, 4), std::string("\0\0\0\1", 4));
+    const auto project = OpenProject(Path(), mode);
+    EXPECT_EQ(MissingFromProject(*project), "");
+    EXPECT_EQ(ProjectVersionOf(*project), 2);
+    EXPECT_EQ(Count(*project, "HMI_Elements"), 200);
+    EXPECT_EQ(Count(*project, "LibraryStrings"), 0);
+    project->Close();
+    EXPECT_EQ(Bytes(Path()).substr(60, 4), std::string("\0\0\0\2", 4));
+    EXPECT_EQ(Snapshot().size(), 1u);
+    fs::remove(Path());
+  }
+}
+
+TEST_F(ProjectFileTest, AProjectThatWasBroughtUpToDateIsOneForASecondConnectionToo) {
+  MakeVersion1();
+  const auto first = OpenProject(Path(), ProjectMode::Open);
+  first->Execute("INSERT INTO StringLanguages VALUES(1,'English')");
+  // The beginning of the file still tells the old version.
+  ASSERT_EQ(Bytes(Path()).substr(60, 4), std::string("\0\0\0\1", 4));
+  for (const ProjectMode mode : kModes) {
+    const auto second = OpenProject(Path(), mode);
+    EXPECT_EQ(Count(*second, "StringLanguages"), 1);
+    EXPECT_EQ(ProjectVersionOf(*second), 2);
+  }
+}
+
+TEST_F(ProjectFileTest, AnOlderProjectOpenedReadOnlyStaysAsItIs) {
+  MakeVersion1();
+  const auto before = Snapshot();
+  const auto project = OpenProject(Path(), ProjectMode::ReadOnly);
+  EXPECT_EQ(ProjectVersionOf(*project), 1);
+  EXPECT_EQ(Count(*project, "HMI_Elements"), 200);
+  EXPECT_EQ(Count(*project, "StringLanguages"), 0);
+  EXPECT_TRUE(ado::OpenRecordset(*project, "SELECT * FROM LibraryStrings WHERE Number=1", ado::adOpenStatic,
+                                 ado::adLockReadOnly)
+                  ->Eof());
+  for (const char* change : {"DELETE * FROM HMI_Elements", "INSERT INTO StringLanguages VALUES(1,'English')",
+                             "CREATE TEMP TABLE T(A)"}) {
+    EXPECT_EQ(test::ErrorOf([&] { project->Execute(change); }), kDatabase) << change;
+  }
+  project->Close();
+  EXPECT_EQ(Snapshot(), before);
+}
+
+TEST_F(ProjectFileTest, AnOlderProjectThatCannotBeWrittenCanBeRead) {
+  MakeVersion1();
+  fs::permissions(Path(), static_cast<fs::perms>(0444));
+  fs::permissions(Folder(), static_cast<fs::perms>(0555));
+  {
+    const OrdinaryUser user;
+    EXPECT_EQ(Count(*OpenProject(Path(), ProjectMode::ReadOnly), "LibraryStrings"), 0);
+    EXPECT_EQ(RefusalOf(Path(), ProjectMode::Open).description,
+              "project file \"" + Path() + "\": cannot be written: Permission denied");
+  }
+  fs::permissions(Folder(), static_cast<fs::perms>(0755));
+}
+
+TEST_F(ProjectFileTest, AnOlderProjectThatLacksWhatItHadIsRefused) {
+  MakeVersion1();
+  const auto project = ado::OpenSqlite(Path());
+  project->Execute("DROP TABLE Operands");
+  project->Close();
+  ExpectRefused("lacks table Operands");
+}
+
+TEST_F(ProjectFileTest, AnOlderProjectWithATableInTheWayStaysAsItIs) {
+  MakeVersion1();
+  const auto project = ado::OpenSqlite(Path());
+  project->Execute("CREATE TABLE LibraryStrings(A)");
+  project->Close();
+  const Raised refusal = RefusalOf(Path(), ProjectMode::Open);
+  EXPECT_EQ(refusal.number, kDatabase);
+  EXPECT_EQ(
+      refusal.description.substr(0, refusal.description.find(';')),
+      "project file \"" + Path() + "\": cannot be brought to version 2: table LibraryStrings already exists");
+  const auto after = ado::OpenSqlite(Path());
+  EXPECT_EQ(ProjectVersionOf(*after), 1);
+  EXPECT_TRUE(after->Execute("SELECT name FROM sqlite_master WHERE name='StringLanguages'")->Eof());
+}
+
+TEST_F(ProjectFileTest, ANewerVersionThatOnlyTheLogTellsIsRefused) {
+  MakeProject();
+  const auto running = OpenProject(Path(), ProjectMode::Open);
+  running->Execute("PRAGMA user_version=3");
+  ASSERT_EQ(Bytes(Path()).substr(60, 4), std::string("\0\0\0\2", 4));
+  for (const ProjectMode mode : kModes) {
+    EXPECT_EQ(
+        RefusalOf(Path(), mode).description,
+        "project file \"" + Path() + "\": is of project version 3, but a version from 1 to 2 is expected");
+  }
+}
+
+TEST_F(ProjectFileTest, AFullDiskLeavesAnOlderProjectWhole) {
+  ado::FailingVfs disk;
+  int attempt = 0;
+  int failed = 0;
+  do {
+    ASSERT_LT(++attempt, 1000);
+    fs::remove(Path());
+    MakeVersion1();
+    disk.FailFrom(attempt);
+    const Raised refusal =
+        test::RaisedBy([&] { OpenProject(Path(), ProjectMode::Open, {.fileSystem = disk.Name()}); });
+    EXPECT_EQ(disk.OpenFiles(), 0);
+    disk.Heal();
+    if (refusal.number != 0) {
+      ++failed;
+      EXPECT_EQ(refusal.number, kDatabase);
+      EXPECT_NE(refusal.description.find("database or disk is full"), std::string::npos) << refusal;
+      const auto left = ado::OpenSqlite(Path());
+      const Long version = ProjectVersionOf(*left);
+      EXPECT_EQ(MissingFromProject(*left, version), "");
+      EXPECT_EQ(left->Execute("SELECT name FROM sqlite_master WHERE name='StringLanguages'")->Eof(),
+                version == 1);
+    }
+    const auto project = OpenProject(Path(), ProjectMode::Open);
+    EXPECT_EQ(MissingFromProject(*project), "");
+    EXPECT_EQ(Count(*project, "HMI_Elements"), 200);
+  } while (disk.Failures() > 0);
+  EXPECT_GT(failed, 2);
 }
 
 }  // namespace

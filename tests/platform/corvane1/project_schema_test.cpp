@@ -7,6 +7,7 @@
 
 #include "platform/ado/sqlite_connection.h"
 #include "platform/automation/convert.h"
+#include "tests/support/raises.h"
 #include "tests/support/temporary_folder.h"
 
 namespace quenzel7::corvane1 {
@@ -54,9 +55,9 @@ class ProjectSchemaTest : public ::testing::Test {
 
 TEST_F(ProjectSchemaTest, MakesTheTables) {
   Make();
-  EXPECT_EQ(Names("table"),
-            (Lines{"DownloadDLUs", "HMI_Elements", "HMI_Operands", "Numbers", "Operands", "Settings"}));
-  EXPECT_EQ(ProjectTables().size(), 6u);
+  EXPECT_EQ(Names("table"), (Lines{"DownloadDLUs", "HMI_Elements", "HMI_Operands", "LibraryStrings",
+                                   "Numbers", "Operands", "Settings", "StringLanguages"}));
+  EXPECT_EQ(ProjectTables().size(), 8u);
 }
 
 TEST_F(ProjectSchemaTest, AnElementRowHasTheseColumns) {
@@ -113,6 +114,9 @@ TEST_F(ProjectSchemaTest, TheOtherTablesHaveTheseColumns) {
             (Lines{"Type INTEGER*", "Address INTEGER*", "NetID INTEGER*", "Comment TEXT", "Value CURRENCY"}));
   EXPECT_EQ(Columns("Settings"), (Lines{"Section INTEGER*", "Key INTEGER*", "Value TEXT"}));
   EXPECT_EQ(Columns("Numbers"), (Lines{"Name TEXT*", "Next INTEGER"}));
+  EXPECT_EQ(Columns("StringLanguages"), (Lines{"Language INTEGER*", "Name TEXT"}));
+  EXPECT_EQ(Columns("LibraryStrings"),
+            (Lines{"Number INTEGER*", "Language INTEGER*", "Text TEXT", "FontNumber INTEGER"}));
 }
 
 TEST_F(ProjectSchemaTest, ElementsAreNumberedWithNumbersThatNeverComeBack) {
@@ -160,8 +164,9 @@ TEST_F(ProjectSchemaTest, MarksTheFile) {
   EXPECT_EQ(kProjectApplicationId, ('Q' << 24) + ('z' << 16) + ('l' << 8) + '7');
   EXPECT_EQ(connection_->Execute("PRAGMA application_id")->Get("application_id"),
             Variant(kProjectApplicationId));
-  EXPECT_EQ(kProjectVersion, 1);
-  EXPECT_EQ(connection_->Execute("PRAGMA user_version")->Get("user_version"), Variant(Long{1}));
+  EXPECT_EQ(kProjectVersion, 2);
+  EXPECT_EQ(connection_->Execute("PRAGMA user_version")->Get("user_version"), Variant(Long{2}));
+  EXPECT_EQ(ProjectVersionOf(*connection_), 2);
 }
 
 TEST_F(ProjectSchemaTest, AWholeProjectLacksNothing) {
@@ -220,6 +225,57 @@ TEST_F(ProjectSchemaTest, EachMissingIndexIsNamed) {
                          std::string(index.columns) + ")");
   }
   EXPECT_EQ(MissingFromProject(*connection_), "");
+}
+
+// Older versions.
+
+TEST_F(ProjectSchemaTest, EachTableSaysWhichVersionBroughtIt) {
+  Lines later;
+  for (const SchemaTable& table : ProjectTables()) {
+    if (table.since != 1) later.push_back(std::string(table.name) + " " + std::to_string(table.since));
+  }
+  EXPECT_EQ(later, (Lines{"StringLanguages 2", "LibraryStrings 2"}));
+}
+
+TEST_F(ProjectSchemaTest, AnUpgradeAddsWhatCameLaterAndRaisesTheVersion) {
+  EXPECT_EQ(ProjectUpgradeStatements(1),
+            (Lines{"CREATE TABLE StringLanguages(\"Language\" INTEGER, \"Name\" TEXT, PRIMARY KEY(Language))",
+                   "CREATE TABLE LibraryStrings(\"Number\" INTEGER, \"Language\" INTEGER, \"Text\" TEXT, "
+                   "\"FontNumber\" INTEGER, PRIMARY KEY(Number, Language))",
+                   "PRAGMA user_version=2"}));
+  EXPECT_EQ(ProjectUpgradeStatements(2), Lines{"PRAGMA user_version=2"});
+}
+
+TEST_F(ProjectSchemaTest, AnUpgradeFromNothingMakesAllTablesAndIndexes) {
+  EXPECT_EQ(ProjectUpgradeStatements(0).size(), ProjectTables().size() + ProjectIndexes().size() + 1);
+  Lines all = ProjectUpgradeStatements(0);
+  all.push_back("PRAGMA application_id=1366977591");
+  EXPECT_EQ(ProjectSchemaStatements(), all);
+}
+
+TEST_F(ProjectSchemaTest, AnOlderProjectLacksOnlyWhatItsVersionHas) {
+  Make();
+  connection_->Execute("DROP TABLE LibraryStrings");
+  EXPECT_EQ(MissingFromProject(*connection_, 1), "");
+  EXPECT_EQ(MissingFromProject(*connection_, 2), "table LibraryStrings");
+  EXPECT_EQ(MissingFromProject(*connection_), "table LibraryStrings");
+  connection_->Execute("DROP INDEX HMI_Elements_Tab");
+  EXPECT_EQ(MissingFromProject(*connection_, 1), "index HMI_Elements_Tab of table HMI_Elements");
+  EXPECT_EQ(MissingFromProject(*connection_, 0), "");
+}
+
+TEST_F(ProjectSchemaTest, StandInsAreSeenEmptyAndTakeNothing) {
+  EXPECT_TRUE(ProjectStandInStatements(2).empty());
+  EXPECT_EQ(
+      ProjectStandInStatements(1),
+      (Lines{"CREATE TEMP VIEW StringLanguages AS SELECT NULL AS \"Language\", NULL AS \"Name\" WHERE 0",
+             "CREATE TEMP VIEW LibraryStrings AS SELECT NULL AS \"Number\", NULL AS \"Language\", NULL AS "
+             "\"Text\", NULL AS \"FontNumber\" WHERE 0"}));
+  for (const std::string& statement : ProjectStandInStatements(1)) connection_->Execute(statement);
+  EXPECT_TRUE(connection_->Execute("SELECT * FROM LibraryStrings WHERE Number=1")->Eof());
+  EXPECT_EQ(test::ErrorOf([&] { connection_->Execute("INSERT INTO LibraryStrings(Number) VALUES(1)"); }),
+            -2147467259);
+  EXPECT_EQ(Names("table"), Lines{});
 }
 
 }  // namespace
