@@ -1,5 +1,7 @@
 #include "platform/platform.h"
 
+#include "platform/corvane1/project_string_library.h"
+
 namespace quenzel7 {
 
 Platform::Platform()
@@ -8,8 +10,15 @@ Platform::Platform()
       colorService(std::make_shared<corvane1::PaletteColorService>()),
       settings(std::make_shared<corvane1::LayeredSettings>(heldProject)),
       numberGenerator(std::make_shared<corvane1::ProjectNumberGenerator>(heldProject)),
-      changeTracker(std::make_shared<corvane1::CollectedChanges>()),
+      changeTracker(std::make_shared<corvane1::CollectedChanges>(heldProject)),
       globalValues(std::make_shared<corvane1::HeldGlobalValues>()),
+      stringLibrary(std::make_shared<corvane1::ProjectStringLibrary>()),
+      panelService(std::make_shared<corvane1::ListedPanels>()),
+      messageService(std::make_shared<corvane1::CollectedMessages>()),
+      errorLog(std::make_shared<corvane1::CollectedErrors>()),
+      crcService(std::make_shared<corvane1::StandardCrc>()),
+      application(std::make_shared<corvane1::RunningProgram>()),
+      newImageLibrary([] { return std::make_shared<loomis2::HeldImageLibrary>(); }),
       operands(std::make_shared<fennick1::ProjectOperandStore>(
           [project = heldProject] { return project->OpenConnection(); })) {}
 

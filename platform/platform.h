@@ -1,16 +1,23 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
+#include "platform/corvane1/application.h"
 #include "platform/corvane1/change_tracker.h"
 #include "platform/corvane1/color_service.h"
+#include "platform/corvane1/crc_service.h"
+#include "platform/corvane1/error_log.h"
 #include "platform/corvane1/font_service.h"
 #include "platform/corvane1/global_values.h"
+#include "platform/corvane1/message_service.h"
 #include "platform/corvane1/number_generator.h"
+#include "platform/corvane1/panel_service.h"
 #include "platform/corvane1/project_database.h"
 #include "platform/corvane1/settings.h"
 #include "platform/corvane1/string_library.h"
 #include "platform/fennick1/operand.h"
+#include "platform/loomis2/image_library.h"
 
 namespace quenzel7 {
 
@@ -18,8 +25,9 @@ namespace quenzel7 {
 /// an element that keeps a service for its life keeps the one of its creation. None of them
 /// may be left without an object while elements are in use.
 struct Platform {
-  /// The embedded defaults, all of them real: colours of the panel palette, settings, operands and numbers
-  /// kept in the project that `heldProject` holds, changes collected, global values held.
+  /// The embedded defaults, all of them real: colours of the panel palette, panel models, settings, operands,
+  /// numbers and strings kept in the project that `heldProject` holds, changes, messages and errors
+  /// collected, global values held.
   Platform();
 
   /// The services of the calling thread.
@@ -37,6 +45,13 @@ struct Platform {
   std::shared_ptr<corvane1::GlobalValues> globalValues;
   std::shared_ptr<corvane1::FontService> fontService;
   std::shared_ptr<corvane1::StringLibrary> stringLibrary;
+  std::shared_ptr<corvane1::PanelService> panelService;
+  std::shared_ptr<corvane1::MessageService> messageService;
+  std::shared_ptr<corvane1::ErrorLog> errorLog;
+  std::shared_ptr<corvane1::CrcService> crcService;
+  std::shared_ptr<corvane1::Application> application;
+  /// Makes the image library of the thread when the host sets one up.
+  std::function<loomis2::ImageLibraryRef()> newImageLibrary;
   std::shared_ptr<fennick1::OperandStore> operands;
 };
 

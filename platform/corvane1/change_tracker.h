@@ -1,9 +1,11 @@
 #pragma once
 
+#include <memory>
 #include <unordered_set>
 #include <vector>
 
 #include "platform/automation/types.h"
+#include "platform/corvane1/project_database.h"
 
 namespace quenzel7::corvane1 {
 
@@ -16,7 +18,14 @@ class ChangeTracker {
   virtual void NotifyElementChanged(Long elementId) = 0;
   /// The page of that number changed: an element came or went.
   virtual void NotifyPageChanged(Long pageId) = 0;
+  /// The size in bytes that the element of that ID takes in the panel.
+  virtual Long ElementSize(Long elementId) = 0;
 };
+
+/// An estimate of what an element takes in the panel, from its row: 4 bytes for a whole number, 8 for any
+/// other, a text and a block of bytes as many as they have, nothing for Null, and 0 where there is no row.
+/// The operands and pictures of an element are not in it. Errors of the database.
+Long ElementRowSize(ado::Connection& project, Long elementId);
 
 /// Numbers in the order in which they first came, each once.
 class DistinctNumbers {
@@ -31,20 +40,30 @@ class DistinctNumbers {
   std::unordered_set<Long> known_;
 };
 
-/// The embedded default: collects what changed until the host has seen to it.
+/// The embedded default: collects what changed until the host has seen to it. For sizes it has an estimate
+/// only, which a host that compiles for a panel replaces by what it knows.
 class CollectedChanges final : public ChangeTracker {
  public:
+  /// Elements are measured in the project that the database holds; without one, sizes are error 91.
+  explicit CollectedChanges(std::shared_ptr<ProjectDatabase> projectDatabase = nullptr);
+
   void NotifyElementChanged(Long elementId) override { elements_.Add(elementId); }
   void NotifyPageChanged(Long pageId) override { pages_.Add(pageId); }
+  /// ElementRowSize in the open project; error 91 when no project is open.
+  Long ElementSize(Long elementId) override;
 
   /// IDs of the elements that changed, in the order of their first change.
   const std::vector<Long>& ChangedElements() const { return elements_.Numbers(); }
   /// Numbers of the pages that changed, in the order of their first change.
   const std::vector<Long>& ChangedPages() const { return pages_.Numbers(); }
   /// Forgets all changes.
-  void Clear() { *this = {}; }
+  void Clear() {
+    elements_ = {};
+    pages_ = {};
+  }
 
  private:
+  std::shared_ptr<ProjectDatabase> projectDatabase_;
   DistinctNumbers elements_;
   DistinctNumbers pages_;
 };

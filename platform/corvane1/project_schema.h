@@ -38,6 +38,7 @@ struct SchemaIndex {
   std::string_view columns;
 };
 
+/// The table of the elements comes first.
 std::span<const SchemaTable> ProjectTables();
 std::span<const SchemaIndex> ProjectIndexes();
 

@@ -25,6 +25,20 @@ TEST_F(PlatformServices, AreCompleteFromTheBeginning) {
   EXPECT_EQ(platform.settings->GetSetting(6000, 6051, "fall-back"), "fall-back");
   EXPECT_EQ(platform.globalValues->Value(25), 0);
   EXPECT_NE(platform.changeTracker, nullptr);
+  EXPECT_EQ(platform.stringLibrary->Language(), 1);
+  EXPECT_EQ(platform.panelService->Model(1).width, 128);
+  EXPECT_NE(dynamic_cast<corvane1::CollectedMessages*>(platform.messageService.get()), nullptr);
+  EXPECT_NE(dynamic_cast<corvane1::CollectedErrors*>(platform.errorLog.get()), nullptr);
+  EXPECT_EQ(platform.crcService->Crc(std::vector<Byte>{'a', 'b', 'c'}), 0x352441C2);
+  EXPECT_NE(platform.application->Path(), "");
+}
+
+TEST_F(PlatformServices, MakeANewImageLibraryEachTime) {
+  const auto first = Platform::Current().newImageLibrary();
+  const auto second = Platform::Current().newImageLibrary();
+  ASSERT_NE(first, nullptr);
+  ASSERT_NE(second, nullptr);
+  EXPECT_NE(first, second);
 }
 
 TEST_F(PlatformServices, ThatStandOnTheProjectSayWhenNoneIsOpen) {
@@ -32,6 +46,8 @@ TEST_F(PlatformServices, ThatStandOnTheProjectSayWhenNoneIsOpen) {
   EXPECT_EQ(test::ErrorOf([&] { platform.projectDatabase->OpenConnection(); }), 91);
   EXPECT_EQ(test::ErrorOf([&] { platform.numberGenerator->NewUniqueNumber(); }), 91);
   EXPECT_EQ(test::ErrorOf([&] { platform.operands->IsDefined({1, 2, 0}); }), 91);
+  EXPECT_EQ(test::ErrorOf([&] { platform.changeTracker->ElementSize(1); }), 91);
+  EXPECT_EQ(test::ErrorOf([&] { platform.stringLibrary->GetCount(); }), 91);
 }
 
 TEST_F(PlatformServices, ThatStandOnTheProjectSeeTheOneThatIsHeld) {
@@ -44,7 +60,19 @@ TEST_F(PlatformServices, ThatStandOnTheProjectSeeTheOneThatIsHeld) {
   EXPECT_TRUE(platform.operands->IsDefined({1, 2, 0}));
   connection->Execute("INSERT INTO Settings (Section,Key,Value) VALUES (6000,6051,'4')");
   EXPECT_EQ(platform.settings->GetSetting(6000, 6051, "0"), "4");
+  connection->Execute("INSERT INTO HMI_Elements (ID) VALUES (3)");
+  EXPECT_EQ(platform.changeTracker->ElementSize(3), 4);
   platform.heldProject->Hold(nullptr);
+}
+
+TEST_F(PlatformServices, KeepStringsInTheProjectThatTheyAreOpenedOn) {
+  const test::TemporaryFolder folder;
+  const auto connection = corvane1::OpenProject(folder.File("p.qz7"), corvane1::ProjectMode::Create);
+  connection->Execute("INSERT INTO StringLanguages VALUES (1,'English')");
+  connection->Execute("INSERT INTO LibraryStrings VALUES (5,1,'tank',2)");
+  corvane1::StringLibrary& strings = *Platform::Current().stringLibrary;
+  strings.Open(connection, -1);
+  EXPECT_EQ(strings.GetString(5), (corvane1::LibraryString{"tank", 2}));
 }
 
 TEST_F(PlatformServices, AreOneSetPerThread) {

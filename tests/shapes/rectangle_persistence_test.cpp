@@ -1018,6 +1018,7 @@ TEST_F(SavedRectangle, ATrackerThatFailsLeavesTheSavedRow) {
       throw automation::AutomationError(automation::ErrorNumber::InvalidProcedureCall, "deaf");
     }
     void NotifyPageChanged(Long) override {}
+    Long ElementSize(Long) override { return 0; }
   };
   Platform::Current().changeTracker = std::make_shared<Deaf>();
   const auto r = Distinct();

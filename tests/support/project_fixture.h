@@ -29,6 +29,10 @@ class RecordingTracker final : public corvane1::ChangeTracker {
     recorder_->Note("page " + std::to_string(pageId));
     inner_->NotifyPageChanged(pageId);
   }
+  Long ElementSize(Long elementId) override {
+    recorder_->Note("size " + std::to_string(elementId));
+    return inner_->ElementSize(elementId);
+  }
 
  private:
   std::shared_ptr<corvane1::ChangeTracker> inner_;
@@ -66,7 +70,7 @@ class ProjectTest : public ::testing::Test {
     const auto database = std::make_shared<corvane1::HeldProjectDatabase>();
     database->Hold(recorder_);
     Platform::Current().projectDatabase = database;
-    changes_ = std::make_shared<corvane1::CollectedChanges>();
+    changes_ = std::make_shared<corvane1::CollectedChanges>(Platform::Current().heldProject);
     Platform::Current().changeTracker = std::make_shared<RecordingTracker>(changes_, recorder_);
   }
 

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/automation/convert.h"
+#include "tests/platform/corvane1/temporary_project.h"
+#include "tests/support/raises.h"
+
 namespace quenzel7::corvane1 {
 namespace {
 
@@ -42,6 +46,70 @@ TEST(ChangeTracker, ClearForgetsAllChanges) {
   EXPECT_EQ(changes.ChangedPages(), Numbers{});
   changes.NotifyElementChanged(5);
   EXPECT_EQ(changes.ChangedElements(), Numbers{5});
+}
+
+// What an element takes.
+
+class ElementSizeTest : public ::testing::Test {
+ protected:
+  ElementSizeTest() { database_->Hold(project_.Open()); }
+
+  /// The size of the element of ID 1 with these values in its row.
+  Long SizeWith(const std::string& columns, const std::string& values) {
+    database_->Held()->Execute("DELETE * FROM HMI_Elements");
+    database_->Held()->Execute("INSERT INTO HMI_Elements (ID" + columns + ") VALUES (1" + values + ")");
+    return changes_.ElementSize(1);
+  }
+
+  TemporaryProject project_;
+  std::shared_ptr<HeldProjectDatabase> database_ = std::make_shared<HeldProjectDatabase>();
+  CollectedChanges changes_{database_};
+};
+
+TEST_F(ElementSizeTest, WithoutARowIs0) {
+  SizeWith("", "");
+  EXPECT_EQ(changes_.ElementSize(2), 0);
+  EXPECT_EQ(changes_.ElementSize(0), 0);
+  EXPECT_EQ(changes_.ElementSize(-1), 0);
+}
+
+TEST_F(ElementSizeTest, CountsEveryNumberThatIsThere) {
+  EXPECT_EQ(SizeWith("", ""), 4);
+  EXPECT_EQ(SizeWith(",Xs,Ys", ",0,-70000"), 12);
+  EXPECT_EQ(SizeWith(",Xs,Ys", ",NULL,5"), 8);
+  EXPECT_EQ(SizeWith(",Xs", ",1.5"), 12);
+  EXPECT_EQ(SizeWith(",StrStorageFont", ",1"), 8);
+}
+
+TEST_F(ElementSizeTest, CountsTextsAndBlocksByTheirBytes) {
+  EXPECT_EQ(SizeWith(",Text", ",''"), 4);
+  EXPECT_EQ(SizeWith(",Text", ",'abc'"), 7);
+  EXPECT_EQ(SizeWith(",Text", ",'\xC3\xA4'"), 6);
+  const auto row = ado::OpenRecordset(*database_->Held(), "SELECT * FROM HMI_Elements", ado::adOpenStatic,
+                                      ado::adLockOptimistic);
+  row->Put("Binary", automation::FromBytes({1, 2, 3, 4, 5}));
+  row->Update();
+  EXPECT_EQ(changes_.ElementSize(1), 11);
+}
+
+TEST_F(ElementSizeTest, IsThatOfTheElementAskedFor) {
+  SizeWith(",Text", ",'abc'");
+  database_->Held()->Execute("INSERT INTO HMI_Elements (ID) VALUES (2)");
+  EXPECT_EQ(changes_.ElementSize(1), 7);
+  EXPECT_EQ(changes_.ElementSize(2), 4);
+}
+
+TEST_F(ElementSizeTest, NeedsAProject) {
+  EXPECT_RAISES(91, "no project is open", CollectedChanges().ElementSize(1));
+  database_->Hold(nullptr);
+  EXPECT_RAISES(91, "no project is open", changes_.ElementSize(1));
+}
+
+TEST_F(ElementSizeTest, IsStillToldWhenTheChangesWereForgotten) {
+  SizeWith("", "");
+  changes_.NotifyElementChanged(1);
+  changes_.Clear();
+  EXPECT_EQ(changes_.ElementSize(1), 4);
 }
 
 }  // namespace

@@ -613,13 +613,14 @@ TEST_F(ProjectFileTest, ANewerVersionThatOnlyTheLogTellsIsRefused) {
 }
 
 TEST_F(ProjectFileTest, AFullDiskLeavesAnOlderProjectWhole) {
+  MakeVersion1();
+  const std::string older = Bytes(Path());
   ado::FailingVfs disk;
   int attempt = 0;
   int failed = 0;
   do {
     ASSERT_LT(++attempt, 1000);
-    fs::remove(Path());
-    MakeVersion1();
+    std::ofstream(Path(), std::ios::binary) << older;
     disk.FailFrom(attempt);
     const Raised refusal =
         test::RaisedBy([&] { OpenProject(Path(), ProjectMode::Open, {.fileSystem = disk.Name()}); });
@@ -629,13 +630,13 @@ TEST_F(ProjectFileTest, AFullDiskLeavesAnOlderProjectWhole) {
       ++failed;
       EXPECT_EQ(refusal.number, kDatabase);
       EXPECT_NE(refusal.description.find("database or disk is full"), std::string::npos) << refusal;
-      const auto left = ado::OpenSqlite(Path());
+      const auto left = ado::OpenSqlite(Path(), {.fileSystem = disk.Name()});
       const Long version = ProjectVersionOf(*left);
       EXPECT_EQ(MissingFromProject(*left, version), "");
       EXPECT_EQ(left->Execute("SELECT name FROM sqlite_master WHERE name='StringLanguages'")->Eof(),
                 version == 1);
     }
-    const auto project = OpenProject(Path(), ProjectMode::Open);
+    const auto project = OpenProject(Path(), ProjectMode::Open, {.fileSystem = disk.Name()});
     EXPECT_EQ(MissingFromProject(*project), "");
     EXPECT_EQ(Count(*project, "HMI_Elements"), 200);
   } while (disk.Failures() > 0);

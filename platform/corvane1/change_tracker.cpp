@@ -1,0 +1,55 @@
+#include "platform/corvane1/change_tracker.h"
+
+#include <string>
+#include <utility>
+
+#include "platform/automation/array.h"
+#include "platform/automation/automation_error.h"
+#include "platform/corvane1/project_schema.h"
+
+namespace quenzel7::corvane1 {
+namespace {
+
+using automation::Variant;
+using automation::VariantKind;
+
+std::size_t SizeOf(const Variant& value) {
+  switch (value.Kind()) {
+    case VariantKind::Null:
+      return 0;
+    case VariantKind::String:
+      return value.Text().size();
+    case VariantKind::Array:
+      return value.Elements().Size();
+    case VariantKind::Long:
+      return sizeof(Long);
+    default:
+      return sizeof(Double);
+  }
+}
+
+}  // namespace
+
+Long ElementRowSize(ado::Connection& project, Long elementId) {
+  const auto row =
+      ado::OpenRecordset(project, "SELECT * FROM HMI_Elements WHERE ID=" + std::to_string(elementId),
+                         ado::adOpenStatic, ado::adLockReadOnly);
+  Long size = 0;
+  if (row->Eof()) return size;
+  for (const SchemaColumn& column : ProjectTables().front().columns) {
+    size += static_cast<Long>(SizeOf(row->Get(column.name)));
+  }
+  return size;
+}
+
+CollectedChanges::CollectedChanges(std::shared_ptr<ProjectDatabase> projectDatabase)
+    : projectDatabase_(std::move(projectDatabase)) {}
+
+Long CollectedChanges::ElementSize(Long elementId) {
+  if (!projectDatabase_) {
+    throw automation::AutomationError(automation::ErrorNumber::ObjectNotSet, "no project is open");
+  }
+  return ElementRowSize(*projectDatabase_->OpenConnection(), elementId);
+}
+
+}  // namespace quenzel7::corvane1

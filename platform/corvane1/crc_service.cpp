@@ -1,0 +1,13 @@
+#include "platform/corvane1/crc_service.h"
+
+#include <zlib.h>
+
+namespace quenzel7::corvane1 {
+
+Long StandardCrc::Crc(std::span<const Byte> data) {
+  // Without bytes there may be no address either, which would ask for something else.
+  if (data.empty()) return 0;
+  return static_cast<Long>(static_cast<std::uint32_t>(crc32_z(0, data.data(), data.size())));
+}
+
+}  // namespace quenzel7::corvane1

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <deque>
+#include <iosfwd>
+#include <string>
+
+#include "platform/automation/types.h"
+#include "platform/corvane1/recent.h"
+
+namespace quenzel7::corvane1 {
+
+/// What is told of an error.
+struct ErrorReport {
+  /// Where it came from.
+  std::string source = {};
+  Long number = 0;
+  std::string description = {};
+  /// The file name of the library that reports it.
+  std::string module = {};
+  /// What else is to be said, as the source likes it.
+  std::string text1 = {}, text2 = {};
+  Long value = 0;
+
+  friend bool operator==(const ErrorReport&, const ErrorReport&) = default;
+};
+
+/// Takes down errors for whoever looks after the program.
+class ErrorLog {
+ public:
+  virtual ~ErrorLog() = default;
+
+  virtual void Report(const ErrorReport& report) = 0;
+};
+
+/// The report on one line: "MODULE: SOURCE: error NUMBER: DESCRIPTION; TEXT1; TEXT2; VALUE". Texts that are
+/// empty and a value of 0 are left out.
+std::string ErrorLine(const ErrorReport& report);
+
+/// The embedded default: prints each report as a line and keeps the latest `kMostRecent`.
+class CollectedErrors final : public ErrorLog {
+ public:
+  /// Prints on standard error.
+  CollectedErrors();
+  /// Prints on the stream, which has to outlive this object; nullptr prints nowhere.
+  explicit CollectedErrors(std::ostream* output) : output_(output) {}
+
+  void Report(const ErrorReport& report) override;
+
+  /// Where reports are printed from now on, as for the constructor.
+  void Output(std::ostream* output) { output_ = output; }
+  /// What was reported, in order.
+  const std::deque<ErrorReport>& Reports() const { return reports_.Entries(); }
+  /// Forgets what was reported.
+  void Clear() { reports_.Clear(); }
+
+ private:
+  std::ostream* output_;
+  Recent<ErrorReport> reports_;
+};
+
+}  // namespace quenzel7::corvane1

@@ -1,0 +1,20 @@
+#include "platform/corvane1/application.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace quenzel7::corvane1 {
+namespace {
+
+TEST(RunningProgram, StandsInTheFolderOfTheFileThatRuns) {
+  const std::string path = RunningProgram().Path();
+  EXPECT_EQ(path.front(), '/');
+  EXPECT_NE(path.back(), '/');
+  const std::filesystem::path here = std::filesystem::read_symlink("/proc/self/exe");
+  EXPECT_EQ(path + "/" + here.filename().string(), here.string());
+  EXPECT_TRUE(std::filesystem::exists(path + "/corvane1_tests"));
+}
+
+}  // namespace
+}  // namespace quenzel7::corvane1
