@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+#include "platform/automation/class_info.h"
+#include "platform/automation/object.h"
+#include "platform/automation/variant.h"
+#include "platform/loomis2/image_library.h"
+
+namespace quenzel7 {
+
+/// The object through which a host tells the library what holds for all its work: the panel and the image
+/// library. What it sets belongs to the thread (LibraryState): it is shared by all objects of this class and
+/// stays when they are released.
+class clsGrpElmntsSrv final : public automation::Object {
+ public:
+  static constexpr std::string_view kClassName = "clsGrpElmntsSrv";
+
+  static const automation::ClassInfo& ClassOf();
+  const automation::ClassInfo& Class() const override { return ClassOf(); }
+
+  /// Sets the panel that the project is for; a host does so before it has anything drawn, and again when the
+  /// panel changes. Errors of the panel service; the new type is kept all the same, while the panel's values
+  /// and the stretch mode stay those of the panel before.
+  void ChangeHMIPanel(Long pPanelType);
+
+  /// Makes a new image library in the place of any earlier one and gives it its name, the folder of the
+  /// pictures beside the program, and the panel's colours, an array of 32-bit integers. Error 429 when there
+  /// is no image library to be had; those of the image library, which stays with what it was given until
+  /// then.
+  void InitImageLibrary(const std::string& pImageLibName, automation::Variant& pPalette);
+
+  /// The image library; none before InitImageLibrary.
+  loomis2::ImageLibraryRef ImageLibrary() const;
+
+  /// 8209 whatever the picture: the number of the type of a byte array, which hosts are used to get here. As
+  /// long as the library does not read pictures from the project, none is read for it either.
+  Long GetImageLibCRC(Long pImageCRC) const;
+};
+
+}  // namespace quenzel7

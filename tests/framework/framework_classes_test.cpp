@@ -1,0 +1,31 @@
+#include "framework/framework_classes.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "framework/grp_elmnts_srv.h"
+
+namespace quenzel7 {
+namespace {
+
+TEST(FrameworkClasses, AreThese) {
+  std::vector<std::string> names;
+  for (const automation::ClassInfo* info : FrameworkClasses()) names.emplace_back(info->name);
+  EXPECT_EQ(names, std::vector<std::string>{"clsGrpElmntsSrv"});
+}
+
+TEST(FrameworkClasses, CanBeCreated) {
+  for (const automation::ClassInfo* info : FrameworkClasses()) {
+    ASSERT_NE(info->create, nullptr) << info->name;
+    const automation::ObjectRef object = info->create();
+    ASSERT_NE(object, nullptr) << info->name;
+    EXPECT_EQ(&object->Class(), info) << info->name;
+    EXPECT_NE(object, info->create());
+  }
+  EXPECT_EQ(FrameworkClasses().front(), &clsGrpElmntsSrv::ClassOf());
+}
+
+}  // namespace
+}  // namespace quenzel7

@@ -1,0 +1,253 @@
+#include "framework/grp_elmnts_srv.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "framework/library_state.h"
+#include "platform/automation/array.h"
+#include "platform/automation/call_by_name.h"
+#include "platform/automation/convert.h"
+#include "platform/platform.h"
+#include "tests/support/raises.h"
+
+namespace quenzel7 {
+namespace {
+
+using automation::Variant;
+using Lines = std::vector<std::string>;
+
+/// What a panel service or an image library finds set when it is called.
+std::string StateLine() {
+  const LibraryState& state = LibraryState::Current();
+  return std::to_string(state.CurrentPanelType) + " " + std::to_string(state.PanelBackColor) + " " +
+         std::to_string(state.PanelValue2) + " " + std::to_string(state.StretchMode);
+}
+
+Variant Palette(Long first) {
+  automation::Array colors = automation::Array::OfSize(automation::VariantKind::Long, 1);
+  colors.Set(0, first);
+  return colors;
+}
+
+/// Notes the state in which it is asked.
+class NotingPanels final : public corvane1::PanelService {
+ public:
+  bool fails = false;
+  Lines seen;
+
+  corvane1::PanelValues SelectPanel(Long panelType) override {
+    seen.push_back(std::to_string(panelType) + " in " + StateLine());
+    if (fails) throw automation::AutomationError(automation::ErrorNumber::Overflow, "no panel");
+    return {panelType + 100, panelType + 200};
+  }
+  Long CurrentPanelType() override { return 0; }
+  corvane1::PanelModel Model(Long) override { return {}; }
+};
+
+/// Notes what it is given, and whether it is the thread's library then.
+class NotingLibrary final : public loomis2::ImageLibrary {
+ public:
+  Lines given;
+  std::string failsAt;
+
+  std::string Name() const override { return {}; }
+  void Name(const std::string& name) override { Note("name", name); }
+  std::string Folder() const override { return {}; }
+  void Folder(const std::string& folder) override { Note("folder", folder); }
+  Variant Palette() const override { return {}; }
+  void Palette(const Variant& palette) override {
+    Note("palette", automation::To<std::string>(palette.Elements().At(0)));
+  }
+
+ private:
+  void Note(const std::string& what, const std::string& value) {
+    const bool isCurrent = LibraryState::Current().ImageLibrary.get() == this;
+    given.push_back(what + " " + value + (isCurrent ? "" : " too early"));
+    if (what == failsAt) throw automation::AutomationError(automation::ErrorNumber::Overflow, "no " + what);
+  }
+};
+
+class FixedApplication final : public corvane1::Application {
+  std::string Path() override { return "C:\\Plant\\Bin"; }
+};
+
+class LibraryServiceObject : public ::testing::Test {
+ protected:
+  void SetUp() override { Forget(); }
+  void TearDown() override { Forget(); }
+  static void Forget() {
+    Platform::Current() = Platform();
+    LibraryState::Current() = {};
+  }
+  /// Has the service object use this library.
+  static void Use(const std::shared_ptr<NotingLibrary>& library) {
+    Platform::Current().newImageLibrary = [library] { return library; };
+    Platform::Current().application = std::make_shared<FixedApplication>();
+  }
+
+  clsGrpElmntsSrv service_;
+};
+
+TEST_F(LibraryServiceObject, HasThisSurfaceInSlotOrder) {
+  EXPECT_EQ(service_.Class().name, "clsGrpElmntsSrv");
+  ASSERT_EQ(service_.Class().interfaces.size(), 1u);
+  EXPECT_EQ(service_.Class().Default().Name(), "_clsGrpElmntsSrv");
+  EXPECT_EQ(service_.Class().Default().Slots(),
+            (Lines{"call ChangeHMIPanel(Long)", "call InitImageLibrary(String, ByRef Variant)",
+                   "get ImageLibrary() As ImageLibrary", "call GetImageLibCRC(Long) As Long"}));
+}
+
+// The panel.
+
+TEST_F(LibraryServiceObject, ChangingThePanelSetsItsValuesAndTheStretchMode) {
+  const struct {
+    Long type, backColor, value2, stretchMode;
+  } cases[] = {{1, 8, 9, 1}, {2, 9, 8, 2}, {3, 8, 9, 1}, {14, 8, 9, 1}};
+  for (const auto& expected : cases) {
+    service_.ChangeHMIPanel(expected.type);
+    const LibraryState& state = LibraryState::Current();
+    EXPECT_EQ(state.CurrentPanelType, expected.type);
+    EXPECT_EQ(state.PanelBackColor, expected.backColor);
+    EXPECT_EQ(state.PanelValue2, expected.value2);
+    EXPECT_EQ(state.StretchMode, expected.stretchMode);
+    EXPECT_EQ(Platform::Current().panelService->CurrentPanelType(), expected.type);
+  }
+}
+
+TEST_F(LibraryServiceObject, TheTypeIsStoredBeforeThePanelServiceIsAskedAndTheRestAfter) {
+  const auto panels = std::make_shared<NotingPanels>();
+  Platform::Current().panelService = panels;
+  service_.ChangeHMIPanel(2);
+  EXPECT_EQ(panels->seen, Lines{"2 in 2 0 0 0"});
+  EXPECT_EQ(StateLine(), "2 102 202 2");
+  service_.ChangeHMIPanel(7);
+  EXPECT_EQ(panels->seen.back(), "7 in 7 102 202 2");
+  EXPECT_EQ(StateLine(), "7 107 207 1");
+}
+
+TEST_F(LibraryServiceObject, APanelServiceThatFailsLeavesAllButTheType) {
+  const auto panels = std::make_shared<NotingPanels>();
+  Platform::Current().panelService = panels;
+  service_.ChangeHMIPanel(2);
+  panels->fails = true;
+  EXPECT_RAISES(6, "no panel", service_.ChangeHMIPanel(3));
+  EXPECT_EQ(StateLine(), "3 102 202 2");
+}
+
+TEST_F(LibraryServiceObject, AnUnknownPanelIsRefusedByTheEmbeddedService) {
+  EXPECT_EQ(test::ErrorOf([&] { service_.ChangeHMIPanel(15); }), 5);
+  EXPECT_EQ(StateLine(), "15 0 0 0");
+}
+
+// The image library.
+
+TEST_F(LibraryServiceObject, HasNoImageLibraryAtFirst) {
+  EXPECT_EQ(service_.ImageLibrary(), nullptr);
+  const Variant none = automation::GetByName(service_, "ImageLibrary");
+  ASSERT_TRUE(none.IsObject());
+  EXPECT_EQ(none.Object(), nullptr);
+}
+
+TEST_F(LibraryServiceObject, TheImageLibraryIsSetBeforeItIsGivenNameFolderAndPalette) {
+  const auto library = std::make_shared<NotingLibrary>();
+  Use(library);
+  Variant palette = Palette(5);
+  service_.InitImageLibrary("plant", palette);
+  EXPECT_EQ(library->given, (Lines{"name plant", "folder C:\\Plant\\Bin\\..\\Data\\Images\\", "palette 5"}));
+  EXPECT_EQ(service_.ImageLibrary(), library);
+  EXPECT_EQ(LibraryState::Current().ImageLibrary, library);
+}
+
+TEST_F(LibraryServiceObject, AFailureLeavesTheImageLibraryWithWhatItGotUntilThen) {
+  const auto library = std::make_shared<NotingLibrary>();
+  Use(library);
+  library->failsAt = "folder";
+  Variant palette = Palette(5);
+  EXPECT_RAISES(6, "no folder", service_.InitImageLibrary("plant", palette));
+  EXPECT_EQ(library->given.size(), 2u);
+  EXPECT_EQ(service_.ImageLibrary(), library);
+}
+
+TEST_F(LibraryServiceObject, TheEmbeddedImageLibraryHoldsWhatItWasGiven) {
+  Variant palette = Palette(5);
+  service_.InitImageLibrary("plant", palette);
+  const auto library = service_.ImageLibrary();
+  ASSERT_NE(library, nullptr);
+  EXPECT_EQ(library->Name(), "plant");
+  EXPECT_EQ(library->Folder(), Platform::Current().application->Path() + R"(\..\Data\Images\)");
+  EXPECT_EQ(library->Palette(), Palette(5));
+  EXPECT_EQ(palette, Palette(5));
+}
+
+TEST_F(LibraryServiceObject, ANewImageLibraryReplacesTheEarlierOne) {
+  Variant palette = Palette(5);
+  service_.InitImageLibrary("first", palette);
+  const std::weak_ptr<loomis2::ImageLibrary> first = service_.ImageLibrary();
+  service_.InitImageLibrary("second", palette);
+  EXPECT_TRUE(first.expired());
+  EXPECT_EQ(service_.ImageLibrary()->Name(), "second");
+}
+
+TEST_F(LibraryServiceObject, APaletteThatIsNoneIsAnErrorAfterNameAndFolder) {
+  Variant palette("red");
+  EXPECT_EQ(test::ErrorOf([&] { service_.InitImageLibrary("plant", palette); }), 13);
+  EXPECT_EQ(service_.ImageLibrary()->Name(), "plant");
+  EXPECT_EQ(service_.ImageLibrary()->Palette(), Variant());
+}
+
+TEST_F(LibraryServiceObject, WithoutALibraryToBeHadTheEarlierOneStays) {
+  Variant palette = Palette(5);
+  service_.InitImageLibrary("first", palette);
+  Platform::Current().newImageLibrary = [] { return nullptr; };
+  EXPECT_RAISES(429, "the image library cannot be created", service_.InitImageLibrary("second", palette));
+  EXPECT_EQ(service_.ImageLibrary()->Name(), "first");
+}
+
+TEST_F(LibraryServiceObject, TheCrcOfALibraryPictureIsTheTypeNumberOfAByteArray) {
+  for (const Long crc : {-1, 0, 1, 0x3F3F3F3F}) EXPECT_EQ(service_.GetImageLibCRC(crc), 8209);
+}
+
+// By name, and for how long.
+
+TEST_F(LibraryServiceObject, IsReachedByName) {
+  automation::InvokeByName(service_, "changehmipanel", {Long{2}});
+  EXPECT_EQ(StateLine(), "2 9 8 2");
+  automation::InvokeByName(service_, "InitImageLibrary", {"plant", Palette(3)});
+  const Variant library = automation::GetByName(service_, "ImageLibrary");
+  EXPECT_EQ(automation::GetByName(*library.Object(), "Name"), Variant("plant"));
+  EXPECT_EQ(automation::InvokeByName(service_, "GetImageLibCRC", {Long{1}}), Variant(Long{8209}));
+  EXPECT_EQ(test::ErrorOf([&] { automation::PutByName(service_, "ImageLibrary", library); }), 383);
+}
+
+TEST_F(LibraryServiceObject, WhatItSetOutlivesItAndIsSharedByAllOnTheThread) {
+  Variant palette = Palette(5);
+  {
+    clsGrpElmntsSrv other;
+    other.ChangeHMIPanel(2);
+    other.InitImageLibrary("plant", palette);
+    EXPECT_EQ(service_.ImageLibrary(), other.ImageLibrary());
+  }
+  EXPECT_EQ(StateLine(), "2 9 8 2");
+  ASSERT_NE(service_.ImageLibrary(), nullptr);
+  EXPECT_EQ(clsGrpElmntsSrv().ImageLibrary()->Name(), "plant");
+}
+
+TEST_F(LibraryServiceObject, OfAnotherThreadHasItsOwn) {
+  Variant palette = Palette(5);
+  service_.ChangeHMIPanel(2);
+  service_.InitImageLibrary("here", palette);
+  std::thread([this] {
+    EXPECT_EQ(service_.ImageLibrary(), nullptr);
+    EXPECT_EQ(StateLine(), "0 0 0 0");
+    service_.ChangeHMIPanel(3);
+    Variant colors = Palette(6);
+    service_.InitImageLibrary("there", colors);
+    EXPECT_EQ(service_.ImageLibrary()->Name(), "there");
+  }).join();
+  EXPECT_EQ(StateLine(), "2 9 8 2");
+  EXPECT_EQ(service_.ImageLibrary()->Name(), "here");
+}
+
+}  // namespace
+}  // namespace quenzel7
