@@ -8,12 +8,14 @@ namespace quenzel7::automation {
 namespace {
 
 std::size_t biggest = 0;
+std::size_t count = 0;
 std::size_t limit = AllocationWatch::kNoLimit;
 
 }  // namespace
 
 AllocationWatch::AllocationWatch(std::size_t most) {
   biggest = 0;
+  count = 0;
   limit = most;
 }
 
@@ -21,11 +23,14 @@ AllocationWatch::~AllocationWatch() { limit = kNoLimit; }
 
 std::size_t AllocationWatch::Biggest() const { return biggest; }
 
+std::size_t AllocationWatch::Count() const { return count; }
+
 }  // namespace quenzel7::automation
 
 void* operator new(std::size_t size) {
   using namespace quenzel7::automation;
   biggest = std::max(biggest, size);
+  ++count;
   if (size > limit) throw std::bad_alloc();
   if (void* memory = std::malloc(size > 0 ? size : 1)) return memory;
   throw std::bad_alloc();

@@ -4,8 +4,8 @@
 
 namespace quenzel7::automation {
 
-/// While it lives: notes the biggest single allocation of the program, and refuses (std::bad_alloc) those
-/// above a limit. One at a time.
+/// While it lives: notes the biggest single allocation of the program and how many there are, and refuses
+/// (std::bad_alloc) those above a limit. One at a time.
 class AllocationWatch {
  public:
   static constexpr std::size_t kNoLimit = static_cast<std::size_t>(-1);
@@ -17,6 +17,8 @@ class AllocationWatch {
 
   /// The bytes of the biggest allocation that was asked for, refused ones too.
   std::size_t Biggest() const;
+  /// How many allocations were asked for, refused ones too.
+  std::size_t Count() const;
 };
 
 }  // namespace quenzel7::automation
