@@ -4,6 +4,7 @@
 #include "framework/geometry.h"
 #include "framework/library_services.h"
 #include "framework/operands.h"
+#include "framework/picture_utils.h"
 #include "framework/project.h"
 #include "framework/tab_index.h"
 #include "framework/touch_style.h"
