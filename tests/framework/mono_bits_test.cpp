@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
+#include <string>
+#include <utility>
+
 #include "tests/framework/mono_picture.h"
 #include "tests/platform/automation/allocation_watch.h"
 #include "tests/support/raises.h"
@@ -45,7 +48,8 @@ TEST(WordAlignedSize, GoesUpToTheLargestNumber) {
 TEST(MonoBits, RefuseNegativeMeasures) {
   const Bytes bytes(100);
   Bytes changed = bytes;
-  for (const auto& [w, h] : {std::pair<Long, Long>{-1, 5}, {5, -1}, {-1, -1}, {-2147483647 - 1, 1}}) {
+  for (const auto& measures : {std::pair<Long, Long>{-1, 5}, {5, -1}, {-1, -1}, {-2147483647 - 1, 1}}) {
+    const Long w = measures.first, h = measures.second;
     const std::string description = "a picture of " + std::to_string(w) + " x " + std::to_string(h) +
                                     " pixels; neither measure may be negative";
     EXPECT_RAISES(5, description, WordAlignedSize(w, h));
