@@ -30,6 +30,10 @@ struct POINT {
   std::int32_t x, y;
 };
 
+struct SIZE {
+  std::int32_t cx, cy;
+};
+
 struct RECT {
   std::int32_t left, top, right, bottom;
 };
@@ -69,6 +73,64 @@ struct BITMAP {
   std::uint32_t bmBits;  ///< always 0: the pixels are not mapped into the caller's memory
 };
 static_assert(sizeof(BITMAP) == 24);
+
+/// A font as it is asked for. Texts are in the code page of the character set.
+struct LOGFONT {
+  std::int32_t lfHeight;  ///< of the cell; negative: of the characters; 0: a default
+  std::int32_t lfWidth;   ///< average width of the characters; 0: as the height gives it
+  std::int32_t lfEscapement;
+  std::int32_t lfOrientation;
+  std::int32_t lfWeight;  ///< 400 regular, 700 bold, 0 unasked
+  std::uint8_t lfItalic;
+  std::uint8_t lfUnderline;
+  std::uint8_t lfStrikeOut;
+  std::uint8_t lfCharSet;
+  std::uint8_t lfOutPrecision;
+  std::uint8_t lfClipPrecision;
+  std::uint8_t lfQuality;
+  std::uint8_t lfPitchAndFamily;
+  char lfFaceName[32];
+};
+static_assert(sizeof(LOGFONT) == 60);
+
+/// A font as it was found, in pixels.
+struct TEXTMETRICA {
+  std::int32_t tmHeight;
+  std::int32_t tmAscent;
+  std::int32_t tmDescent;
+  std::int32_t tmInternalLeading;
+  std::int32_t tmExternalLeading;
+  std::int32_t tmAveCharWidth;
+  std::int32_t tmMaxCharWidth;
+  std::int32_t tmWeight;
+  std::int32_t tmOverhang;
+  std::int32_t tmDigitizedAspectX;
+  std::int32_t tmDigitizedAspectY;
+  std::uint8_t tmFirstChar;
+  std::uint8_t tmLastChar;
+  std::uint8_t tmDefaultChar;
+  std::uint8_t tmBreakChar;
+  std::uint8_t tmItalic;
+  std::uint8_t tmUnderlined;
+  std::uint8_t tmStruckOut;
+  std::uint8_t tmPitchAndFamily;
+  std::uint8_t tmCharSet;
+};
+static_assert(sizeof(TEXTMETRICA) == 56);
+
+/// Values of `lfPitchAndFamily`: a pitch in the two lowest bits, a family in the four highest.
+enum PitchAndFamily : std::uint8_t {
+  DEFAULT_PITCH = 0,
+  FIXED_PITCH = 1,
+  VARIABLE_PITCH = 2,
+  FF_DONTCARE = 0x00,
+  FF_ROMAN = 0x10,
+  FF_SWISS = 0x20,
+  FF_MODERN = 0x30,
+};
+
+/// Bits of `tmPitchAndFamily` beside the family. The first one is set when the pitch is not fixed.
+enum TextMetricPitch : std::uint8_t { TMPF_FIXED_PITCH = 1, TMPF_VECTOR = 2, TMPF_TRUETYPE = 4 };
 
 /// How `AlphaBlend` mixes: always AC_SRC_OVER, by a constant share of the source in 255ths.
 struct BLENDFUNCTION {

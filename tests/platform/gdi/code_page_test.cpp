@@ -1,0 +1,47 @@
+#include "platform/gdi/code_page.h"
+
+#include <gtest/gtest.h>
+
+namespace quenzel7::gdi {
+namespace {
+
+TEST(CodePage, AsciiIsTheSameInAll) {
+  for (const int set : {0, 1, 161, 162, 177, 178, 186, 204, 238, 255, 77}) {
+    const CodePage& page = CodePageOf(static_cast<std::uint8_t>(set));
+    for (char32_t c = 0; c < 128; ++c) ASSERT_EQ(page[c], c) << set;
+  }
+}
+
+TEST(CodePage, EachCharacterSetHasItsOwn) {
+  struct Case {
+    int set;
+    unsigned byte;
+    char32_t character;
+  };
+  for (const Case& test :
+       {Case{0, 0x80, 0x20AC}, Case{1, 0xE4, 0x00E4}, Case{161, 0xE1, 0x03B1}, Case{162, 0xFD, 0x0131},
+        Case{177, 0xE0, 0x05D0}, Case{178, 0xC7, 0x0627}, Case{186, 0xE0, 0x0105}, Case{204, 0xC0, 0x0410},
+        Case{238, 0xE8, 0x010D}, Case{255, 0xDB, 0x2588}, Case{255, 0x81, 0x00FC}, Case{2, 0x80, 0x20AC},
+        Case{254, 0xE4, 0x00E4}, Case{203, 0xC0, 0x00C0}}) {
+    EXPECT_EQ(CodePageOf(static_cast<std::uint8_t>(test.set))[test.byte], test.character) << test.set;
+  }
+}
+
+TEST(CodePage, LettersThatMarksCouldFollowAreNotHeldBack) {
+  const CodePage& hebrew = CodePageOf(177);
+  for (unsigned i = 0; i < 27; ++i) EXPECT_EQ(hebrew[0xE0 + i], 0x05D0 + i);
+}
+
+TEST(CodePage, BytesWithoutMeaningAreReplaced) {
+  EXPECT_EQ(CodePageOf(0)[0x81], 0xFFFDu);
+  EXPECT_EQ(CodePageOf(161)[0xFF], 0xFFFDu);
+}
+
+TEST(CodePage, IsWorkedOutOnce) {
+  EXPECT_EQ(&CodePageOf(0), &CodePageOf(1));
+  EXPECT_EQ(&CodePageOf(161), &CodePageOf(161));
+  EXPECT_NE(&CodePageOf(161), &CodePageOf(162));
+}
+
+}  // namespace
+}  // namespace quenzel7::gdi

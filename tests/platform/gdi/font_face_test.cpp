@@ -1,0 +1,102 @@
+#include "platform/gdi/font_face.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/platform/gdi/font_samples.h"
+
+namespace quenzel7::gdi {
+namespace {
+
+using Rows = std::vector<std::string>;
+
+const FaceInfo& Info(const char* family) {
+  return *FontCatalog::OfMachine().Ranked(Described(family, 16)).front();
+}
+
+TEST(FontFace, MeasuresUnifontInUnits) {
+  FaceLibrary library;
+  const FontFace* face = library.Open(Info("Unifont"));
+  ASSERT_NE(face, nullptr);
+  EXPECT_EQ(face->InUnits().unitsPerEm, 64);
+  EXPECT_EQ(face->InUnits().ascent, 56);
+  EXPECT_EQ(face->InUnits().descent, 8);
+  EXPECT_EQ(face->InUnits().lineGap, 0);
+  EXPECT_EQ(face->InUnits().letterX, 32);
+  EXPECT_EQ(face->InUnits().widest, 64);
+}
+
+TEST(FontFace, MeasuresDejaVuByTheCellOfItsTable) {
+  FaceLibrary library;
+  const FontFace* face = library.Open(Info("DejaVu Sans"));
+  ASSERT_NE(face, nullptr);
+  EXPECT_EQ(face->InUnits().unitsPerEm, 2048);
+  EXPECT_EQ(face->InUnits().ascent, 1901);
+  EXPECT_EQ(face->InUnits().descent, 483);
+  EXPECT_EQ(face->InUnits().lineGap, 0);
+  EXPECT_EQ(face->InUnits().letterX, 1212);
+}
+
+TEST(FontFace, TellsPitchAndFamily) {
+  FaceLibrary library;
+  EXPECT_TRUE(library.Open(Info("DejaVu Sans Mono"))->IsFixedPitch());
+  EXPECT_EQ(library.Open(Info("DejaVu Sans Mono"))->Family(), FF_MODERN);
+  EXPECT_FALSE(library.Open(Info("DejaVu Sans"))->IsFixedPitch());
+  EXPECT_EQ(library.Open(Info("DejaVu Sans"))->Family(), FF_SWISS);
+  EXPECT_EQ(library.Open(Info("DejaVu Serif"))->Family(), FF_ROMAN);
+}
+
+TEST(FontFace, GivesThePixelsOfUnifont) {
+  FaceLibrary library;
+  const Glyph glyph = library.Open(Info("Unifont"))->Rasterize(U'A', 16, 16);
+  EXPECT_EQ(RowsOf(glyph), kUnifontA);
+  EXPECT_EQ(glyph.left, 1);
+  EXPECT_EQ(glyph.top, 10);
+  EXPECT_EQ(glyph.advance, 8);
+}
+
+TEST(FontFace, ScalesEachDirectionByItself) {
+  FaceLibrary library;
+  FontFace* face = library.Open(Info("Unifont"));
+  EXPECT_EQ(RowsOf(face->Rasterize(U'-', 16, 16)), Rows{"####"});
+  EXPECT_EQ(RowsOf(face->Rasterize(U'-', 32, 16)), Rows{"########"});
+  EXPECT_EQ(RowsOf(face->Rasterize(U'-', 16, 32)), (Rows{"####", "####"}));
+  EXPECT_EQ(face->Rasterize(U'-', 32, 16).advance, 16);
+  EXPECT_EQ(RowsOf(face->Rasterize(U'-', 16, 16)), Rows{"####"});
+}
+
+TEST(FontFace, SpaceIsBlank) {
+  FaceLibrary library;
+  const Glyph space = library.Open(Info("Unifont"))->Rasterize(U' ', 16, 16);
+  EXPECT_EQ(space.bits, std::vector<std::uint8_t>(space.bits.size(), 0));
+  EXPECT_EQ(space.advance, 8);
+}
+
+TEST(FontFace, KnowsWhatItHasAndGivesABoxForTheRest) {
+  FaceLibrary library;
+  FontFace* face = library.Open(Info("DejaVu Sans Mono"));
+  EXPECT_TRUE(face->Has(U'A'));
+  EXPECT_FALSE(face->Has(0x4E2D));
+  const Glyph missing = face->Rasterize(0x4E2D, 12, 12);
+  EXPECT_EQ(RowsOf(missing), RowsOf(face->Rasterize(0x10FFFF, 12, 12)));
+  EXPECT_NE(RowsOf(missing), RowsOf(face->Rasterize(U'A', 12, 12)));
+  EXPECT_FALSE(missing.bits.empty());
+}
+
+TEST(FaceLibrary, OpensAFaceOnce) {
+  FaceLibrary library;
+  EXPECT_EQ(library.Open(Info("Unifont")), library.Open(Info("Unifont")));
+  EXPECT_NE(library.Open(Info("Unifont")), library.Open(Info("DejaVu Sans")));
+}
+
+TEST(FaceLibrary, RefusesWhatIsNoFont) {
+  FaceLibrary library;
+  FaceInfo info;
+  info.file = "/nowhere/none.ttf";
+  EXPECT_EQ(library.Open(info), nullptr);
+  EXPECT_EQ(library.Open(info), nullptr);
+  info.file = QUENZEL7_SOURCE_DIR "/CMakeLists.txt";
+  EXPECT_EQ(library.Open(info), nullptr);
+}
+
+}  // namespace
+}  // namespace quenzel7::gdi
