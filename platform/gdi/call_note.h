@@ -3,6 +3,7 @@
 #include <initializer_list>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "platform/gdi/recorder.h"
 #include "platform/gdi/types.h"
@@ -29,6 +30,9 @@ struct Argument {
   Argument(const RECT* rect);
   Argument(const LOGPEN* pen);
   Argument(const LOGBRUSH* brush);
+  Argument(const LOGFONT* font);
+  /// In quotes; quotes and backslashes behind a backslash, bytes that are not plain ASCII as \xNN.
+  Argument(std::string_view text);
   Argument(const BLENDFUNCTION& blend);
   Argument(std::span<const POINT> points);
 

@@ -52,7 +52,8 @@ BOOL DeleteDC(HDC dc) {
   Note("DeleteDC", Object{dc});
   const Context* context = Handles().Find<Context>(dc);
   if (context == nullptr) return 0;
-  for (const HGDIOBJ held : {context->bitmapHandle, context->penHandle, context->brushHandle}) {
+  for (const HGDIOBJ held :
+       {context->bitmapHandle, context->penHandle, context->brushHandle, context->fontHandle}) {
     Handles().CountSelection(held, -1);
   }
   Handles().Remove(dc);
@@ -71,9 +72,14 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ object) {
     context->brush = *brush;
     return Exchange(context->brushHandle, object);
   }
+  if (const LOGFONT* font = FindFont(object)) {
+    context->font = *font;
+    context->realizedFont = nullptr;
+    return Exchange(context->fontHandle, object);
+  }
   if (Bitmap* bitmap = Handles().Find<Bitmap>(object)) return SelectBitmap(*context, object, bitmap);
   if (object == kDefaultBitmapHandle) return SelectBitmap(*context, object, &context->defaultBitmap);
-  return StockIndex(object) == SYSTEM_FONT ? object : 0;
+  return 0;
 }
 
 HGDIOBJ GetCurrentObject(HDC dc, std::uint32_t type) {
@@ -86,7 +92,7 @@ HGDIOBJ GetCurrentObject(HDC dc, std::uint32_t type) {
     case OBJ_BRUSH:
       return context->brushHandle;
     case OBJ_FONT:
-      return StockHandle(SYSTEM_FONT);
+      return context->fontHandle;
     case OBJ_BITMAP:
       return context->bitmapHandle;
     default:
@@ -112,6 +118,17 @@ COLORREF SetTextColor(HDC dc, COLORREF color) {
 COLORREF GetTextColor(HDC dc) {
   Note("GetTextColor", Object{dc});
   return GetFrom(dc, &Context::text, CLR_INVALID);
+}
+
+std::int32_t SetBkMode(HDC dc, std::int32_t mode) {
+  Note("SetBkMode", Object{dc}, mode);
+  if (mode != TRANSPARENT && mode != OPAQUE) return 0;
+  return SetIn(dc, &Context::backgroundMode, mode, 0);
+}
+
+std::int32_t GetBkMode(HDC dc) {
+  Note("GetBkMode", Object{dc});
+  return GetFrom(dc, &Context::backgroundMode, 0);
 }
 
 std::int32_t SetStretchBltMode(HDC dc, std::int32_t mode) {

@@ -18,30 +18,30 @@ namespace quenzel7::gdi {
 // --- Contexts and the objects selected into them ---
 
 /// Makes a memory context that holds a bitmap of one pixel and one bit, the black pen, the white brush,
-/// background white, text black. Every context is compatible with every other; `dc` is 0 or a context.
-/// 0 if `dc` is neither, or if the thread has no handle left.
+/// background white and opaque, text black, the system font. Every context is compatible with every other;
+/// `dc` is 0 or a context. 0 if `dc` is neither, or if the thread has no handle left.
 HDC CreateCompatibleDC(HDC dc);
 
 /// Ends a context. What is selected into it is free again and not deleted.
 BOOL DeleteDC(HDC dc);
 
-/// Puts a pen, brush, bitmap or the system font into a context and returns what it takes the place of.
+/// Puts a pen, brush, font or bitmap into a context and returns what it takes the place of.
 /// 0 for anything else, and for a bitmap that another context holds.
 HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
 
 /// The pen (1), brush (2), font (6) or bitmap (7) of a context; 0 for other types.
 HGDIOBJ GetCurrentObject(HDC dc, std::uint32_t type);
 
-/// Deletes a pen, brush, bitmap or region. 0, and nothing happens, while a context holds the object.
+/// Deletes a pen, brush, font, bitmap or region. 0, and nothing happens, while a context holds the object.
 /// Stock objects are never deleted; asking for it is harmless and gives 1.
 BOOL DeleteObject(HGDIOBJ object);
 
 /// Describes an object in at most `size` bytes: a LOGPEN (16 bytes), an EXTLOGPEN for an extended pen
 /// (28), a LOGBRUSH (12) or a BITMAP (24). Returns the number of bytes, also when `out` is null and only
-/// the size is asked for; 0 if `size` is too small.
+/// the size is asked for; 0 if `size` is too small. Of a LOGFONT (60) as much is given as there is room for.
 std::int32_t GetObjectA(HGDIOBJ object, std::int32_t size, void* out);
 
-/// The brush (0..5), pen (6..8) or system font (13) of that index, 0 for other indices.
+/// The brush (0..5), pen (6..8) or font (10..14, 16, 17) of that index, 0 for other indices.
 HGDIOBJ GetStockObject(std::int32_t index);
 
 /// The number of contexts and objects of this thread that were made and not deleted. Whoever draws
@@ -55,6 +55,11 @@ COLORREF SetBkColor(HDC dc, COLORREF color);
 COLORREF GetBkColor(HDC dc);
 COLORREF SetTextColor(HDC dc, COLORREF color);
 COLORREF GetTextColor(HDC dc);
+
+/// `mode` is TRANSPARENT or OPAQUE; other modes give 0 and change nothing. On OPAQUE the gaps of dashes and
+/// hatches and the cells of texts are painted in the background colour, else they stay as they are.
+std::int32_t SetBkMode(HDC dc, std::int32_t mode);
+std::int32_t GetBkMode(HDC dc);
 
 /// `mode` is 1 to 3 (`StretchMode`); other modes give 0 and change nothing.
 std::int32_t SetStretchBltMode(HDC dc, std::int32_t mode);
@@ -72,7 +77,7 @@ HPEN ExtCreatePen(std::uint32_t style, std::uint32_t width, const LOGBRUSH* brus
                   const std::uint32_t* styles);
 
 /// A solid, null or hatched brush; 0 for other styles and for hatches beyond 5. The gaps of a hatch are
-/// painted in the background colour that the context has at that time.
+/// painted in the background colour that the context has at that time, if its background is opaque.
 HBRUSH CreateBrushIndirect(const LOGBRUSH* brush);
 HBRUSH CreateSolidBrush(COLORREF color);
 HBRUSH CreateHatchBrush(std::int32_t hatch, COLORREF color);
@@ -159,7 +164,8 @@ BOOL RoundRect(HDC dc, std::int32_t left, std::int32_t top, std::int32_t right, 
 BOOL MoveToEx(HDC dc, std::int32_t x, std::int32_t y, POINT* before);
 
 /// A line from the pen position up to but not including the point, which becomes the pen position. Gaps
-/// of a dashed pen are painted in the background colour; the pattern starts anew with each line.
+/// of a dashed pen are painted in the background colour, if it is opaque; the pattern starts anew with each
+/// line.
 BOOL LineTo(HDC dc, std::int32_t x, std::int32_t y);
 
 /// Joins points by lines; the pattern of a dashed pen goes on from one to the next. At least two points.
@@ -202,5 +208,50 @@ BOOL PtInRegion(HRGN region, std::int32_t x, std::int32_t y);
 /// Whether any pixel of a rectangle, without its right and bottom edge, is in the region; 0 too if there
 /// is no such region. A rectangle without width or height counts as one pixel wide or high.
 BOOL RectInRegion(HRGN region, const RECT* rect);
+
+// --- Texts, in the context's font, text colour and background mode ---
+// Texts are bytes in the code page of the font's character set; a control character shows as the font's box
+// for missing ones. A length may be larger than the text: it ends at its terminator. In a path bracket texts
+// are neither painted nor kept. The pen position plays no part.
+
+/// A font, realised as `Font` tells when it is first used. 0 for null. Any height and width is accepted.
+HFONT CreateFontIndirectA(const LOGFONT* font);
+
+/// Paints a line of text, the top left corner of its cell at (x, y). Fails for a negative length, and for a
+/// null text unless the length is 0.
+BOOL TextOutA(HDC dc, std::int32_t x, std::int32_t y, const char* text, std::int32_t count);
+
+/// The sum of the advances and the height of the font, in pixels. Fails as `TextOutA`, and for a null `size`.
+BOOL GetTextExtentPoint32A(HDC dc, const char* text, std::int32_t count, SIZE* size);
+
+/// Describes the font as it was realised, in pixels. The average width is that of the letter x.
+BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics);
+
+/// Paints a text inside a rectangle and gives its height in pixels; with DT_VCENTER or DT_BOTTOM the distance
+/// from the top of the rectangle to the bottom of the text. A length of -1 goes up to the terminator. Fails
+/// for lengths below that, a null rectangle, and a null text unless the length is 0. An empty text is one
+/// empty line.
+///
+/// - Lines end at carriage return, line feed, or both together; one at the end of the text begins no line.
+///   DT_SINGLELINE paints them like other control characters instead. DT_WORDBREAK also breaks at the spaces
+///   before the first word that does not fit, which then belong to no line; not with DT_SINGLELINE.
+/// - DT_CENTER and DT_RIGHT align each line (both: centred), DT_VCENTER and DT_BOTTOM (both: centred) a
+///   DT_SINGLELINE text.
+/// - An & underlines the character behind it and is not painted itself, && is one &; DT_NOPREFIX turns that
+///   off.
+/// - DT_EXPANDTABS moves on at a tab to the next multiple of eight average widths; DT_TABSTOP puts another
+///   number in the place of the eight, from bits 8 to 15 of the format, which mean nothing else then.
+/// - DT_WORD_ELLIPSIS ends each line that is too wide in as many characters as fit and three dots,
+///   DT_END_ELLIPSIS only the last one.
+/// - DT_EXTERNALLEADING adds the recommended distance to each line's height.
+/// - DT_CALCRECT paints nothing but sets the right and bottom edge of the rectangle around the text.
+/// - Nothing is painted outside of the rectangle, unless DT_NOCLIP allows it.
+///
+/// Other formats are passed over.
+std::int32_t DrawTextA(HDC dc, const char* text, std::int32_t count, RECT* rect, std::uint32_t format);
+
+/// The advances of the bytes `first` to `last`, both in, into as many numbers. Fails if `last` is less than
+/// `first` or above 255.
+BOOL GetCharWidth32A(HDC dc, std::uint32_t first, std::uint32_t last, std::int32_t* widths);
 
 }  // namespace quenzel7::gdi

@@ -87,4 +87,9 @@ std::optional<Brush> FindBrush(HGDIOBJ handle) {
   return StockBrush(handle);
 }
 
+const LOGFONT* FindFont(HGDIOBJ handle) {
+  const LOGFONT* font = Handles().Find<LOGFONT>(handle);
+  return font != nullptr ? font : StockFont(handle);
+}
+
 }  // namespace quenzel7::gdi

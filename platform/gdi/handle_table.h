@@ -20,8 +20,8 @@ namespace quenzel7::gdi {
 /// back as late as possible.
 class HandleTable {
  public:
-  using Object = std::variant<std::monostate, Pen, Brush, std::unique_ptr<Bitmap>, std::unique_ptr<Region>,
-                              std::unique_ptr<Context>>;
+  using Object = std::variant<std::monostate, Pen, Brush, std::unique_ptr<LOGFONT>, std::unique_ptr<Bitmap>,
+                              std::unique_ptr<Region>, std::unique_ptr<Context>>;
 
   /// Objects that can live at the same time.
   static constexpr std::size_t kCapacity = 65535;
@@ -77,5 +77,7 @@ HandleTable& Handles();
 /// The pen or brush of a handle, stock or not; nothing if it is something else.
 std::optional<Pen> FindPen(HGDIOBJ handle);
 std::optional<Brush> FindBrush(HGDIOBJ handle);
+/// The description of a font, stock or not; null if the handle is something else.
+const LOGFONT* FindFont(HGDIOBJ handle);
 
 }  // namespace quenzel7::gdi

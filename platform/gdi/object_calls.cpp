@@ -3,6 +3,7 @@
 #include <cstring>
 #include <limits>
 #include <memory>
+#include <utility>
 
 #include "platform/gdi/call_note.h"
 #include "platform/gdi/gdi.h"
@@ -39,6 +40,15 @@ std::int32_t DescribeBitmap(const Bitmap& bitmap, std::int32_t size, void* out) 
   const auto bitsPerPixel = static_cast<std::int16_t>(bitmap.BitsPerPixel());
   return Describe(BITMAP{0, bitmap.Width(), bitmap.Height(), bitmap.WidthBytes(), 1, bitsPerPixel, 0}, size,
                   out);
+}
+
+/// Gives out as much of a font's description as there is room for.
+std::int32_t DescribeFont(const LOGFONT& font, std::int32_t size, void* out) {
+  constexpr std::int32_t kSize = sizeof font;
+  if (out == nullptr) return kSize;
+  const std::int32_t count = std::clamp(size, 0, kSize);
+  std::memcpy(out, &font, static_cast<std::size_t>(count));
+  return count;
 }
 
 HBRUSH AddBrush(std::uint32_t style, COLORREF color, std::uint32_t hatch) {
@@ -89,6 +99,14 @@ HBRUSH CreateHatchBrush(std::int32_t hatch, COLORREF color) {
   return Made(AddBrush(BS_HATCHED, color, static_cast<std::uint32_t>(hatch)));
 }
 
+HFONT CreateFontIndirectA(const LOGFONT* font) {
+  Note("CreateFontIndirectA", font);
+  if (font == nullptr) return Made(0);
+  auto kept = std::make_unique<LOGFONT>(*font);
+  kept->lfFaceName[sizeof kept->lfFaceName - 1] = '\0';
+  return Made(Handles().Add(std::move(kept)));
+}
+
 BOOL DeleteObject(HGDIOBJ object) {
   Note("DeleteObject", Object{object});
   if (StockIndex(object) >= 0) return 1;
@@ -102,6 +120,7 @@ std::int32_t GetObjectA(HGDIOBJ object, std::int32_t size, void* out) {
   if (const auto brush = FindBrush(object)) {
     return Describe(LOGBRUSH{brush->style, brush->color, brush->hatch}, size, out);
   }
+  if (const LOGFONT* font = FindFont(object)) return DescribeFont(*font, size, out);
   if (const Bitmap* bitmap = Handles().Find<Bitmap>(object)) return DescribeBitmap(*bitmap, size, out);
   if (object == kDefaultBitmapHandle) return DescribeBitmap(Bitmap(1, 1, 1), size, out);
   return 0;
@@ -109,8 +128,9 @@ std::int32_t GetObjectA(HGDIOBJ object, std::int32_t size, void* out) {
 
 HGDIOBJ GetStockObject(std::int32_t index) {
   Note("GetStockObject", index);
-  const bool isKnown = (index >= WHITE_BRUSH && index <= NULL_PEN) || index == SYSTEM_FONT;
-  return isKnown ? StockHandle(index) : 0;
+  const HGDIOBJ handle = StockHandle(index);
+  const bool isKnown = index >= 0 && StockIndex(handle) == index && handle != kDefaultBitmapHandle;
+  return isKnown ? handle : 0;
 }
 
 std::size_t LiveObjects() { return Handles().LiveObjects(); }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 
 #include "platform/gdi/bitmap.h"
@@ -11,6 +12,8 @@
 /// What handles stand for. Pens and brushes are plain values: a context keeps a copy of what is
 /// selected into it, so that drawing looks up no handle but the context's.
 namespace quenzel7::gdi {
+
+class Font;
 
 struct Pen {
   std::uint32_t style = PS_SOLID;  ///< with the flags of an extended pen
@@ -45,11 +48,20 @@ struct Context {
   Pen pen;
   HBRUSH brushHandle;
   Brush brush;
+  HFONT fontHandle;
+  LOGFONT font;
+  std::shared_ptr<Font> realizedFont;  ///< null until text is drawn or measured in it
+  std::int32_t backgroundMode = OPAQUE;
   COLORREF background = 0xFFFFFF;
   COLORREF text = 0;
   std::int32_t stretchMode = BLACKONWHITE;
   POINT position{0, 0};
   Path path;
+
+  /// What the gaps of hatches and dashes are painted in; nothing if they are left as they are.
+  std::optional<COLORREF> GapColor() const {
+    return backgroundMode == OPAQUE ? std::optional(background) : std::nullopt;
+  }
 };
 
 /// Stock handles are the same on every thread, are never deleted and need no entry in a table.
@@ -58,6 +70,8 @@ HGDIOBJ StockHandle(std::int32_t index);
 std::int32_t StockIndex(HGDIOBJ handle);
 std::optional<Pen> StockPen(HGDIOBJ handle);
 std::optional<Brush> StockBrush(HGDIOBJ handle);
+/// Null if it is no stock font.
+const LOGFONT* StockFont(HGDIOBJ handle);
 
 /// Stands for the bitmap that every context has from the beginning.
 extern const HBITMAP kDefaultBitmapHandle;

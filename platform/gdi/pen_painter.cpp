@@ -9,11 +9,11 @@
 namespace quenzel7::gdi {
 
 BrushFiller::BrushFiller(Context& context, const Brush& brush, std::uint8_t table) {
-  if (brush.style != BS_NULL) painter_.emplace(*context.bitmap, InkOf(brush, context.background), table);
+  if (brush.style != BS_NULL) painter_.emplace(*context.bitmap, InkOf(brush, context.GapColor()), table);
 }
 
 PenPainter::PenPainter(Context& context)
-    : pen_(context.pen), painter_(*context.bitmap, Ink{context.pen.color, context.background, nullptr}) {}
+    : pen_(context.pen), painter_(*context.bitmap, Ink{context.pen.color, context.GapColor(), nullptr}) {}
 
 void PenPainter::ThinLine(POINT from, POINT to) {
   if (from.y == to.y && !pen_.IsDashed()) {

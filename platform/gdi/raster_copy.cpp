@@ -10,8 +10,6 @@
 namespace quenzel7::gdi {
 namespace {
 
-constexpr std::uint32_t kColorBits = 0x00FFFFFF;
-
 /// Rows of source pixels in the target's form, kept so that copying does not allocate each time.
 thread_local std::vector<std::uint32_t> wordRow;
 thread_local std::vector<std::uint8_t> byteRow;
@@ -38,7 +36,7 @@ struct PatternTerms {
   const std::array<std::uint8_t, 8>* hatch;
 
   PatternTerms(const Context& target, std::uint8_t table)
-      : PatternTerms(target, InkOf(target.brush, target.background), table) {}
+      : PatternTerms(target, InkOf(target.brush, target.GapColor()), table) {}
 
   /// The hatch of a row, leftmost column in the highest bit; all ones without one.
   std::uint32_t HatchRow(std::int32_t y) const {
@@ -47,14 +45,9 @@ struct PatternTerms {
 
  private:
   PatternTerms(const Context& target, const Ink& ink, std::uint8_t table)
-      : color(Terms(*target.bitmap, ink.color, table)),
-        gap(Terms(*target.bitmap, ink.gap, table)),
+      : color(TermsFor(*target.bitmap, ink.color, table)),
+        gap(TermsFor(*target.bitmap, ink.gap, table)),
         hatch(NeedsPattern(table) ? ink.hatch : nullptr) {}
-
-  static RasterTerms Terms(const Bitmap& target, COLORREF pattern, std::uint8_t table) {
-    if (target.IsMono()) return RasterTerms(table, IsNearerWhite(pattern) ? 0xFF : 0).Masked(0xFF);
-    return RasterTerms(table, SwapRedAndBlue(pattern)).Masked(kColorBits);
-  }
 };
 
 /// Eight pixels of a row of bits, from any column on; outside the row they are 0.

@@ -1,6 +1,7 @@
 #include "platform/gdi/recorder.h"
 
 #include <cstdio>
+#include <cstring>
 #include <utility>
 
 #include "platform/gdi/call_note.h"
@@ -46,6 +47,32 @@ Argument::Argument(const LOGPEN* pen)
 
 Argument::Argument(const LOGBRUSH* brush)
     : text(brush == nullptr ? "null" : Braced({brush->lbStyle, Hex{brush->lbColor}, brush->lbHatch})) {}
+
+Argument::Argument(const LOGFONT* font) : text("null") {
+  if (font == nullptr) return;
+  const auto byte = [](std::uint8_t value) { return std::int32_t{value}; };
+  const std::string_view name(font->lfFaceName, strnlen(font->lfFaceName, sizeof font->lfFaceName));
+  text = Braced({font->lfHeight, font->lfWidth, font->lfEscapement, font->lfOrientation, font->lfWeight,
+                 byte(font->lfItalic), byte(font->lfUnderline), byte(font->lfStrikeOut),
+                 byte(font->lfCharSet), byte(font->lfOutPrecision), byte(font->lfClipPrecision),
+                 byte(font->lfQuality), byte(font->lfPitchAndFamily), name});
+}
+
+Argument::Argument(std::string_view shown) : text(shown.data() == nullptr ? "null" : "\"") {
+  if (shown.data() == nullptr) return;
+  for (const char c : shown) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte < 0x20 || byte > 0x7E) {
+      char escape[8];
+      std::snprintf(escape, sizeof escape, "\\x%02x", byte);
+      text += escape;
+      continue;
+    }
+    if (c == '"' || c == '\\') text += '\\';
+    text += c;
+  }
+  text += '"';
+}
 
 Argument::Argument(const BLENDFUNCTION& blend) {
   const std::int32_t op = blend.BlendOp, flags = blend.BlendFlags, alpha = blend.SourceConstantAlpha;
@@ -95,6 +122,7 @@ std::string Recorder::NewName(Handle handle) {
   if (table.Find<Context>(handle) != nullptr) kind = "dc";
   if (table.Find<Pen>(handle) != nullptr) kind = "pen";
   if (table.Find<Brush>(handle) != nullptr) kind = "brush";
+  if (table.Find<LOGFONT>(handle) != nullptr) kind = "font";
   if (table.Find<Bitmap>(handle) != nullptr) kind = "bitmap";
   return kind + ":" + std::to_string(++counts_[kind]);
 }

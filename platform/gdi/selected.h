@@ -30,6 +30,7 @@ class Selected {
 
 using SelectedPen = Selected<OBJ_PEN>;
 using SelectedBrush = Selected<OBJ_BRUSH>;
+using SelectedFont = Selected<OBJ_FONT>;
 using SelectedBitmap = Selected<OBJ_BITMAP>;
 
 }  // namespace quenzel7::gdi

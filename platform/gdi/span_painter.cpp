@@ -39,23 +39,25 @@ void StoreWords(std::uint32_t* begin, std::uint32_t* end, std::uint32_t word) {
 }
 
 constexpr std::uint32_t kColorBits = 0x00FFFFFF;
-
-/// The terms of an operation with a solid pattern, in the form of the surface's pixels.
-RasterTerms TermsFor(const Bitmap& target, COLORREF color, std::uint8_t table) {
-  if (target.IsMono()) return RasterTerms(table, IsNearerWhite(color) ? 0xFF : 0).Masked(0xFF);
-  return RasterTerms(table, SwapRedAndBlue(color)).Masked(kColorBits);
-}
+/// The truth table of the operation that changes nothing.
+constexpr std::uint8_t kLeaveTarget = 0xAA;
 
 }  // namespace
+
+RasterTerms TermsFor(const Bitmap& target, std::optional<COLORREF> pattern, std::uint8_t table) {
+  if (!pattern) return TermsFor(target, COLORREF{0}, kLeaveTarget);
+  if (target.IsMono()) return RasterTerms(table, IsNearerWhite(*pattern) ? 0xFF : 0).Masked(0xFF);
+  return RasterTerms(table, SwapRedAndBlue(*pattern)).Masked(kColorBits);
+}
 
 Box Box::ClippedTo(const Bitmap& bitmap) const {
   return {std::max<std::int64_t>(left, 0), std::max<std::int64_t>(top, 0),
           std::min<std::int64_t>(right, bitmap.Width()), std::min<std::int64_t>(bottom, bitmap.Height())};
 }
 
-Ink InkOf(const Brush& brush, COLORREF background) {
+Ink InkOf(const Brush& brush, std::optional<COLORREF> gap) {
   if (brush.style != BS_HATCHED) return Ink::Solid(brush.color);
-  return {brush.color, background, &kHatches[brush.hatch]};
+  return {brush.color, gap, &kHatches[brush.hatch]};
 }
 
 SpanPainter::SpanPainter(Bitmap& target, const Ink& ink, std::uint8_t table)

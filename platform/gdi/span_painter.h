@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 #include "platform/gdi/bitmap.h"
 #include "platform/gdi/objects.h"
@@ -14,7 +15,7 @@ namespace quenzel7::gdi {
 /// second colour in its gaps.
 struct Ink {
   COLORREF color = 0;
-  COLORREF gap = 0;
+  std::optional<COLORREF> gap = 0;                     ///< nothing: the gaps stay as they are
   const std::array<std::uint8_t, 8>* hatch = nullptr;  ///< leftmost pixel in the highest bit; null if solid
 
   static Ink Solid(COLORREF color) { return {color, color, nullptr}; }
@@ -40,6 +41,10 @@ struct Box {
   Box ClippedTo(const Bitmap& bitmap) const;
 };
 
+/// An operation with a pattern of one colour, in the form of the surface's pixels; without a colour it
+/// changes nothing.
+RasterTerms TermsFor(const Bitmap& target, std::optional<COLORREF> pattern, std::uint8_t table);
+
 /// The layer from spans to pixels: ink, raster operation, and clipping to the surface. Shapes hand it
 /// rectangles, spans and single pixels anywhere in the plane.
 class SpanPainter {
@@ -64,8 +69,7 @@ class SpanPainter {
   RasterTerms color_, gap_;
 };
 
-/// The ink of a brush on a surface whose gaps have the colour `background`. Callers have seen to it that
-/// the brush is not null.
-Ink InkOf(const Brush& brush, COLORREF background);
+/// The ink of a brush whose gaps have the colour `gap`. Callers have seen to it that the brush is not null.
+Ink InkOf(const Brush& brush, std::optional<COLORREF> gap);
 
 }  // namespace quenzel7::gdi

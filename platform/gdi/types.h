@@ -13,6 +13,7 @@ using HPEN = Handle;
 using HBRUSH = Handle;
 using HBITMAP = Handle;
 using HRGN = Handle;
+using HFONT = Handle;
 
 /// 0 is false, anything else is true.
 using BOOL = std::int32_t;
@@ -118,7 +119,9 @@ struct TEXTMETRICA {
 };
 static_assert(sizeof(TEXTMETRICA) == 56);
 
-/// Values of `lfPitchAndFamily`: a pitch in the two lowest bits, a family in the four highest.
+/// Values of `lfPitchAndFamily`: a pitch in the two lowest bits, a family in the four highest. In
+/// `tmPitchAndFamily` the lowest bits say what the font is, the first one being set when the pitch is not
+/// fixed.
 enum PitchAndFamily : std::uint8_t {
   DEFAULT_PITCH = 0,
   FIXED_PITCH = 1,
@@ -127,10 +130,30 @@ enum PitchAndFamily : std::uint8_t {
   FF_ROMAN = 0x10,
   FF_SWISS = 0x20,
   FF_MODERN = 0x30,
+  TMPF_FIXED_PITCH = 1,
+  TMPF_VECTOR = 2,
+  TMPF_TRUETYPE = 4,
 };
 
-/// Bits of `tmPitchAndFamily` beside the family. The first one is set when the pitch is not fixed.
-enum TextMetricPitch : std::uint8_t { TMPF_FIXED_PITCH = 1, TMPF_VECTOR = 2, TMPF_TRUETYPE = 4 };
+/// Formats of `DrawTextA`.
+enum DrawTextFormat : std::uint32_t {
+  DT_TOP = 0x00000000,
+  DT_LEFT = 0x00000000,
+  DT_CENTER = 0x00000001,
+  DT_RIGHT = 0x00000002,
+  DT_VCENTER = 0x00000004,
+  DT_BOTTOM = 0x00000008,
+  DT_WORDBREAK = 0x00000010,
+  DT_SINGLELINE = 0x00000020,
+  DT_EXPANDTABS = 0x00000040,
+  DT_TABSTOP = 0x00000080,
+  DT_NOCLIP = 0x00000100,
+  DT_EXTERNALLEADING = 0x00000200,
+  DT_CALCRECT = 0x00000400,
+  DT_NOPREFIX = 0x00000800,
+  DT_END_ELLIPSIS = 0x00008000,
+  DT_WORD_ELLIPSIS = 0x00040000,
+};
 
 /// How `AlphaBlend` mixes: always AC_SRC_OVER, by a constant share of the source in 255ths.
 struct BLENDFUNCTION {
@@ -191,8 +214,17 @@ enum StockObject : std::int32_t {
   WHITE_PEN = 6,
   BLACK_PEN = 7,
   NULL_PEN = 8,
+  OEM_FIXED_FONT = 10,
+  ANSI_FIXED_FONT = 11,
+  ANSI_VAR_FONT = 12,
   SYSTEM_FONT = 13,
+  DEVICE_DEFAULT_FONT = 14,
+  SYSTEM_FIXED_FONT = 16,
+  DEFAULT_GUI_FONT = 17,
 };
+
+/// Modes of `SetBkMode`: whether the gaps of what is drawn are painted in the background colour.
+enum BackgroundMode : std::int32_t { TRANSPARENT = 1, OPAQUE = 2 };
 
 /// Ternary raster operations. The third byte is the truth table: bit (4*pattern + 2*source + target).
 enum RasterCode : std::uint32_t {

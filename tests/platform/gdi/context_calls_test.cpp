@@ -23,6 +23,7 @@ TEST(CreateCompatibleDC, BeginsWithStockObjectsAndDefaults) {
   EXPECT_NE(GetCurrentObject(dc, OBJ_BITMAP), 0);
   EXPECT_EQ(GetBkColor(dc), 0xFFFFFFu);
   EXPECT_EQ(GetTextColor(dc), 0u);
+  EXPECT_EQ(GetBkMode(dc), OPAQUE);
   EXPECT_EQ(SetStretchBltMode(dc, BLACKONWHITE), BLACKONWHITE);
   POINT position{9, 9};
   EXPECT_EQ(MoveToEx(dc, 0, 0, &position), 1);
@@ -60,12 +61,16 @@ TEST(DeleteDC, SetsFreeWhatWasSelected) {
   SelectObject(dc, pen);
   SelectObject(dc, brush);
   SelectObject(dc, bitmap);
-  EXPECT_EQ(LiveObjects(), before + 4);
+  const LOGFONT logFont{};
+  const HFONT font = CreateFontIndirectA(&logFont);
+  SelectObject(dc, font);
+  EXPECT_EQ(LiveObjects(), before + 5);
   EXPECT_EQ(DeleteDC(dc), 1);
   EXPECT_EQ(DeleteDC(dc), 0);
   EXPECT_EQ(DeleteObject(pen), 1);
   EXPECT_EQ(DeleteObject(brush), 1);
   EXPECT_EQ(DeleteObject(bitmap), 1);
+  EXPECT_EQ(DeleteObject(font), 1);
   EXPECT_EQ(LiveObjects(), before);
 }
 
@@ -90,6 +95,19 @@ TEST(SelectObject, GivesWhatItTakesThePlaceOf) {
   EXPECT_EQ(GetCurrentObject(dc, OBJ_BRUSH), GetStockObject(GRAY_BRUSH));
   EXPECT_EQ(DeleteObject(a), 1);
   EXPECT_EQ(DeleteObject(b), 1);
+}
+
+TEST(SelectObject, FontsTakeEachOthersPlace) {
+  const Dc dc;
+  const LOGFONT logFont{};
+  const HFONT font = CreateFontIndirectA(&logFont);
+  EXPECT_EQ(SelectObject(dc, font), GetStockObject(SYSTEM_FONT));
+  EXPECT_EQ(GetCurrentObject(dc, OBJ_FONT), font);
+  EXPECT_EQ(GetCurrentObject(dc, OBJ_PEN), GetStockObject(BLACK_PEN));
+  EXPECT_EQ(SelectObject(dc, GetStockObject(ANSI_FIXED_FONT)), font);
+  EXPECT_EQ(DeleteObject(font), 1);
+  EXPECT_EQ(SelectObject(dc, font), 0);
+  EXPECT_EQ(GetCurrentObject(dc, OBJ_FONT), GetStockObject(ANSI_FIXED_FONT));
 }
 
 TEST(SelectObject, RefusesWhatCannotBeSelected) {
@@ -160,6 +178,17 @@ TEST(Colors, OfAWrongContextAreInvalid) {
   EXPECT_EQ(GetBkColor(77), CLR_INVALID);
   EXPECT_EQ(SetTextColor(GetStockObject(0), 1), CLR_INVALID);
   EXPECT_EQ(GetTextColor(0), CLR_INVALID);
+}
+
+TEST(SetBkMode, KeepsTransparentAndOpaque) {
+  const Dc dc;
+  EXPECT_EQ(SetBkMode(dc, TRANSPARENT), OPAQUE);
+  EXPECT_EQ(GetBkMode(dc), TRANSPARENT);
+  for (const int mode : {-1, 0, 3}) EXPECT_EQ(SetBkMode(dc, mode), 0);
+  EXPECT_EQ(GetBkMode(dc), TRANSPARENT);
+  EXPECT_EQ(SetBkMode(dc, OPAQUE), TRANSPARENT);
+  EXPECT_EQ(SetBkMode(0, OPAQUE), 0);
+  EXPECT_EQ(GetBkMode(77), 0);
 }
 
 TEST(SetStretchBltMode, KeepsModesOneToThree) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <limits>
 
 #include "tests/platform/gdi/picture.h"
@@ -147,22 +148,26 @@ TEST(DeleteObject, FailsWhileAContextHoldsTheObject) {
   const HBRUSH brush = CreateSolidBrush(kRed);
   const HBITMAP bitmap = CreateBitmap(1, 1, 1, 32, nullptr);
   const HPEN pen = MakePen(PS_SOLID, 1, 0);
+  const LOGFONT logFont{};
+  const HFONT font = CreateFontIndirectA(&logFont);
+  SelectObject(dc, font);
   const HGDIOBJ freshBitmap = SelectObject(dc, bitmap);
   SelectObject(dc, brush);
   SelectObject(dc, pen);
-  for (const HGDIOBJ object : {brush, bitmap, pen}) EXPECT_EQ(DeleteObject(object), 0);
+  for (const HGDIOBJ object : {brush, bitmap, pen, font}) EXPECT_EQ(DeleteObject(object), 0);
   SelectObject(dc, freshBitmap);
   SelectObject(dc, GetStockObject(WHITE_BRUSH));
   SelectObject(dc, GetStockObject(BLACK_PEN));
-  for (const HGDIOBJ object : {brush, bitmap, pen}) EXPECT_EQ(DeleteObject(object), 1);
-  for (const HGDIOBJ object : {brush, bitmap, pen}) EXPECT_EQ(DeleteObject(object), 0);
+  SelectObject(dc, GetStockObject(SYSTEM_FONT));
+  for (const HGDIOBJ object : {brush, bitmap, pen, font}) EXPECT_EQ(DeleteObject(object), 1);
+  for (const HGDIOBJ object : {brush, bitmap, pen, font}) EXPECT_EQ(DeleteObject(object), 0);
   DeleteDC(dc);
 }
 
 TEST(DeleteObject, LeavesStockObjectsAlone) {
   const std::size_t before = LiveObjects();
   const HDC dc = CreateCompatibleDC(0);
-  for (const int index : {0, 1, 2, 3, 4, 5, 6, 7, 8, 13}) {
+  for (const int index : {0, 1, 2, 3, 4, 5, 6, 7, 8, 10, 13, 17}) {
     EXPECT_EQ(DeleteObject(GetStockObject(index)), 1) << index;
     EXPECT_EQ(GetStockObject(index), GetStockObject(index)) << index;
   }
@@ -215,6 +220,38 @@ TEST(GetObjectA, TellsTheSizeAndNeedsThatMuchRoom) {
   EXPECT_EQ(GetObjectA(brush, 12, room), 12);
 }
 
+TEST(CreateFontIndirectA, KeepsTheWholeDescription) {
+  const LOGFONT wanted{-9, 1, 2, 3, 400, 4, 5, 6, 7, 8, 9, 10, 34, "Small Fonts"};
+  With(CreateFontIndirectA(&wanted), [&](HFONT font) {
+    LOGFONT found{};
+    EXPECT_EQ(GetObjectA(font, sizeof found, &found), 60);
+    EXPECT_EQ(std::memcmp(&found, &wanted, sizeof found), 0);
+  });
+  EXPECT_EQ(CreateFontIndirectA(nullptr), 0);
+}
+
+TEST(CreateFontIndirectA, EndsTheNameWithinItsField) {
+  LOGFONT wanted{};
+  std::memset(wanted.lfFaceName, 'x', sizeof wanted.lfFaceName);
+  With(CreateFontIndirectA(&wanted), [](HFONT font) {
+    LOGFONT found{};
+    GetObjectA(font, sizeof found, &found);
+    EXPECT_EQ(std::string(found.lfFaceName), std::string(31, 'x'));
+  });
+}
+
+TEST(GetObjectA, GivesAsMuchOfAFontAsThereIsRoomFor) {
+  char room[64];
+  const HFONT font = GetStockObject(SYSTEM_FONT);
+  EXPECT_EQ(GetObjectA(font, 0, nullptr), 60);
+  for (const auto& [size, count] : {std::pair(-1, 0), {0, 0}, {1, 1}, {4, 4}, {59, 59}, {60, 60}, {61, 60}}) {
+    std::memset(room, 0x55, sizeof room);
+    EXPECT_EQ(GetObjectA(font, size, room), count);
+    EXPECT_EQ(room[count], 0x55) << size;
+    EXPECT_EQ(room[0], count == 0 ? 0x55 : 16) << size;
+  }
+}
+
 TEST(GetObjectA, OfNoObjectIsZero) {
   LOGPEN out{};
   const HDC dc = CreateCompatibleDC(0);
@@ -232,9 +269,12 @@ TEST(GetObjectA, DescribesStockObjects) {
   EXPECT_EQ(BrushOf(GetStockObject(NULL_BRUSH)).lbStyle, BS_NULL);
 }
 
-TEST(GetStockObject, KnowsBrushesPensAndTheSystemFont) {
-  for (const int index : {0, 8, 13}) EXPECT_NE(GetStockObject(index), 0) << index;
-  for (const int index : {-1, 9, 12, 14, 21}) EXPECT_EQ(GetStockObject(index), 0) << index;
+TEST(GetStockObject, KnowsBrushesPensAndFonts) {
+  for (const int index : {0, 8, 10, 11, 12, 13, 14, 16, 17}) EXPECT_NE(GetStockObject(index), 0) << index;
+  const int min = std::numeric_limits<int>::min(), max = std::numeric_limits<int>::max();
+  for (const int index : {-1, 9, 15, 18, 20, 21, 0x40000000, 0x40000007, min, max}) {
+    EXPECT_EQ(GetStockObject(index), 0) << index;
+  }
 }
 
 TEST(LiveObjects, CountsWhatWasMadeAndNotDeleted) {

@@ -24,12 +24,13 @@ TEST(StockObjects, PensAreWhiteBlackAndNone) {
 }
 
 TEST(StockObjects, IndexIsFoundAgain) {
-  for (const int index : {0, 1, 2, 3, 4, 5, 6, 7, 8, 13}) EXPECT_EQ(StockIndex(StockHandle(index)), index);
+  for (const int index : {0, 1, 2, 3, 4, 5, 6, 7, 8, 10, 11, 12, 13, 14, 16, 17})
+    EXPECT_EQ(StockIndex(StockHandle(index)), index);
   EXPECT_EQ(StockIndex(0), -1);
   EXPECT_EQ(StockIndex(7), -1);
   EXPECT_EQ(StockIndex(StockHandle(9)), -1);
-  EXPECT_EQ(StockIndex(StockHandle(12)), -1);
-  EXPECT_EQ(StockIndex(StockHandle(14)), -1);
+  EXPECT_EQ(StockIndex(StockHandle(15)), -1);
+  EXPECT_EQ(StockIndex(StockHandle(18)), -1);
 }
 
 TEST(StockObjects, PensAndBrushesAreToldApart) {
@@ -39,6 +40,29 @@ TEST(StockObjects, PensAndBrushesAreToldApart) {
   EXPECT_FALSE(StockBrush(StockHandle(SYSTEM_FONT)));
   EXPECT_FALSE(StockPen(kDefaultBitmapHandle));
   EXPECT_FALSE(StockBrush(0));
+}
+
+TEST(StockObjects, FontsAreDescribed) {
+  const auto check = [](int index, int height, int weight, int charSet, int pitch, const char* face) {
+    const LOGFONT* font = StockFont(StockHandle(index));
+    ASSERT_NE(font, nullptr) << index;
+    EXPECT_EQ(font->lfHeight, height) << index;
+    EXPECT_EQ(font->lfWeight, weight) << index;
+    EXPECT_EQ(font->lfCharSet, charSet) << index;
+    EXPECT_EQ(font->lfPitchAndFamily, pitch) << index;
+    EXPECT_STREQ(font->lfFaceName, face) << index;
+    EXPECT_EQ(font->lfItalic + font->lfUnderline + font->lfStrikeOut, 0) << index;
+  };
+  check(OEM_FIXED_FONT, 16, 400, 255, 0x31, "Unifont");
+  check(ANSI_FIXED_FONT, 16, 400, 0, 0x31, "Unifont");
+  check(ANSI_VAR_FONT, 14, 400, 0, 0x22, "DejaVu Sans");
+  check(SYSTEM_FONT, 16, 700, 0, 0x22, "DejaVu Sans");
+  check(DEVICE_DEFAULT_FONT, 16, 700, 0, 0x22, "DejaVu Sans");
+  check(SYSTEM_FIXED_FONT, 16, 400, 0, 0x31, "Unifont");
+  check(DEFAULT_GUI_FONT, -11, 400, 0, 0x22, "DejaVu Sans");
+  EXPECT_EQ(StockFont(StockHandle(NULL_PEN)), nullptr);
+  EXPECT_EQ(StockFont(kDefaultBitmapHandle), nullptr);
+  EXPECT_EQ(StockFont(13), nullptr);
 }
 
 TEST(Pen, IsThinUpToWidthOne) {
@@ -75,6 +99,17 @@ TEST(Context, BeginsWithBlackPenWhiteBrushAndOnePixel) {
   EXPECT_EQ(context.bitmap->Width(), 1);
   EXPECT_EQ(context.bitmap->Height(), 1);
   EXPECT_TRUE(context.bitmap->IsMono());
+  EXPECT_EQ(context.fontHandle, StockHandle(SYSTEM_FONT));
+  EXPECT_STREQ(context.font.lfFaceName, "DejaVu Sans");
+  EXPECT_EQ(context.backgroundMode, OPAQUE);
+}
+
+TEST(Context, GapsHaveTheBackgroundColorOnlyIfItIsOpaque) {
+  Context context;
+  context.background = 0x123456;
+  EXPECT_EQ(context.GapColor(), 0x123456u);
+  context.backgroundMode = TRANSPARENT;
+  EXPECT_FALSE(context.GapColor());
 }
 
 }  // namespace

@@ -156,6 +156,42 @@ TEST(Recorder, NotesBlitsPathsAndRegions) {
              "RectInRegion(region:2, {1, 2, 3, 4})", "DeleteObject(region:1)", "DeleteObject(region:2)"}));
 }
 
+TEST(Recorder, NotesFontsAndTexts) {
+  const Surface surface(10, 10);
+  const HDC dc = surface.Dc();
+  const Recorder recorder;
+  const LOGFONT logFont{-9, 1, 2, 3, 400, 4, 5, 6, 7, 8, 9, 10, 34, "Small Fonts"};
+  {
+    const SelectedFont font(dc, CreateFontIndirectA(&logFont));
+    TextOutA(dc, -1, 2, "5\" \\ \xe4\x1f ~", 9);
+    TextOutA(dc, 1, 2, "abc", 2);
+    TextOutA(dc, 1, 2, "abc", -2);
+    TextOutA(dc, 1, 2, nullptr, 2);
+  }
+  SIZE size{};
+  std::int32_t widths[2];
+  TEXTMETRICA metrics{};
+  GetTextExtentPoint32A(dc, "ab", 2, &size);
+  RECT rect{1, 2, 3, 4};
+  DrawTextA(dc, "abc", -1, &rect, DT_CENTER | DT_WORD_ELLIPSIS);
+  DrawTextA(dc, "abc", 2, nullptr, 0);
+  GetTextMetricsA(dc, &metrics);
+  GetCharWidth32A(dc, 65, 66, widths);
+  SetBkMode(dc, TRANSPARENT);
+  GetBkMode(dc);
+  CreateFontIndirectA(nullptr);
+  EXPECT_EQ(
+      recorder.Calls(),
+      (Calls{"CreateFontIndirectA({-9, 1, 2, 3, 400, 4, 5, 6, 7, 8, 9, 10, 34, \"Small Fonts\"}) -> font:1",
+             "SelectObject(dc:1, font:1)", "TextOutA(dc:1, -1, 2, \"5\\\" \\\\ \\xe4\\x1f ~\", 9)",
+             "TextOutA(dc:1, 1, 2, \"ab\", 2)", "TextOutA(dc:1, 1, 2, \"\", -2)",
+             "TextOutA(dc:1, 1, 2, null, 2)", "SelectObject(dc:1, stock:13)", "DeleteObject(font:1)",
+             "GetTextExtentPoint32A(dc:1, \"ab\", 2)", "DrawTextA(dc:1, \"abc\", -1, {1, 2, 3, 4}, 0x040001)",
+             "DrawTextA(dc:1, \"ab\", 2, null, 0x000000)", "GetTextMetricsA(dc:1)",
+             "GetCharWidth32A(dc:1, 65, 66)", "SetBkMode(dc:1, 1)", "GetBkMode(dc:1)",
+             "CreateFontIndirectA(null) -> null"}));
+}
+
 TEST(Recorder, OnlyTheYoungestNotesAndTheOlderGoesOnAfterIt) {
   const Recorder outer;
   GetStockObject(1);

@@ -47,6 +47,18 @@ TEST(Selected, DeletesWhatAWrongContextDidNotTake) {
   EXPECT_EQ(LiveObjects(), before);
 }
 
+TEST(Selected, WorksForFonts) {
+  const Surface surface(2, 2);
+  const std::size_t before = LiveObjects();
+  {
+    const LOGFONT logFont{};
+    const SelectedFont font(surface.Dc(), CreateFontIndirectA(&logFont));
+    EXPECT_EQ(GetCurrentObject(surface.Dc(), OBJ_FONT), font.Get());
+  }
+  EXPECT_EQ(GetCurrentObject(surface.Dc(), OBJ_FONT), GetStockObject(SYSTEM_FONT));
+  EXPECT_EQ(LiveObjects(), before);
+}
+
 TEST(Selected, WorksForBitmaps) {
   const std::size_t before = LiveObjects();
   const HDC dc = CreateCompatibleDC(0);

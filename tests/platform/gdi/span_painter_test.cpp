@@ -151,6 +151,33 @@ TEST(Box, IsEmptyWithoutWidthOrHeight) {
   EXPECT_EQ((Box{0, 0, 5, 6}.Inset(2).bottom), 4);
 }
 
+TEST(SpanPainter, GapsWithoutAColorStayAsTheyAre) {
+  for (const int bitsPerPixel : {1, 32}) {
+    Bitmap bitmap(19, 8, bitsPerPixel), before(19, 8, bitsPerPixel);
+    for (int y = 0; y < 8; ++y) {
+      for (int x = 0; x < 19; ++x) {
+        const COLORREF color = (x * 3 + y) % 5 < 2 ? 0xFFFFFFu : 0;
+        bitmap.Set(x, y, color);
+        before.Set(x, y, color);
+      }
+    }
+    SpanPainter(bitmap, InkOf(Brush{BS_HATCHED, 0xFFFFFF, HS_VERTICAL}, std::nullopt)).Fill({1, 0, 18, 8});
+    for (int y = 0; y < 8; ++y) {
+      for (int x = 0; x < 19; ++x) {
+        const bool isInk = x % 8 == 4 && x < 18;
+        EXPECT_EQ(bitmap.At(x, y), isInk ? 0xFFFFFFu : before.At(x, y))
+            << bitsPerPixel << ": " << x << "," << y;
+      }
+    }
+    SpanPainter painter(bitmap, Ink{0, std::nullopt, nullptr});
+    bitmap.Set(2, 2, 0xFFFFFF);
+    painter.ClippedPixel(2, 2, true);
+    EXPECT_EQ(bitmap.At(2, 2), 0xFFFFFFu);
+    painter.ClippedPixel(2, 2, false);
+    EXPECT_EQ(bitmap.At(2, 2), 0u);
+  }
+}
+
 TEST(InkOf, HatchTakesTheBackgroundForItsGaps) {
   const Ink hatched = InkOf(Brush{BS_HATCHED, 0x11, HS_CROSS}, 0x22);
   EXPECT_EQ(hatched.color, 0x11u);
