@@ -1,5 +1,6 @@
 #include "platform/platform.h"
 
+#include "platform/corvane1/panel_font_service.h"
 #include "platform/corvane1/project_string_library.h"
 
 namespace quenzel7 {
@@ -12,6 +13,7 @@ Platform::Platform()
       numberGenerator(std::make_shared<corvane1::ProjectNumberGenerator>(heldProject)),
       changeTracker(std::make_shared<corvane1::CollectedChanges>(heldProject)),
       globalValues(std::make_shared<corvane1::HeldGlobalValues>()),
+      fontService(std::make_shared<corvane1::PanelFontService>()),
       stringLibrary(std::make_shared<corvane1::ProjectStringLibrary>()),
       panelService(std::make_shared<corvane1::ListedPanels>()),
       messageService(std::make_shared<corvane1::CollectedMessages>()),

@@ -25,9 +25,9 @@ namespace quenzel7 {
 /// an element that keeps a service for its life keeps the one of its creation. None of them
 /// may be left without an object while elements are in use.
 struct Platform {
-  /// The embedded defaults, all of them real: colours of the panel palette, panel models, settings, operands,
-  /// numbers and strings kept in the project that `heldProject` holds, changes, messages and errors
-  /// collected, global values held.
+  /// The embedded defaults, all of them real: colours of the panel palette, fonts of the panel list, panel
+  /// models, settings, operands, numbers and strings kept in the project that `heldProject` holds, changes,
+  /// messages and errors collected, global values held.
   Platform();
 
   /// The services of the calling thread.

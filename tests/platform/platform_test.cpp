@@ -25,6 +25,7 @@ TEST_F(PlatformServices, AreCompleteFromTheBeginning) {
   EXPECT_EQ(platform.settings->GetSetting(6000, 6051, "fall-back"), "fall-back");
   EXPECT_EQ(platform.globalValues->Value(25), 0);
   EXPECT_NE(platform.changeTracker, nullptr);
+  EXPECT_EQ(platform.fontService->GetFontName(0), "Unifont 16");
   EXPECT_EQ(platform.stringLibrary->Language(), 1);
   EXPECT_EQ(platform.panelService->Model(1).width, 128);
   EXPECT_NE(dynamic_cast<corvane1::CollectedMessages*>(platform.messageService.get()), nullptr);

@@ -1,0 +1,120 @@
+#include "platform/corvane1/panel_font_service.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <stdexcept>
+
+#include "platform/gdi/gdi.h"
+#include "platform/gdi/selected.h"
+#include "platform/gdi/surface.h"
+
+namespace quenzel7::corvane1 {
+namespace {
+
+using Extent = TextExtent;
+
+TEST(PanelFontService, NamesItsDefaults) {
+  PanelFontService fonts;
+  EXPECT_EQ(fonts.GetDefaultFontNumber(), 1);
+  EXPECT_EQ(fonts.GetDefaultDescriptionFontNumber(), 2);
+  EXPECT_EQ(fonts.GetFontName(0), "Unifont 16");
+  EXPECT_EQ(fonts.GetFontName(2), "DejaVu Sans 14");
+  EXPECT_EQ(fonts.GetFontName(246995310), "String variables");
+}
+
+TEST(PanelFontService, EveryFontHasTheHeightOfItsList) {
+  PanelFontService fonts;
+  for (const PanelFont& font : PanelFonts())
+    EXPECT_EQ(fonts.GetCharHeight(font.number), font.height) << font.name;
+}
+
+TEST(PanelFontService, AnUnknownNumberIsTheDefaultFont) {
+  PanelFontService fonts;
+  for (const Long number :
+       {-1, 40, 246995309, 246995311, std::numeric_limits<Long>::min(), std::numeric_limits<Long>::max()}) {
+    EXPECT_EQ(fonts.GetFontName(number), "DejaVu Sans 16") << number;
+    EXPECT_EQ(fonts.GetCharHeight(number), 16) << number;
+    EXPECT_EQ(fonts.GetCharWidths(number), fonts.GetCharWidths(1)) << number;
+    EXPECT_EQ(fonts.GetTextRect("Width", number), fonts.GetTextRect("Width", 1)) << number;
+  }
+}
+
+TEST(PanelFontService, MeasuresCharactersByTheirAnsiCode) {
+  PanelFontService fonts;
+  const auto widths = fonts.GetCharWidths(0);
+  for (std::size_t code = 32; code < 127; ++code) EXPECT_EQ(widths[code], 8) << code;
+  const auto sans = fonts.GetCharWidths(1);
+  EXPECT_LT(sans['i'], sans['W']);
+  // Code 128 is the euro sign there, and 133 the dots.
+  EXPECT_EQ(sans[128], fonts.GetTextRect("\xE2\x82\xAC", 1).width);
+  EXPECT_EQ(sans[133], fonts.GetTextRect("\xE2\x80\xA6", 1).width);
+  EXPECT_EQ(sans[255], fonts.GetTextRect("\xC3\xBF", 1).width);
+}
+
+TEST(PanelFontService, MeasuresWhatTheGraphicsInterfacePaints) {
+  PanelFontService fonts;
+  const gdi::Surface surface(1, 1);
+  for (const PanelFont& font : PanelFonts()) {
+    gdi::LOGFONT description{};
+    description.lfHeight = font.height;
+    description.lfWeight = font.weight;
+    font.family.copy(description.lfFaceName, 31);
+    const gdi::SelectedFont selected(surface.Dc(), gdi::CreateFontIndirectA(&description));
+    gdi::SIZE size{};
+    gdi::GetTextExtentPoint32A(surface.Dc(), "Speed 12.5", 10, &size);
+    EXPECT_EQ(fonts.GetTextRect("Speed 12.5", font.number), (Extent{size.cx, size.cy})) << font.name;
+  }
+}
+
+TEST(PanelFontService, TakesLinesApartAtTheirBreaks) {
+  PanelFontService fonts;
+  EXPECT_EQ(fonts.GetTextRect("abc", 0), (Extent{24, 16}));
+  EXPECT_EQ(fonts.GetTextRect("a\r\nabc\r\nab", 0), (Extent{24, 48}));
+  EXPECT_EQ(fonts.GetTextRect("abc\r\n", 0), (Extent{24, 32}));
+  EXPECT_EQ(fonts.GetTextRect("\r\n", 0), (Extent{0, 32}));
+  EXPECT_EQ(fonts.GetTextRect(" ", 0), (Extent{8, 16}));
+}
+
+TEST(PanelFontService, OneHalfOfALineBreakIsACharacter) {
+  PanelFontService fonts;
+  EXPECT_EQ(fonts.GetTextRect("a\nb", 0).height, 16);
+  EXPECT_EQ(fonts.GetTextRect("a\rb", 0).height, 16);
+  EXPECT_EQ(fonts.GetTextRect("a\n\rb", 0).height, 16);
+}
+
+TEST(PanelFontService, AnEmptyTextTakesNoRectangle) {
+  PanelFontService fonts;
+  EXPECT_EQ(fonts.GetTextRect("", 0), (Extent{0, 0}));
+}
+
+TEST(PanelFontService, ReadsUtf8) {
+  PanelFontService fonts;
+  EXPECT_EQ(fonts.GetTextRect("\xC3\xA4", 0), (Extent{8, 16}));
+  EXPECT_EQ(fonts.GetTextRect("\xE4\xB8\xAD", 0), (Extent{16, 16}));
+  EXPECT_EQ(fonts.GetTextRect("\xE4\xB8", 0), fonts.GetTextRect("\xEF\xBF\xBD", 0));
+}
+
+TEST(PanelFontService, TakesAListOfTheHosts) {
+  PanelFontService fonts({{7, "Large", "Unifont", 32, 700}, {9, "Small", "Unifont", 16, 400}}, 9, 7);
+  EXPECT_EQ(fonts.GetDefaultFontNumber(), 9);
+  EXPECT_EQ(fonts.GetDefaultDescriptionFontNumber(), 7);
+  EXPECT_EQ(fonts.GetFontName(0), "Small");
+  EXPECT_EQ(fonts.GetTextRect("ab", 7), (Extent{34, 32}));
+}
+
+TEST(PanelFontService, RefusesAListWithoutItsDefaults) {
+  const std::vector<PanelFont> fonts{{7, "Large", "Unifont", 32, 700}};
+  EXPECT_NO_THROW(PanelFontService(fonts, 7, 7));
+  EXPECT_THROW(PanelFontService(fonts, 7, 8), std::invalid_argument);
+  EXPECT_THROW(PanelFontService(fonts, 8, 7), std::invalid_argument);
+  EXPECT_THROW(PanelFontService({}, 7, 7), std::invalid_argument);
+  try {
+    const PanelFontService service(fonts, 8, 7);
+  } catch (const std::invalid_argument& error) {
+    EXPECT_STREQ(error.what(), "the list of panel fonts has no font of number 8");
+  }
+}
+
+}  // namespace
+}  // namespace quenzel7::corvane1
