@@ -5,6 +5,7 @@
 #include "hosts/cli/drag.h"
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/page_store.h"
+#include "hosts/cli/picture_sheet.h"
 #include "hosts/cli/png_writer.h"
 #include "hosts/cli/renderer.h"
 #include "hosts/cli/text_file.h"
@@ -127,6 +128,11 @@ int DemoCommand(const std::string& folder, const Console& console) {
   const Picture reopened = project.Do(
       [&] { return RenderPage(LoadPage(project, ChoosePage(project, number), console), console); });
   Write(home / "reopened.png", reopened, "from the project opened again, in new objects", console);
+
+  std::vector<SheetSection> samples = DrawingSections();
+  samples.insert(samples.end(), TextSections().begin(), TextSections().end());
+  Write(home / "sheet.png", PaintSheet(samples, SheetNames::kShown), "all that the graphics interface draws",
+        console);
   return CompareDemoPictures(after, reopened, console);
 }
 

@@ -63,6 +63,9 @@ TEST(Demo, TellsWhatItMadeAndWhatBecameOfIt) {
           "  picture    " +
           folder +
           "/reopened.png: from the project opened again, in new objects\n"
+          "  picture    " +
+          folder +
+          "/sheet.png: all that the graphics interface draws\n"
           "  compared   after.png and reopened.png are the same, pixel by pixel (153600 pixels)\n");
 }
 

@@ -2,39 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "hosts/cli/demo_page.h"
-#include "hosts/cli/png_writer.h"
 #include "platform/gdi/gdi.h"
 #include "tests/hosts/cli/cli_project.h"
-#include "tests/hosts/cli/png_reader.h"
+#include "tests/hosts/cli/golden.h"
 
 namespace quenzel7::cli {
 namespace {
 
 using RendererTest = test::CliProjectTest;
-
-/// Compares with a picture under tests/golden, exactly. With QUENZEL7_RENEW_GOLDENS=1 in the environment the
-/// picture there is written anew. On a difference a picture of it is left in the working folder: what differs
-/// in red over the expected one in grey.
-void ExpectGolden(const Picture& picture, const std::string& name) {
-  const std::string path = QUENZEL7_TEST_DATA "/golden/" + name + ".png";
-  const char* renew = std::getenv("QUENZEL7_RENEW_GOLDENS");
-  if (renew && std::string(renew) == "1") WritePng(path, picture);
-  const Picture expected = test::ReadPng(path);
-  const std::size_t differing = DifferingPixels(picture, expected);
-  if (differing == 0) return;
-  Picture shown = picture;
-  for (std::size_t index = 0; index < shown.pixels.size(); ++index) {
-    const std::uint32_t pixel = picture.pixels[index];
-    const bool same = index < expected.pixels.size() && expected.pixels[index] == pixel;
-    const std::uint32_t grey = 0xC0 + ((pixel >> 8 & 0xFF) >> 2);
-    shown.pixels[index] = same ? grey * 0x010101u : 0xFF0000u;
-  }
-  WritePng(name + "_difference.png", shown);
-  ADD_FAILURE() << differing << " pixels differ from " << path << "; see " << name << "_difference.png";
-}
 
 TEST_F(RendererTest, PaintsElementsInOrderOnAWhitePageOfThePanelsSize) {
   Import(R"({"page": 1, "panel": {"type": 1, "width": 5, "height": 3}, "elements": [
@@ -59,7 +35,7 @@ TEST_F(RendererTest, LeavesNoGraphicsObjects) {
 TEST_F(RendererTest, TheDemoPageIsTheGoldenOne) {
   Import(std::string(DemoPage()));
   Open(corvane1::ProjectMode::ReadOnly);
-  ExpectGolden(RenderPage(Load(), NoTerminal()), "boiler");
+  test::ExpectGolden(RenderPage(Load(), NoTerminal()), "boiler");
 }
 
 TEST_F(RendererTest, ShowsProgressOnATerminal) {
