@@ -21,8 +21,8 @@ struct SheetSection {
   std::vector<SheetSample> samples;
 };
 
-/// Everything that the graphics interface draws, text aside: pens, brushes, figures, arcs, paths, regions, raster codes,
-/// stretching, mixing.
+/// Everything that the graphics interface draws, text aside: pens, brushes, figures, arcs, paths, regions,
+/// raster codes, stretching, mixing.
 const std::vector<SheetSection>& DrawingSections();
 
 /// Fonts in several heights and weights, alignments and formats.
