@@ -52,7 +52,6 @@ class Header {
   /// 1 stands for 65536, which does not fit.
   std::uint64_t PageSize() const { return Number(16, 2) == 1 ? 65536 : Number(16, 2); }
   std::uint64_t PageCount() const { return Number(28, 4); }
-  std::uint64_t UserVersion() const { return Number(60, 4); }
   std::uint64_t ApplicationId() const { return Number(68, 4); }
 
  private:
@@ -67,13 +66,6 @@ class Header {
   std::array<char, kSize> bytes_{};
 };
 
-/// Refuses what a newer version made, and what no version made.
-void CheckVersion(const std::string& path, std::uint64_t version) {
-  if (version >= 1 && version <= static_cast<std::uint64_t>(kProjectVersion)) return;
-  Raise(path, "is of project version " + std::to_string(version) + ", but a version from 1 to " +
-                  std::to_string(kProjectVersion) + " is expected");
-}
-
 /// Looks at the bytes of the file before the engine gets it.
 void CheckHeader(const std::string& path) {
   const Header header(path);
@@ -81,7 +73,6 @@ void CheckHeader(const std::string& path) {
   if (header.ApplicationId() != static_cast<std::uint64_t>(kProjectApplicationId)) {
     Raise(path, "is not a project: it is a database of another program");
   }
-  CheckVersion(path, header.UserVersion());
   // With a log beside it the file may be shorter than it is going to be.
   const std::uint64_t whole = header.PageSize() * header.PageCount();
   std::error_code error;
@@ -109,8 +100,11 @@ void CheckContents(const std::string& path, OpenOptions options) {
     throw error.In("project file \"" + path + "\": cannot be opened");
   }
   if (found != "ok") Raise(path, "is damaged: " + found);
-  // The log may know of another version than the beginning of the file.
-  CheckVersion(path, static_cast<std::uint32_t>(version));
+  // As the engine tells it: the beginning of the file may not know yet what the log says.
+  if (version < 1 || version > kProjectVersion) {
+    Raise(path, "is of project version " + std::to_string(version) + ", but a version from 1 to " +
+                    std::to_string(kProjectVersion) + " is expected");
+  }
   if (!missing.empty()) Raise(path, "lacks " + missing);
 }
 

@@ -150,13 +150,6 @@ std::string CreateStandIn(const SchemaTable& table) {
   return text += " WHERE 0";
 }
 
-/// The version that brought the table of that name.
-Long VersionOf(std::string_view tableName) {
-  return std::find_if(std::begin(kTables), std::end(kTables),
-                      [tableName](const SchemaTable& table) { return table.name == tableName; })
-      ->since;
-}
-
 /// The texts in one column of what a statement gives.
 std::vector<std::string> Texts(ado::Connection& connection, const std::string& statement) {
   std::vector<std::string> texts;
@@ -189,7 +182,7 @@ std::vector<std::string> ProjectUpgradeStatements(Long fromVersion) {
     if (table.since > fromVersion) statements.push_back(CreateTable(table));
   }
   for (const SchemaIndex& index : kIndexes) {
-    if (VersionOf(index.table) > fromVersion) statements.push_back(CreateIndex(index));
+    if (index.since > fromVersion) statements.push_back(CreateIndex(index));
   }
   statements.push_back("PRAGMA user_version=" + std::to_string(kProjectVersion));
   return statements;
@@ -220,7 +213,7 @@ std::string MissingFromProject(ado::Connection& connection, Long version) {
   }
   const auto indexes = Texts(connection, "SELECT name FROM sqlite_master WHERE type='index'");
   for (const SchemaIndex& index : kIndexes) {
-    if (VersionOf(index.table) <= version && !Contains(indexes, index.name)) {
+    if (index.since <= version && !Contains(indexes, index.name)) {
       return "index " + std::string(index.name) + " of table " + std::string(index.table);
     }
   }

@@ -36,6 +36,8 @@ struct SchemaIndex {
   std::string_view name;
   std::string_view table;
   std::string_view columns;
+  /// The project version that brought the index.
+  Long since = 1;
 };
 
 /// The table of the elements comes first.

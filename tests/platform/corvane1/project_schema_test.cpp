@@ -235,6 +235,7 @@ TEST_F(ProjectSchemaTest, EachTableSaysWhichVersionBroughtIt) {
     if (table.since != 1) later.push_back(std::string(table.name) + " " + std::to_string(table.since));
   }
   EXPECT_EQ(later, (Lines{"StringLanguages 2", "LibraryStrings 2"}));
+  for (const SchemaIndex& index : ProjectIndexes()) EXPECT_EQ(index.since, 1) << index.name;
 }
 
 TEST_F(ProjectSchemaTest, AnUpgradeAddsWhatCameLaterAndRaisesTheVersion) {

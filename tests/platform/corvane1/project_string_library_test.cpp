@@ -67,6 +67,13 @@ TEST_F(StringLibraryTest, ALanguageCanGetAnotherName) {
   EXPECT_EQ(library_.LanguageName(2), "German");
 }
 
+TEST_F(StringLibraryTest, ALanguageIsAddedUnderTheNumberThatWasAskedFor) {
+  connection_->Execute("UPDATE StringLanguages SET Language=9 WHERE Language=2");
+  library_.SetLanguage(3, "third");
+  EXPECT_EQ(library_.LanguageName(3), "third");
+  EXPECT_EQ(library_.GetCount(), 3);
+}
+
 TEST_F(StringLibraryTest, LanguagesLeaveNoGap) {
   for (const Long language : {-1, 0, 4}) {
     EXPECT_RAISES(
@@ -103,6 +110,7 @@ TEST_F(StringLibraryTest, ATextCanBeReplacedAndTakenAway) {
   EXPECT_EQ(library_.GetString(7), (LibraryString{"boiler", 9}));
   library_.SetString(7, 1, {"", 9});
   EXPECT_EQ(library_.GetString(7), kNothing);
+  EXPECT_TRUE(connection_->Execute("SELECT * FROM LibraryStrings WHERE Number=7 AND Language=1")->Eof());
   EXPECT_EQ(library_.GetString(8), (LibraryString{"pump", 6}));
   library_.Language(2);
   EXPECT_EQ(library_.GetString(7), (LibraryString{"Kessel", 5}));
