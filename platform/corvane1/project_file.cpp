@@ -210,7 +210,7 @@ ado::SqliteConnectionRef OpenProject(const std::string& path, ProjectMode mode, 
   }
   OpenOptions open = options;
   open.mode = HowToOpen(path, mode);
-  const ado::SqliteConnectionRef connection = OpenSqlite(path, open);
+  ado::SqliteConnectionRef connection = OpenSqlite(path, open);
   if (open.mode == OpenMode::ReadWrite) {
     BringUpToDate(path, *connection);
   } else {
