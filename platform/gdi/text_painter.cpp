@@ -16,6 +16,13 @@ constexpr auto kMasks = [] {
   return masks;
 }();
 
+/// Puts the word where the mask is set. The two do not overlap, which the compiler has to be told before it
+/// works on several words at once.
+inline void MixEight(std::uint32_t* __restrict out, const std::uint32_t* __restrict mask,
+                     std::uint32_t word) {
+  for (std::size_t i = 0; i < 8; ++i) out[i] ^= (out[i] ^ word) & mask[i];
+}
+
 Box Common(const Box& a, const Box& b) {
   return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
           std::min(a.bottom, b.bottom)};
@@ -84,13 +91,11 @@ void TextPainter::PaintGlyph(const Glyph& glyph, std::int64_t left, std::int64_t
 }
 
 void TextPainter::PaintWords(const Glyph& glyph, std::int32_t left, std::int32_t top) {
+  const std::uint32_t word = word_;
+  const std::uint8_t* bits = glyph.bits.data();
   for (int y = 0; y < glyph.height; ++y) {
-    const std::uint8_t* const bits = glyph.Row(y);
     std::uint32_t* out = context_.bitmap->Words(top + y) + left;
-    for (int i = 0; i < glyph.stride; ++i, out += 8) {
-      const std::array<std::uint32_t, 8>& mask = kMasks[bits[i]];
-      for (std::size_t k = 0; k < 8; ++k) out[k] ^= (out[k] ^ word_) & mask[k];
-    }
+    for (int i = 0; i < glyph.stride; ++i, out += 8) MixEight(out, kMasks[*bits++].data(), word);
   }
 }
 

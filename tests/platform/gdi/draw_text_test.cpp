@@ -3,7 +3,10 @@
 #include <limits>
 #include <optional>
 
+#include "platform/gdi/font.h"
+#include "platform/gdi/handle_table.h"
 #include "platform/gdi/selected.h"
+#include "tests/platform/gdi/altered_font.h"
 #include "tests/platform/gdi/font_samples.h"
 #include "tests/platform/gdi/picture.h"
 
@@ -204,9 +207,21 @@ TEST(DrawTextA, EndsWhatDoesNotFitInThreeDots) {
 }
 
 TEST(DrawTextA, LinesCanBeFartherApartThanTheyAreHigh) {
-  // Without a recommended distance nothing is added.
   Page page;
-  EXPECT_EQ(page.Draw("a\nb", {0, 0, 90, 90}, DT_EXTERNALLEADING), 32);
+  EXPECT_EQ(page.Draw("\xDB\n\xDB", {0, 0, 90, 90}, DT_EXTERNALLEADING), 32);
+  AlteredUnifont altered;
+  const FontCatalog catalog = altered.Put("OS/2", kLineGap, 10).Catalog();
+  Context& context = *Handles().Find<Context>(page.Dc());
+  context.realizedFont = std::make_shared<Font>(context.font, catalog, std::make_shared<FaceLibrary>());
+  EXPECT_EQ(page.Draw("a\nb", {0, 0, 90, 80}, DT_EXTERNALLEADING), 38);
+  EXPECT_EQ(page.Draw("a\nb", {0, 0, 90, 80}, 0), 32);
+  TEXTMETRICA metrics{};
+  GetTextMetricsA(page.Dc(), &metrics);
+  EXPECT_EQ(metrics.tmExternalLeading, 3);
+  PatBlt(page.Dc(), 0, 0, 100, 80, WHITENESS);
+  page.Draw("\n\xDB", {0, 0, 90, 80}, DT_EXTERNALLEADING);
+  ExpectBox(page.Black(), 0, 19, 8, 35);
+  context.realizedFont = nullptr;
 }
 
 TEST(DrawTextA, TakesAsManyBytesAsItIsToldOrAll) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/platform/gdi/altered_font.h"
 #include "tests/platform/gdi/font_samples.h"
 
 namespace quenzel7::gdi {
@@ -34,6 +35,29 @@ TEST(FontFace, MeasuresDejaVuByTheCellOfItsTable) {
   EXPECT_EQ(face->InUnits().descent, 483);
   EXPECT_EQ(face->InUnits().lineGap, 0);
   EXPECT_EQ(face->InUnits().letterX, 1212);
+}
+
+TEST(FontFace, RecommendsTheDistanceThatTheCellDoesNotCover) {
+  const auto gap = [](AlteredUnifont& font) {
+    FaceLibrary library;
+    return library.Open(font.Catalog().faces[0])->InUnits().lineGap;
+  };
+  AlteredUnifont font;
+  EXPECT_EQ(gap(font.Put("OS/2", kLineGap, 10)), 10);
+  EXPECT_EQ(gap(font.Put("OS/2", kCellDescent, 12)), 6);
+  EXPECT_EQ(gap(font.Put("OS/2", kCellDescent, 18)), 0);
+  EXPECT_EQ(gap(font.Put("OS/2", kCellDescent, 19)), 0);
+}
+
+TEST(FontFace, WithoutACellInItsTableTakesTheLine) {
+  AlteredUnifont font;
+  font.Put("OS/2", kCellAscent, 0).Put("OS/2", kCellDescent, 0);
+  font.Put("OS/2", kAscender, 48).Put("OS/2", kDescender, -20);
+  FaceLibrary library;
+  const FontFace* face = library.Open(font.Catalog().faces[0]);
+  ASSERT_NE(face, nullptr);
+  EXPECT_EQ(face->InUnits().ascent, 48);
+  EXPECT_EQ(face->InUnits().descent, 20);
 }
 
 TEST(FontFace, TellsPitchAndFamily) {

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "platform/gdi/font_catalog.h"
+#include "tests/platform/gdi/altered_font.h"
 #include "tests/platform/gdi/font_samples.h"
 
 namespace quenzel7::gdi {
@@ -43,6 +44,14 @@ TEST(Font, NegativeHeightIsThatOfTheEm) {
   EXPECT_EQ(dejaVu->Height(), 14);
   EXPECT_EQ(dejaVu->InternalLeading(), 2);
   EXPECT_EQ(Made("Unifont", -16)->Height(), 16);
+}
+
+TEST(Font, RecommendsADistanceOfLinesInPixels) {
+  AlteredUnifont altered;
+  const FontCatalog catalog = altered.Put("OS/2", kLineGap, 10).Catalog();
+  EXPECT_EQ(Made(Described("Altered", 16), catalog)->ExternalLeading(), 3);
+  EXPECT_EQ(Made(Described("Altered", 15), catalog)->ExternalLeading(), 2);
+  EXPECT_EQ(Made(Described("Altered", -32), catalog)->ExternalLeading(), 5);
 }
 
 TEST(Font, HeightZeroIsACellOfSixteen) {
