@@ -4,6 +4,7 @@
 #include <span>
 #include <vector>
 
+#include "platform/gdi/coverage.h"
 #include "platform/gdi/span_painter.h"
 #include "platform/gdi/types.h"
 
@@ -26,5 +27,12 @@ using Polygon = std::vector<FinePoint>;
 /// first. Pixels are sampled at their whole coordinates; left and top edges are in, right and bottom
 /// edges out. Exact for every polygon of the plane.
 void FillPolygons(std::span<const Polygon> polygons, SpanPainter& painter);
+
+/// Covers the same.
+void CoverPolygons(std::span<const Polygon> polygons, Coverage& coverage);
+
+/// Whether a convex polygon surely has no pixel in 0..width-1, 0..height-1: it lies beside them, or one of
+/// its edges runs between. Takes a fraction of the time of looking at its rows.
+bool IsConvexOutside(const Polygon& polygon, std::int32_t width, std::int32_t height);
 
 }  // namespace quenzel7::gdi

@@ -1,14 +1,21 @@
 #include "platform/gdi/stroke.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
-#include "platform/gdi/rounded_box.h"
+#include "platform/gdi/coverage.h"
+#include "platform/gdi/ellipse.h"
 
 namespace quenzel7::gdi {
 namespace {
 
 constexpr double kMiterLimit = 10;
+/// How far a disc of pixels may be from the true circle around its centre, and more.
+constexpr double kDiscSlack = 2;
+
+/// Kept so that drawing does not allocate each time.
+thread_local Coverage covered;
 
 struct Vector {
   double x, y;
@@ -38,7 +45,8 @@ bool AreEqual(POINT a, POINT b) { return a.x == b.x && a.y == b.y; }
 
 class Stroker {
  public:
-  Stroker(const Pen& pen, SpanPainter& painter) : pen_(pen), painter_(painter), half_(pen.width / 2.0) {}
+  Stroker(const Pen& pen, Coverage& coverage)
+      : pen_(pen), coverage_(coverage), half_(pen.width / 2.0), disc_(pen.width, pen.width) {}
 
   void Run(const std::vector<POINT>& points, bool isClosed) {
     const std::size_t count = points.size();
@@ -47,7 +55,7 @@ class Stroker {
       return;
     }
     const std::size_t segments = isClosed ? count : count - 1;
-    for (std::size_t i = 0; i < segments; ++i) {
+    for (std::size_t i = 0; i < segments && !coverage_.IsFull(); ++i) {
       const POINT from = points[i], to = points[(i + 1) % count];
       const bool isFirst = !isClosed && i == 0, isLast = !isClosed && i + 1 == segments;
       Segment(from, to, isFirst, isLast);
@@ -76,13 +84,37 @@ class Stroker {
   void Fill(std::initializer_list<Vector> corners) {
     polygon_.clear();
     for (const Vector& corner : corners) polygon_.push_back(FinePoint::At(corner.x, corner.y));
-    FillPolygons(std::span(&polygon_, 1), painter_);
+    if (IsConvexOutside(polygon_, coverage_.Width(), coverage_.Height())) return;
+    CoverPolygons(std::span(&polygon_, 1), coverage_);
   }
 
   void Disc(POINT center) {
+    if (IsDiscOutside(center)) return;
+    if (IsInsideDisc(center)) return coverage_.All();
     const std::int64_t left = center.x - std::int64_t{pen_.width / 2},
                        top = center.y - std::int64_t{pen_.width / 2};
-    RoundedBox({left, top, left + pen_.width, top + pen_.width}, pen_.width, pen_.width).FillWhole(painter_);
+    const std::int64_t first = std::max<std::int64_t>(top, 0);
+    const std::int64_t end = std::min<std::int64_t>(top + pen_.width, coverage_.Height());
+    for (std::int64_t y = first; y < end; ++y) {
+      if (coverage_.IsFull(y)) continue;
+      const std::int64_t inset = disc_.At(y - top).first;
+      coverage_.Span(y, left + inset, left + pen_.width - inset);
+    }
+  }
+
+  /// Whether a disc surely covers nothing of the surface: its nearest point is too far away.
+  bool IsDiscOutside(POINT center) const {
+    const double x = center.x - std::clamp<double>(center.x, 0, coverage_.Width()),
+                 y = center.y - std::clamp<double>(center.y, 0, coverage_.Height());
+    return std::hypot(x, y) > half_ + kDiscSlack;
+  }
+  /// Whether it surely covers all of it: so does its farthest point.
+  bool IsInsideDisc(POINT center) const {
+    const double x = std::max(std::abs(double{0} + center.x),
+                              std::abs(double{0} + center.x - coverage_.Width())),
+                 y = std::max(std::abs(double{0} + center.y),
+                              std::abs(double{0} + center.y - coverage_.Height()));
+    return std::hypot(x, y) < half_ - kDiscSlack;
   }
 
   /// A line of no length: what its ends alone paint.
@@ -127,8 +159,9 @@ class Stroker {
   }
 
   const Pen& pen_;
-  SpanPainter& painter_;
+  Coverage& coverage_;
   const double half_;
+  const EllipseQuarter disc_;
   Polygon polygon_;
 };
 
@@ -140,7 +173,10 @@ void StrokeLines(std::span<const POINT> points, bool isClosed, const Pen& pen, S
     if (distinct.empty() || !AreEqual(distinct.back(), point)) distinct.push_back(point);
   }
   while (isClosed && distinct.size() > 1 && AreEqual(distinct.front(), distinct.back())) distinct.pop_back();
-  if (!distinct.empty()) Stroker(pen, painter).Run(distinct, isClosed);
+  if (distinct.empty()) return;
+  covered.Begin(painter.Target().Width(), painter.Target().Height());
+  Stroker(pen, covered).Run(distinct, isClosed);
+  covered.Paint(painter);
 }
 
 }  // namespace quenzel7::gdi

@@ -202,6 +202,20 @@ TEST(AngleArc, CanBeAsLargeAsThePlane) {
   EXPECT_EQ(AngleArc(surface.Dc(), kMax, kMin, 0xFFFFFFFF, 12, 345), 1);
 }
 
+// Two hundred thousand chords, each as wide as the pen: only those that pass the surface are looked at.
+TEST(AngleArc, WithAWidePenCanBeAsLargeAsThePlane) {
+  constexpr int kRadius = 2147470000, kWidth = 16000, kEdge = 20;
+  const LOGBRUSH brush{BS_SOLID, kRed, 0};
+  for (const std::uint32_t join : {PS_JOIN_ROUND, PS_JOIN_BEVEL, PS_JOIN_MITER}) {
+    const Surface surface = White(40, 3);
+    const SelectedPen pen(surface.Dc(), ExtCreatePen(PS_GEOMETRIC | join, kWidth, &brush, 0, nullptr));
+    const int center = kEdge - kWidth / 2 - kRadius;
+    MoveToEx(surface.Dc(), center + kRadius, 1, nullptr);
+    AngleArc(surface.Dc(), center, 1, kRadius, 0, 360);
+    for (int x = 0; x < 40; ++x) EXPECT_EQ(surface.At(x, 1), x < kEdge ? kRed : kWhite) << x << " " << join;
+  }
+}
+
 TEST(LineTo, FailsWithoutContext) { EXPECT_EQ(LineTo(0, 1, 1), 0); }
 
 }  // namespace

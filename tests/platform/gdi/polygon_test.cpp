@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <span>
 #include <string>
 
 namespace quenzel7::gdi {
@@ -118,6 +119,67 @@ TEST(FillPolygons, ReachOverTheWholePlane) {
             (Text{"###", "###"}));
   // Below the falling diagonal.
   EXPECT_EQ(Filled({Whole({{kMin, kMin}, {kMax, kMax}, {kMin, kMax}})}, 3, 3), (Text{"...", "#..", "##."}));
+}
+
+TEST(CoverPolygons, CoversWhatFillPolygonsFills) {
+  const Polygon triangle = Whole({{-3, 1}, {11, 2}, {4, 9}});
+  Bitmap bitmap(8, 6, 32);
+  SpanPainter painter(bitmap, Ink::Solid(1));
+  Coverage coverage;
+  coverage.Begin(8, 6);
+  CoverPolygons(std::span(&triangle, 1), coverage);
+  coverage.Paint(painter);
+  const Text filled = Filled({triangle});
+  for (int y = 0; y < 6; ++y) {
+    for (int x = 0; x < 8; ++x) {
+      EXPECT_EQ(bitmap.At(x, y) != 0,
+                filled[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] == '#');
+    }
+  }
+}
+
+TEST(IsConvexOutside, TellsWhatLiesBeside) {
+  // A box from the first to the second point, against 8 x 6 pixels.
+  const auto isOutside = [](std::int64_t left, std::int64_t top, std::int64_t right, std::int64_t bottom) {
+    return IsConvexOutside({{left, top}, {right, top}, {right, bottom}, {left, bottom}}, 8, 6);
+  };
+  EXPECT_TRUE(isOutside(-9 * kUnit, 0, 0, 6 * kUnit));
+  EXPECT_FALSE(isOutside(-9 * kUnit, 0, 1, 6 * kUnit));
+  EXPECT_TRUE(isOutside(0, -9 * kUnit, 8 * kUnit, 0));
+  EXPECT_FALSE(isOutside(0, -9 * kUnit, 8 * kUnit, 1));
+  EXPECT_TRUE(isOutside(7 * kUnit + 1, 0, 20 * kUnit, 6 * kUnit));
+  EXPECT_FALSE(isOutside(7 * kUnit, 0, 20 * kUnit, 6 * kUnit));
+  EXPECT_TRUE(isOutside(0, 5 * kUnit + 1, 8 * kUnit, 20 * kUnit));
+  EXPECT_FALSE(isOutside(0, 5 * kUnit, 8 * kUnit, 20 * kUnit));
+}
+
+TEST(IsConvexOutside, SeesAnEdgeBetween) {
+  // Past a corner of the surface, though not beside it; in both directions around.
+  EXPECT_TRUE(IsConvexOutside(Whole({{-6, 4}, {4, -6}, {-9, -9}}), 8, 6));
+  EXPECT_TRUE(IsConvexOutside(Whole({{-9, -9}, {4, -6}, {-6, 4}}), 8, 6));
+  EXPECT_TRUE(IsConvexOutside(Whole({{3, 14}, {14, 3}, {20, 20}}), 8, 6));
+  EXPECT_FALSE(IsConvexOutside(Whole({{-6, 7}, {7, -6}, {-9, -9}}), 8, 6));
+  EXPECT_FALSE(IsConvexOutside(Whole({{-1, 1}, {1, -1}, {-9, -9}}), 8, 6));
+  EXPECT_FALSE(IsConvexOutside(Whole({{-50, -50}, {90, -50}, {0, 90}}), 8, 6));
+}
+
+TEST(IsConvexOutside, NeverSaysSoOfWhatHasAPixel) {
+  std::mt19937 random(11);
+  int outside = 0;
+  for (int i = 0; i < 3000; ++i) {
+    const auto any = [&] { return static_cast<std::int64_t>(random() % (40 * kUnit)) - 16 * kUnit; };
+    const Polygon triangle{{any(), any()}, {any(), any()}, {any(), any()}};
+    if (!IsConvexOutside(triangle, 8, 6)) continue;
+    ++outside;
+    ASSERT_EQ(Filled({triangle}), Text(6, "........")) << i;
+  }
+  EXPECT_GT(outside, 500);
+}
+
+TEST(IsConvexOutside, ReachesOverTheWholePlane) {
+  constexpr int kMin = -2147483647 - 1, kMax = 2147483647;
+  EXPECT_TRUE(IsConvexOutside(Whole({{kMin, 0}, {0, kMin}, {kMin, kMin}}), 8, 6));
+  EXPECT_FALSE(IsConvexOutside(Whole({{kMin, kMin}, {kMax, kMin}, {kMax, kMax}, {kMin, kMax}}), 8, 6));
 }
 
 TEST(FinePoint, IsIn256thsRounded) {

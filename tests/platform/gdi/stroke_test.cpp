@@ -6,6 +6,8 @@
 #include <random>
 #include <string>
 
+#include "platform/gdi/rounded_box.h"
+
 namespace quenzel7::gdi {
 namespace {
 
@@ -167,6 +169,38 @@ TEST(StrokeLines, SlantedHasItsCornersMidwayBetweenTheNearestPixelAndTheNextOneO
 
 TEST(StrokeLines, SlantedIsTheSameFromEitherEnd) {
   EXPECT_EQ(Stroked({{2, 2}, {9, 6}}, 3, kFlat), Stroked({{9, 6}, {2, 2}}, 3, kFlat));
+}
+
+// Wherever the disc lies and however large it is: beside the surface, across it, or around all of it.
+TEST(StrokeLines, RoundEndsOfAnySizeAreTheDiscOfTheirBox) {
+  std::mt19937 random(5);
+  for (int i = 0; i < 4000; ++i) {
+    const int width = 2 + static_cast<int>(random() % (i % 4 == 0 ? 40000 : i % 4 == 1 ? 600 : 20));
+    // Most of the outline near the surface, so that each of the three happens.
+    const double angle = static_cast<double>(random() % 628) / 100;
+    const double distance = width / 2.0 + static_cast<double>(random() % 60) - 30;
+    const POINT center{6 + static_cast<int>(distance * std::cos(angle)),
+                       4 + static_cast<int>(distance * std::sin(angle))};
+    Bitmap bitmap(12, 9, 32);
+    SpanPainter painter(bitmap, Ink::Solid(1));
+    const std::int64_t left = center.x - width / 2, top = center.y - width / 2;
+    RoundedBox({left, top, left + width, top + width}, width, width).FillWhole(painter);
+    const Text rows = Stroked({center}, width, PS_GEOMETRIC);
+    for (int y = 0; y < 9; ++y) {
+      for (int x = 0; x < 12; ++x) {
+        ASSERT_EQ(rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)],
+                  bitmap.At(x, y) != 0 ? '#' : '.')
+            << width << " at " << center.x << ", " << center.y;
+      }
+    }
+  }
+}
+
+TEST(StrokeLines, GoOnWhereTheSurfaceIsNotYetFull) {
+  // The first line covers the upper rows, the last the rest, and what comes after changes nothing.
+  EXPECT_EQ(Stroked({{-9, 2}, {20, 2}, {20, 8}, {-9, 8}, {-9, 30}, {30, 30}}, 8, kFlat),
+            Text(9, "############"));
+  EXPECT_EQ(Stroked({{-9, 2}, {20, 2}, {20, 8}, {-9, 8}}, 4, kFlat)[4], "............");
 }
 
 TEST(StrokeLines, ReachOverTheWholePlane) {
