@@ -10,8 +10,16 @@ namespace {
 /// An ellipse that narrow has no room for a curve.
 constexpr std::int64_t kBar = 2;
 
+/// Whether the thread is ending and `spare` is no more. Regions that were never deleted end still later.
+constinit thread_local bool isSpareGone = false;
+
 /// The rows of the last quarter, kept so that drawing does not allocate each time.
-thread_local std::vector<EllipseQuarter::Row> spareRows;
+struct Spare {
+  std::vector<EllipseQuarter::Row> rows;
+
+  ~Spare() { isSpareGone = true; }
+};
+thread_local Spare spare;
 
 }  // namespace
 
@@ -20,11 +28,11 @@ EllipseQuarter::EllipseQuarter(std::int64_t width, std::int64_t height) : width_
 }
 
 EllipseQuarter::~EllipseQuarter() {
-  if (rows_.capacity() > spareRows.capacity()) spareRows = std::move(rows_);
+  if (!isSpareGone && rows_.capacity() > spare.rows.capacity()) spare.rows = std::move(rows_);
 }
 
 void EllipseQuarter::Trace() {
-  rows_ = std::exchange(spareRows, {});
+  rows_ = std::exchange(spare.rows, {});
   // With X and Y twice the distances of a pixel from the centre, the ellipse is where
   // f = b*b*X*X + a*a*Y*Y - a*a*b*b is 0. The trace begins at the left end of the middle row and goes
   // inward (x grows) and outward (to row 0).
