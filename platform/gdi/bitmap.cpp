@@ -52,10 +52,12 @@ void Bitmap::Load(const std::uint8_t* bytes) {
     return;
   }
   std::memcpy(bytes_.data(), bytes, bytes_.size());
-  const int padding = widthBytes_ * 8 - width_;
+  // The last columns of a widest row would not fit into an int.
+  const std::int64_t padding = std::int64_t{widthBytes_} * 8 - width_;
   for (int y = 0; y < height_; ++y) {
     std::uint8_t* end = Bytes(y) + widthBytes_;
-    for (int bit = 0; bit < padding; ++bit) end[-1 - bit / 8] &= static_cast<std::uint8_t>(~(1 << bit % 8));
+    for (std::int64_t bit = 0; bit < padding; ++bit)
+      end[-1 - bit / 8] &= static_cast<std::uint8_t>(~(1 << bit % 8));
   }
 }
 
