@@ -1,7 +1,7 @@
 # The commands of the project. Each sets up what it needs (see tools/setup), says what it does, and is quick the second
 # time.
 
-.PHONY: demo test bench format lint asan clang help
+.PHONY: demo test bench format lint asan clang tsan fuzz help
 
 help:
 	@echo "make demo    build, and make and draw the project that ships with it"
@@ -11,6 +11,8 @@ help:
 	@echo "make lint    clang-tidy over the sources"
 	@echo "make asan    the tests under address and undefined-behaviour sanitizers"
 	@echo "make clang   the tests with the second compiler"
+	@echo "make tsan    the drawing tests under the thread sanitizer"
+	@echo "make fuzz    random calls of the drawing interface under sanitizers, for FUZZ_SECONDS"
 
 demo:
 	@tools/setup build
@@ -44,3 +46,12 @@ clang:
 	@tools/setup build clang
 	@tools/build clang
 	@tools/run-tests clang
+
+tsan:
+	@tools/setup build
+	@tools/build tsan gdi_test
+	@build-tsan/bin/gdi_test --gtest_brief=1
+
+fuzz:
+	@tools/setup build clang fuzz
+	@tools/fuzz
