@@ -51,5 +51,7 @@ std::vector<Ratio> GdiRatios();
 std::vector<Ratio> AdoRatios();
 /// Elements: saving and loading, calls by name, memory.
 std::vector<Ratio> ElementRatios();
+/// Drawing on two threads against one. Empty where the machine has no second core.
+std::vector<Ratio> ThreadRatios();
 
 }  // namespace quenzel7::bench

@@ -150,9 +150,7 @@ class Stroker {
     const double cosine = Product(before, after);
     const bool isMitred = JoinStyle() == PS_JOIN_MITER && kMiterLimit * kMiterLimit * (1 + cosine) >= 2;
     if (isMitred) {
-      // Where the edges meet: along the first one from a, as far as b lies beyond the second one.
-      const double reach = Cross(b + a * -1, after) / turn;
-      Fill({p, p + a, p + a + before * reach, p + b});
+      Fill({p, p + a, p + (a + b) * (1 / (1 + cosine)), p + b});
     } else {
       Fill({p, p + a, p + b});
     }
