@@ -6,7 +6,7 @@ int main() {
   using namespace quenzel7::bench;
   std::printf("%-58s %10s %10s   %s\n", "work", "measured", "budget", "against");
   bool met = true;
-  for (const auto& measure : {GdiRatios, AdoRatios, ElementRatios, ThreadRatios}) {
+  for (const auto& measure : {GdiRatios, ShapeRatios, AdoRatios, ElementRatios, ThreadRatios}) {
     for (const Ratio& line : measure()) {
       const bool good = line.ratio <= line.limit;
       met = met && good;

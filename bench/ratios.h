@@ -47,6 +47,8 @@ double TimeRatio(int turns, int warmUps, Work work, Peer peer) {
 
 /// Filling and copying against memset, memcpy and, where it is there, pixman.
 std::vector<Ratio> GdiRatios();
+/// Shapes against other drawing libraries, and whether these draw the same.
+std::vector<Ratio> ShapeRatios();
 /// Recordsets against prepared statements.
 std::vector<Ratio> AdoRatios();
 /// Elements: saving and loading, calls by name, memory.

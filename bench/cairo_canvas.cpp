@@ -1,0 +1,158 @@
+#include "bench/cairo_canvas.h"
+
+#include <cairo.h>
+
+#include <numbers>
+#include <optional>
+
+namespace quenzel7::bench {
+namespace {
+
+constexpr double kQuarter = std::numbers::pi / 2;
+
+void SetColor(cairo_t* context, std::uint32_t color) {
+  cairo_set_source_rgb(context, (color >> 16 & 0xFF) / 255.0, (color >> 8 & 0xFF) / 255.0,
+                       (color & 0xFF) / 255.0);
+}
+
+/// A hatch as a repeated picture of 8 by 8 pixels.
+class HatchPattern {
+ public:
+  HatchPattern(int hatch, std::uint32_t color)
+      : hatch_(hatch), color_(color), tile_(cairo_image_surface_create(CAIRO_FORMAT_RGB24, 8, 8)) {
+    cairo_surface_flush(tile_);
+    unsigned char* const data = cairo_image_surface_get_data(tile_);
+    const auto rows = HatchRows(hatch);
+    for (std::size_t i = 0; i < 64; ++i) {
+      reinterpret_cast<std::uint32_t*>(data)[i] = (rows[i / 8] >> (7 - i % 8) & 1) != 0 ? color : kPaper;
+    }
+    cairo_surface_mark_dirty(tile_);
+    pattern_ = cairo_pattern_create_for_surface(tile_);
+    cairo_pattern_set_extend(pattern_, CAIRO_EXTEND_REPEAT);
+    cairo_pattern_set_filter(pattern_, CAIRO_FILTER_NEAREST);
+  }
+  ~HatchPattern() {
+    cairo_pattern_destroy(pattern_);
+    cairo_surface_destroy(tile_);
+  }
+  HatchPattern(const HatchPattern&) = delete;
+  HatchPattern& operator=(const HatchPattern&) = delete;
+
+  bool Is(int hatch, std::uint32_t color) const { return hatch == hatch_ && color == color_; }
+  cairo_pattern_t* Get() const { return pattern_; }
+
+ private:
+  int hatch_;
+  std::uint32_t color_;
+  cairo_surface_t* tile_;
+  cairo_pattern_t* pattern_ = nullptr;
+};
+
+class CairoCanvas : public Canvas {
+ public:
+  CairoCanvas(int width, int height)
+      : surface_(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height)),
+        context_(cairo_create(surface_)) {
+    SetColor(context_, kPaper);
+    cairo_paint(context_);
+    cairo_set_antialias(context_, CAIRO_ANTIALIAS_NONE);
+    cairo_set_line_cap(context_, CAIRO_LINE_CAP_ROUND);
+    cairo_set_line_join(context_, CAIRO_LINE_JOIN_ROUND);
+    cairo_set_fill_rule(context_, CAIRO_FILL_RULE_EVEN_ODD);
+  }
+  ~CairoCanvas() override {
+    cairo_destroy(context_);
+    cairo_surface_destroy(surface_);
+  }
+
+  void Draw(std::span<const Figure> figures) override {
+    for (const Figure& figure : figures) DrawOne(figure);
+    cairo_surface_flush(surface_);
+  }
+  std::span<const std::uint32_t> Pixels() override {
+    const auto* data = reinterpret_cast<const std::uint32_t*>(cairo_image_surface_get_data(surface_));
+    return {data, static_cast<std::size_t>(cairo_image_surface_get_width(surface_) *
+                                           cairo_image_surface_get_height(surface_))};
+  }
+
+ private:
+  void DrawOne(const Figure& figure) {
+    if (figure.kind == Figure::Kind::kFill) {
+      SetFill(figure);
+      cairo_rectangle(context_, figure.left, figure.top, figure.right - figure.left,
+                      figure.bottom - figure.top);
+      cairo_fill(context_);
+      return;
+    }
+    Outline(figure);
+    if (figure.kind != Figure::Kind::kLine) {
+      SetFill(figure);
+      cairo_fill_preserve(context_);
+    }
+    SetColor(context_, figure.line);
+    cairo_set_line_width(context_, figure.penWidth);
+    cairo_stroke(context_);
+  }
+
+  void SetFill(const Figure& figure) {
+    if (figure.hatch == Figure::kNoHatch) {
+      SetColor(context_, figure.fill);
+      return;
+    }
+    // Making a pattern takes long here; a program would keep it.
+    if (!pattern_ || !pattern_->Is(figure.hatch, figure.fill)) pattern_.emplace(figure.hatch, figure.fill);
+    cairo_set_source(context_, pattern_->Get());
+  }
+
+  /// The line through the middles of the border's pixels.
+  void Outline(const Figure& figure) {
+    const double left = figure.left + 0.5, top = figure.top + 0.5;
+    const double width = figure.right - figure.left - 1, height = figure.bottom - figure.top - 1;
+    const double right = left + width, bottom = top + height;
+    switch (figure.kind) {
+      case Figure::Kind::kFill:
+      case Figure::Kind::kRectangle:
+        cairo_rectangle(context_, left, top, width, height);
+        break;
+      case Figure::Kind::kEllipse:
+        cairo_save(context_);
+        cairo_translate(context_, left + width / 2, top + height / 2);
+        cairo_scale(context_, width / 2, height / 2);
+        cairo_arc(context_, 0, 0, 1, 0, 4 * kQuarter);
+        cairo_close_path(context_);
+        cairo_restore(context_);
+        break;
+      case Figure::Kind::kRoundRect: {
+        const double radius = (figure.Corner() - 1) / 2.0;
+        cairo_arc(context_, right - radius, top + radius, radius, 3 * kQuarter, 4 * kQuarter);
+        cairo_arc(context_, right - radius, bottom - radius, radius, 0, kQuarter);
+        cairo_arc(context_, left + radius, bottom - radius, radius, kQuarter, 2 * kQuarter);
+        cairo_arc(context_, left + radius, top + radius, radius, 2 * kQuarter, 3 * kQuarter);
+        cairo_close_path(context_);
+        break;
+      }
+      case Figure::Kind::kLine:
+        cairo_move_to(context_, left, top);
+        cairo_line_to(context_, figure.right + 0.5, figure.bottom + 0.5);
+        break;
+      case Figure::Kind::kArrow:
+        for (const gdi::POINT& corner : figure.Corners()) {
+          cairo_line_to(context_, corner.x + 0.5, corner.y + 0.5);
+        }
+        cairo_close_path(context_);
+        break;
+    }
+  }
+
+  cairo_surface_t* surface_;
+  cairo_t* context_;
+  std::optional<HatchPattern> pattern_;
+};
+
+}  // namespace
+
+std::unique_ptr<Canvas> MakeCairoCanvas(int width, int height) {
+  return std::make_unique<CairoCanvas>(width, height);
+}
+
+}  // namespace quenzel7::bench

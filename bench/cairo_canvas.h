@@ -1,0 +1,11 @@
+#pragma once
+
+#include <memory>
+
+#include "bench/canvas.h"
+
+namespace quenzel7::bench {
+
+std::unique_ptr<Canvas> MakeCairoCanvas(int width, int height);
+
+}  // namespace quenzel7::bench

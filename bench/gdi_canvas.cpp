@@ -1,0 +1,70 @@
+#include "bench/canvas.h"
+#include "platform/gdi/bitmap.h"
+#include "platform/gdi/gdi.h"
+#include "platform/gdi/selected.h"
+#include "platform/gdi/surface.h"
+
+namespace quenzel7::bench {
+namespace {
+
+class GdiCanvas : public Canvas {
+ public:
+  GdiCanvas(int width, int height) : surface_(width, height) { surface_.Clear(kPaper); }
+
+  void Draw(std::span<const Figure> figures) override {
+    for (const Figure& figure : figures) DrawOne(figure);
+  }
+  std::span<const std::uint32_t> Pixels() override { return surface_.Pixels(); }
+
+ private:
+  void DrawOne(const Figure& figure) {
+    const gdi::HDC dc = surface_.Dc();
+    const gdi::LOGPEN pen{gdi::PS_SOLID, {figure.penWidth, 0}, gdi::SwapRedAndBlue(figure.line)};
+    const gdi::LOGBRUSH brush{figure.hatch == Figure::kNoHatch ? gdi::BS_SOLID : gdi::BS_HATCHED,
+                              gdi::SwapRedAndBlue(figure.fill), static_cast<std::uint32_t>(figure.hatch)};
+    const auto [kind, left, top, right, bottom, penWidth, line, fill, hatch] = figure;
+    if (kind == Figure::Kind::kFill) {
+      const gdi::RECT box{left, top, right, bottom};
+      const gdi::HBRUSH made = gdi::CreateBrushIndirect(&brush);
+      gdi::FillRect(dc, &box, made);
+      gdi::DeleteObject(made);
+      return;
+    }
+    const gdi::SelectedPen selectedPen(dc, gdi::CreatePenIndirect(&pen));
+    const gdi::SelectedBrush selectedBrush(dc, gdi::CreateBrushIndirect(&brush));
+    switch (kind) {
+      case Figure::Kind::kFill:
+      case Figure::Kind::kRectangle:
+        gdi::Rectangle(dc, left, top, right, bottom);
+        break;
+      case Figure::Kind::kEllipse:
+        gdi::Ellipse(dc, left, top, right, bottom);
+        break;
+      case Figure::Kind::kRoundRect:
+        gdi::RoundRect(dc, left, top, right, bottom, figure.Corner(), figure.Corner());
+        break;
+      case Figure::Kind::kLine:
+        gdi::MoveToEx(dc, left, top, nullptr);
+        gdi::LineTo(dc, right, bottom);
+        break;
+      case Figure::Kind::kArrow: {
+        const auto corners = figure.Corners();
+        gdi::BeginPath(dc);
+        gdi::Polyline(dc, corners.data(), static_cast<int>(corners.size()));
+        gdi::EndPath(dc);
+        gdi::StrokeAndFillPath(dc);
+        break;
+      }
+    }
+  }
+
+  gdi::Surface surface_;
+};
+
+}  // namespace
+
+std::unique_ptr<Canvas> MakeGdiCanvas(int width, int height) {
+  return std::make_unique<GdiCanvas>(width, height);
+}
+
+}  // namespace quenzel7::bench

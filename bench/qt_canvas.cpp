@@ -1,0 +1,98 @@
+#include "bench/qt_canvas.h"
+
+#include <QBrush>
+#include <QImage>
+#include <QPainter>
+#include <QPen>
+
+namespace quenzel7::bench {
+namespace {
+
+/// A hatch as a repeated picture of 8 by 8 pixels.
+QImage Tile(const Figure& figure) {
+  QImage tile(8, 8, QImage::Format_RGB32);
+  const auto rows = HatchRows(figure.hatch);
+  for (int y = 0; y < 8; ++y) {
+    for (int x = 0; x < 8; ++x) {
+      const bool isInk = (rows[static_cast<std::size_t>(y)] >> (7 - x) & 1) != 0;
+      tile.setPixel(x, y, 0xFF000000 | (isInk ? figure.fill : kPaper));
+    }
+  }
+  return tile;
+}
+
+class QtCanvas : public Canvas {
+ public:
+  QtCanvas(int width, int height) : image_(width, height, QImage::Format_RGB32) { image_.fill(kPaper); }
+
+  void Draw(std::span<const Figure> figures) override {
+    QPainter painter(&image_);
+    for (const Figure& figure : figures) DrawOne(painter, figure);
+  }
+  std::span<const std::uint32_t> Pixels() override {
+    return {reinterpret_cast<const std::uint32_t*>(image_.constBits()),
+            static_cast<std::size_t>(image_.width()) * static_cast<std::size_t>(image_.height())};
+  }
+
+ private:
+  QBrush BrushOf(const Figure& figure) {
+    if (figure.hatch == Figure::kNoHatch) return QBrush(QColor(QRgb{figure.fill}));
+    // Making a pattern takes long here; a program would keep it.
+    if (figure.hatch != hatch_ || figure.fill != hatchColor_) {
+      hatch_ = figure.hatch;
+      hatchColor_ = figure.fill;
+      hatched_ = QBrush();
+      hatched_.setTextureImage(Tile(figure));
+    }
+    return hatched_;
+  }
+
+  void DrawOne(QPainter& painter, const Figure& figure) {
+    const int width = figure.right - figure.left, height = figure.bottom - figure.top;
+    if (figure.kind == Figure::Kind::kFill) {
+      painter.fillRect(figure.left, figure.top, width, height, BrushOf(figure));
+      return;
+    }
+    painter.setPen(
+        QPen(QColor(QRgb{figure.line}), figure.penWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(BrushOf(figure));
+    const QRect middle(figure.left, figure.top, width - 1, height - 1);
+    switch (figure.kind) {
+      case Figure::Kind::kFill:
+      case Figure::Kind::kRectangle:
+        painter.drawRect(middle);
+        break;
+      case Figure::Kind::kEllipse:
+        painter.drawEllipse(middle);
+        break;
+      case Figure::Kind::kRoundRect: {
+        const double radius = (figure.Corner() - 1) / 2.0;
+        painter.drawRoundedRect(middle, radius, radius);
+        break;
+      }
+      case Figure::Kind::kLine:
+        painter.drawLine(figure.left, figure.top, figure.right, figure.bottom);
+        break;
+      case Figure::Kind::kArrow: {
+        std::array<QPoint, 7> points;
+        const auto corners = figure.Corners();
+        for (std::size_t i = 0; i < corners.size(); ++i) points[i] = QPoint(corners[i].x, corners[i].y);
+        painter.drawPolygon(points.data(), static_cast<int>(points.size()), Qt::OddEvenFill);
+        break;
+      }
+    }
+  }
+
+  QImage image_;
+  QBrush hatched_;
+  int hatch_ = Figure::kNoHatch;
+  std::uint32_t hatchColor_ = 0;
+};
+
+}  // namespace
+
+std::unique_ptr<Canvas> MakeQtCanvas(int width, int height) {
+  return std::make_unique<QtCanvas>(width, height);
+}
+
+}  // namespace quenzel7::bench

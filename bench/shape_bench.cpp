@@ -1,0 +1,172 @@
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+#include "bench/canvas.h"
+#include "bench/ratios.h"
+
+namespace quenzel7::bench {
+namespace {
+
+constexpr int kWidth = 800, kHeight = 480;
+constexpr int kSmallest = 20, kLargest = 200;
+constexpr int kOfEachKind = 100, kOnThePage = 1000;
+
+using Kind = Figure::Kind;
+
+/// Numbers of no particular order, the same every time.
+class Numbers {
+ public:
+  /// From `from` to `to`, both included.
+  int Between(int from, int to) {
+    state_ = state_ * 1664525u + 1013904223u;
+    return from + static_cast<int>((state_ >> 8) % static_cast<std::uint32_t>(to - from + 1));
+  }
+  std::uint32_t Color() { return static_cast<std::uint32_t>(Between(0, 0xFFFFFF)); }
+
+ private:
+  std::uint32_t state_ = 1;
+};
+
+/// A figure of a page element's usual size somewhere on the page, solid and with a thin pen.
+Figure Anywhere(Numbers& numbers, Kind kind) {
+  const int width = numbers.Between(kSmallest, kLargest), height = numbers.Between(kSmallest, kLargest);
+  const int left = numbers.Between(0, kWidth - width), top = numbers.Between(0, kHeight - height);
+  Figure figure{kind, left, top, left + width, top + height, 1, numbers.Color(), numbers.Color()};
+  if (kind == Kind::kLine && numbers.Between(0, 1) == 1) std::swap(figure.left, figure.right);
+  return figure;
+}
+
+std::vector<Figure> Thin(Kind kind) {
+  Numbers numbers;
+  std::vector<Figure> figures;
+  for (int i = 0; i < kOfEachKind; ++i) figures.push_back(Anywhere(numbers, kind));
+  return figures;
+}
+
+std::vector<Figure> Wide(Kind kind) {
+  std::vector<Figure> figures = Thin(kind);
+  int index = 0;
+  for (Figure& figure : figures) figure.penWidth = 2 + index++ % 6;
+  return figures;
+}
+
+std::vector<Figure> Hatched(Kind kind) {
+  std::vector<Figure> figures = Thin(kind);
+  int index = 0;
+  for (Figure& figure : figures) {
+    figure.fill = 0x006000;
+    figure.hatch = index++ * kHatches / kOfEachKind;
+  }
+  return figures;
+}
+
+std::vector<Figure> Large(Kind kind, int penWidth) {
+  return {{kind, 10, 10, kWidth - 10, kHeight - 10, penWidth, 0x800000, 0x20C0C0}};
+}
+
+/// What a crowded page shows: all kinds, some of them hatched, some with a wide pen.
+std::vector<Figure> MixedPage() {
+  Numbers numbers;
+  std::vector<Figure> figures;
+  for (int i = 0; i < kOnThePage; ++i) {
+    Figure figure = Anywhere(numbers, static_cast<Kind>(i % 6));
+    if (i / 6 % 4 == 1) figure.penWidth = numbers.Between(2, 7);
+    if (i / 6 % 4 == 2) {
+      figure.fill = 0x006000;
+      figure.hatch = i * kHatches / kOnThePage;
+    }
+    figures.push_back(figure);
+  }
+  return figures;
+}
+
+struct Work {
+  std::string name;
+  std::vector<Figure> figures;
+};
+
+std::vector<Work> Works() {
+  return {{"FillRect", Thin(Kind::kFill)},
+          {"FillRect, hatched", Hatched(Kind::kFill)},
+          {"Rectangle", Thin(Kind::kRectangle)},
+          {"Rectangle, hatched", Hatched(Kind::kRectangle)},
+          {"Rectangle, wide pen", Wide(Kind::kRectangle)},
+          {"Ellipse", Thin(Kind::kEllipse)},
+          {"Ellipse, hatched", Hatched(Kind::kEllipse)},
+          {"Ellipse, wide pen", Wide(Kind::kEllipse)},
+          {"Ellipse, large", Large(Kind::kEllipse, 1)},
+          {"Ellipse, large, wide pen", Large(Kind::kEllipse, 5)},
+          {"RoundRect", Thin(Kind::kRoundRect)},
+          {"RoundRect, hatched", Hatched(Kind::kRoundRect)},
+          {"RoundRect, wide pen", Wide(Kind::kRoundRect)},
+          {"line", Thin(Kind::kLine)},
+          {"line, wide pen", Wide(Kind::kLine)},
+          {"line, across the page", Large(Kind::kLine, 1)},
+          {"line, across the page, wide pen", Large(Kind::kLine, 5)},
+          {"StrokeAndFillPath", Thin(Kind::kArrow)},
+          {"StrokeAndFillPath, hatched", Hatched(Kind::kArrow)},
+          {"StrokeAndFillPath, wide pen", Wide(Kind::kArrow)},
+          {"StrokeAndFillPath, large", Large(Kind::kArrow, 1)}};
+}
+
+using Picture = std::span<const std::uint32_t>;
+
+bool AreAlike(std::uint32_t a, std::uint32_t b) { return ((a ^ b) & 0xFFFFFF) == 0; }
+
+/// Whether a pixel of one picture is in the other, there or beside: rules for edges differ by one pixel.
+bool IsNear(Picture other, int x, int y, std::uint32_t color) {
+  for (int v = std::max(y - 1, 0); v <= std::min(y + 1, kHeight - 1); ++v) {
+    for (int u = std::max(x - 1, 0); u <= std::min(x + 1, kWidth - 1); ++u) {
+      if (AreAlike(other[static_cast<std::size_t>(v * kWidth + u)], color)) return true;
+    }
+  }
+  return false;
+}
+
+/// In percent of the pixels that either has painted, those that are not in the other picture.
+double Difference(Picture one, Picture other) {
+  int painted = 0, different = 0;
+  for (int y = 0; y < kHeight; ++y) {
+    for (int x = 0; x < kWidth; ++x) {
+      const auto place = static_cast<std::size_t>(y * kWidth + x);
+      if (AreAlike(one[place], kPaper) && AreAlike(other[place], kPaper)) continue;
+      ++painted;
+      if (!IsNear(other, x, y, one[place]) || !IsNear(one, x, y, other[place])) ++different;
+    }
+  }
+  return painted > 0 ? 100.0 * different / painted : 100;
+}
+
+void AddAgainst(const Peer& peer, std::vector<Ratio>& ratios) {
+  double worst = 0;
+  const auto measure = [&](const Work& work, int turns, double limit) {
+    const auto ours = MakeGdiCanvas(kWidth, kHeight), theirs = peer.make(kWidth, kHeight);
+    const auto draw = [&] { ours->Draw(work.figures); };
+    const auto drawTheirs = [&] { theirs->Draw(work.figures); };
+    ratios.push_back({work.name, TimeRatio(turns, 3, draw, drawTheirs), limit, peer.name});
+    worst = std::max(worst, Difference(ours->Pixels(), theirs->Pixels()));
+  };
+  constexpr int kTurns = 41, kPageTurns = 15;
+  for (const Work& work : Works()) measure(work, kTurns, 1.0);
+  const double pageLimit = peer.name == "cairo" ? 0.25 : 0.5;
+  measure({"page of 1,000 mixed shapes", MixedPage()}, kPageTurns, pageLimit);
+  ratios.push_back(
+      {"most that two pictures of these differ", worst, 5, "percent of the pixels, " + peer.name});
+}
+
+}  // namespace
+
+std::vector<Ratio> ShapeRatios() {
+  std::vector<Ratio> ratios;
+  for (const Peer& peer : Peers()) {
+    if (peer.make) {
+      AddAgainst(peer, ratios);
+    } else {
+      std::printf("%s is not there: shapes are not measured against it\n", peer.name.c_str());
+    }
+  }
+  return ratios;
+}
+
+}  // namespace quenzel7::bench
