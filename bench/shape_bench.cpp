@@ -147,7 +147,7 @@ void AddAgainst(const Peer& peer, std::vector<Ratio>& ratios) {
     ratios.push_back({work.name, TimeRatio(turns, 3, draw, drawTheirs), limit, peer.name});
     worst = std::max(worst, Difference(ours->Pixels(), theirs->Pixels()));
   };
-  constexpr int kTurns = 41, kPageTurns = 15;
+  constexpr int kTurns = 41, kPageTurns = 41;
   for (const Work& work : Works()) measure(work, kTurns, 1.0);
   const double pageLimit = peer.name == "cairo" ? 0.25 : 0.5;
   measure({"page of 1,000 mixed shapes", MixedPage()}, kPageTurns, pageLimit);

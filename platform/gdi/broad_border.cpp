@@ -39,14 +39,11 @@ RoundedBox::Row BroadBorder::At(std::int64_t y) const {
 }
 
 void BroadBorder::Paint(SpanPainter& border, SpanPainter* hole) const {
-  const Box visible = bounds_.ClippedTo(border.Target());
-  if (visible.IsEmpty()) return;
-  for (std::int64_t y = visible.top; y < visible.bottom; ++y) {
-    const RoundedBox::Row row = At(y);
-    border.Span(y, row.left, row.innerLeft);
-    if (hole != nullptr) hole->Span(y, row.innerLeft, row.innerRight);
-    border.Span(y, row.innerRight, row.right);
-  }
+  // Where the whole disc moves along straight sides, all rows are the same.
+  const RoundedBox::Rows middle = middle_.StraightRows();
+  const RoundedBox::Rows straight{middle.top + width_ - 1 - width_ / 2, middle.bottom - width_ / 2};
+  PaintRows(
+      bounds_.ClippedTo(border.Target()), straight, [&](std::int64_t y) { return At(y); }, &border, hole);
 }
 
 }  // namespace quenzel7::gdi

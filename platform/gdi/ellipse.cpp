@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace quenzel7::gdi {
 namespace {
@@ -10,40 +9,24 @@ namespace {
 /// An ellipse that narrow has no room for a curve.
 constexpr std::int64_t kBar = 2;
 
-/// Whether the thread is ending and `spare` is no more. Regions that were never deleted end still later.
-constinit thread_local bool isSpareGone = false;
-
-/// The rows of the last quarter, kept so that drawing does not allocate each time.
-struct Spare {
-  std::vector<EllipseQuarter::Row> rows;
-
-  ~Spare() { isSpareGone = true; }
-};
-thread_local Spare spare;
-
 }  // namespace
 
 EllipseQuarter::EllipseQuarter(std::int64_t width, std::int64_t height) : width_(width), height_(height) {
   if (width > kBar && height > kBar && std::max(width, height) <= kLargestTraced) Trace();
 }
 
-EllipseQuarter::~EllipseQuarter() {
-  if (!isSpareGone && rows_.capacity() > spare.rows.capacity()) spare.rows = std::move(rows_);
-}
-
 void EllipseQuarter::Trace() {
-  rows_ = std::exchange(spare.rows, {});
   // With X and Y twice the distances of a pixel from the centre, the ellipse is where
   // f = b*b*X*X + a*a*Y*Y - a*a*b*b is 0. The trace begins at the left end of the middle row and goes
   // inward (x grows) and outward (to row 0).
   const std::int64_t a = width_ - 1, b = height_ - 1, isBetweenRows = b % 2;
-  rows_.assign(static_cast<std::size_t>(b / 2 + 1), {width_, -1});
+  rows_->assign(static_cast<std::size_t>(b / 2 + 1), {width_, -1});
   std::int64_t x = 0, row = b / 2;
   std::int64_t inward = 4 * b * b * (1 - a);                         // change of f by one pixel inward
   std::int64_t outward = 4 * a * a * (1 + isBetweenRows);            // and by one outward
   std::int64_t diagonal = a * a * isBetweenRows + inward + outward;  // f one pixel inward and outward
   while (2 * x <= a) {
-    Row& pixels = rows_[static_cast<std::size_t>(row)];
+    Row& pixels = (*rows_)[static_cast<std::size_t>(row)];
     pixels.first = std::min(pixels.first, x);
     pixels.last = x;
     const bool goOutward = 2 * diagonal <= outward;
@@ -60,7 +43,7 @@ void EllipseQuarter::Trace() {
     }
   }
   // A very slim ellipse reaches its axis early; the rest is its tip.
-  for (Row& pixels : rows_) {
+  for (Row& pixels : *rows_) {
     if (pixels.last >= 0) break;
     pixels = {x - 1, x - 1};
   }
@@ -81,11 +64,9 @@ std::int64_t EllipseQuarter::FloatFirst(std::int64_t row) const {
   return flat <= before ? steep : std::min(flat, steep);
 }
 
-EllipseQuarter::Row EllipseQuarter::At(std::int64_t row) const {
-  row = std::min(row, height_ - 1 - row);
+EllipseQuarter::Row EllipseQuarter::Untraced(std::int64_t row) const {
   const std::int64_t middle = (width_ - 1) / 2;
   if (width_ <= kBar || height_ <= kBar) return {0, middle};
-  if (!rows_.empty()) return rows_[static_cast<std::size_t>(row)];
   const std::int64_t first = FloatFirst(row);
   return {first, row == 0 ? middle : std::max(first, FloatFirst(row - 1) - 1)};
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
-#include <vector>
+
+#include "platform/gdi/scratch.h"
 
 namespace quenzel7::gdi {
 
@@ -15,9 +17,6 @@ namespace quenzel7::gdi {
 class EllipseQuarter {
  public:
   EllipseQuarter(std::int64_t width, std::int64_t height);
-  ~EllipseQuarter();
-  EllipseQuarter(const EllipseQuarter&) = delete;
-  EllipseQuarter& operator=(const EllipseQuarter&) = delete;
 
   /// The largest measures that are traced.
   static constexpr std::int64_t kLargestTraced = 16384;
@@ -27,14 +26,18 @@ class EllipseQuarter {
     std::int64_t first, last;
   };
   /// Any row of the box from the top, 0 to height-1.
-  Row At(std::int64_t row) const;
+  Row At(std::int64_t row) const {
+    row = std::min(row, height_ - 1 - row);
+    return rows_->empty() ? Untraced(row) : (*rows_)[static_cast<std::size_t>(row)];
+  }
 
  private:
   void Trace();
+  Row Untraced(std::int64_t row) const;
   std::int64_t FloatFirst(std::int64_t row) const;
 
   std::int64_t width_, height_;
-  std::vector<Row> rows_;
+  Scratch<Row> rows_;
 };
 
 }  // namespace quenzel7::gdi

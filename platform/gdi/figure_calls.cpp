@@ -41,8 +41,7 @@ void DrawWide(Context& context, const Box& box, const Corners& corners) {
     fill(OuterEdge(middle, width).Inset(width));
     stroke.Outline(figure.BorderPoints());
   } else if (width == 1) {
-    if (fill.Painter() != nullptr) figure.FillInside(*fill.Painter());
-    figure.PaintBorder(stroke.Painter());
+    figure.Paint(&stroke.Painter(), fill.Painter());
   } else if (width <= BroadBorder::kWidest) {
     BroadBorder(figure, width).Paint(stroke.Painter(), fill.Painter());
   } else {
@@ -67,9 +66,7 @@ void DrawFigure(Context& context, const Box& box, const Corners& corners) {
     const Box less{box.left, box.top, box.right - 1, box.bottom - 1};
     if (painter != nullptr) corners.Of(less).FillWhole(*painter);
   } else if (context.pen.IsThin()) {
-    const RoundedBox figure = corners.Of(box);
-    if (painter != nullptr) figure.FillInside(*painter);
-    PenPainter(context).ThinBorder(figure);
+    PenPainter(context).ThinBorder(corners.Of(box), painter);
   } else {
     DrawWide(context, box, corners);
   }

@@ -51,27 +51,32 @@ void WalkLine(POINT from, POINT to, std::int32_t width, std::int32_t height, Plo
   const std::uint64_t end = std::min(static_cast<std::uint64_t>(inside), length);
   if (first >= end) return;
 
-  // How far the minor axis has gone, as a whole part and a remainder of 1/length. Both factors are below
-  // 2^32, so the product fits.
-  std::uint64_t whole = first * minor.length / length;
-  std::uint64_t remainder = first * minor.length % length;
-  for (std::uint64_t step = first; step < end; ++step) {
-    const bool isPastHalf = minor.direction > 0 ? 2 * remainder > length : 2 * remainder >= length;
-    const std::int64_t across = minor.start + minor.direction * static_cast<std::int64_t>(whole + isPastHalf);
-    if (across >= 0 && across < minorEnd) {
-      const auto along =
-          static_cast<std::int32_t>(major.start + major.direction * static_cast<std::int64_t>(step));
-      if (isFlat) {
-        plot(along, static_cast<std::int32_t>(across), step);
-      } else {
-        plot(static_cast<std::int32_t>(across), along, step);
+  // How far the minor axis has gone to the nearest pixel: whole pixels, and a remainder in parts of which two
+  // times the length make a pixel. Both factors of the product are below 2^32, so it fits.
+  const std::uint64_t unit = 2 * length, halfUp = minor.direction > 0 ? length - 1 : length;
+  std::int64_t across =
+      minor.start + minor.direction * static_cast<std::int64_t>(first * minor.length / length);
+  std::uint64_t remainder = 2 * (first * minor.length % length) + halfUp;
+  const auto carry = [&] {
+    const bool isPast = remainder >= unit;
+    across += isPast ? minor.direction : 0;
+    remainder -= isPast ? unit : 0;
+  };
+  carry();
+  const auto walk = [&](auto&& plotPixel) {
+    for (std::uint64_t step = first; step < end; ++step) {
+      if (across >= 0 && across < minorEnd) {
+        const std::int64_t along = major.start + major.direction * static_cast<std::int64_t>(step);
+        plotPixel(static_cast<std::int32_t>(along), static_cast<std::int32_t>(across), step);
       }
+      remainder += 2 * minor.length;
+      carry();
     }
-    remainder += minor.length;
-    if (remainder >= length) {
-      remainder -= length;
-      ++whole;
-    }
+  };
+  if (isFlat) {
+    walk([&](std::int32_t along, std::int32_t away, std::uint64_t step) { plot(along, away, step); });
+  } else {
+    walk([&](std::int32_t along, std::int32_t away, std::uint64_t step) { plot(away, along, step); });
   }
 }
 

@@ -16,18 +16,23 @@ PenPainter::PenPainter(Context& context)
     : pen_(context.pen), painter_(*context.bitmap, Ink{context.pen.color, context.GapColor(), nullptr}) {}
 
 void PenPainter::ThinLine(POINT from, POINT to) {
-  if (from.y == to.y && !pen_.IsDashed()) {
-    // Along a row the left end belongs to the line if it is the start.
-    const bool goesRight = from.x < to.x;
-    const std::int64_t left = goesRight ? from.x : std::int64_t{to.x} + 1;
-    painter_.Span(from.y, left, goesRight ? to.x : std::int64_t{from.x} + 1);
+  const std::int32_t width = painter_.Target().Width(), height = painter_.Target().Height();
+  if (!pen_.IsDashed()) {
+    if (from.y == to.y) {
+      // Along a row the left end belongs to the line if it is the start.
+      const bool goesRight = from.x < to.x;
+      const std::int64_t left = goesRight ? from.x : std::int64_t{to.x} + 1;
+      painter_.Span(from.y, left, goesRight ? to.x : std::int64_t{from.x} + 1);
+    } else {
+      WalkLine(from, to, width, height,
+               [&](std::int32_t x, std::int32_t y, std::uint64_t) { painter_.ClippedPixel(x, y); });
+    }
     return;
   }
-  const DashPattern pattern(pen_.IsDashed() ? pen_.Line() : std::uint32_t{PS_SOLID});
-  WalkLine(from, to, painter_.Target().Width(), painter_.Target().Height(),
-           [&](std::int32_t x, std::int32_t y, std::uint64_t step) {
-             painter_.ClippedPixel(x, y, pattern.IsGap(phase_ + step));
-           });
+  const DashPattern pattern(pen_.Line());
+  WalkLine(from, to, width, height, [&](std::int32_t x, std::int32_t y, std::uint64_t step) {
+    painter_.ClippedPixel(x, y, pattern.IsGap(phase_ + step));
+  });
   phase_ += LineLength(from, to);
 }
 
@@ -57,11 +62,12 @@ void PenPainter::Outline(std::span<const POINT> points) {
   if (isOnePixel) painter_.Span(points[0].y, points[0].x, std::int64_t{points[0].x} + 1);
 }
 
-void PenPainter::ThinBorder(const RoundedBox& figure) {
+void PenPainter::ThinBorder(const RoundedBox& figure, SpanPainter* inside) {
   if (!pen_.IsDashed()) {
-    figure.PaintBorder(painter_);
+    figure.Paint(&painter_, inside);
     return;
   }
+  if (inside != nullptr) figure.FillInside(*inside);
   if (figure.IsSquare() || figure.IsLarge()) {
     Outline(figure.BorderPoints());
     return;

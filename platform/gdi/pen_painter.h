@@ -41,8 +41,9 @@ class PenPainter {
   /// Lines from point to point and back to the first. All points at one place are one pixel for a thin pen.
   void Outline(std::span<const POINT> points);
 
-  /// The border of one pixel of a figure, with the dashes of the pen. For pens that are thin.
-  void ThinBorder(const RoundedBox& figure);
+  /// The border of one pixel of a figure, with the dashes of the pen, and what is inside of it if there is a
+  /// painter for that. For pens that are thin.
+  void ThinBorder(const RoundedBox& figure, SpanPainter* inside = nullptr);
 
  private:
   void ThinLine(POINT from, POINT to);

@@ -26,10 +26,19 @@ class RoundedBox {
   };
   Row At(std::int64_t y) const;
 
+  /// The rows from `top` to `bottom`, half open, that are all the same: where the sides go straight down.
+  /// There may be none.
+  struct Rows {
+    std::int64_t top, bottom;
+  };
+  Rows StraightRows() const;
+
+  /// Paints the border of one pixel and what is inside of it; either painter may be missing.
+  void Paint(SpanPainter* border, SpanPainter* inside) const;
   /// Fills the inside without its border of one pixel.
-  void FillInside(SpanPainter& painter) const;
+  void FillInside(SpanPainter& painter) const { Paint(nullptr, &painter); }
   /// Paints the border of one pixel.
-  void PaintBorder(SpanPainter& painter) const;
+  void PaintBorder(SpanPainter& painter) const { Paint(&painter, nullptr); }
   /// Calls `plot(x, y, step)` for every pixel of that border, from the lower end of the top right corner's
   /// curve against the clock; `step` counts them, also those outside `target`, which are left out.
   template <typename Plot>
@@ -50,10 +59,6 @@ class RoundedBox {
   void FillAround(const RoundedBox& hole, SpanPainter& painter) const;
 
  private:
-  /// Calls `paint` for every visible row in one of the curves, and once for the box between.
-  template <typename PaintRow, typename PaintBetween>
-  void ForEachPart(const Bitmap& target, PaintRow&& paintRow, PaintBetween&& paintBetween) const;
-
   /// The top left curve from its lower end to the top, in offsets from the corner of the box.
   std::vector<POINT> CurvePoints() const;
 
@@ -62,6 +67,43 @@ class RoundedBox {
   EllipseQuarter corner_;
   std::int64_t curveRows_;  ///< rows at the top, and as many at the bottom, that are not straight
 };
+
+inline RoundedBox::Row RoundedBox::At(std::int64_t y) const {
+  const std::int64_t row = std::min(y - box_.top, box_.bottom - 1 - y);
+  EllipseQuarter::Row curve{0, 0};
+  if (row < curveRows_) curve = corner_.At(row);
+  const std::int64_t left = box_.left + curve.first, right = box_.right - curve.first;
+  const std::int64_t innerLeft = box_.left + curve.last + 1, innerRight = box_.right - curve.last - 1;
+  if (row == 0 || innerLeft > innerRight) return {left, right, right, right};
+  return {left, innerLeft, innerRight, right};
+}
+
+/// Paints the rows of a figure that are visible, their border and what is inside of it; either painter may be
+/// missing. `rowAt` gives a row, and the same one for all `straight` rows.
+template <typename RowAt>
+void PaintRows(const Box& visible, const RoundedBox::Rows& straight, RowAt&& rowAt, SpanPainter* border,
+               SpanPainter* inside) {
+  const auto paintOneByOne = [&](std::int64_t top, std::int64_t bottom) {
+    for (std::int64_t y = top; y < bottom; ++y) {
+      const RoundedBox::Row row = rowAt(y);
+      const auto clipped = static_cast<std::int32_t>(y);
+      if (border != nullptr) border->RowSpan(clipped, row.left, row.innerLeft);
+      if (inside != nullptr) inside->RowSpan(clipped, row.innerLeft, row.innerRight);
+      if (border != nullptr) border->RowSpan(clipped, row.innerRight, row.right);
+    }
+  };
+  paintOneByOne(visible.top, std::min(visible.bottom, straight.top));
+  if (straight.top < straight.bottom) {
+    const RoundedBox::Row row = rowAt(straight.top);
+    const auto paint = [&](SpanPainter* painter, std::int64_t left, std::int64_t right) {
+      if (painter != nullptr) painter->Fill({left, straight.top, right, straight.bottom});
+    };
+    paint(border, row.left, row.innerLeft);
+    paint(inside, row.innerLeft, row.innerRight);
+    paint(border, row.innerRight, row.right);
+  }
+  paintOneByOne(std::max({visible.top, straight.top, straight.bottom}), visible.bottom);
+}
 
 template <typename Plot>
 void RoundedBox::WalkBorder(const Bitmap& target, Plot&& plot) const {

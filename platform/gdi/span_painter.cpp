@@ -1,8 +1,5 @@
 #include "platform/gdi/span_painter.h"
 
-#include <algorithm>
-#include <cwchar>
-
 namespace quenzel7::gdi {
 namespace {
 
@@ -27,17 +24,6 @@ constexpr std::array<HatchRows, 6> kHatches = [] {
   return hatches;
 }();
 
-/// Stores the same word over and over. The C library's own loop uses the widest stores of the machine it
-/// runs on, the compiler's only those of the machine it was told of.
-void StoreWords(std::uint32_t* begin, std::uint32_t* end, std::uint32_t word) {
-  if constexpr (sizeof(wchar_t) == sizeof(std::uint32_t)) {
-    std::wmemset(reinterpret_cast<wchar_t*>(begin), static_cast<wchar_t>(word),
-                 static_cast<std::size_t>(end - begin));
-  } else {
-    std::fill(begin, end, word);
-  }
-}
-
 constexpr std::uint32_t kColorBits = 0x00FFFFFF;
 /// The truth table of the operation that changes nothing.
 constexpr std::uint8_t kLeaveTarget = 0xAA;
@@ -50,11 +36,6 @@ RasterTerms TermsFor(const Bitmap& target, std::optional<COLORREF> pattern, std:
   return RasterTerms(table, SwapRedAndBlue(*pattern)).Masked(kColorBits);
 }
 
-Box Box::ClippedTo(const Bitmap& bitmap) const {
-  return {std::max<std::int64_t>(left, 0), std::max<std::int64_t>(top, 0),
-          std::min<std::int64_t>(right, bitmap.Width()), std::min<std::int64_t>(bottom, bitmap.Height())};
-}
-
 Ink InkOf(const Brush& brush, std::optional<COLORREF> gap) {
   if (brush.style != BS_HATCHED) return Ink::Solid(brush.color);
   return {brush.color, gap, &kHatches[brush.hatch]};
@@ -64,36 +45,50 @@ SpanPainter::SpanPainter(Bitmap& target, const Ink& ink, std::uint8_t table)
     : target_(target),
       hatch_(ink.hatch),
       color_(TermsFor(target, ink.color, table)),
-      gap_(TermsFor(target, ink.gap, table)) {}
+      gap_(TermsFor(target, ink.gap, table)),
+      isPlain_(!target.IsMono() && hatch_ == nullptr && color_.target == 0),
+      isPlainHatch_(!target.IsMono() && hatch_ != nullptr && (color_.target | gap_.target) == 0) {
+  if (isPlainHatch_) PrepareHatch();
+}
 
-void SpanPainter::Fill(const Box& box) {
-  const Box clipped = box.ClippedTo(target_);
-  if (clipped.IsEmpty()) return;
-  const auto left = static_cast<std::int32_t>(clipped.left), right = static_cast<std::int32_t>(clipped.right);
-  const auto top = static_cast<std::int32_t>(clipped.top), bottom = static_cast<std::int32_t>(clipped.bottom);
-  const bool isWholeRows = left == 0 && right == target_.Width();
-  if (!target_.IsMono() && hatch_ == nullptr && color_.target == 0 && isWholeRows) {
-    // Whole rows lie next to each other: one long store.
-    StoreWords(target_.Words(top), target_.Words(bottom), color_.constant);
-    return;
-  }
-  for (std::int32_t y = top; y < bottom; ++y) {
-    if (target_.IsMono()) {
-      FillBits(y, left, right);
-    } else {
-      FillWords(y, left, right);
+void SpanPainter::PrepareHatch() {
+  for (std::size_t v = 0; v < 8; ++v) {
+    for (std::size_t u = 0; u < 16; ++u) {
+      const bool isInk = ((*hatch_)[v] >> (7 - u % 8) & 1) != 0;
+      hatchRows_[v][u] = (isInk ? color_ : gap_).constant;
     }
   }
 }
 
-void SpanPainter::FillWords(std::int32_t y, std::int32_t left, std::int32_t right) {
+void SpanPainter::Fill(const Box& box) {
+  const Box clipped = box.ClippedTo(target_);
+  if (clipped.IsEmpty()) return;
+  const auto top = static_cast<std::int32_t>(clipped.top), bottom = static_cast<std::int32_t>(clipped.bottom);
+  if (isPlain_) {
+    StoreBox(target_.Words(top) + clipped.left, clipped.Width(), clipped.Height(), target_.Width(),
+             color_.constant);
+    return;
+  }
+  const auto left = static_cast<std::int32_t>(clipped.left), right = static_cast<std::int32_t>(clipped.right);
+  for (std::int32_t y = top; y < bottom; ++y) CombineSpan(y, left, right);
+}
+
+void SpanPainter::CombineSpan(std::int32_t y, std::int32_t left, std::int32_t right) {
+  if (target_.IsMono()) {
+    CombineBits(y, left, right);
+  } else {
+    CombineWords(y, left, right);
+  }
+}
+
+void SpanPainter::CombineWords(std::int32_t y, std::int32_t left, std::int32_t right) {
   std::uint32_t* const row = target_.Words(y);
   if (hatch_ == nullptr) {
-    if (color_.target == 0) {
-      StoreWords(row + left, row + right, color_.constant);
-    } else {
-      for (std::int32_t x = left; x < right; ++x) row[x] = color_(0, row[x]);
-    }
+    for (std::int32_t x = left; x < right; ++x) row[x] = color_(0, row[x]);
+    return;
+  }
+  if (isPlainHatch_) {
+    StoreEight(row + left, right - left, hatchRows_[static_cast<std::size_t>(y % 8)].data() + left % 8);
     return;
   }
   // The pattern of this row, turned so that it begins at `left`.
@@ -113,7 +108,7 @@ void SpanPainter::FillWords(std::int32_t y, std::int32_t left, std::int32_t righ
     out[i] = constant[i] ^ (out[i] & target[i]);
 }
 
-void SpanPainter::FillBits(std::int32_t y, std::int32_t left, std::int32_t right) {
+void SpanPainter::CombineBits(std::int32_t y, std::int32_t left, std::int32_t right) {
   const std::uint32_t bits = hatch_ == nullptr ? 0xFFu : (*hatch_)[static_cast<std::size_t>(y % 8)];
   const std::uint32_t constant = (color_.constant & bits) | (gap_.constant & ~bits);
   const std::uint32_t target = (color_.target & bits) | (gap_.target & ~bits);
@@ -128,8 +123,7 @@ void SpanPainter::FillBits(std::int32_t y, std::int32_t left, std::int32_t right
   }
 }
 
-void SpanPainter::ClippedPixel(std::int32_t x, std::int32_t y, bool isGap) {
-  const RasterTerms& terms = isGap ? gap_ : color_;
+void SpanPainter::CombinePixel(std::int32_t x, std::int32_t y, const RasterTerms& terms) {
   if (target_.IsMono()) {
     std::uint8_t& byte = target_.Bytes(y)[x / 8];
     const std::uint32_t bit = 0x80u >> x % 8;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <limits>
 #include <random>
 #include <tuple>
@@ -40,6 +42,25 @@ TEST(WalkLine, TakesTheUpperOrLeftPixelWhereTheLineRunsBetweenTwo) {
 TEST(WalkLine, RoundsToTheNearestPixelAcross) {
   EXPECT_EQ(Walk({0, 0}, {3, 1}), (Pixels{{0, 0, 0}, {1, 0, 1}, {2, 1, 2}}));
   EXPECT_EQ(Walk({0, 0}, {3, 3}), (Pixels{{0, 0, 0}, {1, 1, 1}, {2, 2, 2}}));
+}
+
+TEST(WalkLine, EveryPixelIsTheNearestOneOrTheUpperOrLeftOfTwo) {
+  constexpr int kReach = 9;
+  for (int dx = -kReach; dx <= kReach; ++dx) {
+    for (int dy = -kReach; dy <= kReach; ++dy) {
+      const int length = std::max(std::abs(dx), std::abs(dy));
+      Pixels expected;
+      for (int step = 0; step < length; ++step) {
+        // The true line, in parts of which twice the length make a pixel; the smaller number wins a tie.
+        const auto nearest = [&](int distance) {
+          const int doubled = 2 * (10 * length + step * distance) + length - 1;
+          return doubled / (2 * length);
+        };
+        expected.emplace_back(nearest(dx), nearest(dy), static_cast<std::uint64_t>(step));
+      }
+      EXPECT_EQ(Walk({10, 10}, {10 + dx, 10 + dy}), expected) << dx << " " << dy;
+    }
+  }
 }
 
 TEST(WalkLine, ClippingMovesNoPixelAndKeepsTheCount) {

@@ -66,7 +66,9 @@ TEST_P(EveryFill, IsWhatItsDefinitionSaysPixelByPixel) {
   const auto between = [&](int low, int high) {
     return std::uniform_int_distribution<int>(low, high)(random);
   };
-  const std::uint32_t codes[] = {PATCOPY, PATCOPY, PATCOPY, PATINVERT, DSTINVERT, BLACKNESS, WHITENESS};
+  // The last is AND: what black ink overwrites, a white gap keeps.
+  constexpr std::uint32_t kAnd = 0x00A000C9;
+  const std::uint32_t codes[] = {PATCOPY, PATCOPY, PATCOPY, PATINVERT, DSTINVERT, BLACKNESS, WHITENESS, kAnd};
   for (int i = 0; i < 3000; ++i) {
     const int width = between(1, 70), height = between(1, 12);
     Bitmap actual = Scattered(width, height, GetParam(), static_cast<std::uint32_t>(i));
@@ -75,7 +77,7 @@ TEST_P(EveryFill, IsWhatItsDefinitionSaysPixelByPixel) {
     const Brush brush{between(0, 1) != 0 ? BS_HATCHED : BS_SOLID, static_cast<COLORREF>(random() & 0xFFFFFF),
                       static_cast<std::uint32_t>(between(0, 5))};
     const auto background = static_cast<COLORREF>(random() & 0xFFFFFF);
-    const std::uint8_t table = RasterTable(codes[between(0, 6)]);
+    const std::uint8_t table = RasterTable(codes[between(0, 7)]);
     SpanPainter(actual, InkOf(brush, background), table).Fill(box);
     FillNaively(expected, box, brush, background, table);
     ASSERT_EQ(Colors(actual), Colors(expected)) << "fill number " << i;
@@ -117,6 +119,51 @@ TEST(SpanPainter, SpanIsOneRow) {
   Bitmap bitmap(3, 3, 32);
   SpanPainter(bitmap, Ink::Solid(1)).Span(1, 1, 3);
   EXPECT_EQ(Colors(bitmap), (std::vector<COLORREF>{0, 0, 0, 0, 1, 1, 0, 0, 0}));
+}
+
+TEST(SpanPainter, HatchThatOverwritesOnlyWithItsInkKeepsWhatIsInItsGaps) {
+  constexpr std::uint8_t kAnd = 0xA0, kOr = 0xFA;
+  Bitmap bitmap(8, 1, 32);
+  SpanPainter(bitmap, Ink::Solid(0x123456)).Fill({0, 0, 8, 1});
+  SpanPainter(bitmap, InkOf(Brush{BS_HATCHED, 0, HS_VERTICAL}, 0xFFFFFF), kAnd).Fill({0, 0, 8, 1});
+  std::vector<COLORREF> expected(8, 0x123456);
+  expected[4] = 0;
+  EXPECT_EQ(Colors(bitmap), expected);
+  SpanPainter(bitmap, InkOf(Brush{BS_HATCHED, 0, HS_VERTICAL}, 0xFFFFFF), kOr).Fill({0, 0, 8, 1});
+  expected.assign(8, 0xFFFFFF);
+  expected[4] = 0;
+  EXPECT_EQ(Colors(bitmap), expected);
+}
+
+TEST(SpanPainter, RowSpanIsCutOffAtBothSides) {
+  for (const int bits : {1, 32}) {
+    for (const std::uint8_t table : {RasterTable(PATCOPY), RasterTable(DSTINVERT)}) {
+      Bitmap bitmap(4, 2, bits);
+      SpanPainter painter(bitmap, Ink::Solid(0xFFFFFF), table);
+      const std::int64_t far = std::int64_t{1} << 40;
+      painter.RowSpan(1, 3, 3);
+      painter.RowSpan(1, 3, 1);
+      painter.RowSpan(1, 4, far);
+      painter.RowSpan(1, -far, 0);
+      EXPECT_EQ(Colors(bitmap), std::vector<COLORREF>(8, 0));
+      painter.RowSpan(1, -far, 1);
+      painter.RowSpan(1, 2, 3);
+      EXPECT_EQ(Colors(bitmap), (std::vector<COLORREF>{0, 0, 0, 0, 0xFFFFFF, 0, 0xFFFFFF, 0}));
+      painter.RowSpan(0, 3, far);
+      EXPECT_EQ(Colors(bitmap), (std::vector<COLORREF>{0, 0, 0, 0xFFFFFF, 0xFFFFFF, 0, 0xFFFFFF, 0}));
+    }
+  }
+}
+
+TEST(SpanPainter, PixelIsCombinedByTheOperation) {
+  for (const int bits : {1, 32}) {
+    Bitmap bitmap(9, 1, bits);
+    bitmap.Set(8, 0, 0xFFFFFF);
+    SpanPainter painter(bitmap, Ink::Solid(0), RasterTable(DSTINVERT));
+    painter.ClippedPixel(0, 0);
+    painter.ClippedPixel(8, 0);
+    EXPECT_EQ(Colors(bitmap), (std::vector<COLORREF>{0xFFFFFF, 0, 0, 0, 0, 0, 0, 0, 0})) << bits;
+  }
 }
 
 TEST(SpanPainter, PixelIsInkOrGap) {
