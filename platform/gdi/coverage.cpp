@@ -21,13 +21,22 @@ void Coverage::Span(std::int64_t y, std::int64_t left, std::int64_t right) {
   top_ = std::min(top_, static_cast<std::int32_t>(y));
   bottom_ = std::max(bottom_, static_cast<std::int32_t>(y) + 1);
 
-  // The new stretch takes in all that it meets or touches.
   Row& row = rows_[static_cast<std::size_t>(y)];
-  const auto first = std::lower_bound(row.begin(), row.end(), left,
-                                      [](const Stretch& each, std::int64_t x) { return each.right < x; });
-  Stretch all{static_cast<std::int32_t>(left), static_cast<std::int32_t>(right)};
+  const Stretch stretch{static_cast<std::int32_t>(left), static_cast<std::int32_t>(right)};
+  if (row.empty() || row.back().right < stretch.left) {
+    row.push_back(stretch);
+  } else {
+    Join(row, stretch);
+  }
+  if (IsFull(y)) ++fullRows_;
+}
+
+void Coverage::Join(Row& row, Stretch stretch) {
+  const auto first = std::lower_bound(row.begin(), row.end(), stretch.left,
+                                      [](const Stretch& each, std::int32_t x) { return each.right < x; });
+  Stretch all = stretch;
   auto last = first;
-  for (; last != row.end() && last->left <= right; ++last) {
+  for (; last != row.end() && last->left <= stretch.right; ++last) {
     all = {std::min(all.left, last->left), std::max(all.right, last->right)};
   }
   if (first == last) {
@@ -36,22 +45,16 @@ void Coverage::Span(std::int64_t y, std::int64_t left, std::int64_t right) {
     *first = all;
     row.erase(first + 1, last);
   }
-  if (IsFull(y)) ++fullRows_;
 }
 
 void Coverage::All() {
   for (std::int32_t y = 0; y < height_; ++y) Span(y, 0, width_);
 }
 
-bool Coverage::IsFull(std::int64_t y) const {
-  const Row& row = rows_[static_cast<std::size_t>(y)];
-  return row.size() == 1 && row[0].left == 0 && row[0].right == width_;
-}
-
 void Coverage::Paint(SpanPainter& painter) const {
   for (std::int32_t y = top_; y < bottom_; ++y) {
     for (const Stretch& stretch : rows_[static_cast<std::size_t>(y)])
-      painter.Span(y, stretch.left, stretch.right);
+      painter.RowSpan(y, stretch.left, stretch.right);
   }
 }
 

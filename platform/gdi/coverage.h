@@ -20,7 +20,10 @@ class Coverage {
   void All();
 
   /// Whether nothing of a row of the surface, or of all rows, is left to be covered.
-  bool IsFull(std::int64_t y) const;
+  bool IsFull(std::int64_t y) const {
+    const Row& row = rows_[static_cast<std::size_t>(y)];
+    return row.size() == 1 && row[0].left == 0 && row[0].right == width_;
+  }
   bool IsFull() const { return fullRows_ == height_; }
 
   std::int32_t Width() const { return width_; }
@@ -35,6 +38,9 @@ class Coverage {
   };
   /// From left to right, with gaps between.
   using Row = std::vector<Stretch>;
+
+  /// Puts a stretch that does not lie behind all others into a row; it takes in all that it meets or touches.
+  static void Join(Row& row, Stretch stretch);
 
   std::int32_t width_ = 0, height_ = 0, fullRows_ = 0;
   /// The rows that have been covered in part; beyond them all are empty.

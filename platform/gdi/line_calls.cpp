@@ -16,15 +16,13 @@ using internal::Object;
 
 namespace {
 
-/// Lines from the pen position on, or part of the path that is being recorded. The last point becomes the pen
-/// position.
-void LinesTo(Context& context, std::span<const POINT> points) {
+/// Lines from the pen position, the first of the points, on, or part of the path that is being recorded. The
+/// last point becomes the pen position.
+void LinesAlong(Context& context, std::span<const POINT> points) {
   if (context.path.IsRecording()) {
-    context.path.AddLines(context.position, points);
+    context.path.AddLines(points.front(), points.subspan(1));
   } else if (!context.pen.IsNull()) {
-    std::vector<POINT> all{context.position};
-    all.insert(all.end(), points.begin(), points.end());
-    PenPainter(context).Lines(all);
+    PenPainter(context).Lines(points);
   }
   context.position = points.back();
 }
@@ -45,7 +43,7 @@ BOOL LineTo(HDC dc, std::int32_t x, std::int32_t y) {
   Note("LineTo", Object{dc}, x, y);
   Context* context = Handles().Find<Context>(dc);
   if (context == nullptr) return 0;
-  LinesTo(*context, std::array<POINT, 1>{{{x, y}}});
+  LinesAlong(*context, std::array<POINT, 2>{{context->position, {x, y}}});
   return 1;
 }
 
@@ -57,7 +55,7 @@ BOOL Polyline(HDC dc, const POINT* points, std::int32_t count) {
   Context* context = Handles().Find<Context>(dc);
   if (context == nullptr || !isUsable) return 0;
   if (context->path.IsRecording()) {
-    context->path.AddFigure({all.begin(), all.end()}, false);
+    context->path.AddFigure(all, false);
   } else if (!context->pen.IsNull()) {
     PenPainter(*context).Lines(all);
   }
@@ -68,7 +66,9 @@ BOOL AngleArc(HDC dc, std::int32_t x, std::int32_t y, std::uint32_t radius, floa
   Note("AngleArc", Object{dc}, x, y, radius, start, sweep);
   Context* context = Handles().Find<Context>(dc);
   if (context == nullptr || !std::isfinite(start) || !std::isfinite(sweep)) return 0;
-  LinesTo(*context, ArcPoints({x, y}, radius, start, sweep));
+  std::vector<POINT> points = ArcPoints({x, y}, radius, start, sweep);
+  points.insert(points.begin(), context->position);
+  LinesAlong(*context, points);
   return 1;
 }
 

@@ -1,4 +1,4 @@
-#include <vector>
+#include <span>
 
 #include "platform/gdi/call_note.h"
 #include "platform/gdi/gdi.h"
@@ -13,20 +13,19 @@ using internal::Object;
 
 namespace {
 
-using Figures = std::vector<Path::Figure>;
+using Figures = std::span<const Path::Figure>;
 
-void FillFigures(Context& context, const Figures& figures) {
+void FillFigures(Context& context, Figures figures) {
   BrushFiller fill(context);
   if (fill.Painter() == nullptr) return;
-  std::vector<Polygon> polygons;
+  PolygonFiller filler(context.bitmap->Height());
   for (const Path::Figure& figure : figures) {
-    Polygon& polygon = polygons.emplace_back();
-    for (const POINT& point : figure.points) polygon.push_back(FinePoint::At(point));
+    filler.AddOutline(figure.points, [](POINT point) { return FinePoint::At(point); });
   }
-  FillPolygons(polygons, *fill.Painter());
+  filler.Paint(*fill.Painter());
 }
 
-void StrokeFigures(Context& context, const Figures& figures, bool closeAll) {
+void StrokeFigures(Context& context, Figures figures, bool closeAll) {
   if (context.pen.IsNull()) return;
   for (const Path::Figure& figure : figures) {
     PenPainter painter(context);

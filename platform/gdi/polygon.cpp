@@ -3,53 +3,21 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <tuple>
 
 namespace quenzel7::gdi {
 namespace {
 
 __extension__ using Wide = __int128;
 
-/// Where an outline crosses a row: the first pixel at or to the right of it.
-struct Crossing {
-  std::int64_t y, x;
-};
-
-thread_local std::vector<Crossing> crossings;
-
-std::int64_t CeilDivided(Wide value, Wide divisor) {
-  const Wide quotient = value / divisor;
-  return static_cast<std::int64_t>(quotient + (value > quotient * divisor ? 1 : 0));
+template <typename T>
+std::int64_t FloorDivided(T value, T divisor) {
+  const T quotient = value / divisor;
+  return static_cast<std::int64_t>(quotient - (value < quotient * divisor ? 1 : 0));
 }
 
-void AddCrossings(FinePoint from, FinePoint to, std::int32_t rows) {
-  if (from.y > to.y) std::swap(from, to);
-  const std::int64_t height = to.y - from.y;
-  if (height == 0) return;
-  const std::int64_t first = std::max<std::int64_t>(CeilDivided(from.y, FinePoint::kUnit), 0);
-  const std::int64_t end = std::min<std::int64_t>(CeilDivided(to.y, FinePoint::kUnit), rows);
-  for (std::int64_t y = first; y < end; ++y) {
-    // x = from.x + (y - from.y) * width / height, in pixels
-    const Wide along = Wide{y * FinePoint::kUnit - from.y} * (to.x - from.x) + Wide{from.x} * height;
-    crossings.push_back({y, CeilDivided(along, Wide{height} * FinePoint::kUnit)});
-  }
-}
-
-/// Hands the spans of the rows 0 to `rows`-1 to `span`.
-template <typename Span>
-void ForEachSpan(std::span<const Polygon> polygons, std::int32_t rows, Span&& span) {
-  crossings.clear();
-  for (const Polygon& polygon : polygons) {
-    for (std::size_t i = 0; i < polygon.size(); ++i) {
-      AddCrossings(polygon[i], polygon[i + 1 < polygon.size() ? i + 1 : 0], rows);
-    }
-  }
-  std::sort(crossings.begin(), crossings.end(),
-            [](const Crossing& a, const Crossing& b) { return std::tie(a.y, a.x) < std::tie(b.y, b.x); });
-  // Every row has an even number of them, as each outline is closed.
-  for (std::size_t i = 0; i + 1 < crossings.size(); i += 2) {
-    span(crossings[i].y, crossings[i].x, crossings[i + 1].x);
-  }
+template <typename T>
+std::int64_t CeilDivided(T value, T divisor) {
+  return -FloorDivided(-value, divisor);
 }
 
 /// On which side of a line a point lies: its sign tells, 0 is on it.
@@ -61,14 +29,76 @@ Wide Side(FinePoint from, FinePoint to, FinePoint point) {
 
 FinePoint FinePoint::At(double x, double y) { return {std::llround(x * kUnit), std::llround(y * kUnit)}; }
 
+void PolygonFiller::AddEdge(FinePoint from, FinePoint to) {
+  if (from.y > to.y) std::swap(from, to);
+  const std::int64_t first = std::max<std::int64_t>(CeilDivided(from.y, FinePoint::kUnit), 0);
+  const std::int64_t end = std::min(CeilDivided(to.y, FinePoint::kUnit), rows_);
+  if (first >= end) return;
+  // x = from.x + (y - from.y) * width / height, in 256ths; from one row to the next it grows by width /
+  // height pixels.
+  const std::int64_t width = to.x - from.x, height = to.y - from.y, unit = height * FinePoint::kUnit;
+  const Wide along = Wide{first * FinePoint::kUnit - from.y} * width + Wide{from.x} * height;
+  const std::int64_t x = CeilDivided(along, Wide{unit}), xStep = FloorDivided(width, height);
+  edges_->push_back({static_cast<std::int32_t>(first), static_cast<std::int32_t>(end), x,
+                     static_cast<std::int64_t>(Wide{x} * unit - along), xStep,
+                     (width - xStep * height) * FinePoint::kUnit, unit});
+}
+
+template <typename Span>
+void PolygonFiller::ForEachSpan(Span&& span) {
+  std::sort(edges_->begin(), edges_->end(),
+            [](const Edge& a, const Edge& b) { return a.firstRow < b.firstRow; });
+  // The edges that cross the row, from left to right. Every row has an even number of them, as each outline
+  // is closed.
+  Scratch<Edge*> crossing;
+  auto next = edges_->begin();
+  for (std::int32_t y = 0, end = 0; next != edges_->end() || !crossing->empty(); y = end) {
+    if (crossing->empty()) y = next->firstRow;
+    for (; next != edges_->end() && next->firstRow == y; ++next) crossing->push_back(&*next);
+    // Up to here the edges stay the same.
+    end = next != edges_->end() ? next->firstRow : crossing->front()->endRow;
+    for (const Edge* edge : *crossing) end = std::min(end, edge->endRow);
+    for (std::int32_t row = y; row < end; ++row) {
+      // Few change places from one row to the next.
+      for (std::size_t i = 1; i < crossing->size(); ++i) {
+        for (std::size_t j = i; j > 0 && (*crossing)[j]->x < (*crossing)[j - 1]->x; --j) {
+          std::swap((*crossing)[j], (*crossing)[j - 1]);
+        }
+      }
+      for (std::size_t i = 0; i + 1 < crossing->size(); i += 2) {
+        span(row, (*crossing)[i]->x, (*crossing)[i + 1]->x);
+      }
+      for (Edge* const edge : *crossing) edge->StepDown();
+    }
+    std::erase_if(*crossing, [&](const Edge* edge) { return edge->endRow == end; });
+  }
+}
+
+void PolygonFiller::Paint(SpanPainter& painter) {
+  ForEachSpan(
+      [&](std::int32_t y, std::int64_t left, std::int64_t right) { painter.RowSpan(y, left, right); });
+}
+
+void PolygonFiller::Cover(Coverage& coverage) {
+  ForEachSpan([&](std::int32_t y, std::int64_t left, std::int64_t right) { coverage.Span(y, left, right); });
+}
+
+void PolygonFiller::AddPolygons(std::span<const Polygon> polygons) {
+  for (const Polygon& polygon : polygons) {
+    AddOutline(polygon, [](const FinePoint& point) { return point; });
+  }
+}
+
 void FillPolygons(std::span<const Polygon> polygons, SpanPainter& painter) {
-  ForEachSpan(polygons, painter.Target().Height(),
-              [&](std::int64_t y, std::int64_t left, std::int64_t right) { painter.Span(y, left, right); });
+  PolygonFiller filler(painter.Target().Height());
+  filler.AddPolygons(polygons);
+  filler.Paint(painter);
 }
 
 void CoverPolygons(std::span<const Polygon> polygons, Coverage& coverage) {
-  ForEachSpan(polygons, coverage.Height(),
-              [&](std::int64_t y, std::int64_t left, std::int64_t right) { coverage.Span(y, left, right); });
+  PolygonFiller filler(coverage.Height());
+  filler.AddPolygons(polygons);
+  filler.Cover(coverage);
 }
 
 bool IsConvexOutside(const Polygon& polygon, std::int32_t width, std::int32_t height) {

@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
+#include <initializer_list>
 
 #include "platform/gdi/coverage.h"
 #include "platform/gdi/ellipse.h"
+#include "platform/gdi/scratch.h"
 
 namespace quenzel7::gdi {
 namespace {
@@ -48,7 +49,7 @@ class Stroker {
   Stroker(const Pen& pen, Coverage& coverage)
       : pen_(pen), coverage_(coverage), half_(pen.width / 2.0), disc_(pen.width, pen.width) {}
 
-  void Run(const std::vector<POINT>& points, bool isClosed) {
+  void Run(std::span<const POINT> points, bool isClosed) {
     const std::size_t count = points.size();
     if (count == 1) {
       Dot(points[0]);
@@ -82,10 +83,10 @@ class Stroker {
   }
 
   void Fill(std::initializer_list<Vector> corners) {
-    polygon_.clear();
-    for (const Vector& corner : corners) polygon_.push_back(FinePoint::At(corner.x, corner.y));
-    if (IsConvexOutside(polygon_, coverage_.Width(), coverage_.Height())) return;
-    CoverPolygons(std::span(&polygon_, 1), coverage_);
+    polygon_->clear();
+    for (const Vector& corner : corners) polygon_->push_back(FinePoint::At(corner.x, corner.y));
+    if (IsConvexOutside(*polygon_, coverage_.Width(), coverage_.Height())) return;
+    CoverPolygons(std::span(&*polygon_, 1), coverage_);
   }
 
   void Disc(POINT center) {
@@ -160,20 +161,21 @@ class Stroker {
   Coverage& coverage_;
   const double half_;
   const EllipseQuarter disc_;
-  Polygon polygon_;
+  Scratch<FinePoint> polygon_;
 };
 
 }  // namespace
 
 void StrokeLines(std::span<const POINT> points, bool isClosed, const Pen& pen, SpanPainter& painter) {
-  std::vector<POINT> distinct;
+  Scratch<POINT> distinct;
   for (const POINT& point : points) {
-    if (distinct.empty() || !AreEqual(distinct.back(), point)) distinct.push_back(point);
+    if (distinct->empty() || !AreEqual(distinct->back(), point)) distinct->push_back(point);
   }
-  while (isClosed && distinct.size() > 1 && AreEqual(distinct.front(), distinct.back())) distinct.pop_back();
-  if (distinct.empty()) return;
+  while (isClosed && distinct->size() > 1 && AreEqual(distinct->front(), distinct->back()))
+    distinct->pop_back();
+  if (distinct->empty()) return;
   covered.Begin(painter.Target().Width(), painter.Target().Height());
-  Stroker(pen, covered).Run(distinct, isClosed);
+  Stroker(pen, covered).Run(*distinct, isClosed);
   covered.Paint(painter);
 }
 

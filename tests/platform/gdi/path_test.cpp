@@ -49,11 +49,13 @@ TEST(Path, FiguresStandByThemselves) {
   Path path;
   path.Begin();
   path.AddLines({1, 1}, std::array<POINT, 1>{{{2, 2}}});
-  path.AddFigure({{7, 7}, {8, 8}}, true);
+  path.AddFigure(std::array<POINT, 2>{{{7, 7}, {8, 8}}}, true);
   path.AddLines({2, 2}, std::array<POINT, 1>{{{3, 3}}});
   path.End();
   const auto figures = path.Take();
   ASSERT_EQ(figures->size(), 3u);
+  EXPECT_EQ(Points((*figures)[0]), (Pairs{{1, 1}, {2, 2}}));
+  EXPECT_EQ(Points((*figures)[1]), (Pairs{{7, 7}, {8, 8}}));
   EXPECT_TRUE((*figures)[1].isClosed);
   EXPECT_EQ(Points((*figures)[2]), (Pairs{{2, 2}, {3, 3}}));
 }

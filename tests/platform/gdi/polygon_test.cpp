@@ -113,6 +113,42 @@ TEST(FillPolygons, HoldsThePixelsWithAnOddNumberOfCrossingsToTheLeft) {
   }
 }
 
+// Edges between fractions of pixels, several polygons at once, many rows long.
+TEST(FillPolygons, FollowSlantedEdgesExactlyOverManyRows) {
+  constexpr int kWidth = 12, kHeight = 70;
+  std::mt19937 random(31);
+  const auto any = [&](int size) { return static_cast<std::int64_t>(random() % (2 * size * kUnit)) - kUnit; };
+  for (int i = 0; i < 100; ++i) {
+    std::vector<Polygon> polygons(1 + random() % 3);
+    for (Polygon& polygon : polygons) {
+      for (std::size_t k = 3 + random() % 4; k > 0; --k) polygon.push_back({any(kWidth), any(kHeight)});
+    }
+    const Text rows = Filled(polygons, kWidth, kHeight);
+    for (int y = 0; y < kHeight; ++y) {
+      for (int x = 0; x < kWidth; ++x) {
+        int count = 0;
+        for (const Polygon& polygon : polygons) {
+          for (std::size_t k = 0; k < polygon.size(); ++k) {
+            FinePoint a = polygon[k], b = polygon[(k + 1) % polygon.size()];
+            if (a.y > b.y) std::swap(a, b);
+            const bool isInRow = a.y <= y * kUnit && y * kUnit < b.y;
+            if (isInRow && (y * kUnit - a.y) * (b.x - a.x) <= (x * kUnit - a.x) * (b.y - a.y)) ++count;
+          }
+        }
+        ASSERT_EQ(rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)], count % 2 != 0 ? '#' : '.')
+            << i << ": " << x << ", " << y;
+      }
+    }
+  }
+}
+
+TEST(PolygonFiller, WithoutEdgesPaintsNothing) {
+  Bitmap bitmap(2, 2, 32);
+  SpanPainter painter(bitmap, Ink::Solid(1));
+  PolygonFiller(2).Paint(painter);
+  EXPECT_EQ(bitmap.At(0, 0), 0u);
+}
+
 TEST(FillPolygons, ReachOverTheWholePlane) {
   constexpr int kMin = -2147483647 - 1, kMax = 2147483647;
   EXPECT_EQ(Filled({Whole({{kMin, kMin}, {kMax, kMin}, {kMax, kMax}, {kMin, kMax}})}, 3, 2),
