@@ -11,7 +11,8 @@ using internal::Object;
 
 namespace {
 
-/// Inverts those pixels of a row or column of the focus frame that `isDotted` names.
+/// Inverts every second pixel of a frame one pixel wide along the inner edge of a box, counted from the box's
+/// top right corner. Only what lies on the painter's target is visited.
 void InvertDots(SpanPainter& painter, const Box& box) {
   const Box visible = box.ClippedTo(painter.Target());
   // A step along the frame changes x + y by one, so counting from the corner is a chequer.

@@ -27,8 +27,7 @@ namespace quenzel7::gdi {
 ///   face's box for missing characters. Control characters are always taken from the face itself.
 /// - Without any font on the machine every character but the space is an empty box half the em wide.
 /// - Escapement, orientation, precisions and quality are not applied: lines run to the right, pixels are
-/// black
-///   or white.
+///   black or white.
 class Font {
  public:
   /// The largest em and cell that pictures are made for, in pixels.

@@ -14,10 +14,9 @@ namespace quenzel7::gdi {
 /// A call is noted as text, `Name(argument, ...)`:
 /// - numbers in decimal, colours as 0xbbggrr, raster codes and extended pen styles as 0x and hexadecimal;
 /// - objects by kind and number, "dc:1", "pen:2", "brush:1", "bitmap:1", "region:1", "font:1", counted for
-/// each kind in
-///   the order in which this recorder meets them; a deleted object keeps its name. "stock:7" is a stock
-///   object, "default-bitmap" the bitmap that a context has from the beginning, "null" the null handle,
-///   "invalid" any other number;
+///   each kind in the order in which this recorder meets them; a deleted object keeps its name. "stock:7" is
+///   a stock object, "default-bitmap" the bitmap that a context has from the beginning, "null" the null
+///   handle, "invalid" any other number;
 /// - texts in quotes: `TextOutA(dc:1, 2, 3, "5\" \\ \xe4", 7)`;
 /// - structures in braces, fields in order: `Polyline(dc:1, {{1, 2}, {3, 4}})`; null pointers as "null";
 /// - the values that a call gives back through pointers are left out;

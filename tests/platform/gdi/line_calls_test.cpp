@@ -200,6 +200,9 @@ TEST(AngleArc, FailsWithoutContextOrFiniteAngles) {
 TEST(AngleArc, CanBeAsLargeAsThePlane) {
   const Surface surface = White(3, 3);
   EXPECT_EQ(AngleArc(surface.Dc(), kMax, kMin, 0xFFFFFFFF, 12, 345), 1);
+  // The arc ends at 357 degrees, far outside to the right and 4294967295 * sin(3 degrees) below its centre.
+  EXPECT_EQ(Position(surface).x, kMax);
+  EXPECT_EQ(Position(surface).y, -1922702428);
 }
 
 // Two hundred thousand chords, each as wide as the pen: only those that pass the surface are looked at.
