@@ -377,7 +377,7 @@ constexpr RefusedCall kRefused[] = {
      [](HDC dc, HDC) -> std::int64_t { return CreateCompatibleBitmap(dc, kMax, kMax); }},
     {"the stock object before the first", [](HDC, HDC) -> std::int64_t { return GetStockObject(-1); }},
     {"a stock object between", [](HDC, HDC) -> std::int64_t { return GetStockObject(9); }},
-    {"the stock object after the last", [](HDC, HDC) -> std::int64_t { return GetStockObject(14); }},
+    {"the stock object after the last", [](HDC, HDC) -> std::int64_t { return GetStockObject(18); }},
     {"an object of no type", [](HDC dc, HDC) -> std::int64_t { return GetCurrentObject(dc, 0); }},
     {"an object of unknown type",
      [](HDC dc, HDC) -> std::int64_t { return GetCurrentObject(dc, 0xFFFFFFFF); }},
