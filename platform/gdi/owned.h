@@ -24,25 +24,27 @@ class OwnedContext {
   HDC dc_;
 };
 
-/// A bitmap that is deleted at the end.
-class OwnedBitmap {
+/// An object that is deleted at the end.
+class OwnedObject {
  public:
-  OwnedBitmap() = default;
-  explicit OwnedBitmap(HBITMAP bitmap) : bitmap_(bitmap) {}
-  ~OwnedBitmap() { Reset(0); }
-  OwnedBitmap(const OwnedBitmap&) = delete;
-  OwnedBitmap& operator=(const OwnedBitmap&) = delete;
+  OwnedObject() = default;
+  explicit OwnedObject(HGDIOBJ object) : object_(object) {}
+  ~OwnedObject() { Reset(0); }
+  OwnedObject(const OwnedObject&) = delete;
+  OwnedObject& operator=(const OwnedObject&) = delete;
 
-  HBITMAP Get() const { return bitmap_; }
-  /// Deletes the bitmap and takes another, or none (0).
-  void Reset(HBITMAP bitmap) {
-    if (bitmap_ != 0) DeleteObject(bitmap_);
-    bitmap_ = bitmap;
+  HGDIOBJ Get() const { return object_; }
+  /// Deletes the object and takes another, or none (0).
+  void Reset(HGDIOBJ object) {
+    if (object_ != 0) DeleteObject(object_);
+    object_ = object;
   }
 
  private:
-  HBITMAP bitmap_ = 0;
+  HGDIOBJ object_ = 0;
 };
+
+using OwnedBitmap = OwnedObject;
 
 /// Selects an object that belongs to somebody else; at the end the context gets back what it had.
 class Selection {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/gdi/recorder.h"
 #include "tests/platform/gdi/picture.h"
 
 namespace quenzel7::gdi {
@@ -20,6 +21,15 @@ TEST(Selected, SelectsAndAtTheEndRestoresAndDeletes) {
   EXPECT_EQ(GetCurrentObject(surface.Dc(), OBJ_PEN), GetStockObject(BLACK_PEN));
   EXPECT_EQ(GetCurrentObject(surface.Dc(), OBJ_BRUSH), GetStockObject(WHITE_BRUSH));
   EXPECT_EQ(LiveObjects(), before);
+}
+
+TEST(Selected, PutsBackWhatWasSelectedAndThenDeletes) {
+  const Surface surface(2, 2);
+  Recorder recorder;
+  { const SelectedBrush brush(surface.Dc(), CreateSolidBrush(kRed)); }
+  EXPECT_EQ(recorder.Calls(),
+            (std::vector<std::string>{"CreateSolidBrush(0x0000ff) -> brush:1", "SelectObject(dc:1, brush:1)",
+                                      "SelectObject(dc:1, stock:0)", "DeleteObject(brush:1)"}));
 }
 
 TEST(Selected, NestsInTheOrderOfScopes) {
