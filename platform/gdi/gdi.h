@@ -254,4 +254,10 @@ std::int32_t DrawTextA(HDC dc, const char* text, std::int32_t count, RECT* rect,
 /// `first` or above 255.
 BOOL GetCharWidth32A(HDC dc, std::uint32_t first, std::uint32_t last, std::int32_t* widths);
 
+// --- Memory ---
+
+/// Copies `size` bytes; the two places may overlap. Does nothing if either is null. No call of drawing:
+/// a `Recorder` does not note it.
+void RtlMoveMemory(void* to, const void* from, std::size_t size);
+
 }  // namespace quenzel7::gdi
