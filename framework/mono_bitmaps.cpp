@@ -26,7 +26,7 @@ HBITMAP SelectNewBitmap(HDC dc, Long w, Long h) {
 }  // namespace
 
 HBITMAP CopyMonoBitmap(HBITMAP bitmap) {
-  const auto [w, h] = BitmapSizeOf(bitmap);
+  const auto [w, h, bits] = BitmapSizeOf(bitmap);
   const OwnedContext source(0);
   gdi::SelectObject(source.Get(), bitmap);
   const OwnedContext target(0);
@@ -47,7 +47,7 @@ HBITMAP NewWhiteMonoBitmap(Long w, Long h) {
 HBITMAP StretchMonoBitmap(HBITMAP bitmap, Long w, Long h) {
   // Refuses measures that no picture has.
   static_cast<void>(WordAlignedSize(w, h));
-  const auto [sourceW, sourceH] = BitmapSizeOf(bitmap);
+  const auto [sourceW, sourceH, bits] = BitmapSizeOf(bitmap);
   const OwnedContext target(0);
   const HBITMAP stretched = SelectNewBitmap(target.Get(), w, h);
   gdi::PatBlt(target.Get(), 0, 0, w, h, gdi::WHITENESS);

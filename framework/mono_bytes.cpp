@@ -29,7 +29,7 @@ Long WordAt(const Byte* at) { return at[0] | at[1] << 8; }
 
 void BitmapToBytes(gdi::HBITMAP bitmap, std::vector<Byte>& bytes, Long w, Long h) {
   const bool keepsSize = w == kOwnSize || h == kOwnSize;
-  const BitmapSize measures = keepsSize ? BitmapSizeOf(bitmap) : BitmapSize{w, h};
+  const BitmapSize measures = keepsSize ? BitmapSizeOf(bitmap) : BitmapSize{w, h, 1};
   const Long size = WordAlignedSize(measures.w, measures.h);
   const gdi::OwnedBitmap resized(keepsSize ? 0 : StretchMonoBitmap(bitmap, w, h));
   bytes.assign(static_cast<std::size_t>(size) + kTrailerSize, 0);

@@ -9,6 +9,7 @@
 #include "platform/gdi/recorder.h"
 #include "tests/framework/mono_picture.h"
 #include "tests/framework/stretch_mode.h"
+#include "tests/framework/wrong_handles.h"
 #include "tests/platform/gdi/picture.h"
 #include "tests/support/raises.h"
 
@@ -21,30 +22,12 @@ using test::AnyMonoPicture;
 using test::BitsOf;
 using test::Bytes;
 using test::FormatOf;
+using test::Mono;
 using test::MonoPicture;
 using test::StretchModeIs;
+using test::WrongHandles;
 using Calls = std::vector<std::string>;
 using Format = std::vector<Long>;
-
-HBITMAP Mono(Long w, Long h, const Bytes& bits) { return gdi::CreateBitmap(w, h, 1, 1, bits.data()); }
-
-/// Handles that are no bitmap, each with what it is.
-class WrongHandles {
- public:
-  WrongHandles() { gdi::DeleteObject(deleted_); }
-  WrongHandles(const WrongHandles&) = delete;
-  WrongHandles& operator=(const WrongHandles&) = delete;
-  ~WrongHandles() {
-    gdi::DeleteObject(pen_);
-    gdi::DeleteObject(brush_);
-  }
-  std::vector<gdi::HGDIOBJ> All() const { return {0, 12345, deleted_, pen_, brush_}; }
-
- private:
-  const HBITMAP deleted_ = gdi::CreateBitmap(5, 5, 1, 1, nullptr);
-  const gdi::HPEN pen_ = gdi::MakePen(gdi::PS_SOLID, 9, 0x010203);
-  const gdi::HBRUSH brush_ = gdi::CreateSolidBrush(0x010203);
-};
 
 TEST(CopyMonoBitmap, AsksAndPaintsInThisOrder) {
   const OwnedBitmap bitmap(Mono(17, 1, {0xFF, 0x00, 0x80, 0x00}));
@@ -94,13 +77,13 @@ TEST(CopyMonoBitmap, OfABitmapInColoursHasWhiteWhereItIsWhite) {
 
 TEST(CopyMonoBitmap, OfWhatIsNoBitmapIsOneBlackPixel) {
   const WrongHandles wrong;
-  for (const gdi::HGDIOBJ handle : wrong.All()) {
+  for (const auto& [name, handle] : wrong.All()) {
     const std::size_t before = gdi::LiveObjects();
     const HBITMAP copy = CopyMonoBitmap(handle);
-    EXPECT_EQ(gdi::LiveObjects(), before + 1) << handle;
-    EXPECT_EQ(FormatOf(copy), (Format{1, 1, 1})) << handle;
-    EXPECT_EQ(BitsOf(copy), (Bytes{0, 0})) << handle;
-    EXPECT_EQ(gdi::DeleteObject(copy), 1) << handle;
+    EXPECT_EQ(gdi::LiveObjects(), before + 1) << name;
+    EXPECT_EQ(FormatOf(copy), (Format{1, 1, 1})) << name;
+    EXPECT_EQ(BitsOf(copy), (Bytes{0, 0})) << name;
+    EXPECT_EQ(gdi::DeleteObject(copy), 1) << name;
   }
 }
 
@@ -241,12 +224,12 @@ TEST(StretchMonoBitmap, MakesOneNewBitmapThatBelongsToTheCaller) {
 
 TEST(StretchMonoBitmap, OfWhatIsNoBitmapIsWhite) {
   const WrongHandles wrong;
-  for (const gdi::HGDIOBJ handle : wrong.All()) {
+  for (const auto& [name, handle] : wrong.All()) {
     const std::size_t before = gdi::LiveObjects();
     const HBITMAP stretched = StretchMonoBitmap(handle, 3, 1);
-    EXPECT_EQ(gdi::LiveObjects(), before + 1) << handle;
-    EXPECT_EQ(FormatOf(stretched), (Format{3, 1, 1})) << handle;
-    EXPECT_EQ(BitsOf(stretched), (Bytes{0b11100000, 0})) << handle;
+    EXPECT_EQ(gdi::LiveObjects(), before + 1) << name;
+    EXPECT_EQ(FormatOf(stretched), (Format{3, 1, 1})) << name;
+    EXPECT_EQ(BitsOf(stretched), (Bytes{0b11100000, 0})) << name;
     gdi::DeleteObject(stretched);
   }
 }

@@ -9,6 +9,7 @@
 #include "platform/gdi/recorder.h"
 #include "tests/framework/mono_picture.h"
 #include "tests/framework/stretch_mode.h"
+#include "tests/framework/wrong_handles.h"
 #include "tests/platform/gdi/picture.h"
 #include "tests/support/raises.h"
 
@@ -21,12 +22,12 @@ using test::AnyMonoPicture;
 using test::BitsOf;
 using test::Bytes;
 using test::FormatOf;
+using test::Mono;
 using test::MonoPicture;
 using test::StretchModeIs;
+using test::WrongHandles;
 using Calls = std::vector<std::string>;
 using Format = std::vector<Long>;
-
-HBITMAP Mono(Long w, Long h, const Bytes& bits) { return gdi::CreateBitmap(w, h, 1, 1, bits.data()); }
 
 Bytes BytesOf(HBITMAP bitmap, Long w = -1, Long h = -1) {
   Bytes bytes = {1, 2, 3};
@@ -122,18 +123,13 @@ TEST(BitmapToBytes, ResizingABitmapInColoursMakesAOneBitPictureOfIt) {
 }
 
 TEST(BitmapToBytes, OfWhatIsNoBitmapIsATrailerAlone) {
-  const gdi::HPEN pen = gdi::MakePen(gdi::PS_SOLID, 9, 0x010203);
-  const gdi::HBRUSH brush = gdi::CreateSolidBrush(0x010203);
-  const HBITMAP deleted = gdi::CreateBitmap(5, 5, 1, 1, nullptr);
-  gdi::DeleteObject(deleted);
+  const WrongHandles wrong;
   const std::size_t before = gdi::LiveObjects();
-  for (const gdi::HGDIOBJ handle : {0, 12345, deleted, pen, brush}) {
-    EXPECT_EQ(BytesOf(handle), (Bytes{0, 0, 0, 0, 0})) << handle;
-    EXPECT_EQ(BytesOf(handle, 3, 1), (Bytes{0b11100000, 0, 3, 0, 1, 0, 0})) << handle;
+  for (const auto& [name, handle] : wrong.All()) {
+    EXPECT_EQ(BytesOf(handle), (Bytes{0, 0, 0, 0, 0})) << name;
+    EXPECT_EQ(BytesOf(handle, 3, 1), (Bytes{0b11100000, 0, 3, 0, 1, 0, 0})) << name;
   }
   EXPECT_EQ(gdi::LiveObjects(), before);
-  gdi::DeleteObject(pen);
-  gdi::DeleteObject(brush);
 }
 
 TEST(BitmapToBytes, ResizedToNothingIsATrailerAlone) {

@@ -56,6 +56,11 @@ inline MonoPicture AnyMonoPicture(Long least = 0) {
   return picture;
 }
 
+/// A one-bit bitmap of word-aligned rows.
+inline gdi::HBITMAP Mono(Long w, Long h, const Bytes& bits) {
+  return gdi::CreateBitmap(w, h, 1, 1, bits.data());
+}
+
 /// All bytes of a bitmap as the graphics interface gives them; empty for what is none.
 inline Bytes BitsOf(gdi::HBITMAP bitmap) {
   Bytes bytes(static_cast<std::size_t>(gdi::GetBitmapBits(bitmap, 0, nullptr)));

@@ -5,6 +5,7 @@
 #include "platform/gdi/owned.h"
 #include "platform/gdi/recorder.h"
 #include "tests/framework/mono_picture.h"
+#include "tests/framework/wrong_handles.h"
 #include "tests/platform/gdi/picture.h"
 
 namespace quenzel7 {
@@ -204,18 +205,15 @@ TEST(DrawBitmapTransparent, LeavesTheBitmapFree) {
 TEST(DrawBitmapTransparent, OfWhatIsNoBitmapPaintsNothing) {
   Surface target(3, 2);
   target.Clear(kGreen);
-  const gdi::HPEN pen = gdi::MakePen(gdi::PS_SOLID, 2, 0x010203);
-  const gdi::HBRUSH brush = gdi::CreateHatchBrush(gdi::HS_CROSS, 2);
-  const HBITMAP deleted = gdi::CreateBitmap(2, 2, 1, 32, nullptr);
-  gdi::DeleteObject(deleted);
+  const test::WrongHandles wrong;
   const std::size_t before = gdi::LiveObjects();
-  for (const gdi::HGDIOBJ handle : {0, 12345, deleted, pen, brush, target.Dc()}) {
+  for (const auto& [name, handle] : wrong.All()) {
     DrawBitmapTransparent(target.Dc(), handle, 0, 0, kRed);
-    EXPECT_EQ(gdi::Rows(target), (std::vector<std::string>{"ggg", "ggg"})) << handle;
-    EXPECT_EQ(gdi::LiveObjects(), before) << handle;
+    EXPECT_EQ(gdi::Rows(target), (std::vector<std::string>{"ggg", "ggg"})) << name;
+    EXPECT_EQ(gdi::LiveObjects(), before) << name;
   }
-  gdi::DeleteObject(pen);
-  gdi::DeleteObject(brush);
+  DrawBitmapTransparent(target.Dc(), target.Dc(), 0, 0, kRed);
+  EXPECT_EQ(gdi::Rows(target), (std::vector<std::string>{"ggg", "ggg"})) << "the target itself";
 }
 
 TEST(DrawBitmapTransparent, OnWhatIsNoContextPaintsNothingAndLeavesThePicture) {
