@@ -5,6 +5,7 @@
 #include "framework/bitmap_size.h"
 #include "framework/library_state.h"
 #include "framework/mono_bits.h"
+#include "framework/picture_bytes.h"
 #include "platform/gdi/gdi.h"
 #include "platform/gdi/owned.h"
 
@@ -36,7 +37,7 @@ HBITMAP CopyMonoBitmap(HBITMAP bitmap) {
 }
 
 HBITMAP NewWhiteMonoBitmap(Long w, Long h) {
-  const std::vector<Byte> bits(static_cast<std::size_t>(WordAlignedSize(w, h)));
+  const std::vector<Byte> bits = NewPictureBytes(static_cast<std::size_t>(WordAlignedSize(w, h)), w, h);
   const HBITMAP bitmap = gdi::CreateBitmap(w, h, 1, 1, bits.data());
   const OwnedContext context(0);
   gdi::SelectObject(context.Get(), bitmap);

@@ -4,6 +4,7 @@
 #include <limits>
 #include <string>
 
+#include "framework/picture_bytes.h"
 #include "platform/automation/automation_error.h"
 
 namespace quenzel7 {
@@ -12,12 +13,10 @@ namespace {
 using automation::AutomationError;
 using automation::ErrorNumber;
 
-std::string Shown(Long w, Long h) { return std::to_string(w) + " x " + std::to_string(h) + " pixels"; }
-
 void RequireMeasures(Long w, Long h) {
   if (w >= 0 && h >= 0) return;
   throw AutomationError(ErrorNumber::InvalidProcedureCall,
-                        "a picture of " + Shown(w, h) + "; neither measure may be negative");
+                        PictureName(w, h) + "; neither measure may be negative");
 }
 
 std::size_t PackedStride(Long w) { return static_cast<std::size_t>(w) / 8 + (w % 8 != 0 ? 1 : 0); }
@@ -31,8 +30,8 @@ std::size_t WordAlignedStride(Long w) {
 std::size_t SizeOf(std::size_t stride, Long w, Long h) {
   const std::size_t size = stride * static_cast<std::size_t>(h);
   if (size > static_cast<std::size_t>(std::numeric_limits<Long>::max())) {
-    throw AutomationError(ErrorNumber::Overflow, "a picture of " + Shown(w, h) + " takes " +
-                                                     std::to_string(size) + " bytes, beyond 2147483647");
+    throw AutomationError(ErrorNumber::Overflow,
+                          PictureName(w, h) + " takes " + std::to_string(size) + " bytes, beyond 2147483647");
   }
   return size;
 }
@@ -41,8 +40,8 @@ void RequireRows(const std::vector<Byte>& bytes, std::size_t stride, Long w, Lon
   const std::size_t needed = stride * static_cast<std::size_t>(h);
   if (bytes.size() >= needed) return;
   throw AutomationError(ErrorNumber::SubscriptOutOfRange,
-                        "a picture of " + Shown(w, h) + " takes " + std::to_string(needed) +
-                            " bytes, the array has " + std::to_string(bytes.size()));
+                        PictureName(w, h) + " takes " + std::to_string(needed) + " bytes, the array has " +
+                            std::to_string(bytes.size()));
 }
 
 /// Copies rows of w pixels from one layout to another, also within one array to the shorter rows.
@@ -69,7 +68,7 @@ void WordAlignedToPacked(std::vector<Byte>& bytes, Long w, Long h) {
 std::vector<Byte> PackedToWordAligned(Long w, Long h, const std::vector<Byte>& packed) {
   const auto size = static_cast<std::size_t>(WordAlignedSize(w, h));
   RequireRows(packed, PackedStride(w), w, h);
-  std::vector<Byte> aligned(size);
+  std::vector<Byte> aligned = NewPictureBytes(size, w, h);
   CopyRows(packed.data(), PackedStride(w), aligned.data(), WordAlignedStride(w), w, h);
   return aligned;
 }
@@ -78,7 +77,7 @@ std::vector<Byte> RotateMonoBits(const std::vector<Byte>& packed, Long w, Long h
   RequireMeasures(w, h);
   const std::size_t from = PackedStride(w), to = PackedStride(h), size = SizeOf(to, h, w);
   RequireRows(packed, from, w, h);
-  std::vector<Byte> turned(size);
+  std::vector<Byte> turned = NewPictureBytes(size, h, w);
   if (turned.empty()) return turned;
   for (Long r = 0; r < h; ++r) {
     const Byte* const row = packed.data() + static_cast<std::size_t>(r) * from;

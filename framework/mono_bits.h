@@ -11,7 +11,8 @@
 ///   `CreateBitmap`.
 ///
 /// Errors: 5 for a negative measure, 9 for an array shorter than the rows that its measures need, 6 for
-/// a result beyond 2^31-1 bytes. Bytes after the rows of a longer array are passed over.
+/// a result beyond 2^31-1 bytes, 7 for a new array that there is no room for. Bytes after the rows of a
+/// longer array are passed over.
 namespace quenzel7 {
 
 /// Bytes of a word-aligned picture.

@@ -1,10 +1,13 @@
 #include "framework/mono_bytes.h"
 
+#include <limits>
 #include <string>
+#include <utility>
 
 #include "framework/bitmap_size.h"
 #include "framework/mono_bitmaps.h"
 #include "framework/mono_bits.h"
+#include "framework/picture_bytes.h"
 #include "platform/automation/automation_error.h"
 #include "platform/gdi/gdi.h"
 #include "platform/gdi/owned.h"
@@ -25,18 +28,32 @@ void PutWord(Byte* at, Long value) {
 
 Long WordAt(const Byte* at) { return at[0] | at[1] << 8; }
 
+/// The bytes of the rows, so few that with the trailer an array of the run-time can have them.
+Long RowsSize(Long w, Long h) {
+  constexpr auto kMost = std::numeric_limits<Long>::max() - static_cast<Long>(kTrailerSize);
+  const Long size = WordAlignedSize(w, h);
+  if (size > kMost) {
+    throw AutomationError(ErrorNumber::Overflow, PictureName(w, h) + " takes " + std::to_string(size) +
+                                                     " bytes before its trailer, beyond " +
+                                                     std::to_string(kMost));
+  }
+  return size;
+}
+
 }  // namespace
 
 void BitmapToBytes(gdi::HBITMAP bitmap, std::vector<Byte>& bytes, Long w, Long h) {
   const bool keepsSize = w == kOwnSize || h == kOwnSize;
   const BitmapSize measures = keepsSize ? BitmapSizeOf(bitmap) : BitmapSize{w, h, 1};
-  const Long size = WordAlignedSize(measures.w, measures.h);
+  const Long size = RowsSize(measures.w, measures.h);
+  std::vector<Byte> stored =
+      NewPictureBytes(static_cast<std::size_t>(size) + kTrailerSize, measures.w, measures.h);
   const gdi::OwnedBitmap resized(keepsSize ? 0 : StretchMonoBitmap(bitmap, w, h));
-  bytes.assign(static_cast<std::size_t>(size) + kTrailerSize, 0);
-  gdi::GetBitmapBits(keepsSize ? bitmap : resized.Get(), size, bytes.data());
-  Byte* const trailer = bytes.data() + size;
+  gdi::GetBitmapBits(keepsSize ? bitmap : resized.Get(), size, stored.data());
+  Byte* const trailer = stored.data() + size;
   PutWord(trailer, measures.w);
   PutWord(trailer + 2, measures.h);
+  bytes = std::move(stored);
 }
 
 gdi::HBITMAP BytesToBitmap(const std::vector<Byte>& bytes) {
@@ -51,9 +68,8 @@ gdi::HBITMAP BytesToBitmap(const std::vector<Byte>& bytes) {
   const Long needed = WordAlignedSize(w, h);
   if (room < static_cast<std::size_t>(needed)) {
     throw AutomationError(ErrorNumber::SubscriptOutOfRange,
-                          "a picture of " + std::to_string(w) + " x " + std::to_string(h) + " pixels takes " +
-                              std::to_string(needed) + " bytes before its trailer, the array has " +
-                              std::to_string(room));
+                          PictureName(w, h) + " takes " + std::to_string(needed) +
+                              " bytes before its trailer, the array has " + std::to_string(room));
   }
   return gdi::CreateBitmap(w, h, 1, 1, bytes.data());
 }

@@ -16,7 +16,10 @@ namespace quenzel7 {
 /// A handle that is no bitmap gives a picture of 0 x 0. A bitmap in colours that is not resized gives the
 /// first bytes of its own rows, which are no one-bit picture; resizing makes one of it.
 ///
-/// Errors, `bytes` staying as they are: 5 for a measure below -1, 6 for a picture beyond 2^31-1 bytes.
+/// If no resized copy can be made the rows are all 0.
+///
+/// Errors, `bytes` staying as they are: 5 for a measure below -1, 6 for rows beyond 2147483642 bytes, the
+/// most that an array of 2^31-1 bytes has besides the trailer, 7 if there is no room for the array.
 void BitmapToBytes(gdi::HBITMAP bitmap, std::vector<Byte>& bytes, Long w = -1, Long h = -1);
 
 /// A one-bit bitmap of a byte form; it belongs to the caller. Bytes between the rows and the trailer are

@@ -7,9 +7,11 @@
 
 #include "platform/gdi/owned.h"
 #include "platform/gdi/recorder.h"
+#include "tests/framework/handles_left.h"
 #include "tests/framework/mono_picture.h"
 #include "tests/framework/stretch_mode.h"
 #include "tests/framework/wrong_handles.h"
+#include "tests/platform/automation/allocation_watch.h"
 #include "tests/platform/gdi/picture.h"
 #include "tests/support/raises.h"
 
@@ -22,6 +24,7 @@ using test::AnyMonoPicture;
 using test::BitsOf;
 using test::Bytes;
 using test::FormatOf;
+using test::HandlesLeft;
 using test::Mono;
 using test::MonoPicture;
 using test::StretchModeIs;
@@ -94,6 +97,19 @@ TEST(CopyMonoBitmap, OfABitmapThatAContextHoldsIsBlack) {
   EXPECT_EQ(BitsOf(copy.Get()), (Bytes{0, 0, 0, 0}));
 }
 
+TEST(CopyMonoBitmap, WithoutABitmapLeftIsNone) {
+  const OwnedBitmap bitmap(Mono(3, 1, {0b10100000, 0}));
+  for (const std::size_t left : {0u, 1u, 2u}) {
+    const HandlesLeft handles(left);
+    const std::size_t before = gdi::LiveObjects();
+    EXPECT_EQ(CopyMonoBitmap(bitmap.Get()), 0) << left;
+    EXPECT_EQ(gdi::LiveObjects(), before) << left;
+  }
+  const HandlesLeft handles(3);
+  const OwnedBitmap copy(CopyMonoBitmap(bitmap.Get()));
+  EXPECT_EQ(BitsOf(copy.Get()), (Bytes{0b10100000, 0}));
+}
+
 TEST(NewWhiteMonoBitmap, AsksAndPaintsInThisOrder) {
   const std::size_t before = gdi::LiveObjects();
   gdi::Recorder recorder;
@@ -138,6 +154,41 @@ TEST(NewWhiteMonoBitmap, RefusesMeasuresThatNoPictureHas) {
   EXPECT_EQ(gdi::LiveObjects(), before);
 }
 
+TEST(NewWhiteMonoBitmap, WithoutRoomForItsBytesIsError7) {
+  constexpr std::size_t kSize = 1000 * 1000;
+  OwnedBitmap(NewWhiteMonoBitmap(1, 1)).Reset(0);
+  const std::size_t before = gdi::LiveObjects();
+  {
+    gdi::Recorder recorder;
+    const automation::AllocationWatch watch(kSize - 1);
+    EXPECT_RAISES(7, "no room for the 1000000 bytes of a picture of 8000 x 1000 pixels",
+                  NewWhiteMonoBitmap(8000, 1000));
+    EXPECT_TRUE(recorder.Calls().empty());
+  }
+  EXPECT_EQ(gdi::LiveObjects(), before);
+  const automation::AllocationWatch watch(kSize);
+  const OwnedBitmap bitmap(NewWhiteMonoBitmap(8000, 1000));
+  EXPECT_EQ(FormatOf(bitmap.Get()), (Format{8000, 1000, 1}));
+}
+
+TEST(NewWhiteMonoBitmap, WithoutABitmapLeftIsNoneAndWithoutAContextLeftBlack) {
+  {
+    const HandlesLeft handles(0);
+    const std::size_t before = gdi::LiveObjects();
+    EXPECT_EQ(NewWhiteMonoBitmap(3, 1), 0);
+    EXPECT_EQ(gdi::LiveObjects(), before);
+  }
+  {
+    const HandlesLeft handles(1);
+    const OwnedBitmap bitmap(NewWhiteMonoBitmap(3, 1));
+    EXPECT_EQ(FormatOf(bitmap.Get()), (Format{3, 1, 1}));
+    EXPECT_EQ(BitsOf(bitmap.Get()), (Bytes{0, 0}));
+  }
+  const HandlesLeft handles(2);
+  const OwnedBitmap bitmap(NewWhiteMonoBitmap(3, 1));
+  EXPECT_EQ(BitsOf(bitmap.Get()), (Bytes{0b11100000, 0}));
+}
+
 TEST(StretchMonoBitmap, AsksAndPaintsInThisOrder) {
   const OwnedBitmap bitmap(Mono(4, 1, {0b10110000, 0}));
   const StretchModeIs mode(gdi::WHITEONBLACK);
@@ -172,6 +223,22 @@ TEST(StretchMonoBitmap, ReducesByTheModeOfTheLibrary) {
     const StretchModeIs mode(row.mode);
     const OwnedBitmap stretched(StretchMonoBitmap(bitmap.Get(), 2, 1));
     EXPECT_EQ(BitsOf(stretched.Get()), (Bytes{row.bits, 0})) << row.mode;
+  }
+}
+
+TEST(StretchMonoBitmap, TellsAllModesApartAndLeavesTheLibraryItsMode) {
+  const OwnedBitmap bitmap(Mono(4, 1, {0b01100000, 0}));
+  struct Row {
+    Long mode;
+    Byte bits;
+  };
+  // Each pair has one black and one white pixel.
+  for (const Row& row :
+       {Row{0, 0x00}, Row{1, 0x00}, Row{2, 0xC0}, Row{3, 0x80}, Row{4, 0x00}, Row{-1, 0x00}}) {
+    const StretchModeIs mode(row.mode);
+    const OwnedBitmap stretched(StretchMonoBitmap(bitmap.Get(), 2, 1));
+    EXPECT_EQ(BitsOf(stretched.Get()), (Bytes{row.bits, 0})) << row.mode;
+    EXPECT_EQ(LibraryState::Current().StretchMode, row.mode);
   }
 }
 
@@ -248,6 +315,24 @@ TEST(StretchMonoBitmap, ToNoWidthOrHeightIsOneBlackPixel) {
     EXPECT_EQ(FormatOf(stretched.Get()), (Format{1, 1, 1}));
     EXPECT_EQ(BitsOf(stretched.Get()), (Bytes{0, 0}));
   }
+}
+
+TEST(StretchMonoBitmap, WithoutABitmapLeftIsNoneAndWithoutAContextForTheSourceWhite) {
+  const OwnedBitmap bitmap(Mono(3, 1, {0b10100000, 0}));
+  for (const std::size_t left : {0u, 1u}) {
+    const HandlesLeft handles(left);
+    const std::size_t before = gdi::LiveObjects();
+    EXPECT_EQ(StretchMonoBitmap(bitmap.Get(), 3, 1), 0) << left;
+    EXPECT_EQ(gdi::LiveObjects(), before) << left;
+  }
+  {
+    const HandlesLeft handles(2);
+    const OwnedBitmap stretched(StretchMonoBitmap(bitmap.Get(), 3, 1));
+    EXPECT_EQ(BitsOf(stretched.Get()), (Bytes{0b11100000, 0}));
+  }
+  const HandlesLeft handles(3);
+  const OwnedBitmap stretched(StretchMonoBitmap(bitmap.Get(), 3, 1));
+  EXPECT_EQ(BitsOf(stretched.Get()), (Bytes{0b10100000, 0}));
 }
 
 TEST(StretchMonoBitmap, RefusesMeasuresThatNoPictureHas) {

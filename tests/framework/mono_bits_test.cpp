@@ -165,6 +165,18 @@ TEST(RotateMonoBits, TellsOfAResultTooLargeBeforeTheRowsAreMissed) {
   EXPECT_EQ(ErrorOf([] { RotateMonoBits({}, kLargest, 1); }), 9);
 }
 
+TEST(MonoBits, WithoutRoomForANewArrayAreError7) {
+  const Bytes packed(1000);
+  const AllocationWatch watch(1999);
+  EXPECT_RAISES(7, "no room for the 2000 bytes of a picture of 8 x 1000 pixels",
+                PackedToWordAligned(8, 1000, packed));
+  EXPECT_EQ(PackedToWordAligned(8, 999, packed).size(), 1998u);
+  // A row of 2000 pixels becomes 2000 rows of one; what is to be made is named.
+  EXPECT_RAISES(7, "no room for the 2000 bytes of a picture of 1 x 2000 pixels",
+                RotateMonoBits(packed, 2000, 1));
+  EXPECT_EQ(RotateMonoBits(packed, 1999, 1).size(), 1999u);
+}
+
 TEST(RotateMonoBits, AllocatesOnlyItsResult) {
   const Bytes packed(800 / 8 * 480, 0x5A);
   const AllocationWatch watch;

@@ -5,11 +5,14 @@
 
 #include <utility>
 
+#include "framework/mono_bitmaps.h"
 #include "platform/gdi/owned.h"
 #include "platform/gdi/recorder.h"
+#include "tests/framework/handles_left.h"
 #include "tests/framework/mono_picture.h"
 #include "tests/framework/stretch_mode.h"
 #include "tests/framework/wrong_handles.h"
+#include "tests/platform/automation/allocation_watch.h"
 #include "tests/platform/gdi/picture.h"
 #include "tests/support/raises.h"
 
@@ -22,6 +25,7 @@ using test::AnyMonoPicture;
 using test::BitsOf;
 using test::Bytes;
 using test::FormatOf;
+using test::HandlesLeft;
 using test::Mono;
 using test::MonoPicture;
 using test::StretchModeIs;
@@ -40,6 +44,19 @@ TEST(BitmapToBytes, AtItsOwnSizeReadsTheBitmapItself) {
   gdi::Recorder recorder;
   EXPECT_EQ(BytesOf(bitmap.Get()), (Bytes{0x5A, 0x80, 0xA5, 0x00, 9, 0, 2, 0, 0}));
   EXPECT_EQ(recorder.Take(), (Calls{"GetObjectA(bitmap:1, 24)", "GetBitmapBits(bitmap:1, 4)"}));
+}
+
+TEST(BitmapToBytes, LeavesNothingOfWhatTheArrayHeld) {
+  const OwnedBitmap bitmap(Mono(9, 2, {0x5A, 0x80, 0xA5, 0x00}));
+  Bytes bytes(20, 0xEE);
+  BitmapToBytes(bitmap.Get(), bytes);
+  EXPECT_EQ(bytes, (Bytes{0x5A, 0x80, 0xA5, 0x00, 9, 0, 2, 0, 0}));
+  bytes.assign(20, 0xEE);
+  BitmapToBytes(0, bytes);
+  EXPECT_EQ(bytes, (Bytes{0, 0, 0, 0, 0}));
+  bytes.assign(20, 0xEE);
+  BitmapToBytes(bitmap.Get(), bytes, 0, 3);
+  EXPECT_EQ(bytes, (Bytes{0, 0, 3, 0, 0}));
 }
 
 TEST(BitmapToBytes, KeepsTheSizeWhenEitherMeasureIsMinus1) {
@@ -151,8 +168,48 @@ TEST(BitmapToBytes, RefusesMeasuresThatNoPictureHasAndLeavesTheArray) {
                 BitmapToBytes(bitmap.Get(), bytes, 1, -2));
   EXPECT_RAISES(6, "a picture of 16 x 1073741824 pixels takes 2147483648 bytes, beyond 2147483647",
                 BitmapToBytes(bitmap.Get(), bytes, 16, 1073741824));
+  // Rows that would leave an array of 2147483647 bytes no place for the trailer.
+  EXPECT_RAISES(
+      6, "a picture of 16 x 1073741822 pixels takes 2147483644 bytes before its trailer, beyond 2147483642",
+      BitmapToBytes(bitmap.Get(), bytes, 16, 1073741822));
   EXPECT_EQ(bytes, (Bytes{1, 2, 3}));
   EXPECT_TRUE(recorder.Calls().empty());
+}
+
+TEST(BitmapToBytes, WithoutRoomForTheArrayIsError7AndLeavesIt) {
+  const OwnedBitmap bitmap(gdi::CreateBitmap(8000, 1000, 1, 1, nullptr));
+  const std::size_t before = gdi::LiveObjects();
+  Bytes bytes = {1, 2, 3};
+  {
+    gdi::Recorder recorder;
+    const automation::AllocationWatch watch(1000004);
+    EXPECT_RAISES(7, "no room for the 1000005 bytes of a picture of 8000 x 1000 pixels",
+                  BitmapToBytes(bitmap.Get(), bytes));
+    EXPECT_EQ(recorder.Take(), Calls{"GetObjectA(bitmap:1, 24)"});
+    EXPECT_RAISES(7, "no room for the 1000005 bytes of a picture of 4000 x 2000 pixels",
+                  BitmapToBytes(bitmap.Get(), bytes, 4000, 2000));
+    // The largest rows that an array can have with their trailer.
+    EXPECT_RAISES(7, "no room for the 2147483647 bytes of a picture of 16 x 1073741821 pixels",
+                  BitmapToBytes(bitmap.Get(), bytes, 16, 1073741821));
+    EXPECT_TRUE(recorder.Calls().empty());
+  }
+  EXPECT_EQ(bytes, (Bytes{1, 2, 3}));
+  EXPECT_EQ(gdi::LiveObjects(), before);
+  const automation::AllocationWatch watch(1000005);
+  BitmapToBytes(bitmap.Get(), bytes);
+  EXPECT_EQ(bytes.size(), 1000005u);
+}
+
+TEST(BitmapToBytes, WithoutAResizedCopyHasRowsOf0) {
+  const OwnedBitmap bitmap(Mono(2, 1, {0xC0, 0}));
+  for (const std::size_t left : {0u, 1u}) {
+    const HandlesLeft handles(left);
+    const std::size_t before = gdi::LiveObjects();
+    EXPECT_EQ(BytesOf(bitmap.Get(), 4, 1), (Bytes{0, 0, 4, 0, 1, 0, 0})) << left;
+    EXPECT_EQ(gdi::LiveObjects(), before) << left;
+  }
+  const HandlesLeft handles(3);
+  EXPECT_EQ(BytesOf(bitmap.Get(), 4, 1), (Bytes{0xF0, 0, 4, 0, 1, 0, 0}));
 }
 
 TEST(BytesToBitmap, MakesAOneBitBitmapOfTheRowsAndTheSizeInTheTrailer) {
@@ -189,6 +246,24 @@ TEST(BytesToBitmap, OfAPictureWithoutWidthOrHeightIsOneBlackPixel) {
     const OwnedBitmap bitmap(BytesToBitmap(bytes));
     EXPECT_EQ(FormatOf(bitmap.Get()), (Format{1, 1, 1}));
     EXPECT_EQ(BitsOf(bitmap.Get()), (Bytes{0, 0}));
+  }
+}
+
+TEST(BytesToBitmap, OfMeasuresBeyond16BitsMakesWhatTheirLow16BitsTell) {
+  struct Row {
+    Long w, h;
+    Format made;
+    Bytes bits;
+  };
+  // 0 x 1 and 1 x 0 are one black pixel; else the first rows are read in the stride of the smaller width.
+  for (const Row& row :
+       {Row{65536, 1, {1, 1, 1}, {0, 0}}, Row{1, 65536, {1, 1, 1}, {0, 0}},
+        Row{65537, 1, {1, 1, 1}, {0x80, 0}}, Row{65536 + 20, 1, {20, 1, 1}, {0xFF, 0xFF, 0xF0, 0}},
+        Row{1, 65538, {1, 2, 1}, {0x80, 0, 0x80, 0}}}) {
+    const OwnedBitmap white(NewWhiteMonoBitmap(row.w, row.h));
+    const OwnedBitmap bitmap(BytesToBitmap(BytesOf(white.Get())));
+    EXPECT_EQ(FormatOf(bitmap.Get()), row.made) << row.w << " x " << row.h;
+    EXPECT_EQ(BitsOf(bitmap.Get()), row.bits) << row.w << " x " << row.h;
   }
 }
 
