@@ -1,5 +1,8 @@
 #include "framework/transparent_bitmap.h"
 
+#include <cstdint>
+#include <initializer_list>
+
 #include "framework/bitmap_size.h"
 #include "platform/gdi/gdi.h"
 #include "platform/gdi/owned.h"
@@ -19,11 +22,17 @@ void DrawBitmapTransparent(gdi::HDC dc, gdi::HBITMAP bitmap, Long x, Long y, gdi
   const OwnedBitmap maskBitmap(gdi::CreateBitmap(w, h, 1, 1, nullptr));
   const OwnedBitmap inverseBitmap(gdi::CreateBitmap(w, h, 1, 1, nullptr));
   const OwnedBitmap workBitmap(gdi::CreateCompatibleBitmap(dc, w, h));
-  OwnedBitmap saveBitmap;
+  OwnedBitmap saveBitmap(gdi::CreateCompatibleBitmap(dc, w, h));
+  // From a one-bit target's copy a picture in colours would come back black and white.
+  if (size.bits > 1 && BitmapSizeOf(saveBitmap.Get()).bits < size.bits) {
+    saveBitmap.Reset(gdi::CreateBitmap(w, h, 1, static_cast<std::uint32_t>(size.bits), nullptr));
+  }
+  for (const gdi::HBITMAP made :
+       {maskBitmap.Get(), inverseBitmap.Get(), workBitmap.Get(), saveBitmap.Get()}) {
+    // The one pixel that its context has instead would be painted, or the picture would be lost.
+    if (made == 0) return;
+  }
   const Selection picture(source.Get(), bitmap);
-  // Made like the picture, not like the target: on a one-bit target a picture in colours would come back
-  // black and white.
-  saveBitmap.Reset(gdi::CreateCompatibleBitmap(source.Get(), w, h));
   const Selection inMask(mask.Get(), maskBitmap.Get()), inInverse(inverse.Get(), inverseBitmap.Get());
   const Selection inWork(work.Get(), workBitmap.Get()), inSave(save.Get(), saveBitmap.Get());
 

@@ -4,8 +4,10 @@
 
 #include "platform/gdi/owned.h"
 #include "platform/gdi/recorder.h"
+#include "tests/framework/handles_left.h"
 #include "tests/framework/mono_picture.h"
 #include "tests/framework/wrong_handles.h"
+#include "tests/platform/automation/allocation_watch.h"
 #include "tests/platform/gdi/picture.h"
 
 namespace quenzel7 {
@@ -64,9 +66,9 @@ struct Place {
 };
 
 /// Paints pictures of several sizes at places inside of the target, across each of its edges and outside, and
-/// compares all pixels with the model.
+/// compares all pixels with the model. What is handed over is the key with a highest byte.
 void ComparePainting(int targetBits, int pictureBits, const std::vector<COLORREF>& pictureColors,
-                     COLORREF key) {
+                     COLORREF key, COLORREF highestByte = 0) {
   const std::vector<COLORREF> targetColors = targetBits == 1
                                                  ? std::vector<COLORREF>{kBlack, kWhite}
                                                  : std::vector<COLORREF>{kGreen, 0x123456, kWhite};
@@ -81,7 +83,7 @@ void ComparePainting(int targetBits, int pictureBits, const std::vector<COLORREF
       const OwnedBitmap bitmap(Unselected(picture));
       const Bytes bitsBefore = BitsOf(bitmap.Get());
       const std::size_t objectsBefore = gdi::LiveObjects();
-      DrawBitmapTransparent(target.Dc(), bitmap.Get(), place.x, place.y, key);
+      DrawBitmapTransparent(target.Dc(), bitmap.Get(), place.x, place.y, key | highestByte);
       EXPECT_EQ(gdi::Colors(target), gdi::Colors(expected))
           << size.w << " x " << size.h << " at " << place.x << ", " << place.y;
       EXPECT_EQ(BitsOf(bitmap.Get()), bitsBefore);
@@ -90,53 +92,86 @@ void ComparePainting(int targetBits, int pictureBits, const std::vector<COLORREF
   }
 }
 
-TEST(DrawBitmapTransparent, AsksAndPaintsInThisOrder) {
-  const Surface target(20, 12);
-  const OwnedBitmap bitmap(gdi::CreateBitmap(7, 5, 1, 32, nullptr));
+/// The calls of painting a picture of 7 x 5 at (3, -2) of a target, from making the bitmaps to deleting them.
+/// Only how the copy that saves the picture is made differs: `makingSave`, and the name of that copy.
+Calls PaintingWith(const Calls& makingSave, const std::string& save) {
+  Calls calls = {
+      "GetObjectA(bitmap:1, 24)",
+      "CreateCompatibleDC(dc:1) -> dc:2",
+      "CreateCompatibleDC(dc:1) -> dc:3",
+      "CreateCompatibleDC(dc:1) -> dc:4",
+      "CreateCompatibleDC(dc:1) -> dc:5",
+      "CreateCompatibleDC(dc:1) -> dc:6",
+      "CreateBitmap(7, 5, 1, 1) -> bitmap:2",
+      "CreateBitmap(7, 5, 1, 1) -> bitmap:3",
+      "CreateCompatibleBitmap(dc:1, 7, 5) -> bitmap:4",
+  };
+  const Calls painting = {
+      "SelectObject(dc:2, bitmap:1)",
+      "SelectObject(dc:4, bitmap:2)",
+      "SelectObject(dc:5, bitmap:3)",
+      "SelectObject(dc:6, bitmap:4)",
+      "SelectObject(dc:3, " + save + ")",
+      "BitBlt(dc:3, 0, 0, 7, 5, dc:2, 0, 0, 0xcc0020)",
+      "SetBkColor(dc:2, 0x123456)",
+      "BitBlt(dc:4, 0, 0, 7, 5, dc:2, 0, 0, 0xcc0020)",
+      "SetBkColor(dc:2, 0xffffff)",
+      "BitBlt(dc:5, 0, 0, 7, 5, dc:4, 0, 0, 0x330008)",
+      "BitBlt(dc:6, 0, 0, 7, 5, dc:1, 3, -2, 0xcc0020)",
+      "BitBlt(dc:6, 0, 0, 7, 5, dc:4, 0, 0, 0x8800c6)",
+      "BitBlt(dc:2, 0, 0, 7, 5, dc:5, 0, 0, 0x8800c6)",
+      "BitBlt(dc:6, 0, 0, 7, 5, dc:2, 0, 0, 0xee0086)",
+      "BitBlt(dc:1, 3, -2, 7, 5, dc:6, 0, 0, 0xcc0020)",
+      "BitBlt(dc:2, 0, 0, 7, 5, dc:3, 0, 0, 0xcc0020)",
+      "SelectObject(dc:3, default-bitmap)",
+      "SelectObject(dc:6, default-bitmap)",
+      "SelectObject(dc:5, default-bitmap)",
+      "SelectObject(dc:4, default-bitmap)",
+      "SelectObject(dc:2, default-bitmap)",
+      "DeleteObject(" + save + ")",
+      "DeleteObject(bitmap:4)",
+      "DeleteObject(bitmap:3)",
+      "DeleteObject(bitmap:2)",
+      "DeleteDC(dc:6)",
+      "DeleteDC(dc:5)",
+      "DeleteDC(dc:4)",
+      "DeleteDC(dc:3)",
+      "DeleteDC(dc:2)",
+  };
+  calls.insert(calls.end(), makingSave.begin(), makingSave.end());
+  calls.insert(calls.end(), painting.begin(), painting.end());
+  return calls;
+}
+
+Calls CallsOfPainting(int targetBits, std::uint32_t pictureBits) {
+  const Surface target(20, 12, targetBits);
+  const OwnedBitmap bitmap(gdi::CreateBitmap(7, 5, 1, pictureBits, nullptr));
   gdi::Recorder recorder;
+  // The target is met first, so that it is number 1 in all lists.
+  gdi::GetBkMode(target.Dc());
+  recorder.Take();
   DrawBitmapTransparent(target.Dc(), bitmap.Get(), 3, -2, 0x123456);
-  EXPECT_EQ(recorder.Take(), (Calls{
-                                 "GetObjectA(bitmap:1, 24)",
-                                 "CreateCompatibleDC(dc:1) -> dc:2",
-                                 "CreateCompatibleDC(dc:1) -> dc:3",
-                                 "CreateCompatibleDC(dc:1) -> dc:4",
-                                 "CreateCompatibleDC(dc:1) -> dc:5",
-                                 "CreateCompatibleDC(dc:1) -> dc:6",
-                                 "CreateBitmap(7, 5, 1, 1) -> bitmap:2",
-                                 "CreateBitmap(7, 5, 1, 1) -> bitmap:3",
-                                 "CreateCompatibleBitmap(dc:1, 7, 5) -> bitmap:4",
-                                 "SelectObject(dc:2, bitmap:1)",
-                                 "CreateCompatibleBitmap(dc:2, 7, 5) -> bitmap:5",
-                                 "SelectObject(dc:4, bitmap:2)",
-                                 "SelectObject(dc:5, bitmap:3)",
-                                 "SelectObject(dc:6, bitmap:4)",
-                                 "SelectObject(dc:3, bitmap:5)",
-                                 "BitBlt(dc:3, 0, 0, 7, 5, dc:2, 0, 0, 0xcc0020)",
-                                 "SetBkColor(dc:2, 0x123456)",
-                                 "BitBlt(dc:4, 0, 0, 7, 5, dc:2, 0, 0, 0xcc0020)",
-                                 "SetBkColor(dc:2, 0xffffff)",
-                                 "BitBlt(dc:5, 0, 0, 7, 5, dc:4, 0, 0, 0x330008)",
-                                 "BitBlt(dc:6, 0, 0, 7, 5, dc:1, 3, -2, 0xcc0020)",
-                                 "BitBlt(dc:6, 0, 0, 7, 5, dc:4, 0, 0, 0x8800c6)",
-                                 "BitBlt(dc:2, 0, 0, 7, 5, dc:5, 0, 0, 0x8800c6)",
-                                 "BitBlt(dc:6, 0, 0, 7, 5, dc:2, 0, 0, 0xee0086)",
-                                 "BitBlt(dc:1, 3, -2, 7, 5, dc:6, 0, 0, 0xcc0020)",
-                                 "BitBlt(dc:2, 0, 0, 7, 5, dc:3, 0, 0, 0xcc0020)",
-                                 "SelectObject(dc:3, default-bitmap)",
-                                 "SelectObject(dc:6, default-bitmap)",
-                                 "SelectObject(dc:5, default-bitmap)",
-                                 "SelectObject(dc:4, default-bitmap)",
-                                 "SelectObject(dc:2, default-bitmap)",
-                                 "DeleteObject(bitmap:5)",
-                                 "DeleteObject(bitmap:4)",
-                                 "DeleteObject(bitmap:3)",
-                                 "DeleteObject(bitmap:2)",
-                                 "DeleteDC(dc:6)",
-                                 "DeleteDC(dc:5)",
-                                 "DeleteDC(dc:4)",
-                                 "DeleteDC(dc:3)",
-                                 "DeleteDC(dc:2)",
-                             }));
+  return recorder.Take();
+}
+
+TEST(DrawBitmapTransparent, OfColoursOnColoursSavesInABitmapLikeTheTarget) {
+  EXPECT_EQ(CallsOfPainting(32, 32),
+            PaintingWith({"CreateCompatibleBitmap(dc:1, 7, 5) -> bitmap:5", "GetObjectA(bitmap:5, 24)"},
+                         "bitmap:5"));
+}
+
+TEST(DrawBitmapTransparent, OfOneBitSavesInABitmapLikeAnyTarget) {
+  for (const int targetBits : {1, 32}) {
+    EXPECT_EQ(CallsOfPainting(targetBits, 1),
+              PaintingWith({"CreateCompatibleBitmap(dc:1, 7, 5) -> bitmap:5"}, "bitmap:5"));
+  }
+}
+
+TEST(DrawBitmapTransparent, OfColoursOnOneBitSavesInABitmapLikeThePicture) {
+  EXPECT_EQ(CallsOfPainting(1, 32),
+            PaintingWith({"CreateCompatibleBitmap(dc:1, 7, 5) -> bitmap:5", "GetObjectA(bitmap:5, 24)",
+                          "CreateBitmap(7, 5, 1, 32) -> bitmap:6", "DeleteObject(bitmap:5)"},
+                         "bitmap:6"));
 }
 
 TEST(DrawBitmapTransparent, LeavesTheBackgroundWhereThePictureHasTheColour) {
@@ -149,6 +184,14 @@ TEST(DrawBitmapTransparent, LeavesTheBackgroundWhereThePictureHasTheColour) {
   const OwnedBitmap bitmap(Unselected(picture));
   DrawBitmapTransparent(target.Dc(), bitmap.Get(), 1, 1, kBlue);
   EXPECT_EQ(gdi::Rows(target), (std::vector<std::string>{"gggg", "grg."}));
+}
+
+TEST(DrawBitmapTransparent, DoesNotMindTheHighestByteOfTheColour) {
+  for (const COLORREF highest : {0x01000000u, 0x02000000u, 0x80000000u, 0xFF000000u}) {
+    ComparePainting(32, 32, {kRed, kBlue, kWhite, kBlack}, kBlue, highest);
+    ComparePainting(32, 32, {kRed, kBlue, kWhite, kBlack}, kWhite, highest);
+    ComparePainting(1, 32, {kRed, kBlue, kWhite, kBlack}, kBlack, highest);
+  }
 }
 
 TEST(DrawBitmapTransparent, PaintsColoursOnColours) {
@@ -227,6 +270,52 @@ TEST(DrawBitmapTransparent, OnWhatIsNoContextPaintsNothingAndLeavesThePicture) {
     DrawBitmapTransparent(handle, bitmap.Get(), 0, 0, kRed);
     EXPECT_EQ(gdi::LiveObjects(), before) << handle;
     EXPECT_EQ(BitsOf(bitmap.Get()), bits) << handle;
+  }
+}
+
+TEST(DrawBitmapTransparent, WithoutABitmapOfItsOwnPaintsNothingAndLeavesThePicture) {
+  for (const int targetBits : {1, 32}) {
+    Surface target(7, 5, targetBits), painted(7, 5, targetBits);
+    target.Clear(kWhite);
+    painted.Clear(kWhite);
+    const Surface picture = Scattered(7, 5, 32, {kRed, kBlack});
+    PaintByPixel(painted, picture, 0, 0, kRed);
+    const OwnedBitmap bitmap(Unselected(picture));
+    const Bytes bits = BitsOf(bitmap.Get());
+    const std::vector<COLORREF> before = gdi::Colors(target);
+    // Five contexts and four bitmaps; on one bit the fourth is made twice before the first is deleted.
+    const std::size_t needed = targetBits == 1 ? 10 : 9;
+    for (std::size_t left = 0; left <= needed; ++left) {
+      const test::HandlesLeft handles(left);
+      const std::size_t objects = gdi::LiveObjects();
+      DrawBitmapTransparent(target.Dc(), bitmap.Get(), 0, 0, kRed);
+      EXPECT_EQ(gdi::Colors(target), left < needed ? before : gdi::Colors(painted)) << left;
+      EXPECT_EQ(BitsOf(bitmap.Get()), bits) << left;
+      EXPECT_EQ(gdi::LiveObjects(), objects) << left;
+    }
+  }
+}
+
+TEST(DrawBitmapTransparent, WithoutMemoryForAColouredBitmapPaintsNothingAndLeavesThePicture) {
+  struct Row {
+    int targetBits, pictureBits;
+  };
+  // On one bit it is the copy that saves the picture, else also the one that is worked on.
+  for (const Row& row : {Row{1, 32}, Row{32, 1}, Row{32, 32}}) {
+    Surface target(20, 12, row.targetBits);
+    target.Clear(kWhite);
+    const std::vector<COLORREF> before = gdi::Colors(target);
+    const Surface picture = Scattered(800, 400, row.pictureBits, {kWhite, kBlack});
+    const OwnedBitmap bitmap(Unselected(picture));
+    const Bytes bits = BitsOf(bitmap.Get());
+    const std::size_t objects = gdi::LiveObjects();
+    {
+      const automation::AllocationWatch watch(800 * 400 * 4 - 1);
+      DrawBitmapTransparent(target.Dc(), bitmap.Get(), 0, 0, kRed);
+    }
+    EXPECT_EQ(gdi::Colors(target), before) << row.targetBits << " " << row.pictureBits;
+    EXPECT_EQ(BitsOf(bitmap.Get()), bits) << row.targetBits << " " << row.pictureBits;
+    EXPECT_EQ(gdi::LiveObjects(), objects);
   }
 }
 
