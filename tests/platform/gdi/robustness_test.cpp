@@ -34,6 +34,10 @@ struct Named {
 HPEN NewPen() { return MakePen(PS_DOT, 1, kBlue); }
 HBRUSH NewBrush() { return CreateHatchBrush(HS_CROSS, kGreen); }
 HBITMAP NewBitmap() { return CreateBitmap(3, 2, 1, 32, nullptr); }
+HFONT NewFont() {
+  const LOGFONT description{};
+  return CreateFontIndirectA(&description);
+}
 HRGN NewRegion() { return CreateEllipticRgn(0, 0, 9, 9); }
 HDC NewContext() { return CreateCompatibleDC(0); }
 
@@ -45,11 +49,12 @@ void Delete(Handle handle) {
 class Robustness : public testing::Test {
  protected:
   Robustness() {
-    constexpr std::array<std::pair<Kind, Handle (*)()>, 5> kMakers{{{Kind::kContext, NewContext},
+    constexpr std::array<std::pair<Kind, Handle (*)()>, 6> kMakers{{{Kind::kContext, NewContext},
                                                                     {Kind::kPen, NewPen},
                                                                     {Kind::kBrush, NewBrush},
                                                                     {Kind::kBitmap, NewBitmap},
-                                                                    {Kind::kRegion, NewRegion}}};
+                                                                    {Kind::kRegion, NewRegion},
+                                                                    {Kind::kFont, NewFont}}};
     for (const auto& [kind, make] : kMakers) {
       const std::string number = std::to_string(static_cast<int>(kind));
       handles_.push_back({"living " + number, make(), kind});
@@ -69,6 +74,7 @@ class Robustness : public testing::Test {
     Scatter(surface_, 3);
     SelectObject(Dc(), pen_);
     SelectObject(Dc(), brush_);
+    SelectObject(Dc(), font_);
     MoveToEx(Dc(), 3, 4, nullptr);
     SetBkColor(Dc(), 0x112233);
     SetTextColor(Dc(), 0x332211);
@@ -79,9 +85,10 @@ class Robustness : public testing::Test {
   ~Robustness() override {
     SelectObject(Dc(), GetStockObject(BLACK_PEN));
     SelectObject(Dc(), GetStockObject(WHITE_BRUSH));
+    SelectObject(Dc(), GetStockObject(SYSTEM_FONT));
     for (const Named& each : handles_) Delete(each.handle);
     for (const Handle each : heirs_) Delete(each);
-    for (const Handle each : {pen_, brush_, source_}) Delete(each);
+    for (const Handle each : {pen_, brush_, font_, source_}) Delete(each);
     EXPECT_EQ(LiveObjects(), liveAtFirst_ + 2) << "only the surface's own two are left";
   }
 
@@ -107,14 +114,15 @@ class Robustness : public testing::Test {
   std::vector<std::int64_t> State() const {
     std::vector<std::int64_t> state;
     for (const COLORREF color : Colors(surface_)) state.push_back(color);
-    for (const auto type : {OBJ_PEN, OBJ_BRUSH, OBJ_BITMAP}) state.push_back(GetCurrentObject(Dc(), type));
+    for (const auto type : {OBJ_PEN, OBJ_BRUSH, OBJ_FONT, OBJ_BITMAP})
+      state.push_back(GetCurrentObject(Dc(), type));
     POINT position{};
     MoveToEx(Dc(), 0, 0, &position);
     MoveToEx(Dc(), position.x, position.y, nullptr);
     const std::int32_t mode = SetStretchBltMode(Dc(), BLACKONWHITE);
     SetStretchBltMode(Dc(), mode);
-    state.insert(state.end(), {position.x, position.y, mode, GetBkColor(Dc()), GetTextColor(Dc()),
-                               static_cast<std::int64_t>(LiveObjects())});
+    state.insert(state.end(), {position.x, position.y, mode, GetBkMode(Dc()), GetBkColor(Dc()),
+                               GetTextColor(Dc()), static_cast<std::int64_t>(LiveObjects())});
     return state;
   }
 
@@ -147,6 +155,7 @@ class Robustness : public testing::Test {
   HDC source_ = NewContext();
   HPEN pen_ = MakePen(PS_SOLID, 1, kRed);
   HBRUSH brush_ = CreateSolidBrush(kGreen);
+  HFONT font_ = NewFont();
   std::vector<Named> handles_;
   std::vector<Handle> heirs_;
   std::vector<std::int64_t> before_;
@@ -170,6 +179,8 @@ constexpr HandleCall kContextCalls[] = {
     {"GetBkColor", [](Handle h, HDC, HDC) -> std::int64_t { return GetBkColor(h); }, CLR_INVALID},
     {"SetTextColor", [](Handle h, HDC, HDC) -> std::int64_t { return SetTextColor(h, 1); }, CLR_INVALID},
     {"GetTextColor", [](Handle h, HDC, HDC) -> std::int64_t { return GetTextColor(h); }, CLR_INVALID},
+    {"SetBkMode", [](Handle h, HDC, HDC) -> std::int64_t { return SetBkMode(h, TRANSPARENT); }, 0},
+    {"GetBkMode", [](Handle h, HDC, HDC) -> std::int64_t { return GetBkMode(h); }, 0},
     {"SetStretchBltMode", [](Handle h, HDC, HDC) -> std::int64_t { return SetStretchBltMode(h, 3); }, 0},
     {"CreateCompatibleBitmap",
      [](Handle h, HDC, HDC) -> std::int64_t { return CreateCompatibleBitmap(h, 2, 2); }, 0},
@@ -213,6 +224,31 @@ constexpr HandleCall kContextCalls[] = {
     {"EndPath", [](Handle h, HDC, HDC) -> std::int64_t { return EndPath(h); }, 0},
     {"StrokePath", [](Handle h, HDC, HDC) -> std::int64_t { return StrokePath(h); }, 0},
     {"StrokeAndFillPath", [](Handle h, HDC, HDC) -> std::int64_t { return StrokeAndFillPath(h); }, 0},
+    {"TextOutA", [](Handle h, HDC, HDC) -> std::int64_t { return TextOutA(h, 0, 0, "A", 1); }, 0},
+    {"DrawTextA",
+     [](Handle h, HDC, HDC) -> std::int64_t {
+       RECT rect = kRect;
+       return DrawTextA(h, "A", 1, &rect, DT_CALCRECT) + (rect.right - kRect.right);
+     },
+     0},
+    {"GetTextExtentPoint32A",
+     [](Handle h, HDC, HDC) -> std::int64_t {
+       SIZE size{};
+       return GetTextExtentPoint32A(h, "A", 1, &size) + size.cx + size.cy;
+     },
+     0},
+    {"GetTextMetricsA",
+     [](Handle h, HDC, HDC) -> std::int64_t {
+       TEXTMETRICA metrics{};
+       return GetTextMetricsA(h, &metrics) + metrics.tmHeight;
+     },
+     0},
+    {"GetCharWidth32A",
+     [](Handle h, HDC, HDC) -> std::int64_t {
+       std::int32_t width = 0;
+       return GetCharWidth32A(h, 65, 65, &width) + width;
+     },
+     0},
 };
 
 TEST_F(Robustness, EveryCallFailsOnWhatIsNoContext) {
@@ -241,11 +277,14 @@ TEST_F(Robustness, MoveToExOfNoContextLeavesThePointAlone) {
   EXPECT_EQ(point.y, 8);
 }
 
-TEST_F(Robustness, OnlyPensBrushesBitmapsAndTheFontAreSelected) {
+TEST_F(Robustness, OnlyPensBrushesBitmapsAndFontsAreSelected) {
   for (const Named& wrong : AllBut({Kind::kPen, Kind::kBrush, Kind::kBitmap, Kind::kFont})) {
     ExpectFailure(SelectObject(Dc(), wrong.handle), 0, wrong.name);
   }
-  ExpectFailure(SelectObject(Dc(), GetStockObject(SYSTEM_FONT)), GetStockObject(SYSTEM_FONT), "font");
+  const HFONT font = GetCurrentObject(Dc(), OBJ_FONT);
+  EXPECT_EQ(SelectObject(Dc(), Living(Kind::kFont)), font);
+  EXPECT_EQ(SelectObject(Dc(), GetStockObject(SYSTEM_FONT)), Living(Kind::kFont));
+  EXPECT_EQ(SelectObject(Dc(), font), GetStockObject(SYSTEM_FONT));
 }
 
 TEST_F(Robustness, OnlyBrushesFill) {
@@ -274,7 +313,7 @@ TEST_F(Robustness, OnlyRegionsContainPixels) {
   ExpectFailure(RectInRegion(Living(Kind::kRegion), nullptr), 0, "no rectangle");
 }
 
-TEST_F(Robustness, OnlyPensBrushesAndBitmapsAreDescribed) {
+TEST_F(Robustness, OnlyPensBrushesBitmapsAndFontsAreDescribed) {
   std::array<std::uint8_t, 64> room;
   room.fill(9);
   for (const Named& wrong : AllBut({Kind::kPen, Kind::kBrush, Kind::kBitmap, Kind::kFont})) {
@@ -377,10 +416,37 @@ constexpr RefusedCall kRefused[] = {
      [](HDC dc, HDC) -> std::int64_t { return CreateCompatibleBitmap(dc, kMax, kMax); }},
     {"the stock object before the first", [](HDC, HDC) -> std::int64_t { return GetStockObject(-1); }},
     {"a stock object between", [](HDC, HDC) -> std::int64_t { return GetStockObject(9); }},
+    {"a stock object between fonts", [](HDC, HDC) -> std::int64_t { return GetStockObject(15); }},
     {"the stock object after the last", [](HDC, HDC) -> std::int64_t { return GetStockObject(18); }},
     {"an object of no type", [](HDC dc, HDC) -> std::int64_t { return GetCurrentObject(dc, 0); }},
     {"an object of unknown type",
      [](HDC dc, HDC) -> std::int64_t { return GetCurrentObject(dc, 0xFFFFFFFF); }},
+    {"background mode 0", [](HDC dc, HDC) -> std::int64_t { return SetBkMode(dc, 0); }},
+    {"background mode 3", [](HDC dc, HDC) -> std::int64_t { return SetBkMode(dc, 3); }},
+    {"background mode -1", [](HDC dc, HDC) -> std::int64_t { return SetBkMode(dc, -1); }},
+    {"a font of nothing", [](HDC, HDC) -> std::int64_t { return CreateFontIndirectA(nullptr); }},
+    {"no text", [](HDC dc, HDC) -> std::int64_t { return TextOutA(dc, 0, 0, nullptr, 1); }},
+    {"a text of negative length", [](HDC dc, HDC) -> std::int64_t { return TextOutA(dc, 0, 0, "A", -1); }},
+    {"no text in a rectangle",
+     [](HDC dc, HDC) -> std::int64_t {
+       RECT rect = kRect;
+       return DrawTextA(dc, nullptr, -1, &rect, 0);
+     }},
+    {"a text in no rectangle", [](HDC dc, HDC) -> std::int64_t { return DrawTextA(dc, "A", 1, nullptr, 0); }},
+    {"a text of length -2",
+     [](HDC dc, HDC) -> std::int64_t {
+       RECT rect = kRect;
+       return DrawTextA(dc, "A", -2, &rect, 0);
+     }},
+    {"an extent for nobody",
+     [](HDC dc, HDC) -> std::int64_t { return GetTextExtentPoint32A(dc, "A", 1, nullptr); }},
+    {"metrics for nobody", [](HDC dc, HDC) -> std::int64_t { return GetTextMetricsA(dc, nullptr); }},
+    {"widths for nobody", [](HDC dc, HDC) -> std::int64_t { return GetCharWidth32A(dc, 65, 65, nullptr); }},
+    {"widths backwards",
+     [](HDC dc, HDC) -> std::int64_t {
+       std::int32_t width = 0;
+       return GetCharWidth32A(dc, 66, 65, &width);
+     }},
     {"stretch mode 0", [](HDC dc, HDC) -> std::int64_t { return SetStretchBltMode(dc, 0); }},
     {"stretch mode 4", [](HDC dc, HDC) -> std::int64_t { return SetStretchBltMode(dc, 4); }},
     {"stretch mode -1", [](HDC dc, HDC) -> std::int64_t { return SetStretchBltMode(dc, -1); }},
@@ -423,33 +489,26 @@ constexpr RefusedCall kRefused[] = {
        return AlphaBlend(dc, 4, 4, 1, -1, source, 0, 0, 1, 1, kHalf);
      }},
     {"blending from a negative width",
-     [](HDC dc, HDC source) -> std::int64_t {
-       return AlphaBlend(dc, 0, 0, 1, 1, source, 1, 0, -1, 1, kHalf);
-     }},
+     [](HDC dc,
+        HDC source) -> std::int64_t { return AlphaBlend(dc, 0, 0, 1, 1, source, 1, 0, -1, 1, kHalf); }},
     {"blending from a negative height",
-     [](HDC dc, HDC source) -> std::int64_t {
-       return AlphaBlend(dc, 0, 0, 1, 1, source, 0, 1, 1, -1, kHalf);
-     }},
+     [](HDC dc,
+        HDC source) -> std::int64_t { return AlphaBlend(dc, 0, 0, 1, 1, source, 0, 1, 1, -1, kHalf); }},
     {"blending from left of the source",
-     [](HDC dc, HDC source) -> std::int64_t {
-       return AlphaBlend(dc, 0, 0, 1, 1, source, -1, 0, 1, 1, kHalf);
-     }},
+     [](HDC dc,
+        HDC source) -> std::int64_t { return AlphaBlend(dc, 0, 0, 1, 1, source, -1, 0, 1, 1, kHalf); }},
     {"blending from above the source",
-     [](HDC dc, HDC source) -> std::int64_t {
-       return AlphaBlend(dc, 0, 0, 1, 1, source, 0, -1, 1, 1, kHalf);
-     }},
+     [](HDC dc,
+        HDC source) -> std::int64_t { return AlphaBlend(dc, 0, 0, 1, 1, source, 0, -1, 1, 1, kHalf); }},
     {"blending from beyond the width",
-     [](HDC dc, HDC source) -> std::int64_t {
-       return AlphaBlend(dc, 0, 0, 1, 1, source, 0, 0, 2, 1, kHalf);
-     }},
+     [](HDC dc,
+        HDC source) -> std::int64_t { return AlphaBlend(dc, 0, 0, 1, 1, source, 0, 0, 2, 1, kHalf); }},
     {"blending from beyond the height",
-     [](HDC dc, HDC source) -> std::int64_t {
-       return AlphaBlend(dc, 0, 0, 1, 1, source, 0, 0, 1, 2, kHalf);
-     }},
+     [](HDC dc,
+        HDC source) -> std::int64_t { return AlphaBlend(dc, 0, 0, 1, 1, source, 0, 0, 1, 2, kHalf); }},
     {"blending from far beyond",
-     [](HDC dc, HDC source) -> std::int64_t {
-       return AlphaBlend(dc, 0, 0, 1, 1, source, kMax, kMax, kMax, kMax, kHalf);
-     }},
+     [](HDC dc, HDC source)
+         -> std::int64_t { return AlphaBlend(dc, 0, 0, 1, 1, source, kMax, kMax, kMax, kMax, kHalf); }},
 };
 
 TEST_F(Robustness, WhatIsRefusedChangesNothing) {
@@ -468,7 +527,7 @@ TEST_F(Robustness, ABitmapHeldElsewhereIsNotSelected) {
 }
 
 TEST_F(Robustness, HeldObjectsAreNotDeletedAndGoOnBeingHeld) {
-  for (const auto type : {OBJ_PEN, OBJ_BRUSH, OBJ_BITMAP}) {
+  for (const auto type : {OBJ_PEN, OBJ_BRUSH, OBJ_FONT, OBJ_BITMAP}) {
     ExpectFailure(DeleteObject(GetCurrentObject(Dc(), type)), 0, std::to_string(type));
   }
 }
@@ -476,17 +535,17 @@ TEST_F(Robustness, HeldObjectsAreNotDeletedAndGoOnBeingHeld) {
 TEST_F(Robustness, ADeletedContextLetsGoOfWhatItHeld) {
   const HDC dc = CreateCompatibleDC(0);
   const std::size_t before = LiveObjects();
-  const std::array<Handle, 3> held{NewPen(), NewBrush(), NewBitmap()};
+  const std::array<Handle, 4> held{NewPen(), NewBrush(), NewFont(), NewBitmap()};
   for (const Handle object : held) EXPECT_NE(SelectObject(dc, object), 0);
   for (const Handle object : held) EXPECT_EQ(DeleteObject(object), 0);
   EXPECT_EQ(DeleteDC(dc), 1);
-  EXPECT_EQ(LiveObjects(), before - 1 + 3);
+  EXPECT_EQ(LiveObjects(), before - 1 + 4);
   for (const Handle object : held) EXPECT_EQ(DeleteObject(object), 1);
   EXPECT_EQ(LiveObjects(), before - 1);
 }
 
 TEST_F(Robustness, ADeletedObjectIsNotSelected) {
-  for (const auto make : {NewPen, NewBrush, NewBitmap}) {
+  for (const auto make : {NewPen, NewBrush, NewFont, NewBitmap}) {
     const Handle object = make();
     EXPECT_EQ(DeleteObject(object), 1);
     ExpectFailure(SelectObject(Dc(), object), 0, "deleted");
