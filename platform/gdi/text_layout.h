@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -53,12 +54,13 @@ class TextLayout {
     }
     if (line.end > begin) paint(from, std::string_view(shown_).substr(begin, line.end - begin));
     if (line.isCut) paint(x, kDots);
-    if (marked_.empty()) return;
     x = 0;
-    for (std::size_t i = line.begin; i < line.end; ++i) {
+    auto next = std::lower_bound(marked_.begin(), marked_.end(), line.begin);
+    for (std::size_t i = line.begin; i < line.end && next != marked_.end(); ++i) {
       const std::int64_t after = After(font, i, x);
-      for (const std::size_t index : marked_) {
-        if (index == i) mark(x, after - x);
+      if (*next == i) {
+        mark(x, after - x);
+        ++next;
       }
       x = after;
     }
@@ -84,7 +86,7 @@ class TextLayout {
   void Cut(Font& font, Line& line, std::int64_t width) const;
 
   std::string shown_;                ///< the text without its prefixes
-  std::vector<std::size_t> marked_;  ///< the bytes that had one
+  std::vector<std::size_t> marked_;  ///< the bytes that had one, in their order
   std::vector<Line> lines_;
   std::int64_t tabStep_ = 0;
 };

@@ -124,6 +124,36 @@ TEST(TextLayout, PrefixesMarkTheCharacterBehindThem) {
   EXPECT_EQ(Laid("a\t&b", rules), Lines{"a@0 b@32 _32+8 |40"});
 }
 
+TEST(TextLayout, MarksOfALineThatAreCutOffAreNotShownOnTheNext) {
+  TextRules rules;
+  rules.hasPrefixes = rules.cutsEveryLine = true;
+  rules.width = 40;
+  EXPECT_EQ(Laid("&abcdef&g\nh&i", rules), (Lines{"ab@0 ...@16 _0+8 |40", "hi@0 _8+8 |16"}));
+  rules.cutsEveryLine = false;
+  rules.breaksWords = true;
+  EXPECT_EQ(Laid("abcd& &e &f", rules), (Lines{"abcd@0 |32", "e f@0 _0+8 _16+8 |24"}));
+}
+
+TEST(TextLayout, AMillionMarksAreNoTrouble) {
+  // Each mark is looked at once, else this would not end.
+  constexpr std::size_t kCount = 1000000;
+  std::string text;
+  for (std::size_t i = 0; i < kCount; ++i) text += "&a";
+  TextRules rules;
+  rules.hasPrefixes = true;
+  TextLayout layout;
+  layout.Lay(Eights(), text, rules);
+  std::size_t marks = 0, misplaced = 0;
+  layout.ForEachPart(
+      Eights(), layout.Lines().front(), [](std::int64_t, std::string_view) {},
+      [&](std::int64_t x, std::int64_t width) {
+        misplaced += x != static_cast<std::int64_t>(8 * marks) || width != 8 ? 1 : 0;
+        ++marks;
+      });
+  EXPECT_EQ(marks, kCount);
+  EXPECT_EQ(misplaced, 0u);
+}
+
 TEST(TextLayout, CutsLinesThatAreTooWide) {
   TextRules rules;
   rules.cutsEveryLine = true;
