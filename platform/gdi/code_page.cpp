@@ -15,15 +15,17 @@ struct PageOfSet {
 };
 
 /// The first one serves every character set that is not in the list.
-constexpr std::array<PageOfSet, 9> kPages{{{0, "CP1252"},
-                                           {161, "CP1253"},
-                                           {162, "CP1254"},
-                                           {177, "CP1255"},
-                                           {178, "CP1256"},
-                                           {186, "CP1257"},
-                                           {204, "CP1251"},
-                                           {238, "CP1250"},
-                                           {255, "CP437"}}};
+constexpr std::array<PageOfSet, 11> kPages{{{0, "CP1252"},
+                                            {161, "CP1253"},
+                                            {162, "CP1254"},
+                                            {163, "CP1258"},
+                                            {177, "CP1255"},
+                                            {178, "CP1256"},
+                                            {186, "CP1257"},
+                                            {204, "CP1251"},
+                                            {222, "CP874"},
+                                            {238, "CP1250"},
+                                            {255, "CP437"}}};
 
 constexpr char32_t kUnknown = 0xFFFD;
 

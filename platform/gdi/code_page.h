@@ -9,8 +9,8 @@ namespace quenzel7::gdi {
 using CodePage = std::array<char32_t, 256>;
 
 /// The code page in which the texts of a character set (`LOGFONT::lfCharSet`) are written: 1253 for Greek,
-/// 1254 Turkish, 1255 Hebrew, 1256 Arabic, 1257 Baltic, 1251 Russian, 1250 Eastern European, 437 for OEM,
-/// 1252 for all others. Each page is worked out once for the whole program.
+/// 1254 Turkish, 1258 Vietnamese, 1255 Hebrew, 1256 Arabic, 1257 Baltic, 1251 Russian, 874 Thai, 1250 Eastern
+/// European, 437 for OEM, 1252 for all others. Each page is worked out once for the whole program.
 const CodePage& CodePageOf(std::uint8_t charSet);
 
 }  // namespace quenzel7::gdi

@@ -12,9 +12,6 @@ namespace quenzel7::gdi {
 namespace {
 
 constexpr int kDefaultCell = 16;
-/// Beyond this the pictures of a font are forgotten and made anew as they are needed, so that a large font
-/// and a text of many characters do not fill the memory.
-constexpr std::size_t kMostGlyphBytes = 4 << 20;
 
 /// Without a font: a cell of which a fifth is below the baseline.
 constexpr FontFace::Measures kBoxMeasures{10, 8, 2, 0, 5, 5};

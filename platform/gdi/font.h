@@ -30,8 +30,11 @@ namespace quenzel7::gdi {
 ///   black or white.
 class Font {
  public:
-  /// The largest em and cell that pictures are made for, in pixels.
+  /// The largest em that pictures are made for, and the largest cell that can be asked for, in pixels.
   static constexpr int kLargestSize = 1024;
+  /// Bytes of pictures beyond which a font forgets those it has and makes them anew as they are needed, so
+  /// that a large font and a text of many characters do not fill the memory.
+  static constexpr std::size_t kMostGlyphBytes = 4 << 20;
 
   Font(const LOGFONT& description, const FontCatalog& catalog, std::shared_ptr<FaceLibrary> library);
   Font(const Font&) = delete;

@@ -11,7 +11,8 @@ namespace quenzel7::gdi {
 /// The fonts that a thread used last. A font that falls out lives on as long as somebody holds it.
 class FontCache {
  public:
-  static constexpr std::size_t kCapacity = 32;
+  /// More than a page has use for, so that painting it again and again makes no font anew.
+  static constexpr std::size_t kCapacity = 64;
 
   /// Fonts out of a catalog that outlives the cache.
   explicit FontCache(const FontCatalog& catalog);

@@ -95,18 +95,19 @@ std::string FaceNameOf(const LOGFONT& description) {
   return {description.lfFaceName, strnlen(description.lfFaceName, sizeof description.lfFaceName)};
 }
 
+FontCatalog FontCatalog::Load() {
+  FontCatalog found;
+  const Owned<FcConfig, FcConfigDestroy> config(FcInitLoadConfigAndFonts());
+  if (config == nullptr) return found;
+  found.faces = AllFaces(config.get());
+  found.monospace = FamilyFor(config.get(), "monospace");
+  found.serif = FamilyFor(config.get(), "serif");
+  found.sansSerif = FamilyFor(config.get(), "sans-serif");
+  return found;
+}
+
 const FontCatalog& FontCatalog::OfMachine() {
-  // The look-up library is only ever asked in here, by one thread at a time. What it gave out is only read.
-  static const FontCatalog catalog = [] {
-    FontCatalog found;
-    const Owned<FcConfig, FcConfigDestroy> config(FcInitLoadConfigAndFonts());
-    if (config == nullptr) return found;
-    found.faces = AllFaces(config.get());
-    found.monospace = FamilyFor(config.get(), "monospace");
-    found.serif = FamilyFor(config.get(), "serif");
-    found.sansSerif = FamilyFor(config.get(), "sans-serif");
-    return found;
-  }();
+  static const FontCatalog catalog = Load();
   return catalog;
 }
 

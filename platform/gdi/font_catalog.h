@@ -26,7 +26,11 @@ struct FontCatalog {
   /// The families that stand in for faces that are missing.
   std::string monospace, serif, sansSerif;
 
-  /// The faces of this machine, found once when first asked for.
+  /// The faces that the machine's font configuration leads to now: those with outlines that do not vary, in
+  /// the order of their files. Slow; for one thread at a time. What it gives out may be read by all.
+  static FontCatalog Load();
+
+  /// The faces of this machine, loaded once when first asked for.
   static const FontCatalog& OfMachine();
 
   /// All faces, the most suitable first: those of the family that the description names, then those of the

@@ -5,6 +5,7 @@
 #include <limits>
 #include <stdexcept>
 
+#include "platform/gdi/font.h"
 #include "platform/gdi/gdi.h"
 #include "platform/gdi/selected.h"
 #include "platform/gdi/surface.h"
@@ -65,6 +66,23 @@ TEST(PanelFontService, MeasuresWhatTheGraphicsInterfacePaints) {
     gdi::GetTextExtentPoint32A(surface.Dc(), "Speed 12.5", 10, &size);
     EXPECT_EQ(fonts.GetTextRect("Speed 12.5", font.number), (Extent{size.cx, size.cy})) << font.name;
   }
+}
+
+TEST(PanelFontService, MeasuringInEveryFontMakesNoneAnew) {
+  PanelFontService fonts;
+  gdi::LOGFONT description{};
+  description.lfHeight = 16;
+  description.lfWeight = 400;
+  std::string("DejaVu Sans").copy(description.lfFaceName, 31);
+  const auto first = gdi::FontFor(description);
+  for (const PanelFont& font : PanelFonts()) fonts.GetTextRect("abc", font.number);
+  const std::size_t made = first->Rasterizations();
+  for (const PanelFont& font : PanelFonts()) {
+    if (font.number != 1) fonts.GetTextRect("abc", font.number);
+  }
+  EXPECT_EQ(gdi::FontFor(description), first);
+  fonts.GetTextRect("abc", 1);
+  EXPECT_EQ(first->Rasterizations(), made);
 }
 
 TEST(PanelFontService, TakesLinesApartAtTheirBreaks) {

@@ -6,7 +6,7 @@ namespace quenzel7::gdi {
 namespace {
 
 TEST(CodePage, AsciiIsTheSameInAll) {
-  for (const int set : {0, 1, 161, 162, 177, 178, 186, 204, 238, 255, 77}) {
+  for (const int set : {0, 1, 161, 162, 163, 177, 178, 186, 204, 222, 238, 255, 77}) {
     const CodePage& page = CodePageOf(static_cast<std::uint8_t>(set));
     for (char32_t c = 0; c < 128; ++c) ASSERT_EQ(page[c], c) << set;
   }
@@ -19,10 +19,11 @@ TEST(CodePage, EachCharacterSetHasItsOwn) {
     char32_t character;
   };
   for (const Case& test :
-       {Case{0, 0x80, 0x20AC}, Case{1, 0xE4, 0x00E4}, Case{161, 0xE1, 0x03B1}, Case{162, 0xFD, 0x0131},
-        Case{177, 0xE0, 0x05D0}, Case{178, 0xC7, 0x0627}, Case{186, 0xE0, 0x0105}, Case{204, 0xC0, 0x0410},
-        Case{238, 0xE8, 0x010D}, Case{255, 0xDB, 0x2588}, Case{255, 0x81, 0x00FC}, Case{2, 0x80, 0x20AC},
-        Case{254, 0xE4, 0x00E4}, Case{203, 0xC0, 0x00C0}}) {
+       {Case{0, 0x80, 0x20AC},   Case{1, 0xE4, 0x00E4},   Case{161, 0xE1, 0x03B1}, Case{162, 0xFD, 0x0131},
+        Case{163, 0xFE, 0x20AB}, Case{163, 0xCC, 0x0300}, Case{222, 0x80, 0x20AC}, Case{222, 0xA1, 0x0E01},
+        Case{164, 0xFE, 0x00FE}, Case{221, 0xA1, 0x00A1}, Case{177, 0xE0, 0x05D0}, Case{178, 0xC7, 0x0627},
+        Case{186, 0xE0, 0x0105}, Case{204, 0xC0, 0x0410}, Case{238, 0xE8, 0x010D}, Case{255, 0xDB, 0x2588},
+        Case{255, 0x81, 0x00FC}, Case{2, 0x80, 0x20AC},   Case{254, 0xE4, 0x00E4}, Case{203, 0xC0, 0x00C0}}) {
     EXPECT_EQ(CodePageOf(static_cast<std::uint8_t>(test.set))[test.byte], test.character) << test.set;
   }
 }
@@ -30,6 +31,13 @@ TEST(CodePage, EachCharacterSetHasItsOwn) {
 TEST(CodePage, LettersThatMarksCouldFollowAreNotHeldBack) {
   const CodePage& hebrew = CodePageOf(177);
   for (unsigned i = 0; i < 27; ++i) EXPECT_EQ(hebrew[0xE0 + i], 0x05D0 + i);
+}
+
+TEST(CodePage, LettersOfTheVietnamesePageStandForThemselves) {
+  const CodePage& vietnamese = CodePageOf(163);
+  EXPECT_EQ(vietnamese[0xE2], 0x00E2u);
+  EXPECT_EQ(vietnamese[0xFD], 0x01B0u);
+  EXPECT_EQ(vietnamese[0xF2], 0x0323u);
 }
 
 TEST(CodePage, BytesWithoutMeaningAreReplaced) {

@@ -3,8 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <fstream>
 
+#include "platform/gdi/font_face.h"
+#include "tests/platform/gdi/altered_font.h"
 #include "tests/platform/gdi/font_samples.h"
+#include "tests/support/temporary_folder.h"
 
 namespace quenzel7::gdi {
 namespace {
@@ -156,6 +161,95 @@ TEST(FontCatalog, OfTheMachineKnowsWhatFacesCover) {
   EXPECT_TRUE(dejaVu->covers(U'A'));
   EXPECT_FALSE(dejaVu->covers(0x4E2D));
   EXPECT_NE(catalog.Covering(0x4E2D).front()->file.find("unifont"), std::string::npos);
+}
+
+/// A machine whose fonts are the files of one folder.
+class OtherMachine {
+ public:
+  OtherMachine() {
+    Put("fonts.conf", "<?xml version='1.0'?><fontconfig><dir>" + folder_.Path() + "</dir><cachedir>" +
+                          folder_.File("cache") + "</cachedir></fontconfig>");
+    if (const char* before = std::getenv(kVariable)) before_ = before;
+    setenv(kVariable, folder_.File("fonts.conf").c_str(), 1);
+  }
+  ~OtherMachine() {
+    if (before_.empty()) {
+      unsetenv(kVariable);
+    } else {
+      setenv(kVariable, before_.c_str(), 1);
+    }
+  }
+
+  void Put(const std::string& name, const std::string& bytes) const {
+    std::ofstream(folder_.File(name), std::ios::binary) << bytes;
+  }
+  std::string File(const std::string& name) const { return folder_.File(name); }
+
+ private:
+  static constexpr const char* kVariable = "FONTCONFIG_FILE";
+
+  const test::TemporaryFolder folder_;
+  std::string before_;
+};
+
+TEST(FontCatalog, LoadsNothingWhereThereIsNothing) {
+  const FontCatalog& ours = FontCatalog::OfMachine();
+  const OtherMachine machine;
+  const FontCatalog catalog = FontCatalog::Load();
+  EXPECT_TRUE(catalog.faces.empty());
+  EXPECT_EQ(catalog.monospace + catalog.serif + catalog.sansSerif, "");
+  EXPECT_FALSE(ours.faces.empty());
+}
+
+TEST(FontCatalog, LoadsWhatFilesSayOfTheirFaces) {
+  AlteredUnifont font;
+  const OtherMachine machine;
+  machine.Put("b.otf", font.Put("OS/2", kWeightClass, 400).Put("OS/2", kSelection, 0).Bytes());
+  machine.Put(
+      "c.otf",
+      font.Put("OS/2", kWeightClass, 300).Put("OS/2", kWidthClass, 3).Put("OS/2", kSelection, 1).Bytes());
+  machine.Put("a.ttc", font.Put("OS/2", kWidthClass, 5).Collection());
+  // A font of pictures, of one pixel.
+  machine.Put("d.bdf",
+              "STARTFONT 2.1\nFONT -x-dots-medium-r-normal--1-10-75-75-c-10-iso10646-1\nSIZE 1 75 75\n"
+              "FONTBOUNDINGBOX 1 1 0 0\nSTARTPROPERTIES 4\nFAMILY_NAME \"dots\"\nPIXEL_SIZE 1\n"
+              "FONT_ASCENT 1\nFONT_DESCENT 0\nENDPROPERTIES\nCHARS 1\nSTARTCHAR A\nENCODING 65\n"
+              "SWIDTH 1000 0\nDWIDTH 1 0\nBBX 1 1 0 0\nBITMAP\n80\nENDCHAR\nENDFONT\n");
+  const FontCatalog catalog = FontCatalog::Load();
+  ASSERT_EQ(catalog.faces.size(), 4u);
+  const auto expect = [&](std::size_t i, const char* file, int index, int weight, bool isSlanted, int width) {
+    const FaceInfo& face = catalog.faces[i];
+    EXPECT_EQ(face.file, machine.File(file));
+    EXPECT_EQ(face.families, std::vector<std::string>{"Unifont"});
+    EXPECT_EQ(face.index, index) << i;
+    EXPECT_EQ(face.weight, weight) << i;
+    EXPECT_EQ(face.isSlanted, isSlanted) << i;
+    EXPECT_EQ(face.width, width) << i;
+    EXPECT_TRUE(face.covers(U'A')) << i;
+    EXPECT_FALSE(face.covers(0x10FFFF)) << i;
+  };
+  expect(0, "a.ttc", 0, 300, true, 100);
+  expect(1, "a.ttc", 1, 300, true, 100);
+  expect(2, "b.otf", 0, 400, false, 100);
+  expect(3, "c.otf", 0, 300, true, 75);
+  EXPECT_EQ(catalog.monospace, "Unifont");
+  FaceLibrary library;
+  FontFace* second = library.Open(catalog.faces[1]);
+  ASSERT_NE(second, nullptr);
+  EXPECT_NE(second, library.Open(catalog.faces[0]));
+  EXPECT_EQ(RowsOf(second->Rasterize(U'A', 16, 16)), kUnifontA);
+}
+
+TEST(WantedWeight, ZeroIsRegularAndTheRestIsKeptInRange) {
+  for (const auto& [asked, wanted] :
+       {std::pair(0, 400), {1, 1}, {-1, 1}, {999, 999}, {1000, 1000}, {1001, 1000}}) {
+    EXPECT_EQ(WantedWeight(Described("", 16, asked)), wanted) << asked;
+  }
+}
+
+TEST(IsBold, From550On) {
+  EXPECT_FALSE(IsBold(549));
+  EXPECT_TRUE(IsBold(550));
 }
 
 TEST(FaceNameOf, EndsAtTheTerminatorOrAtTheEndOfTheField) {

@@ -60,6 +60,15 @@ TEST(FontFace, WithoutACellInItsTableTakesTheLine) {
   EXPECT_EQ(face->InUnits().descent, 20);
 }
 
+TEST(FontFace, WhereTheLetterXTakesNoRoomItCountsHalfTheEm) {
+  AlteredUnifont font;
+  for (std::size_t letter = 0; letter < 300; ++letter) font.Put("hmtx", 4 * letter, 0);
+  FaceLibrary library;
+  const FontFace* face = library.Open(font.Catalog().faces[0]);
+  ASSERT_NE(face, nullptr);
+  EXPECT_EQ(face->InUnits().letterX, 32);
+}
+
 TEST(FontFace, TellsPitchAndFamily) {
   FaceLibrary library;
   EXPECT_TRUE(library.Open(Info("DejaVu Sans Mono"))->IsFixedPitch());

@@ -135,15 +135,39 @@ TEST(Font, BytesGoThroughTheCodePage) {
 
 TEST(Font, ForgetsPicturesRatherThanFillTheMemory) {
   const auto font = Made("DejaVu Sans", 1024);
-  font->GlyphOfByte(33);
-  for (char32_t c = 33; c < 256; ++c) font->GlyphOf(c);
-  EXPECT_EQ(font->Rasterizations(), 223u);
-  font->GlyphOf(255);
-  EXPECT_EQ(font->Rasterizations(), 223u);
+  std::size_t bytes = 0;
+  char32_t next = 33;
+  // All that fits is kept: asking again makes no picture anew.
+  for (; bytes + font->GlyphOf(next).bits.size() <= Font::kMostGlyphBytes; ++next) {
+    bytes += font->GlyphOf(next).bits.size();
+  }
+  const std::size_t made = next - 33 + 1;
+  ASSERT_LT(next, 255u);
+  EXPECT_EQ(font->Rasterizations(), made);
+  // The one that did not fit took the place of all.
+  font->GlyphOf(next);
+  EXPECT_EQ(font->Rasterizations(), made);
   font->GlyphOf(33);
-  EXPECT_EQ(font->Rasterizations(), 224u);
-  font->GlyphOfByte(33);
-  EXPECT_EQ(font->Rasterizations(), 224u);
+  EXPECT_EQ(font->Rasterizations(), made + 1);
+  font->GlyphOf(next);
+  EXPECT_EQ(font->Rasterizations(), made + 1);
+}
+
+TEST(Font, ForgetsWhatBytesStandForToo) {
+  const auto font = Made("DejaVu Sans", 1024);
+  for (unsigned byte = 33; byte < 255; ++byte) font->GlyphOfByte(static_cast<unsigned char>(byte));
+  const std::size_t made = font->Rasterizations();
+  const auto before = RowsOf(font->GlyphOfByte(33));
+  EXPECT_EQ(font->Rasterizations(), made + 1);
+  EXPECT_EQ(RowsOf(font->GlyphOf(33)), before);
+  EXPECT_EQ(font->Rasterizations(), made + 1);
+}
+
+TEST(Font, TheFirstCharacterBeyondTheBytesIsNoByte) {
+  const auto font = Made("Unifont", 16);
+  const auto zero = RowsOf(font->GlyphOfByte(0));
+  EXPECT_NE(RowsOf(font->GlyphOf(256)), zero);
+  EXPECT_EQ(font->Rasterizations(), 2u);
 }
 
 TEST(Font, TakesTheBoldFaceOfAFamilyThatHasOne) {

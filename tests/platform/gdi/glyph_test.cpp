@@ -50,6 +50,7 @@ TEST(Emboldened, BlanksGrowToo) {
   const Glyph bold = Emboldened(Glyph::Blank(0, 0, 0, 0, 4));
   EXPECT_EQ(bold.advance, 5);
   EXPECT_EQ(bold.width, 0);
+  EXPECT_EQ(bold.height, 0);
   EXPECT_TRUE(bold.bits.empty());
 }
 
