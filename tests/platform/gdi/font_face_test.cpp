@@ -60,6 +60,19 @@ TEST(FontFace, WithoutACellInItsTableTakesTheLine) {
   EXPECT_EQ(face->InUnits().descent, 20);
 }
 
+TEST(FontFace, WithoutAnyCellTheEmIsAboveTheBaseline) {
+  AlteredUnifont font;
+  for (const std::size_t number : {kCellAscent, kCellDescent, kAscender, kDescender, kLineGap}) {
+    font.Put("OS/2", number, 0);
+  }
+  FaceLibrary library;
+  const FontFace* face = library.Open(font.Catalog().faces[0]);
+  ASSERT_NE(face, nullptr);
+  EXPECT_EQ(face->InUnits().ascent, 64);
+  EXPECT_EQ(face->InUnits().descent, 0);
+  EXPECT_EQ(face->InUnits().lineGap, 0);
+}
+
 TEST(FontFace, WhereTheLetterXTakesNoRoomItCountsHalfTheEm) {
   AlteredUnifont font;
   for (std::size_t letter = 0; letter < 300; ++letter) font.Put("hmtx", 4 * letter, 0);

@@ -137,6 +137,7 @@ TEST(Font, ForgetsPicturesRatherThanFillTheMemory) {
   const auto font = Made("DejaVu Sans", 1024);
   std::size_t bytes = 0;
   char32_t next = 33;
+  EXPECT_EQ(Font::kMostGlyphBytes, 4194304u);
   // All that fits is kept: asking again makes no picture anew.
   for (; bytes + font->GlyphOf(next).bits.size() <= Font::kMostGlyphBytes; ++next) {
     bytes += font->GlyphOf(next).bits.size();
