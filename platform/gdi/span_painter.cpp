@@ -53,7 +53,7 @@ SpanPainter::SpanPainter(Bitmap& target, const Ink& ink, std::uint8_t table)
 
 void SpanPainter::PrepareHatch() {
   for (std::size_t v = 0; v < 8; ++v) {
-    for (std::size_t u = 0; u < 16; ++u) {
+    for (std::size_t u = 0; u < hatchRows_[v].size(); ++u) {
       const bool isInk = ((*hatch_)[v] >> (7 - u % 8) & 1) != 0;
       hatchRows_[v][u] = (isInk ? color_ : gap_).constant;
     }

@@ -95,9 +95,9 @@ class SpanPainter {
   /// Whether every pixel becomes the same word, whatever it was.
   bool isPlain_;
   /// Whether every pixel becomes one of two words, whatever it was; `hatchRows_` then has them for each row
-  /// of the hatch, twice in a row so that eight can be had from any column on.
+  /// of the hatch, three times in a row so that twice eight can be had from any column on.
   bool isPlainHatch_;
-  std::array<std::array<std::uint32_t, 16>, 8> hatchRows_;
+  std::array<std::array<std::uint32_t, 24>, 8> hatchRows_;
 };
 
 /// The ink of a brush whose gaps have the colour `gap`. Callers have seen to it that the brush is not null.

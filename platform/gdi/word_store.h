@@ -22,12 +22,18 @@ inline void StoreWords(std::uint32_t* begin, std::int64_t count, std::uint32_t w
   }
 }
 
-/// Stores eight words over and over, the first at `begin`, `count` in all; `count` is not negative.
-inline void StoreEight(std::uint32_t* begin, std::int64_t count, const std::uint32_t* eight) {
+/// Stores eight words over and over, the first at `begin`, `count` in all; `twice` has the eight two times.
+inline void StoreEight(std::uint32_t* begin, std::int64_t count, const std::uint32_t* twice) {
+  constexpr std::size_t kBytes = 8 * sizeof(std::uint32_t);
+  if (count < 8) {
+    for (std::int64_t i = 0; i < count; ++i) begin[i] = twice[i];
+    return;
+  }
   std::array<std::uint32_t, 8> words;
-  std::memcpy(words.data(), eight, sizeof words);
-  for (; count >= 8; count -= 8, begin += 8) std::memcpy(begin, words.data(), sizeof words);
-  std::memcpy(begin, words.data(), static_cast<std::size_t>(count) * sizeof words[0]);
+  std::memcpy(words.data(), twice, kBytes);
+  for (std::int64_t i = 0; i + 8 <= count; i += 8) std::memcpy(begin + i, words.data(), kBytes);
+  // The last eight lie partly on those before, turned so that they agree.
+  std::memcpy(begin + count - 8, twice + count % 8, kBytes);
 }
 
 /// The ways in which `StoreBox` may go: any machine knows the portable one; the wide one is quicker and needs

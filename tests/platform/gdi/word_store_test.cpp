@@ -22,10 +22,10 @@ TEST(StoreWords, StoresJustAsManyAsAreAskedFor) {
 }
 
 TEST(StoreEight, RepeatsTheWordsUpToTheCount) {
-  const std::vector<std::uint32_t> eight{10, 11, 12, 13, 14, 15, 16, 17};
-  for (std::int64_t count = 0; count <= 26; ++count) {
+  const std::vector<std::uint32_t> twice{10, 11, 12, 13, 14, 15, 16, 17, 10, 11, 12, 13, 14, 15, 16, 17};
+  for (std::int64_t count = -1; count <= 26; ++count) {
     std::vector<std::uint32_t> words(28, kBefore);
-    StoreEight(words.data() + 1, count, eight.data());
+    StoreEight(words.data() + 1, count, twice.data());
     for (std::int64_t i = 0; i < 28; ++i) {
       const bool isInside = i >= 1 && i <= count;
       EXPECT_EQ(words[static_cast<std::size_t>(i)],
