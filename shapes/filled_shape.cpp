@@ -4,6 +4,7 @@
 #include <string>
 
 #include "framework/project.h"
+#include "framework/tab_index.h"
 #include "platform/automation/arithmetic.h"
 #include "platform/automation/call_by_name.h"
 #include "platform/gdi/gdi.h"
@@ -51,7 +52,7 @@ struct FilledShape::Columns {
       ZeroColumn<Shape>("GlobalVarID"), ZeroColumn<Shape>("DefaultDisplay"),
       NoOperandColumn<Shape>("KeypadSuccessOpAddr"), NoOperandColumn<Shape>("EnabledOpAddr"),
       NoOperandColumn<Shape>("HighlightOpAddr"),
-      ConstantColumn<Shape, Byte, 255>("TabIndex"),
+      ConstantColumn<Shape, Byte, kNoTabIndex>("TabIndex"),
       kOrderIndex,
   };
 

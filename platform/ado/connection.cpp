@@ -28,6 +28,10 @@ const automation::ClassInfo& Connection::Class() const {
   return info;
 }
 
+bool IsSameConnection(const ConnectionRef& connection, const std::weak_ptr<Connection>& noted) {
+  return connection && !connection.owner_before(noted) && !noted.owner_before(connection);
+}
+
 Transaction::~Transaction() {
   if (!open_) return;
   try {

@@ -35,6 +35,10 @@ class Connection : public automation::Object {
 
 using ConnectionRef = std::shared_ptr<Connection>;
 
+/// Whether there is a connection and it is the one that was noted, which is told without taking part in its
+/// ownership. One that has gone is no other's equal.
+bool IsSameConnection(const ConnectionRef& connection, const std::weak_ptr<Connection>& noted);
+
 /// A new recordset of the connection, opened.
 inline RecordsetRef OpenRecordset(Connection& connection, const std::string& source, CursorType cursor,
                                   LockType lock, CommandOption options = adCmdText) {

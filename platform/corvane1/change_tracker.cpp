@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "platform/automation/array.h"
-#include "platform/automation/automation_error.h"
 #include "platform/corvane1/project_schema.h"
 
 namespace quenzel7::corvane1 {
@@ -43,12 +42,10 @@ Long ElementRowSize(ado::Connection& project, Long elementId) {
 }
 
 CollectedChanges::CollectedChanges(std::shared_ptr<ProjectDatabase> projectDatabase)
-    : projectDatabase_(std::move(projectDatabase)) {}
+    : projectDatabase_(projectDatabase ? std::move(projectDatabase)
+                                       : std::make_shared<HeldProjectDatabase>()) {}
 
 Long CollectedChanges::ElementSize(Long elementId) {
-  if (!projectDatabase_) {
-    throw automation::AutomationError(automation::ErrorNumber::ObjectNotSet, "no project is open");
-  }
   return ElementRowSize(*projectDatabase_->OpenConnection(), elementId);
 }
 

@@ -2,25 +2,24 @@
 
 #include <utility>
 
+#include "platform/ado/row_for.h"
 #include "platform/automation/arithmetic.h"
 #include "platform/automation/convert.h"
 
 namespace quenzel7::corvane1 {
+namespace {
+
+constexpr Long kFirst = 1;
+
+}  // namespace
 
 ProjectNumberGenerator::ProjectNumberGenerator(std::shared_ptr<ProjectDatabase> projectDatabase)
     : projectDatabase_(std::move(projectDatabase)) {}
 
 Long ProjectNumberGenerator::NewUniqueNumber() {
-  const auto row =
-      ado::OpenRecordset(*projectDatabase_->OpenConnection(), "SELECT * FROM Numbers WHERE Name='GUID'",
-                         ado::adOpenStatic, ado::adLockOptimistic);
-  Long number = 1;
-  if (row->Eof()) {
-    row->AddNew();
-    row->Put("Name", "GUID");
-  } else {
-    number = automation::To<Long>(row->Get("Next"));
-  }
+  const auto row = ado::RowFor(*projectDatabase_->OpenConnection(), "Numbers", {{"Name", "GUID"}});
+  const automation::Variant next = row->Get("Next");
+  const Long number = next.IsNull() ? kFirst : automation::To<Long>(next);
   row->Put("Next", automation::Add(number, 1));
   row->Update();
   return number;

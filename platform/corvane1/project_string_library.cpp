@@ -1,5 +1,6 @@
 #include "platform/corvane1/project_string_library.h"
 
+#include "platform/ado/row_for.h"
 #include "platform/automation/automation_error.h"
 #include "platform/automation/convert.h"
 
@@ -12,10 +13,6 @@ using automation::To;
 using automation::Variant;
 
 constexpr Long kNoFont = -1;
-
-std::string LanguageQuery(Long language) {
-  return "SELECT * FROM StringLanguages WHERE Language=" + std::to_string(language);
-}
 
 std::string StringCondition(Long number, Long language) {
   return "LibraryStrings WHERE Number=" + std::to_string(number) +
@@ -33,8 +30,7 @@ void RequireLanguage(Long language, Long last) {
 
 void ProjectStringLibrary::Open(const ado::ConnectionRef& project, Long) {
   if (!project) throw AutomationError(ErrorNumber::ObjectNotSet, "the string library needs an open project");
-  // Whether it is the same connection is told without taking part in its ownership.
-  if (!project.owner_before(project_) && !project_.owner_before(project)) return;
+  if (ado::IsSameConnection(project, project_)) return;
   project_ = project;
   language_ = 1;
 }
@@ -63,21 +59,16 @@ LibraryString ProjectStringLibrary::GetString(Long number) {
 
 void ProjectStringLibrary::SetLanguage(Long language, const std::string& name) {
   RequireLanguage(language, GetCount() + 1);
-  const auto row =
-      ado::OpenRecordset(*Project(), LanguageQuery(language), ado::adOpenStatic, ado::adLockOptimistic);
-  if (row->Eof()) {
-    row->AddNew();
-    row->Put("Language", language);
-  }
+  const auto row = ado::RowFor(*Project(), "StringLanguages", {{"Language", language}});
   row->Put("Name", name);
   row->Update();
 }
 
 std::string ProjectStringLibrary::LanguageName(Long language) {
   RequireLanguage(language, GetCount());
+  const std::string query = "SELECT Name FROM StringLanguages WHERE Language=" + std::to_string(language);
   return To<std::string>(
-      ado::OpenRecordset(*Project(), LanguageQuery(language), ado::adOpenStatic, ado::adLockReadOnly)
-          ->Get("Name"));
+      ado::OpenRecordset(*Project(), query, ado::adOpenStatic, ado::adLockReadOnly)->Get("Name"));
 }
 
 void ProjectStringLibrary::SetString(Long number, Long language, const LibraryString& string) {
@@ -87,13 +78,7 @@ void ProjectStringLibrary::SetString(Long number, Long language, const LibrarySt
     project->Execute("DELETE * FROM " + StringCondition(number, language));
     return;
   }
-  const auto row = ado::OpenRecordset(*project, "SELECT * FROM " + StringCondition(number, language),
-                                      ado::adOpenStatic, ado::adLockOptimistic);
-  if (row->Eof()) {
-    row->AddNew();
-    row->Put("Number", number);
-    row->Put("Language", language);
-  }
+  const auto row = ado::RowFor(*project, "LibraryStrings", {{"Number", number}, {"Language", language}});
   row->Put("Text", string.text);
   row->Put("FontNumber", string.fontNumber);
   row->Update();

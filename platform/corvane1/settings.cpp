@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "platform/ado/row_for.h"
 #include "platform/automation/automation_error.h"
 #include "platform/automation/convert.h"
 
@@ -43,9 +44,7 @@ std::uint64_t LayeredSettings::Place(Long section, Long key) {
 
 const LayeredSettings::Texts& LayeredSettings::ProjectTexts() {
   const ado::ConnectionRef& connection = projectDatabase_->Held();
-  // Whether it is the same connection is told without taking part in its ownership.
-  if (connection && !connection.owner_before(readFrom_) && !readFrom_.owner_before(connection))
-    return project_;
+  if (ado::IsSameConnection(connection, readFrom_)) return project_;
   // Before the read, so that one that fails is made again.
   readFrom_.reset();
   project_.clear();
@@ -75,16 +74,8 @@ void LayeredSettings::Set(Long section, Long key, const std::string& text) {
 }
 
 void LayeredSettings::SetInProject(Long section, Long key, const std::string& text) {
-  const ado::ConnectionRef connection = projectDatabase_->OpenConnection();
-  const auto row = ado::OpenRecordset(
-      *connection,
-      "SELECT * FROM Settings WHERE Section=" + std::to_string(section) + " AND Key=" + std::to_string(key),
-      ado::adOpenStatic, ado::adLockOptimistic);
-  if (row->Eof()) {
-    row->AddNew();
-    row->Put("Section", section);
-    row->Put("Key", key);
-  }
+  const auto row =
+      ado::RowFor(*projectDatabase_->OpenConnection(), "Settings", {{"Section", section}, {"Key", key}});
   row->Put("Value", text);
   row->Update();
   readFrom_.reset();

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/ado/row_for.h"
 #include "platform/automation/arithmetic.h"
 #include "platform/automation/convert.h"
 
@@ -27,14 +28,8 @@ std::optional<OperandContent> ProjectOperandStore::Load(const OperandKey& key) {
 }
 
 void ProjectOperandStore::Add(const OperandKey& key, const OperandContent& content) {
-  const auto row =
-      ado::OpenRecordset(*connection_(), "SELECT *" + RowOf(key), ado::adOpenStatic, ado::adLockOptimistic);
-  if (row->Eof()) {
-    row->AddNew();
-    row->Put("Type", key.type);
-    row->Put("Address", key.address);
-    row->Put("NetID", key.network);
-  }
+  const auto row = ado::RowFor(*connection_(), "Operands",
+                               {{"Type", key.type}, {"Address", key.address}, {"NetID", key.network}});
   row->Put("Comment", content.comment);
   row->Put("Value", content.value);
   row->Update();

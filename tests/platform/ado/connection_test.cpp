@@ -111,5 +111,21 @@ TEST_F(ConnectionTest, OpenRecordsetOpensForStatements) {
   EXPECT_RAISES(3251, "the recordset was opened read-only", recordset->AddNew());
 }
 
+TEST_F(ConnectionTest, IsToldFromOthersWhetherTheyLiveOrHaveGone) {
+  std::weak_ptr<Connection> noted;
+  EXPECT_FALSE(IsSameConnection(nullptr, noted));
+  EXPECT_FALSE(IsSameConnection(connection_, noted));
+  noted = connection_;
+  EXPECT_TRUE(IsSameConnection(connection_, noted));
+  EXPECT_FALSE(IsSameConnection(nullptr, noted));
+  const ConnectionRef other = OpenSqlite(Path());
+  EXPECT_FALSE(IsSameConnection(other, noted));
+  EXPECT_FALSE(IsSameConnection(connection_, other));
+  connection_ = nullptr;
+  ASSERT_TRUE(noted.expired());
+  EXPECT_FALSE(IsSameConnection(other, noted));
+  EXPECT_FALSE(IsSameConnection(OpenSqlite(Path()), noted));
+}
+
 }  // namespace
 }  // namespace quenzel7::ado

@@ -66,6 +66,13 @@ TEST_F(NumberGeneratorTest, LeavesOtherSequencesAlone) {
   EXPECT_EQ(other->Get("Next"), automation::Variant(Long{50}));
 }
 
+TEST_F(NumberGeneratorTest, CountsFromOneInARowWithoutANumberToo) {
+  database_->Held()->Execute("INSERT INTO Numbers (Name, Next) VALUES ('GUID', NULL)");
+  EXPECT_EQ(generator_.NewUniqueNumber(), 1);
+  EXPECT_EQ(generator_.NewUniqueNumber(), 2);
+  EXPECT_EQ(Numbers()->RecordCount(), 1);
+}
+
 TEST_F(NumberGeneratorTest, ARolledBackTransactionTakesItsNumbersBack) {
   EXPECT_EQ(generator_.NewUniqueNumber(), 1);
   database_->Held()->BeginTrans();
