@@ -13,8 +13,7 @@ class SqliteDatabase;
 
 enum class OpenMode : Byte {
   /// The file has to be there; it is only looked at, and left as it is together with what lies beside it.
-  /// Nobody
-  /// should be writing it meanwhile.
+  /// Nobody should be writing it meanwhile.
   Inspect,
   /// The file has to be there; statements that would change it fail.
   ReadOnly,
@@ -68,7 +67,9 @@ using SqliteConnectionRef = std::shared_ptr<SqliteConnection>;
 /// write-ahead log beside the file, in which a commit is safe against a crash of the program and the database
 /// consistent after a loss of power.
 ///
-/// Errors: the engine's own message with the path, under the database error number.
+/// Errors: the engine's own message behind the path, as 'cannot open "PATH": MESSAGE', under the database
+/// error number. A writing connection has to have the file to itself for a moment when it keeps no such log
+/// yet; it fails so when another connection does not let go within the busy timeout.
 SqliteConnectionRef OpenSqlite(const std::string& path, const OpenOptions& options = {});
 
 }  // namespace quenzel7::ado

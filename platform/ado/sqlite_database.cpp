@@ -39,9 +39,7 @@ bool HasLog(const std::string& path) {
   return std::filesystem::exists(path + "-wal", error);
 }
 
-[[noreturn]] void RaiseOpenError(const std::string& path, const std::string& message) {
-  throw AutomationError(ErrorNumber::Database, "cannot open \"" + path + "\": " + message);
-}
+[[noreturn]] void Raise(const std::string& message) { throw AutomationError(ErrorNumber::Database, message); }
 
 /// The number at the end of a text that stands behind "=", and how many characters come before it; 0 of them
 /// when the text ends otherwise or the number has more than nine digits.
@@ -69,9 +67,18 @@ EndNumber NumberAtEnd(std::string_view text) {
 }  // namespace
 
 SqliteDatabase::SqliteDatabase(const std::string& path, const OpenOptions& options)
-    : readOnly_(options.mode == OpenMode::ReadOnly || options.mode == OpenMode::Inspect) {
-  if (path.empty()) RaiseOpenError(path, "the path is empty");
-  if (path.find('\0') != std::string::npos) RaiseOpenError(path, "a path holds no zero bytes");
+    : SqliteDatabase(options.mode == OpenMode::ReadOnly || options.mode == OpenMode::Inspect) {
+  // What fails from here on is closed by the destructor.
+  try {
+    Open(path, options);
+  } catch (const AutomationError& error) {
+    throw error.In("cannot open \"" + path + "\"");
+  }
+}
+
+void SqliteDatabase::Open(const std::string& path, const OpenOptions& options) {
+  if (path.empty()) Raise("the path is empty");
+  if (path.find('\0') != std::string::npos) Raise("a path holds no zero bytes");
   const bool inspect = options.mode == OpenMode::Inspect;
   const bool unchanging = inspect && !HasLog(path);
   // A connection belongs to one thread at a time, so the engine need not lock itself.
@@ -85,23 +92,18 @@ SqliteDatabase::SqliteDatabase(const std::string& path, const OpenOptions& optio
   const std::string name = unchanging ? UnchangingUri(path) : PlainPath(path);
   const int result = sqlite3_open_v2(name.c_str(), &handle_, flags,
                                      options.fileSystem.empty() ? nullptr : options.fileSystem.c_str());
-  try {
-    if (result != SQLITE_OK) RaiseOpenError(path, handle_ ? sqlite3_errmsg(handle_) : sqlite3_errstr(result));
-    sqlite3_extended_result_codes(handle_, 1);
-    sqlite3_busy_timeout(handle_, options.busyTimeout);
-    // A name in double quotes is never taken for a text: a missing column has to be an error.
-    sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    Run("PRAGMA foreign_keys=ON");
-    if (inspect) sqlite3_db_config(handle_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
-    if (readOnly_) {
-      Run("PRAGMA query_only=ON");
-    } else {
-      Run("PRAGMA journal_mode=WAL");
-      Run("PRAGMA synchronous=NORMAL");
-    }
-  } catch (...) {
-    Close();
-    throw;
+  if (result != SQLITE_OK) Raise(handle_ ? sqlite3_errmsg(handle_) : sqlite3_errstr(result));
+  sqlite3_extended_result_codes(handle_, 1);
+  sqlite3_busy_timeout(handle_, options.busyTimeout);
+  // A name in double quotes is never taken for a text: a missing column has to be an error.
+  sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  Run("PRAGMA foreign_keys=ON");
+  if (inspect) sqlite3_db_config(handle_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+  if (readOnly_) {
+    Run("PRAGMA query_only=ON");
+  } else {
+    Run("PRAGMA journal_mode=WAL");
+    Run("PRAGMA synchronous=NORMAL");
   }
 }
 

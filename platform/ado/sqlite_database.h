@@ -24,6 +24,7 @@ class SqliteDatabase {
   /// Compiled statements that are kept; of more, the one not used for longest goes.
   static constexpr std::size_t kMostStatements = 256;
 
+  /// Opens the file; errors as for OpenSqlite.
   SqliteDatabase(const std::string& path, const OpenOptions& options);
   SqliteDatabase(const SqliteDatabase&) = delete;
   SqliteDatabase& operator=(const SqliteDatabase&) = delete;
@@ -69,6 +70,10 @@ class SqliteDatabase {
   std::size_t Compiled() const { return compiled_; }
 
  private:
+  /// Not open yet.
+  explicit SqliteDatabase(bool readOnly) : readOnly_(readOnly) {}
+  void Open(const std::string& path, const OpenOptions& options);
+
   struct TextHash {
     using is_transparent = void;
     std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }

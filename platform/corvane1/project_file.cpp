@@ -28,9 +28,35 @@ namespace fs = std::filesystem;
 /// What the engine keeps beside a database file.
 constexpr const char* kCompanions[] = {"-journal", "-wal", "-shm"};
 
+std::string About(const std::string& path, const std::string& what) {
+  return "project file \"" + path + "\": " + what;
+}
+
 [[noreturn]] void Raise(const std::string& path, const std::string& what,
                         ErrorNumber number = ErrorNumber::Database) {
-  throw AutomationError(number, "project file \"" + path + "\": " + what);
+  throw AutomationError(number, About(path, what));
+}
+
+/// Has the engine do something with the file; what it raises is told as what could not be done with the file.
+template <class Action>
+auto WithFile(const std::string& path, const std::string& failure, Action action) {
+  try {
+    return action();
+  } catch (const AutomationError& error) {
+    throw error.In(About(path, failure));
+  }
+}
+
+constexpr const char* kNotOpened = "cannot be opened";
+std::string NotUpToDate() { return "cannot be brought to version " + std::to_string(kProjectVersion); }
+
+bool IsKnownVersion(Long version) { return version >= 1 && version <= kProjectVersion; }
+
+/// Refuses what a newer version made, and what no version made.
+void RequireKnownVersion(const std::string& path, Long version) {
+  if (IsKnownVersion(version)) return;
+  Raise(path, "is of project version " + std::to_string(version) + ", but a version from 1 to " +
+                  std::to_string(kProjectVersion) + " is expected");
 }
 
 /// The beginning of a database file, as its format defines it: every number with its high byte first.
@@ -87,25 +113,23 @@ void CheckContents(const std::string& path, OpenOptions options) {
   options.mode = OpenMode::Inspect;
   std::string found;
   std::string missing;
+  std::string inTheWay;
   Long version = 0;
-  try {
+  WithFile(path, kNotOpened, [&] {
     const ado::ConnectionRef connection = OpenSqlite(path, options);
     found = automation::To<std::string>(connection->Execute("PRAGMA quick_check(1)")->Get("quick_check"));
     if (found == "ok") {
       version = ProjectVersionOf(*connection);
       missing = MissingFromProject(*connection, version);
+      inTheWay = InTheWayOfLaterTables(*connection, version);
     }
     connection->Close();
-  } catch (const AutomationError& error) {
-    throw error.In("project file \"" + path + "\": cannot be opened");
-  }
+  });
   if (found != "ok") Raise(path, "is damaged: " + found);
   // As the engine tells it: the beginning of the file may not know yet what the log says.
-  if (version < 1 || version > kProjectVersion) {
-    Raise(path, "is of project version " + std::to_string(version) + ", but a version from 1 to " +
-                    std::to_string(kProjectVersion) + " is expected");
-  }
+  RequireKnownVersion(path, version);
   if (!missing.empty()) Raise(path, "lacks " + missing);
+  if (!inTheWay.empty()) Raise(path, NotUpToDate() + ": " + inTheWay + " is in the way");
 }
 
 void RemoveWithCompanions(const std::string& path) {
@@ -130,7 +154,7 @@ void Create(const std::string& path, OpenOptions options) {
     fs::rename(creating, path);
   } catch (const AutomationError& error) {
     RemoveWithCompanions(creating);
-    throw error.In("project file \"" + path + "\": cannot be made");
+    throw error.In(About(path, "cannot be made"));
   } catch (const fs::filesystem_error& error) {
     RemoveWithCompanions(creating);
     Raise(path, "cannot be made: " + error.code().message());
@@ -173,30 +197,28 @@ OpenMode HowToOpen(const std::string& path, ProjectMode mode) {
   return OpenMode::ReadWrite;
 }
 
-/// Adds to a project of an older version what came later. The version is asked of the engine, since what
-/// another connection added may stand in the log only.
-void BringUpToDate(const std::string& path, ado::Connection& connection) {
-  try {
-    if (ProjectVersionOf(connection) == kProjectVersion) return;
-    ado::Transaction transaction(connection);
-    for (const std::string& statement : ProjectUpgradeStatements(ProjectVersionOf(connection))) {
-      connection.Execute(statement);
-    }
-    transaction.Commit();
-  } catch (const AutomationError& error) {
-    throw error.In("project file \"" + path + "\": cannot be brought to version " +
-                   std::to_string(kProjectVersion));
+/// Adds to a project of an older version what came later. Gives the version that it found.
+Long BringUpToDate(ado::Connection& connection) {
+  // A project that needs nothing is opened while another connection writes.
+  if (ProjectVersionOf(connection) == kProjectVersion) return kProjectVersion;
+  ado::Transaction transaction(connection);
+  // Whoever wrote until now may have changed it.
+  const Long version = ProjectVersionOf(connection);
+  if (IsKnownVersion(version)) {
+    for (const std::string& statement : ProjectUpgradeStatements(version)) connection.Execute(statement);
   }
+  transaction.Commit();
+  return version;
 }
 
-/// Lets a connection that may not write read a project of an older version.
-void StandInForWhatCameLater(ado::Connection& connection) {
+/// Lets a connection that may not write read a project of an older version. Gives the version that it found.
+Long StandInForWhatCameLater(ado::Connection& connection) {
   const Long version = ProjectVersionOf(connection);
-  if (version == kProjectVersion) return;
   // The views are the connection's own and never reach the file.
   connection.Execute("PRAGMA query_only=OFF");
   for (const std::string& statement : ProjectStandInStatements(version)) connection.Execute(statement);
   connection.Execute("PRAGMA query_only=ON");
+  return version;
 }
 
 }  // namespace
@@ -210,12 +232,12 @@ ado::SqliteConnectionRef OpenProject(const std::string& path, ProjectMode mode, 
   }
   OpenOptions open = options;
   open.mode = HowToOpen(path, mode);
-  ado::SqliteConnectionRef connection = OpenSqlite(path, open);
-  if (open.mode == OpenMode::ReadWrite) {
-    BringUpToDate(path, *connection);
-  } else {
-    StandInForWhatCameLater(*connection);
-  }
+  ado::SqliteConnectionRef connection = WithFile(path, kNotOpened, [&] { return OpenSqlite(path, open); });
+  // Since the file was looked at, it may have become another connection's work.
+  const Long version = open.mode == OpenMode::ReadWrite
+                           ? WithFile(path, NotUpToDate(), [&] { return BringUpToDate(*connection); })
+                           : WithFile(path, kNotOpened, [&] { return StandInForWhatCameLater(*connection); });
+  RequireKnownVersion(path, version);
   return connection;
 }
 

@@ -122,13 +122,22 @@ constexpr SchemaIndex kIndexes[] = {
     {"DownloadDLUs_Guid", "DownloadDLUs", "GUID"},
 };
 
+/// The columns of a table, parted by commas, each as `write` puts it.
+template <class Write>
+std::string ColumnList(const SchemaTable& table, Write write) {
+  std::string text;
+  for (const SchemaColumn& column : table.columns) {
+    if (!text.empty()) text += ", ";
+    text += write('"' + std::string(column.name) + '"', column.type);
+  }
+  return text;
+}
+
 std::string CreateTable(const SchemaTable& table) {
   std::string text = "CREATE TABLE ";
   text.append(table.name) += '(';
-  for (const SchemaColumn& column : table.columns) {
-    if (&column != &table.columns.front()) text += ", ";
-    (text += '"').append(column.name).append("\" ").append(column.type);
-  }
+  text += ColumnList(
+      table, [](const std::string& name, std::string_view type) { return (name + ' ').append(type); });
   if (!table.primaryKey.empty()) text.append(", PRIMARY KEY(").append(table.primaryKey) += ')';
   return text += ')';
 }
@@ -143,10 +152,7 @@ std::string CreateIndex(const SchemaIndex& index) {
 std::string CreateStandIn(const SchemaTable& table) {
   std::string text = "CREATE TEMP VIEW ";
   text.append(table.name) += " AS SELECT ";
-  for (const SchemaColumn& column : table.columns) {
-    if (&column != &table.columns.front()) text += ", ";
-    text.append("NULL AS \"").append(column.name) += '"';
-  }
+  text += ColumnList(table, [](const std::string& name, std::string_view) { return "NULL AS " + name; });
   return text += " WHERE 0";
 }
 
@@ -157,6 +163,19 @@ std::vector<std::string> Texts(ado::Connection& connection, const std::string& s
     texts.push_back(automation::To<std::string>(rows->Get("name")));
   }
   return texts;
+}
+
+/// The names of everything of that kind that the database has.
+std::vector<std::string> NamesOf(ado::Connection& connection, const std::string& kind) {
+  return Texts(connection, "SELECT name FROM sqlite_master WHERE type='" + kind + "'");
+}
+
+/// Whether that is the name of something that came after the version.
+template <class Lists>
+bool CameLater(const Lists& list, std::string_view name, Long version) {
+  return std::any_of(std::begin(list), std::end(list), [&](const auto& entry) {
+    return entry.since > version && automation::EqualFolded(entry.name, name);
+  });
 }
 
 bool Contains(const std::vector<std::string>& names, std::string_view name) {
@@ -177,6 +196,7 @@ std::vector<std::string> ProjectSchemaStatements() {
 }
 
 std::vector<std::string> ProjectUpgradeStatements(Long fromVersion) {
+  if (fromVersion >= kProjectVersion) return {};
   std::vector<std::string> statements;
   for (const SchemaTable& table : kTables) {
     if (table.since > fromVersion) statements.push_back(CreateTable(table));
@@ -211,10 +231,22 @@ std::string MissingFromProject(ado::Connection& connection, Long version) {
         return "column '" + std::string(column.name) + "' of table " + name;
     }
   }
-  const auto indexes = Texts(connection, "SELECT name FROM sqlite_master WHERE type='index'");
+  const auto indexes = NamesOf(connection, "index");
   for (const SchemaIndex& index : kIndexes) {
     if (index.since <= version && !Contains(indexes, index.name)) {
       return "index " + std::string(index.name) + " of table " + std::string(index.table);
+    }
+  }
+  return {};
+}
+
+std::string InTheWayOfLaterTables(ado::Connection& connection, Long version) {
+  // These share their names.
+  for (const char* kind : {"table", "view", "index"}) {
+    for (const std::string& name : NamesOf(connection, kind)) {
+      if (CameLater(kTables, name, version) || CameLater(kIndexes, name, version)) {
+        return std::string(kind) + " " + name;
+      }
     }
   }
   return {};

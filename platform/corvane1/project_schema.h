@@ -48,7 +48,7 @@ std::span<const SchemaIndex> ProjectIndexes();
 std::vector<std::string> ProjectSchemaStatements();
 
 /// The statements that make a project of an older version one of `kProjectVersion`: they create the tables
-/// that came later, and raise the version.
+/// that came later, and raise the version. None for a project of this version or a newer one.
 std::vector<std::string> ProjectUpgradeStatements(Long fromVersion);
 
 /// The statements that let a connection which may not write read a project of an older version: each table
@@ -61,5 +61,9 @@ Long ProjectVersionOf(ado::Connection& connection);
 /// What the database lacks of the tables, columns and indexes of a project of that version, as "column 'Xs'
 /// of table HMI_Elements"; empty when it lacks nothing. More than the lists name does not matter.
 std::string MissingFromProject(ado::Connection& connection, Long version = kProjectVersion);
+
+/// What the database of a project of that version already has under the name of a table or index that came
+/// later, as "view LibraryStrings"; empty when nothing keeps the project from being brought up to date.
+std::string InTheWayOfLaterTables(ado::Connection& connection, Long version);
 
 }  // namespace quenzel7::corvane1

@@ -266,9 +266,23 @@ TEST_F(SqliteConnectionTest, AnUnknownFileSystemIsRefused) {
 
 TEST_F(SqliteConnectionTest, AFileThatIsNoDatabaseIsRefused) {
   std::ofstream(folder_.File("letter.txt")) << std::string(2000, 'x');
-  EXPECT_RAISES(kDatabaseError, "file is not a database; in: PRAGMA journal_mode=WAL",
+  EXPECT_RAISES(kDatabaseError,
+                "cannot open \"" + folder_.File("letter.txt") +
+                    "\": file is not a database; in: PRAGMA journal_mode=WAL",
                 OpenSqlite(folder_.File("letter.txt")));
   EXPECT_EQ(Bytes(folder_.File("letter.txt")), std::string(2000, 'x'));
+}
+
+TEST_F(SqliteConnectionTest, AWriterWithoutALogNeedsTheFileToItselfForAMoment) {
+  Run("PRAGMA journal_mode=DELETE");
+  Run("BEGIN");
+  Run("SELECT * FROM Elements");
+  Run("INSERT INTO Elements(Xs) VALUES(1)");
+  EXPECT_RAISES(kDatabaseError,
+                "cannot open \"" + Path() + "\": database is locked; in: PRAGMA journal_mode=WAL",
+                OpenSqlite(Path(), {.busyTimeout = 0}));
+  Run("COMMIT");
+  EXPECT_EQ(Pragma(*OpenSqlite(Path(), {.busyTimeout = 0}), "journal_mode"), Variant("wal"));
 }
 
 TEST_F(SqliteConnectionTest, AReadOnlyConnectionReadsAndDoesNotWrite) {

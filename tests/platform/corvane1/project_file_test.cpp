@@ -17,6 +17,7 @@
 #include "platform/automation/automation_error.h"
 #include "platform/automation/convert.h"
 #include "platform/corvane1/project_schema.h"
+#include "tests/platform/ado/at_statement.h"
 #include "tests/platform/ado/failing_vfs.h"
 #include "tests/support/raises.h"
 #include "tests/support/temporary_folder.h"
@@ -585,19 +586,156 @@ TEST_F(ProjectFileTest, AnOlderProjectThatLacksWhatItHadIsRefused) {
   ExpectRefused("lacks table Operands");
 }
 
-TEST_F(ProjectFileTest, AnOlderProjectWithATableInTheWayStaysAsItIs) {
+TEST_F(ProjectFileTest, AnOlderProjectWithSomethingInTheWayIsRefusedAndStaysAsItIs) {
+  const struct {
+    const char* change;
+    const char* inTheWay;
+  } cases[] = {{"CREATE TABLE LibraryStrings(A)", "table LibraryStrings"},
+               {"CREATE VIEW stringlanguages AS SELECT 1 AS A", "view stringlanguages"},
+               {"CREATE INDEX LibraryStrings ON HMI_Elements(Xs)", "index LibraryStrings"}};
+  for (const char* journal : {"PRAGMA journal_mode=WAL", "PRAGMA journal_mode=DELETE"}) {
+    for (const auto& blocked : cases) {
+      MakeVersion1();
+      const auto project = ado::OpenSqlite(Path());
+      project->Execute(blocked.change);
+      project->Execute(journal);
+      project->Close();
+      ExpectRefused("cannot be brought to version 2: " + std::string(blocked.inTheWay) + " is in the way");
+      fs::remove(Path());
+    }
+  }
+}
+
+TEST_F(ProjectFileTest, ATriggerOfALaterTablesNameIsInNobodysWay) {
   MakeVersion1();
   const auto project = ado::OpenSqlite(Path());
-  project->Execute("CREATE TABLE LibraryStrings(A)");
+  project->Execute("CREATE TRIGGER LibraryStrings DELETE ON Settings BEGIN DELETE FROM Numbers; END");
   project->Close();
-  const Raised refusal = RefusalOf(Path(), ProjectMode::Open);
-  EXPECT_EQ(refusal.number, kDatabase);
+  EXPECT_EQ(ProjectVersionOf(*OpenProject(Path(), ProjectMode::Open)), 2);
+}
+
+TEST_F(ProjectFileTest, AReaderOfAnOlderProjectKeepsSeeingTheLaterTablesEmpty) {
+  MakeVersion1();
+  const auto reader = OpenProject(Path(), ProjectMode::ReadOnly);
+  const auto writer = OpenProject(Path(), ProjectMode::Open);
+  writer->Execute("INSERT INTO StringLanguages VALUES(1,'English')");
+  EXPECT_EQ(ProjectVersionOf(*reader), 2);
+  EXPECT_EQ(Count(*reader, "StringLanguages"), 0);
+  EXPECT_EQ(Count(*OpenProject(Path(), ProjectMode::ReadOnly), "StringLanguages"), 1);
+}
+
+TEST_F(ProjectFileTest, AProjectThatAnotherBringsUpToDateMeanwhileIsTakenAsItIsThen) {
+  for (const ProjectMode mode : {ProjectMode::Open, ProjectMode::Create}) {
+    MakeVersion1();
+    const auto other = ado::OpenSqlite(Path());
+    other->BeginTrans();
+    const ado::AtStatement waiting("BEGIN IMMEDIATE", 1, [&] {
+      for (const std::string& statement : ProjectUpgradeStatements(1)) other->Execute(statement);
+      other->Execute("INSERT INTO StringLanguages VALUES(1,'English')");
+      other->CommitTrans();
+    });
+    const auto project = OpenProject(Path(), mode);
+    EXPECT_TRUE(waiting.Acted());
+    EXPECT_EQ(ProjectVersionOf(*project), 2);
+    EXPECT_EQ(Count(*project, "StringLanguages"), 1);
+    project->Close();
+    other->Close();
+    fs::remove(Path());
+  }
+}
+
+TEST_F(ProjectFileTest, AVersionThatIsMetOnlyWhenTheOtherHasWrittenIsCheckedToo) {
+  MakeVersion1();
+  for (const Long version : {3, 0}) {
+    const auto other = ado::OpenSqlite(Path());
+    other->Execute("PRAGMA user_version=1");
+    const std::string change = "PRAGMA user_version=" + std::to_string(version);
+    const Raised refusal = {kDatabase, "project file \"" + Path() + "\": is of project version " +
+                                           std::to_string(version) +
+                                           ", but a version from 1 to 2 is expected"};
+    other->BeginTrans();
+    {
+      const ado::AtStatement waiting("BEGIN IMMEDIATE", 1, [&] {
+        other->Execute(change);
+        other->CommitTrans();
+      });
+      EXPECT_EQ(RefusalOf(Path(), ProjectMode::Open), refusal);
+      EXPECT_TRUE(waiting.Acted());
+    }
+    EXPECT_EQ(ProjectVersionOf(*other), version);
+    EXPECT_TRUE(other->Execute("SELECT name FROM sqlite_master WHERE name='StringLanguages'")->Eof());
+  }
+}
+
+TEST_F(ProjectFileTest, AReaderChecksTheVersionThatItMeets) {
+  MakeVersion1();
+  const auto other = ado::OpenSqlite(Path());
+  // The first time it is asked for is when the file is looked at.
+  const ado::AtStatement reading("PRAGMA user_version", 2, [&] { other->Execute("PRAGMA user_version=3"); });
   EXPECT_EQ(
-      refusal.description.substr(0, refusal.description.find(';')),
-      "project file \"" + Path() + "\": cannot be brought to version 2: table LibraryStrings already exists");
-  const auto after = ado::OpenSqlite(Path());
-  EXPECT_EQ(ProjectVersionOf(*after), 1);
-  EXPECT_TRUE(after->Execute("SELECT name FROM sqlite_master WHERE name='StringLanguages'")->Eof());
+      RefusalOf(Path(), ProjectMode::ReadOnly).description,
+      "project file \"" + Path() + "\": is of project version 3, but a version from 1 to 2 is expected");
+  EXPECT_TRUE(reading.Acted());
+}
+
+TEST_F(ProjectFileTest, ACurrentProjectIsOpenedWithoutWritingAnything) {
+  MakeProject();
+  const auto before = Snapshot();
+  for (const ProjectMode mode : {ProjectMode::Open, ProjectMode::Create}) {
+    OpenProject(Path(), mode)->Close();
+    EXPECT_EQ(Snapshot(), before);
+  }
+  const auto other = ado::OpenSqlite(Path());
+  other->BeginTrans();
+  for (const ProjectMode mode : kModes) {
+    const auto project = OpenProject(Path(), mode, {.busyTimeout = 0});
+    EXPECT_EQ(Count(*project, "HMI_Elements"), 200);
+  }
+}
+
+// Projects that another connection has locked.
+
+TEST_F(ProjectFileTest, AWriterThatCannotHaveTheFileToItselfSaysWhichFile) {
+  MakeProject();
+  const auto other = ado::OpenSqlite(Path());
+  other->Execute("PRAGMA journal_mode=DELETE");
+  other->Close();
+  sqlite3* reader = nullptr;
+  ASSERT_EQ(sqlite3_open(Path().c_str(), &reader), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(reader, "BEGIN; SELECT * FROM Settings", nullptr, nullptr, nullptr), SQLITE_OK);
+  for (const ProjectMode mode : {ProjectMode::Open, ProjectMode::Create}) {
+    EXPECT_RAISES(kDatabase,
+                  "project file \"" + Path() + "\": cannot be opened: cannot open \"" + Path() +
+                      "\": database is locked; in: PRAGMA journal_mode=WAL",
+                  OpenProject(Path(), mode, {.busyTimeout = 0}));
+  }
+  EXPECT_EQ(Count(*OpenProject(Path(), ProjectMode::ReadOnly, {.busyTimeout = 0}), "HMI_Elements"), 200);
+  sqlite3_close(reader);
+  OpenProject(Path(), ProjectMode::Open, {.busyTimeout = 0})->Close();
+}
+
+TEST_F(ProjectFileTest, AReaderThatIsLockedOutSaysOfWhichFile) {
+  MakeProject();
+  const auto other = ado::OpenSqlite(Path());
+  other->Execute("PRAGMA journal_mode=DELETE");
+  other->Execute("BEGIN EXCLUSIVE");
+  EXPECT_RAISES(
+      kDatabase,
+      "project file \"" + Path() + "\": cannot be opened: database is locked; in: PRAGMA user_version",
+      OpenProject(Path(), ProjectMode::ReadOnly, {.busyTimeout = 0}));
+  other->Execute("ROLLBACK");
+  OpenProject(Path(), ProjectMode::ReadOnly, {.busyTimeout = 0})->Close();
+}
+
+TEST_F(ProjectFileTest, AnOlderProjectThatAnotherWritesSaysWhichFileCannotBeBroughtUpToDate) {
+  MakeVersion1();
+  const auto other = ado::OpenSqlite(Path());
+  other->BeginTrans();
+  EXPECT_RAISES(kDatabase,
+                "project file \"" + Path() +
+                    "\": cannot be brought to version 2: database is locked; in: BEGIN IMMEDIATE",
+                OpenProject(Path(), ProjectMode::Open, {.busyTimeout = 0}));
+  EXPECT_EQ(Count(*OpenProject(Path(), ProjectMode::ReadOnly, {.busyTimeout = 0}), "StringLanguages"), 0);
 }
 
 TEST_F(ProjectFileTest, ANewerVersionThatOnlyTheLogTellsIsRefused) {
@@ -628,7 +766,9 @@ TEST_F(ProjectFileTest, AFullDiskLeavesAnOlderProjectWhole) {
     disk.Heal();
     if (refusal.number != 0) {
       ++failed;
+      const std::string beginning = "project file \"" + Path() + "\": cannot be ";
       EXPECT_EQ(refusal.number, kDatabase);
+      EXPECT_EQ(refusal.description.substr(0, beginning.size()), beginning);
       EXPECT_NE(refusal.description.find("database or disk is full"), std::string::npos) << refusal;
       const auto left = ado::OpenSqlite(Path(), {.fileSystem = disk.Name()});
       const Long version = ProjectVersionOf(*left);

@@ -244,7 +244,8 @@ TEST_F(ProjectSchemaTest, AnUpgradeAddsWhatCameLaterAndRaisesTheVersion) {
                    "CREATE TABLE LibraryStrings(\"Number\" INTEGER, \"Language\" INTEGER, \"Text\" TEXT, "
                    "\"FontNumber\" INTEGER, PRIMARY KEY(Number, Language))",
                    "PRAGMA user_version=2"}));
-  EXPECT_EQ(ProjectUpgradeStatements(2), Lines{"PRAGMA user_version=2"});
+  EXPECT_EQ(ProjectUpgradeStatements(2), Lines{});
+  EXPECT_EQ(ProjectUpgradeStatements(3), Lines{});
 }
 
 TEST_F(ProjectSchemaTest, AnUpgradeFromNothingMakesAllTablesAndIndexes) {
@@ -263,6 +264,35 @@ TEST_F(ProjectSchemaTest, AnOlderProjectLacksOnlyWhatItsVersionHas) {
   connection_->Execute("DROP INDEX HMI_Elements_Tab");
   EXPECT_EQ(MissingFromProject(*connection_, 1), "index HMI_Elements_Tab of table HMI_Elements");
   EXPECT_EQ(MissingFromProject(*connection_, 0), "");
+}
+
+TEST_F(ProjectSchemaTest, WhatHasTheNameOfALaterTableIsInItsWay) {
+  EXPECT_EQ(InTheWayOfLaterTables(*connection_, 1), "");
+  const struct {
+    const char* change;
+    const char* undo;
+    const char* inTheWay;
+  } cases[] = {
+      {"CREATE TABLE librarystrings(A)", "DROP TABLE librarystrings", "table librarystrings"},
+      {"CREATE VIEW StringLanguages AS SELECT 1 AS A", "DROP VIEW StringLanguages", "view StringLanguages"},
+      {"CREATE TABLE T(A)", "DROP TABLE T", ""}};
+  for (const auto& named : cases) {
+    connection_->Execute(named.change);
+    EXPECT_EQ(InTheWayOfLaterTables(*connection_, 1), named.inTheWay);
+    EXPECT_EQ(InTheWayOfLaterTables(*connection_, 2), "");
+    connection_->Execute(named.undo);
+  }
+  Make();
+  EXPECT_EQ(InTheWayOfLaterTables(*connection_, 2), "");
+  EXPECT_EQ(InTheWayOfLaterTables(*connection_, 1), "table StringLanguages");
+  EXPECT_EQ(InTheWayOfLaterTables(*connection_, 0), "table HMI_Elements");
+}
+
+TEST_F(ProjectSchemaTest, WhatHasTheNameOfALaterIndexIsInItsWay) {
+  connection_->Execute("CREATE TABLE T(A)");
+  connection_->Execute("CREATE INDEX DownloadDLUs_guid ON T(A)");
+  EXPECT_EQ(InTheWayOfLaterTables(*connection_, 1), "");
+  EXPECT_EQ(InTheWayOfLaterTables(*connection_, 0), "index DownloadDLUs_guid");
 }
 
 TEST_F(ProjectSchemaTest, StandInsAreSeenEmptyAndTakeNothing) {
