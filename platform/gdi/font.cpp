@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <limits>
 #include <utility>
+#include <vector>
 
 #include "platform/gdi/font_catalog.h"
 
@@ -78,24 +79,26 @@ Font::Line Font::StrikeOut() const {
 
 const Glyph& Font::FindGlyph(char32_t character) {
   auto found = glyphs_.find(character);
-  if (found == glyphs_.end()) {
+  if (found == glyphs_.end() || found->second.IsForgotten()) {
     Glyph glyph = MakeGlyph(character);
-    if (glyphBytes_ + glyph.bits.size() > kMostGlyphBytes) {
-      quick_.fill(nullptr);
-      byBytes_.fill(nullptr);
-      glyphs_.clear();
-      glyphBytes_ = 0;
-    }
+    if (glyphBytes_ + glyph.bits.size() > kMostGlyphBytes) ForgetPictures();
     glyphBytes_ += glyph.bits.size();
-    found = glyphs_.emplace(character, std::move(glyph)).first;
+    found = glyphs_.insert_or_assign(character, std::move(glyph)).first;
   }
   if (character < quick_.size()) quick_[character] = &found->second;
   return found->second;
 }
 
+void Font::ForgetPictures() {
+  quick_.fill(nullptr);
+  byBytes_.fill(nullptr);
+  for (auto& [character, glyph] : glyphs_) glyph.bits = std::vector<std::uint8_t>();
+  glyphBytes_ = 0;
+}
+
 const Glyph& Font::FindGlyphOfByte(unsigned char byte) {
   const Glyph& glyph = GlyphOf(codePage_[byte]);
-  byBytes_[byte] = &glyph;
+  byBytes_[byte] = measures_[byte] = &glyph;
   return glyph;
 }
 

@@ -81,6 +81,11 @@ class Font {
   const Glyph& GlyphOfByte(unsigned char byte) {
     return byBytes_[byte] != nullptr ? *byBytes_[byte] : FindGlyphOfByte(byte);
   }
+  /// The measures of the picture of a byte, whose bits may be missing: they are kept for good, so that a text
+  /// is measured without a picture being made again.
+  const Glyph& MeasuresOfByte(unsigned char byte) {
+    return measures_[byte] != nullptr ? *measures_[byte] : FindGlyphOfByte(byte);
+  }
   /// The character that a byte of a text stands for.
   char32_t CharacterOf(unsigned char byte) const { return codePage_[byte]; }
 
@@ -91,6 +96,7 @@ class Font {
   const Glyph& FindGlyph(char32_t character);
   const Glyph& FindGlyphOfByte(unsigned char byte);
   Glyph MakeGlyph(char32_t character);
+  void ForgetPictures();
   void Measure(const LOGFONT& description);
   int LineThickness() const;
 
@@ -104,8 +110,9 @@ class Font {
   bool isBold_ = false, isEmboldened_ = false, isLeaning_ = false;
 
   std::unordered_map<char32_t, Glyph> glyphs_;
-  std::array<const Glyph*, 256> quick_{};    ///< those of `glyphs_` below 256
-  std::array<const Glyph*, 256> byBytes_{};  ///< those of `glyphs_` that bytes stand for
+  std::array<const Glyph*, 256> quick_{};     ///< those of `glyphs_` below 256
+  std::array<const Glyph*, 256> byBytes_{};   ///< those of `glyphs_` that bytes stand for
+  std::array<const Glyph*, 256> measures_{};  ///< as `byBytes_`, with forgotten pictures too
   std::size_t glyphBytes_ = 0;
   std::size_t rasterizations_ = 0;
 };

@@ -11,6 +11,19 @@ int LeanOf(int rowsAboveBaseline) {
   return (rowsAboveBaseline - down) / kRowsPerLeanPixel;
 }
 
+/// Adds the pixels of a glyph's row to those of another glyph, moved to the right.
+void AddRow(const Glyph& glyph, int y, int by, Glyph& to) {
+  const std::uint8_t* row = glyph.Row(y);
+  std::uint8_t* out = to.bits.data() + static_cast<std::size_t>(y) * to.stride + by / 8;
+  const int shift = by % 8;
+  for (int i = 0; i < glyph.stride; ++i) {
+    out[i] |= static_cast<std::uint8_t>(row[i] >> shift);
+    // Only what is set is carried over: behind the last pixel there may be no byte.
+    const auto carried = static_cast<std::uint8_t>(row[i] << (8 - shift));
+    if (carried != 0) out[i + 1] |= carried;
+  }
+}
+
 }  // namespace
 
 Glyph Glyph::Blank(int left, int top, int width, int height, int advance) {
@@ -30,11 +43,8 @@ Glyph Emboldened(const Glyph& glyph) {
   if (glyph.bits.empty()) return Glyph::Blank(0, 0, 0, 0, advance);
   Glyph bold = Glyph::Blank(glyph.left, glyph.top, glyph.width + 1, glyph.height, advance);
   for (int y = 0; y < glyph.height; ++y) {
-    for (int x = 0; x < glyph.width; ++x) {
-      if (!glyph.At(x, y)) continue;
-      bold.Set(x, y);
-      bold.Set(x + 1, y);
-    }
+    AddRow(glyph, y, 0, bold);
+    AddRow(glyph, y, 1, bold);
   }
   return bold;
 }
@@ -45,10 +55,7 @@ Glyph Slanted(const Glyph& glyph) {
   Glyph slanted =
       Glyph::Blank(glyph.left + least, glyph.top, glyph.width + most - least, glyph.height, glyph.advance);
   for (int y = 0; y < glyph.height; ++y) {
-    const int lean = LeanOf(glyph.top - 1 - y) - least;
-    for (int x = 0; x < glyph.width; ++x) {
-      if (glyph.At(x, y)) slanted.Set(x + lean, y);
-    }
+    AddRow(glyph, y, LeanOf(glyph.top - 1 - y) - least, slanted);
   }
   return slanted;
 }

@@ -15,6 +15,9 @@ struct Glyph {
   int stride = 0;                  ///< bytes a row
   std::vector<std::uint8_t> bits;  ///< rows from the top, leftmost pixel in the highest bit, padding 0
 
+  /// Whether there is a picture of which only the measures are left.
+  bool IsForgotten() const { return bits.empty() && width > 0; }
+
   /// A picture of these measures without any pixel set.
   static Glyph Blank(int left, int top, int width, int height, int advance);
 

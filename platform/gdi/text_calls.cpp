@@ -78,7 +78,7 @@ BOOL GetCharWidth32A(HDC dc, std::uint32_t first, std::uint32_t last, std::int32
   if (context == nullptr || widths == nullptr || first > last || last > kLastByte) return 0;
   Font& font = FontOf(*context);
   for (std::uint32_t byte = first; byte <= last; ++byte) {
-    *widths++ = font.GlyphOfByte(static_cast<unsigned char>(byte)).advance;
+    *widths++ = font.MeasuresOfByte(static_cast<unsigned char>(byte)).advance;
   }
   return 1;
 }

@@ -76,7 +76,7 @@ void TextLayout::LayParagraph(Font& font, std::size_t begin, std::size_t end, co
 
 void TextLayout::Cut(Font& font, Line& line, std::int64_t width) const {
   if (line.width <= width) return;
-  const std::int64_t dots = 3 * static_cast<std::int64_t>(font.GlyphOfByte('.').advance);
+  const std::int64_t dots = 3 * static_cast<std::int64_t>(font.MeasuresOfByte('.').advance);
   std::int64_t x = 0;
   std::size_t end = line.begin;
   while (end < line.end) {

@@ -72,7 +72,7 @@ class TextLayout {
   bool IsTab(std::size_t i) const { return tabStep_ > 0 && shown_[i] == '\t'; }
   std::int64_t AfterTab(std::int64_t x) const { return (x / tabStep_ + 1) * tabStep_; }
   std::int64_t AdvanceAt(Font& font, std::size_t i) const {
-    return font.GlyphOfByte(static_cast<unsigned char>(shown_[i])).advance;
+    return font.MeasuresOfByte(static_cast<unsigned char>(shown_[i])).advance;
   }
   /// Where the character behind the one at x is.
   std::int64_t After(Font& font, std::size_t i, std::int64_t x) const {

@@ -37,7 +37,7 @@ Font& FontOf(Context& context) {
 
 std::int64_t WidthOf(Font& font, std::string_view text) {
   std::int64_t width = 0;
-  for (const char c : text) width += font.GlyphOfByte(static_cast<unsigned char>(c)).advance;
+  for (const char c : text) width += font.MeasuresOfByte(static_cast<unsigned char>(c)).advance;
   return width;
 }
 
@@ -58,9 +58,9 @@ void TextPainter::Paint(std::int64_t x, std::int64_t y, std::string_view text) {
   const std::int64_t baseline = y + font_.Ascent();
   std::int64_t pen = x;
   for (const char c : text) {
-    const Glyph& glyph = font_.GlyphOfByte(static_cast<unsigned char>(c));
-    PaintGlyph(glyph, pen + glyph.left, baseline - glyph.top);
-    pen += glyph.advance;
+    const auto byte = static_cast<unsigned char>(c);
+    PaintByte(byte, pen, baseline);
+    pen += font_.MeasuresOfByte(byte).advance;
   }
   if (look.lfUnderline != 0) Underline(x, y, width);
   if (look.lfStrikeOut != 0) Across(font_.StrikeOut(), x, y, width);
@@ -71,10 +71,13 @@ void TextPainter::Across(const Font::Line& line, std::int64_t x, std::int64_t y,
   ink_.Fill(Common({x, top, x + width, top + line.count}, clip_));
 }
 
-void TextPainter::PaintGlyph(const Glyph& glyph, std::int64_t left, std::int64_t top) {
-  const Box all{left, top, left + glyph.width, top + glyph.height};
+void TextPainter::PaintByte(unsigned char byte, std::int64_t pen, std::int64_t baseline) {
+  const Glyph& measures = font_.MeasuresOfByte(byte);
+  const std::int64_t left = pen + measures.left, top = baseline - measures.top;
+  const Box all{left, top, left + measures.width, top + measures.height};
   const Box box = Common(all, clip_);
   if (box.IsEmpty()) return;
+  const Glyph& glyph = font_.GlyphOfByte(byte);
   // The padding of a glyph's rows is mixed too and changes nothing, but it must lie inside the bitmap.
   const bool isInside = box.left == all.left && box.top == all.top && box.right == all.right &&
                         box.bottom == all.bottom && left + glyph.stride * 8 <= ink_.Target().Width();

@@ -32,7 +32,8 @@ class TextPainter {
 
  private:
   void Across(const Font::Line& line, std::int64_t x, std::int64_t y, std::int64_t width);
-  void PaintGlyph(const Glyph& glyph, std::int64_t left, std::int64_t top);
+  /// The picture of a byte, made only if some of it shows.
+  void PaintByte(unsigned char byte, std::int64_t pen, std::int64_t baseline);
   void PaintWords(const Glyph& glyph, std::int32_t left, std::int32_t top);
 
   Context& context_;

@@ -171,6 +171,27 @@ TEST(Font, TheFirstCharacterBeyondTheBytesIsNoByte) {
   EXPECT_EQ(font->Rasterizations(), 2u);
 }
 
+TEST(Font, KeepsTheMeasuresOfForgottenPictures) {
+  const auto font = Made("DejaVu Sans", 1024);
+  const Glyph first = font->GlyphOfByte('A');
+  const Glyph* measures = &font->MeasuresOfByte('A');
+  EXPECT_FALSE(measures->IsForgotten());
+  for (unsigned byte = 0; byte < 256; ++byte) font->MeasuresOfByte(static_cast<unsigned char>(byte));
+  const std::size_t made = font->Rasterizations();
+  EXPECT_EQ(&font->MeasuresOfByte('A'), measures);
+  EXPECT_EQ(font->Rasterizations(), made);
+  EXPECT_TRUE(measures->IsForgotten());
+  EXPECT_EQ(measures->bits.capacity(), 0u);
+  EXPECT_EQ(measures->left, first.left);
+  EXPECT_EQ(measures->top, first.top);
+  EXPECT_EQ(measures->width, first.width);
+  EXPECT_EQ(measures->height, first.height);
+  EXPECT_EQ(measures->advance, first.advance);
+  EXPECT_EQ(font->GlyphOfByte('A').bits, first.bits);
+  EXPECT_EQ(font->Rasterizations(), made + 1);
+  EXPECT_FALSE(measures->IsForgotten());
+}
+
 TEST(Font, TakesTheBoldFaceOfAFamilyThatHasOne) {
   const auto bold = Made("DejaVu Sans", 16, 700), regular = Made("DejaVu Sans", 16);
   EXPECT_NE(RowsOf(bold->GlyphOf(U'A')), RowsOf(regular->GlyphOf(U'A')));

@@ -46,6 +46,29 @@ TEST(Emboldened, PaintsTwiceOnePixelApart) {
   EXPECT_EQ(bold.advance, 10);
 }
 
+TEST(Glyph, IsForgottenIfItHasMeasuresButNoBits) {
+  Glyph glyph = Glyph::Blank(0, 0, 1, 1, 1);
+  EXPECT_FALSE(glyph.IsForgotten());
+  glyph.bits.clear();
+  EXPECT_TRUE(glyph.IsForgotten());
+  EXPECT_FALSE(Glyph::Blank(0, 0, 0, 0, 9).IsForgotten());
+}
+
+TEST(Emboldened, CarriesPixelsIntoTheNextByte) {
+  EXPECT_EQ(RowsOf(Emboldened(Drawn(0, 1, 8, {"......##"}))), Rows{"......###"});
+  EXPECT_EQ(RowsOf(Emboldened(Drawn(0, 1, 9, {".......##"}))), Rows{".......###"});
+}
+
+TEST(Slanted, MovesRowsByWholeBytesAndMore) {
+  const Rows column(40, "#.......#");
+  const Rows rows = RowsOf(Slanted(Drawn(0, 40, 9, column)));
+  ASSERT_EQ(rows.size(), 40u);
+  for (std::size_t y = 0; y < 40; ++y) {
+    const std::size_t lean = (39 - y) / 4;
+    EXPECT_EQ(rows[y], std::string(lean, '.') + "#.......#" + std::string(9 - lean, '.')) << y;
+  }
+}
+
 TEST(Emboldened, BlanksGrowToo) {
   const Glyph bold = Emboldened(Glyph::Blank(0, 0, 0, 0, 4));
   EXPECT_EQ(bold.advance, 5);

@@ -154,6 +154,13 @@ TEST(TextLayout, AMillionMarksAreNoTrouble) {
   EXPECT_EQ(misplaced, 0u);
 }
 
+TEST(TextLayout, MarksBelongToTheirLines) {
+  TextRules rules;
+  rules.hasPrefixes = true;
+  EXPECT_EQ(Laid("&a&b\nc\nd&e\n&f", rules),
+            (Lines{"ab@0 _0+8 _8+8 |16", "c@0 |8", "de@0 _8+8 |16", "f@0 _0+8 |8"}));
+}
+
 TEST(TextLayout, CutsLinesThatAreTooWide) {
   TextRules rules;
   rules.cutsEveryLine = true;

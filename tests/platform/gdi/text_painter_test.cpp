@@ -145,6 +145,22 @@ TEST(TextPainter, WideGlyphsAreWholeAtTheRightEdge) {
   EXPECT_EQ(page.Text()[9], "...############..");
 }
 
+TEST(TextPainter, MakesNoPictureAnewThatDoesNotShow) {
+  Page page(20, 20);
+  page.context.font = Described("DejaVu Sans", 1024);
+  std::string all;
+  for (int byte = 33; byte < 256; ++byte) all += static_cast<char>(byte);
+  Font& font = FontOf(page.context);
+  WidthOf(font, all);
+  const std::size_t made = font.Rasterizations();
+  TextPainter(page.context, kAll).Paint(20, 0, all);
+  TextPainter(page.context, kAll).Paint(0, 20, all);
+  EXPECT_EQ(font.Rasterizations(), made);
+  ASSERT_TRUE(font.MeasuresOfByte('A').IsForgotten());
+  TextPainter(page.context, kAll).Paint(-300, -500, "A");
+  EXPECT_EQ(font.Rasterizations(), made + 1);
+}
+
 TEST(WidthOf, IsTheSumOfTheAdvances) {
   const auto font = FontFor(Described("DejaVu Sans", 16));
   EXPECT_EQ(WidthOf(*font, ""), 0);
