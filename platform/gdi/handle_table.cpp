@@ -12,9 +12,28 @@ constexpr int kGenerationShift = 16;
 /// does not soon meet its own number again.
 constexpr std::int32_t kFirstSlots = 64;
 
+/// Needs no destruction itself, so it can still be read when all that a thread had is gone.
+constinit thread_local HandleTable* tableOfThread = nullptr;
+
+/// Serves every thread that has lost its own. It never changes, and never ends.
+HandleTable& NoHandles() {
+  static HandleTable* const table = new HandleTable(0);
+  return *table;
+}
+
+struct OwnTable {
+  OwnTable() { tableOfThread = &table; }
+  ~OwnTable() { tableOfThread = &NoHandles(); }
+  OwnTable(const OwnTable&) = delete;
+  OwnTable& operator=(const OwnTable&) = delete;
+
+  HandleTable table;
+};
+
 }  // namespace
 
 Handle HandleTable::Add(Object object) {
+  if (liveObjects_ >= capacity_) return 0;
   if (slots_.empty()) {
     slots_.resize(kFirstSlots);
     for (std::int32_t i = 0; i + 1 < kFirstSlots; ++i) slots_[static_cast<std::size_t>(i)].nextFree = i + 1;
@@ -26,7 +45,6 @@ Handle HandleTable::Add(Object object) {
     firstFree_ = slots_[static_cast<std::size_t>(index)].nextFree;
     if (firstFree_ < 0) lastFree_ = -1;
   } else {
-    if (slots_.size() >= kCapacity) return 0;
     index = static_cast<std::int32_t>(slots_.size());
     slots_.emplace_back();
   }
@@ -73,8 +91,10 @@ bool HandleTable::Remove(Handle handle) {
 }
 
 HandleTable& Handles() {
-  thread_local HandleTable table;
-  return table;
+  if (tableOfThread == nullptr) {
+    thread_local OwnTable own;
+  }
+  return *tableOfThread;
 }
 
 std::optional<Pen> FindPen(HGDIOBJ handle) {

@@ -23,8 +23,10 @@ class HandleTable {
   using Object = std::variant<std::monostate, Pen, Brush, std::unique_ptr<LOGFONT>, std::unique_ptr<Bitmap>,
                               std::unique_ptr<Region>, std::unique_ptr<Context>>;
 
-  /// Objects that can live at the same time.
+  /// Objects that a thread can have alive at the same time.
   static constexpr std::size_t kCapacity = 65535;
+
+  explicit HandleTable(std::size_t capacity = kCapacity) : capacity_(capacity) {}
 
   /// Gives the new handle, or 0 when the table is full.
   Handle Add(Object object);
@@ -66,12 +68,14 @@ class HandleTable {
 
   Slot* FindSlot(Handle handle);
 
+  std::size_t capacity_;
   std::vector<Slot> slots_;
   std::int32_t firstFree_ = -1, lastFree_ = -1;
   std::size_t liveObjects_ = 0;
 };
 
-/// The table of the calling thread.
+/// The table of the calling thread. While a thread ends, its objects go before what was made earlier, such as
+/// a static variable with handles in it: from then on this is a table that is empty and takes nothing.
 HandleTable& Handles();
 
 /// The pen or brush of a handle, stock or not; nothing if it is something else.

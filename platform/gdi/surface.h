@@ -8,7 +8,8 @@
 namespace quenzel7::gdi {
 
 /// A memory context with a bitmap of its own selected, both deleted at the end, on the thread that made
-/// them. The way for hosts to have something painted and to get at the pixels.
+/// them. One that outlives the handles of its thread, as in a static variable, has no pixels any more and
+/// ends without harm. The way for hosts to have something painted and to get at the pixels.
 class Surface {
  public:
   /// `bitsPerPixel` is 32 or 1. All pixels are black. Throws std::invalid_argument for other depths and for

@@ -80,6 +80,19 @@ TEST(HandleTable, IsFullAt65535Objects) {
   EXPECT_NE(table.Add(Brush{}), 0);
 }
 
+TEST(HandleTable, MayTakeFewerObjectsOrNone) {
+  HandleTable none(0);
+  EXPECT_EQ(none.Add(Brush{}), 0);
+  EXPECT_EQ(none.LiveObjects(), 0u);
+  HandleTable two(2);
+  const Handle first = two.Add(Brush{});
+  EXPECT_NE(two.Add(Brush{}), 0);
+  EXPECT_EQ(two.Add(Brush{}), 0);
+  two.Remove(first);
+  EXPECT_NE(two.Add(Brush{}), 0);
+  EXPECT_EQ(two.Add(Brush{}), 0);
+}
+
 TEST(HandleTable, CountsWhatLives) {
   HandleTable table;
   EXPECT_EQ(table.LiveObjects(), 0u);

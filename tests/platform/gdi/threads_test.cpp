@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstring>
+#include <functional>
+#include <optional>
 #include <random>
 #include <thread>
 #include <vector>
@@ -17,7 +20,7 @@ namespace {
 
 using Pixels = std::vector<COLORREF>;
 
-/// Draws figures, lines, paths, regions and blits of all kinds, the same for the same seed.
+/// Draws figures, lines, paths, regions, blits and texts of all kinds, the same for the same seed.
 class Scribbler {
  public:
   explicit Scribbler(std::uint32_t seed) : random_(seed) {}
@@ -29,6 +32,7 @@ class Scribbler {
       SetTextColor(dc, Color());
       const SelectedPen pen(dc, Pen());
       const SelectedBrush brush(dc, Brush());
+      SetBkMode(dc, Any(2) == 0 ? TRANSPARENT : OPAQUE);
       Shape(dc);
     }
     Pixels all = Colors(color_);
@@ -63,8 +67,20 @@ class Scribbler {
     return Any(2) == 0 ? CreateSolidBrush(color) : CreateHatchBrush(Any(6), color);
   }
 
+  HFONT Font() {
+    constexpr std::array<const char*, 4> kFaces{"DejaVu Sans", "Unifont", "DejaVu Serif", "nobody has this"};
+    LOGFONT font{};
+    font.lfHeight = Any(30) - 12;
+    font.lfWeight = Any(2) == 0 ? 400 : 700;
+    font.lfItalic = static_cast<std::uint8_t>(Any(2));
+    font.lfUnderline = static_cast<std::uint8_t>(Any(2));
+    font.lfCharSet = Any(2) == 0 ? std::uint8_t{0} : std::uint8_t{161};
+    std::strcpy(font.lfFaceName, kFaces[static_cast<std::size_t>(Any(4))]);
+    return CreateFontIndirectA(&font);
+  }
+
   void Shape(HDC dc) {
-    const int kind = Any(13), a = Place(), b = Place(), c = Place(), d = Place(), e = Any(30), f = Any(30);
+    const int kind = Any(15), a = Place(), b = Place(), c = Place(), d = Place(), e = Any(30), f = Any(30);
     const RECT rect{a, b, c, d};
     const HDC source = Any(2) == 0 ? mono_.Dc() : color_.Dc();
     switch (kind) {
@@ -116,11 +132,26 @@ class Scribbler {
         FillRect(dc, &rect, GetCurrentObject(dc, OBJ_BRUSH));
         PatBlt(dc, b, a, e, f, PATINVERT);
         break;
-      default:
+      case 12:
         DrawFocusRect(dc, &rect);
         break;
+      case 13: {
+        const SelectedFont font(dc, Font());
+        TextOutA(dc, a, b, kText + e, f);
+        break;
+      }
+      default: {
+        const SelectedFont font(dc, Font());
+        RECT box = rect;
+        const auto format = static_cast<std::uint32_t>(Any(0x2000)) & ~std::uint32_t{DT_TABSTOP};
+        hits_ = hits_ * 31 + static_cast<COLORREF>(DrawTextA(dc, kText + e, -1, &box, format) + box.right);
+        break;
+      }
     }
   }
+
+  static constexpr char kText[] =
+      "The quick &brown fox\njumps over\tthe lazy \xE1\xE2\xE7 dog's back, && again";
 
   std::mt19937 random_;
   Surface color_{97, 83}, mono_{90, 77, 1};
@@ -169,11 +200,11 @@ TEST(Threads, DoNotKnowEachOthersHandles) {
 }
 
 TEST(Threads, ShareTheStockObjects) {
-  std::array<HGDIOBJ, 14> there{};
+  std::array<HGDIOBJ, 18> there{};
   std::thread([&] {
-    for (int i = 0; i < 14; ++i) there[static_cast<std::size_t>(i)] = GetStockObject(i);
+    for (int i = 0; i < 18; ++i) there[static_cast<std::size_t>(i)] = GetStockObject(i);
   }).join();
-  for (int i = 0; i < 14; ++i) EXPECT_EQ(there[static_cast<std::size_t>(i)], GetStockObject(i)) << i;
+  for (int i = 0; i < 18; ++i) EXPECT_EQ(there[static_cast<std::size_t>(i)], GetStockObject(i)) << i;
 }
 
 TEST(Threads, AreNotHeardByEachOthersRecorders) {
@@ -197,6 +228,57 @@ TEST(Threads, MayEndWithObjectsAlive) {
       EXPECT_EQ(LiveObjects(), 6u);
     }).join();
   }
+}
+
+/// A surface that lives longer than the handles of its thread, as one in a static variable does, and what
+/// happens in between.
+struct Late {
+  ~Late() { inBetween(); }
+  std::function<void()> inBetween;
+  std::optional<Surface> surface;
+};
+
+TEST(Threads, CallsFailOnceTheHandlesHaveEnded) {
+  std::vector<std::int64_t> before, after;
+  std::thread([&] {
+    // Made before the first handle, and therefore ended after all of them.
+    thread_local Late late;
+    late.surface.emplace(3, 2);
+    late.surface->Clear(kRed);
+    const HDC dc = late.surface->Dc();
+    const HPEN pen = MakePen(PS_SOLID, 1, kBlue);
+    const HRGN region = CreateEllipticRgn(0, 0, 9, 9);
+    DeleteObject(CreateEllipticRgn(0, 0, 99, 99));
+    before = {late.surface->At(1, 1), static_cast<std::int64_t>(LiveObjects())};
+    late.inBetween = [&after, &surface = *late.surface, dc, pen, region] {
+      const LOGFONT font{};
+      RECT rect{0, 0, 2, 2};
+      after = {surface.At(1, 1),
+               GetPixel(dc, 1, 1),
+               static_cast<std::int64_t>(surface.Pixels().size()),
+               static_cast<std::int64_t>(LiveObjects()),
+               CreateCompatibleDC(0),
+               CreateCompatibleDC(dc),
+               CreateSolidBrush(0),
+               CreateBitmap(2, 2, 1, 32, nullptr),
+               CreateEllipticRgn(0, 0, 9, 9),
+               CreateEllipticRgn(0, 0, 200, 200),
+               CreateFontIndirectA(&font),
+               SelectObject(dc, GetStockObject(BLACK_PEN)),
+               Ellipse(dc, 0, 0, 9, 9),
+               PtInRegion(region, 4, 4),
+               TextOutA(dc, 0, 0, "a", 1),
+               DrawTextA(dc, "a", 1, &rect, 0),
+               GetObjectA(pen, 0, nullptr),
+               DeleteObject(pen),
+               DeleteObject(region),
+               DeleteDC(dc)};
+    };
+  }).join();
+  EXPECT_EQ(before, (std::vector<std::int64_t>{kRed, 4}));
+  std::vector<std::int64_t> failures(20, 0);
+  failures[0] = failures[1] = CLR_INVALID;
+  EXPECT_EQ(after, failures);
 }
 
 }  // namespace
