@@ -6,10 +6,14 @@
 
 /// The graphics device interface: the operations by which the elements paint, on memory contexts.
 ///
-/// A context or object is told by a handle of the calling thread. Operations never throw and never
-/// crash on a wrong handle, a handle of another kind, one that has been deleted, or a null pointer:
-/// they fail as each says, by 0. Coordinates are pixels of the context's bitmap, x to the right, y
-/// downwards; any 32-bit coordinate is allowed, and what lies outside the bitmap is cut off.
+/// A context or object is told by a handle of the calling thread. Operations neither throw nor crash on a
+/// wrong handle, a handle of another kind, one that has been deleted, or a null pointer: they fail as each
+/// says, by 0. So they do when the handles of a thread have ended with it, which static variables outlive.
+/// Where memory cannot be had, making a bitmap fails by 0; through other calls std::bad_alloc passes: handles
+/// and contexts are in order then, and nothing is lost but what the call had to do or had painted in part.
+///
+/// Coordinates are pixels of the context's bitmap, x to the right, y downwards; any 32-bit coordinate is
+/// allowed, and what lies outside the bitmap is cut off.
 ///
 /// Two kinds of surface exist: 32 bits a pixel (blue, green, red, unused) and 1 bit. What is drawn in a
 /// colour on 1 bit becomes black or white, whichever is nearer.
