@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <optional>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
@@ -27,6 +29,7 @@ constexpr std::int64_t kMostBitmapBytes = 1 << 16;
 HDC Dc(GdiSession& session) { return session.Pick(Kind::kContext); }
 HBRUSH BrushHandle(GdiSession& session) { return session.Pick(Kind::kBrush); }
 HBITMAP BitmapHandle(GdiSession& session) { return session.Pick(Kind::kBitmap); }
+HFONT FontHandle(GdiSession& session) { return session.Pick(Kind::kFont); }
 HRGN RegionHandle(GdiSession& session) { return session.Pick(Kind::kRegion); }
 HGDIOBJ AnyHandle(GdiSession& session) { return session.PickAny(); }
 std::int32_t Number(GdiSession& session) { return session.Bytes().Number(); }
@@ -89,6 +92,81 @@ OrNull<LOGBRUSH> SolidOrNull(GdiSession& session) {
   return {session, [](GdiSession& from) {
             return LOGBRUSH{from.Bytes().Byte() < 0xF0 ? 0u : 1u, Color(from), 0};
           }};
+}
+
+/// The sizes at which everything is tried; those beyond are asked for by the numbers at the ends of the
+/// range.
+std::int32_t SizeOfFont(GdiSession& from) {
+  constexpr std::int32_t kLargest = 100, kHuge = 0x4001;
+  const std::int32_t size = Number(from);
+  return size < -kHuge || size > kHuge ? size : size % (kLargest + 1);
+}
+
+LOGFONT FontValue(GdiSession& from) {
+  constexpr std::array<std::int32_t, 8> kWeights{0, 400, 549, 550, 700, 1000, -1, 0x7FFFFFFF};
+  constexpr std::array<std::uint8_t, 10> kCharSets{0, 1, 161, 162, 177, 178, 186, 204, 238, 255};
+  // The last one leaves no room for a terminator.
+  constexpr std::array<std::string_view, 5> kFaces{"", "DejaVu Sans", "Unifont", "nobody has this",
+                                                   "a name of as many as 32 letters."};
+  LOGFONT font{};
+  font.lfHeight = SizeOfFont(from);
+  const std::uint8_t looks = from.Bytes().Byte(), kind = from.Bytes().Byte();
+  if (looks >= 0xC0) font.lfWidth = SizeOfFont(from);
+  font.lfItalic = looks & 1;
+  font.lfUnderline = looks & 2;
+  font.lfStrikeOut = looks & 4;
+  font.lfWeight = kWeights[looks >> 3 & 7];
+  font.lfEscapement = font.lfOrientation = kind >= 0xF0 ? Number(from) : 0;
+  font.lfCharSet = kind >= 0xF0 ? from.Bytes().Byte() : kCharSets[kind % kCharSets.size()];
+  font.lfPitchAndFamily = from.Bytes().Byte();
+  const std::string_view face = kFaces[from.Bytes().Byte() % kFaces.size()];
+  std::memcpy(font.lfFaceName, face.data(), face.size());
+  return font;
+}
+OrNull<LOGFONT> FontOrNull(GdiSession& session) { return {session, FontValue}; }
+
+OrNull<TEXTMETRICA> MetricsOrNull(GdiSession& session) {
+  return {session, [](GdiSession&) { return TEXTMETRICA{}; }};
+}
+
+/// A text and the length that is told of it.
+class Text {
+ public:
+  explicit Text(GdiSession& session) {
+    const std::uint8_t form = session.Bytes().Byte();
+    for (int i = 0; i < form % 32; ++i) bytes_.push_back(static_cast<char>(session.Bytes().Byte()));
+    count_ = static_cast<std::int32_t>(bytes_.size());
+    // Mostly as many bytes as are told of and not one more: reading on is an error that the sanitizer sees.
+    const int oddity = form / 32;
+    isNull_ = oddity == 4;
+    if (oddity > 4) bytes_.push_back('\0');
+    if (oddity == 5) count_ = 0x7FFFFFFF;
+    if (oddity == 6) count_ = -1;
+    if (oddity == 4 || oddity == 7) count_ = Number(session);
+  }
+
+  const char* Bytes() const { return isNull_ ? nullptr : bytes_.data(); }
+  std::int32_t Count() const { return count_; }
+
+ private:
+  std::vector<char> bytes_;
+  std::int32_t count_ = 0;
+  bool isNull_ = false;
+};
+
+/// Any of the formats together; now and then with another step of the tabs, or any bits at all.
+std::uint32_t TextFormat(GdiSession& session) {
+  constexpr std::array<DrawTextFormat, 14> kFormats{
+      DT_CENTER,     DT_RIGHT,        DT_VCENTER,       DT_BOTTOM,          DT_WORDBREAK,
+      DT_SINGLELINE, DT_TABSTOP,      DT_NOCLIP,        DT_EXTERNALLEADING, DT_CALCRECT,
+      DT_NOPREFIX,   DT_END_ELLIPSIS, DT_WORD_ELLIPSIS, DT_EXPANDTABS};
+  const unsigned low = session.Bytes().Byte(), bits = low | unsigned{session.Bytes().Byte()} << 8;
+  if ((bits & 0x8000) != 0) return session.Bytes().Word();
+  std::uint32_t format = 0;
+  for (std::size_t i = 0; i < kFormats.size(); ++i) {
+    if ((bits >> i & 1) != 0) format |= kFormats[i];
+  }
+  return (bits & 0x4000) != 0 ? format | std::uint32_t{session.Bytes().Byte()} << 8 : format;
 }
 
 std::uint32_t ExtendedStyle(GdiSession& session) {
@@ -194,6 +272,38 @@ void RunPolyline(GdiSession& session) {
   }
 }
 
+void RunTextOutA(GdiSession& session) {
+  const HDC dc = Dc(session);
+  const std::int32_t x = Number(session), y = Number(session);
+  const Text text(session);
+  TextOutA(dc, x, y, text.Bytes(), text.Count());
+}
+
+void RunGetTextExtentPoint32A(GdiSession& session) {
+  const HDC dc = Dc(session);
+  const Text text(session);
+  SIZE size{};
+  GetTextExtentPoint32A(dc, text.Bytes(), text.Count(), session.Bytes().Byte() != 0xFF ? &size : nullptr);
+}
+
+void RunDrawTextA(GdiSession& session) {
+  const HDC dc = Dc(session);
+  const Text text(session);
+  OrNull<RECT> rect = RectOrNull(session);
+  DrawTextA(dc, text.Bytes(), text.Count(), rect, TextFormat(session));
+}
+
+void RunGetCharWidth32A(GdiSession& session) {
+  const HDC dc = Dc(session);
+  const std::uint32_t first = Unsigned(session), last = Unsigned(session);
+  // Room for exactly what is asked for.
+  const bool isRange = first <= last && last <= 255;
+  std::vector<std::int32_t> widths(isRange ? last - first + 1 : 0);
+  std::int32_t nothing = 0;
+  const bool isNull = session.Bytes().Byte() == 0xFF;
+  GetCharWidth32A(dc, first, last, isNull ? nullptr : isRange ? widths.data() : &nothing);
+}
+
 struct Call {
   const char* name;
   void (*run)(GdiSession&);
@@ -248,6 +358,15 @@ constexpr Call kCalls[] = {
      Make<CreateRoundRectRgn, Kind::kRegion, Number, Number, Number, Number, Number, Number>},
     {"PtInRegion", Run<PtInRegion, RegionHandle, Number, Number>},
     {"RectInRegion", Run<RectInRegion, RegionHandle, RectOrNull>},
+    {"CreateFontIndirectA", Make<CreateFontIndirectA, Kind::kFont, FontOrNull>},
+    {"SelectObject", Run<SelectObject, Dc, FontHandle>},
+    {"SetBkMode", Run<SetBkMode, Dc, Number>},
+    {"GetBkMode", Run<GetBkMode, Dc>},
+    {"TextOutA", RunTextOutA},
+    {"GetTextExtentPoint32A", RunGetTextExtentPoint32A},
+    {"GetTextMetricsA", Run<GetTextMetricsA, Dc, MetricsOrNull>},
+    {"DrawTextA", RunDrawTextA},
+    {"GetCharWidth32A", RunGetCharWidth32A},
 };
 
 /// Bytes beyond the table make no call; the room is for calls to come.

@@ -12,7 +12,7 @@ constexpr int kFitting = 0xD0;
 constexpr std::int32_t kNextGeneration = 0x10000;
 
 bool IsStock(gdi::Handle handle) {
-  for (std::int32_t index = gdi::WHITE_BRUSH; index <= gdi::SYSTEM_FONT; ++index) {
+  for (std::int32_t index = gdi::WHITE_BRUSH; index <= gdi::DEFAULT_GUI_FONT; ++index) {
     if (handle != 0 && handle == gdi::GetStockObject(index)) return true;
   }
   return false;
@@ -97,7 +97,7 @@ bool GdiSession::IsHeld(gdi::Handle object) const {
     const auto holds = [&](std::uint32_t type) {
       return entry.second == Kind::kContext && gdi::GetCurrentObject(entry.first, type) == object;
     };
-    return holds(gdi::OBJ_PEN) || holds(gdi::OBJ_BRUSH) || holds(gdi::OBJ_BITMAP);
+    return holds(gdi::OBJ_PEN) || holds(gdi::OBJ_BRUSH) || holds(gdi::OBJ_FONT) || holds(gdi::OBJ_BITMAP);
   });
 }
 
@@ -110,8 +110,10 @@ void GdiSession::Check() {
 }
 
 void GdiSession::CheckContext(gdi::HDC dc) {
-  constexpr std::array<std::pair<std::uint32_t, Kind>, 3> kTypes{
-      {{gdi::OBJ_PEN, Kind::kPen}, {gdi::OBJ_BRUSH, Kind::kBrush}, {gdi::OBJ_BITMAP, Kind::kBitmap}}};
+  constexpr std::array<std::pair<std::uint32_t, Kind>, 4> kTypes{{{gdi::OBJ_PEN, Kind::kPen},
+                                                                  {gdi::OBJ_BRUSH, Kind::kBrush},
+                                                                  {gdi::OBJ_FONT, Kind::kFont},
+                                                                  {gdi::OBJ_BITMAP, Kind::kBitmap}}};
   for (const auto& [type, kind] : kTypes) {
     const gdi::HGDIOBJ object = gdi::GetCurrentObject(dc, type);
     const auto found = living_.find(object);

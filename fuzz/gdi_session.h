@@ -17,7 +17,7 @@ namespace quenzel7::fuzz {
 /// the first figure already has something to be drawn on.
 class GdiSession {
  public:
-  enum class Kind { kContext, kPen, kBrush, kBitmap, kRegion };
+  enum class Kind { kContext, kPen, kBrush, kBitmap, kRegion, kFont };
 
   explicit GdiSession(std::span<const std::uint8_t> bytes);
   GdiSession(const GdiSession&) = delete;

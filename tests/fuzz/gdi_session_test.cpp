@@ -60,6 +60,21 @@ TEST(GdiSession, KeepsDeletedHandlesForPicking) {
   EXPECT_EQ(session.Complaint(), "");
 }
 
+TEST(GdiSession, KnowsFontsThatAreHeld) {
+  const Bytes bytes{0};
+  GdiSession session(bytes);
+  const gdi::LOGFONT look{};
+  const gdi::HFONT font = gdi::CreateFontIndirectA(&look);
+  session.Made(Kind::kFont, font);
+  gdi::SelectObject(session.Pick(Kind::kContext), font);
+  session.DeleteObject(font);
+  session.Check();
+  session.DeleteObject(gdi::GetStockObject(gdi::DEFAULT_GUI_FONT));
+  EXPECT_EQ(session.Complaint(), "");
+  session.End();
+  EXPECT_EQ(session.Complaint(), "");
+}
+
 TEST(GdiSession, AcceptsRefusalsThatAreRight) {
   GdiSession session({});
   const gdi::HPEN pen = gdi::CreatePenIndirect(nullptr);
