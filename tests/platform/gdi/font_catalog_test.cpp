@@ -109,7 +109,8 @@ TEST(FontCatalog, RanksTheNamedFamilyThenItsSubstituteThenTheRest) {
   LOGFONT font = Described("Plain", 16);
   font.lfPitchAndFamily = FF_ROMAN;
   std::vector<std::string> files;
-  for (const FaceInfo* face : Sample().Ranked(font)) files.push_back(face->file);
+  const FontCatalog catalog = Sample();
+  for (const FaceInfo* face : catalog.Ranked(font)) files.push_back(face->file);
   ASSERT_EQ(files.size(), 9u);
   EXPECT_EQ(files[0], "plain");
   EXPECT_EQ(files[1], "roman");
