@@ -24,7 +24,8 @@ constexpr automation::Member kMembers[] = {
     Method<clsGrpElmntsSrv, &clsGrpElmntsSrv::ChangeHMIPanel>("ChangeHMIPanel",
                                                               "Sets the panel that the project is for."),
     Method<clsGrpElmntsSrv, &clsGrpElmntsSrv::InitImageLibrary>(
-        "InitImageLibrary", "Makes the image library with its name and the panel's colours."),
+        "InitImageLibrary",
+        "Makes the image library with its name and the panel's colours, an array of Long."),
     automation::Property<loomis2::ImageLibraryRef>("ImageLibrary",
                                                    "The image library; none until it is made.",
                                                    AUTOMATION_GETTER(clsGrpElmntsSrv, ImageLibrary), nullptr),
@@ -51,7 +52,8 @@ void clsGrpElmntsSrv::ChangeHMIPanel(Long pPanelType) {
 }
 
 void clsGrpElmntsSrv::InitImageLibrary(const std::string& pImageLibName, automation::Variant& pPalette) {
-  const loomis2::ImageLibraryRef library = Platform::Current().newImageLibrary();
+  const auto& make = Platform::Current().newImageLibrary;
+  const loomis2::ImageLibraryRef library = make ? make() : nullptr;
   if (!library) {
     throw automation::AutomationError(automation::ErrorNumber::ClassNotCreatable,
                                       "the image library cannot be created");

@@ -25,9 +25,16 @@ class clsGrpElmntsSrv final : public automation::Object {
   void ChangeHMIPanel(Long pPanelType);
 
   /// Makes a new image library in the place of any earlier one and gives it its name, the folder of the
-  /// pictures beside the program, and the panel's colours, an array of 32-bit integers. Error 429 when there
-  /// is no image library to be had; those of the image library, which stays with what it was given until
-  /// then.
+  /// pictures beside the program, and the panel's colours.
+  ///
+  /// `pPalette` is an array of Long of one dimension, which is only read; hosts pass it in a variant, by
+  /// reference. What else a variant can hold is refused by the image library: the embedded one raises error
+  /// 13 for a value that is no array, for an array of another kind and for one of another number of
+  /// dimensions.
+  ///
+  /// Errors: 429 when there is no image library to be had, and those of its making; the earlier one stays
+  /// then. 76 when the program's folder cannot be told, and those of the image library: the new library is in
+  /// place then, with what it was given until then.
   void InitImageLibrary(const std::string& pImageLibName, automation::Variant& pPalette);
 
   /// The image library; none before InitImageLibrary.

@@ -23,7 +23,7 @@ namespace quenzel7 {
 
 /// The services that the elements of one thread work with. A host replaces any of them by assigning its own;
 /// an element that keeps a service for its life keeps the one of its creation. None of them
-/// may be left without an object while elements are in use.
+/// may be left without an object while elements are in use; only `newImageLibrary` may be empty.
 struct Platform {
   /// The embedded defaults, all of them real: colours of the panel palette, fonts of the panel list, panel
   /// models, settings, operands, numbers and strings kept in the project that `heldProject` holds, changes,
@@ -33,25 +33,44 @@ struct Platform {
   /// The services of the calling thread.
   static Platform& Current();
 
-  /// What the embedded services look for the open project in. A host opens a project with
-  /// `Platform::Current().heldProject->Hold(corvane1::OpenProject(path, ...))`.
+  /// The project that the host has open. The embedded settings, numbers, sizes of elements and operands look
+  /// here, and so does the embedded `projectDatabase`, which is this very object. A host opens a project with
+  /// `Platform::Current().heldProject->Hold(corvane1::OpenProject(path, ...))`, and one of its own database
+  /// by holding a connection of its own class. The object itself stays: the services look at the one they
+  /// began with.
   std::shared_ptr<corvane1::HeldProjectDatabase> heldProject;
 
+  /// Where elements find the project that they are saved in and read from; the string library is opened on
+  /// it. What a host puts here is seen by elements only, not by the embedded services.
   std::shared_ptr<corvane1::ProjectDatabase> projectDatabase;
+  /// The colours to paint panel colour numbers with.
   std::shared_ptr<corvane1::ColorService> colorService;
+  /// The defaults of new elements.
   std::shared_ptr<corvane1::Settings> settings;
+  /// The unique numbers of new rows.
   std::shared_ptr<corvane1::NumberGenerator> numberGenerator;
+  /// Is told of changes, and tells the size of an element in the panel.
   std::shared_ptr<corvane1::ChangeTracker> changeTracker;
+  /// What the host has open, by number.
   std::shared_ptr<corvane1::GlobalValues> globalValues;
+  /// The fonts of the panel.
   std::shared_ptr<corvane1::FontService> fontService;
+  /// The texts of the project in its languages.
   std::shared_ptr<corvane1::StringLibrary> stringLibrary;
+  /// The panel models, and which of them the project is for.
   std::shared_ptr<corvane1::PanelService> panelService;
+  /// Shows numbered messages to the user.
   std::shared_ptr<corvane1::MessageService> messageService;
+  /// Takes down errors.
   std::shared_ptr<corvane1::ErrorLog> errorLog;
+  /// Tells blocks of bytes apart.
   std::shared_ptr<corvane1::CrcService> crcService;
+  /// The program that the library works for.
   std::shared_ptr<corvane1::Application> application;
-  /// Makes the image library of the thread when the host sets one up.
+  /// Makes the image library of the thread when the host sets one up; one that is empty or gives nothing
+  /// leaves the host without (error 429).
   std::function<loomis2::ImageLibraryRef()> newImageLibrary;
+  /// The operands of the project.
   std::shared_ptr<fennick1::OperandStore> operands;
 };
 

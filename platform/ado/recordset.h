@@ -42,8 +42,8 @@ class Field {
 /// on SQLite.
 ///
 /// Errors: 3704 when it is not open; 3021 where a current row is needed and there is none; 3251 for a change
-/// under adLockReadOnly; 3265 for a column that it does not have; the engine's own message under the database
-/// error number.
+/// under adLockReadOnly, or of rows that are no plain rows of one table; 3265 for a column that it does not
+/// have; the engine's own message under the database error number.
 class Recordset : public automation::Object {
  public:
   static constexpr std::string_view kClassName = "Recordset";

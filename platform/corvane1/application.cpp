@@ -7,6 +7,11 @@
 
 namespace quenzel7::corvane1 {
 
+std::string FolderOf(const std::string& path) {
+  const auto separator = path.rfind('/');
+  return separator == std::string::npos ? std::string() : path.substr(0, separator);
+}
+
 std::string RunningProgram::Path() {
   std::error_code error;
   const std::filesystem::path file = std::filesystem::read_symlink("/proc/self/exe", error);
@@ -14,7 +19,7 @@ std::string RunningProgram::Path() {
     throw automation::AutomationError(automation::ErrorNumber::PathNotFound,
                                       "the file of the running program cannot be found: " + error.message());
   }
-  return file.parent_path().string();
+  return FolderOf(file.string());
 }
 
 }  // namespace quenzel7::corvane1

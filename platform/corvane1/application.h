@@ -9,9 +9,13 @@ class Application {
  public:
   virtual ~Application() = default;
 
-  /// The folder that the program stands in, without a separator at its end.
+  /// The folder that the program stands in, without a separator at its end: a host appends one and more.
   virtual std::string Path() = 0;
 };
+
+/// The folder that a file stands in, without a separator at its end: that of "/a/b" is "/a", that of "/a" is
+/// empty.
+std::string FolderOf(const std::string& path);
 
 /// The embedded default: the folder of the file that the system runs.
 class RunningProgram final : public Application {

@@ -14,12 +14,18 @@ using automation::VariantKind;
 
 std::size_t SizeOf(const Variant& value) {
   switch (value.Kind()) {
+    case VariantKind::Empty:
     case VariantKind::Null:
       return 0;
     case VariantKind::String:
       return value.Text().size();
     case VariantKind::Array:
       return value.Elements().Size();
+    case VariantKind::Byte:
+      return sizeof(Byte);
+    case VariantKind::Integer:
+    case VariantKind::Boolean:
+      return sizeof(Integer);
     case VariantKind::Long:
       return sizeof(Long);
     default:

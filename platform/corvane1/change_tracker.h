@@ -22,9 +22,11 @@ class ChangeTracker {
   virtual Long ElementSize(Long elementId) = 0;
 };
 
-/// An estimate of what an element takes in the panel, from its row: 4 bytes for a whole number, 8 for any
-/// other, a text and a block of bytes as many as they have, nothing for Null, and 0 where there is no row.
-/// The operands and pictures of an element are not in it. Errors of the database.
+/// An estimate in bytes of what an element takes in the panel, from its row: 4 for a whole number of up to 32
+/// bits, 8 for any other number, a text and a block of bytes as many as they have, nothing for Null, and 0
+/// where there is no row. What a host's own database gives as a narrower number is counted in that width: 2
+/// for an Integer or a Boolean, 1 for a Byte. The operands and pictures of an element are not in it. Errors
+/// of the database.
 Long ElementRowSize(ado::Connection& project, Long elementId);
 
 /// Numbers in the order in which they first came, each once.

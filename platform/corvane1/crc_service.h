@@ -11,6 +11,7 @@ class CrcService {
  public:
   virtual ~CrcService() = default;
 
+  /// The number of the block: the same for the same bytes, as hosts and panels compare it.
   virtual Long Crc(std::span<const Byte> data) = 0;
 };
 

@@ -13,12 +13,15 @@ namespace quenzel7::corvane1 {
 struct ErrorReport {
   /// Where it came from.
   std::string source = {};
+  /// The automation error number.
   Long number = 0;
+  /// What people read.
   std::string description = {};
   /// The file name of the library that reports it.
   std::string module = {};
   /// What else is to be said, as the source likes it.
   std::string text1 = {}, text2 = {};
+  /// A number that belongs to it; 0 for none.
   Long value = 0;
 
   friend bool operator==(const ErrorReport&, const ErrorReport&) = default;
@@ -29,6 +32,7 @@ class ErrorLog {
  public:
   virtual ~ErrorLog() = default;
 
+  /// Takes down an error. Whoever reports goes on afterwards, so nothing is asked of the user.
   virtual void Report(const ErrorReport& report) = 0;
 };
 

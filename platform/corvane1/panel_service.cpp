@@ -22,6 +22,13 @@ constexpr PanelModel kModels[] = {
     {13, 800, 480, 16, kBlackOnWhite}, {14, 1024, 600, 16, kBlackOnWhite},
 };
 
+/// The model of that type, or none.
+const PanelModel* Find(Long panelType) {
+  const auto* found = std::find_if(std::begin(kModels), std::end(kModels),
+                                   [panelType](const PanelModel& model) { return model.type == panelType; });
+  return found == std::end(kModels) ? nullptr : found;
+}
+
 [[noreturn]] void RaiseUnknown(Long panelType) {
   std::string text = "panel type " + std::to_string(panelType) + " is not known; there are";
   for (const PanelModel& model : kModels) {
@@ -35,16 +42,15 @@ constexpr PanelModel kModels[] = {
 std::span<const PanelModel> PanelModels() { return kModels; }
 
 PanelModel ListedPanels::Model(Long panelType) {
-  const auto* found = std::find_if(std::begin(kModels), std::end(kModels),
-                                   [panelType](const PanelModel& model) { return model.type == panelType; });
-  if (found == std::end(kModels)) RaiseUnknown(panelType);
-  return *found;
+  const PanelModel* model = Find(panelType);
+  if (!model) RaiseUnknown(panelType);
+  return *model;
 }
 
 PanelValues ListedPanels::SelectPanel(Long panelType) {
-  const PanelValues values = Model(panelType).values;
   current_ = panelType;
-  return values;
+  const PanelModel* model = Find(panelType);
+  return model ? model->values : kBlackOnWhite;
 }
 
 }  // namespace quenzel7::corvane1

@@ -18,11 +18,15 @@ struct PanelValues {
 
 /// What distinguishes a panel model.
 struct PanelModel {
+  /// The number under which hosts and projects know the model.
   Long type = 0;
-  /// In pixels.
+  /// In pixels, from the left to the right.
   Long width = 0;
+  /// In pixels, from the top to the bottom.
   Long height = 0;
+  /// How many bits the colour of a pixel takes.
   Long bitsPerPixel = 0;
+  /// What the library asks of the model.
   PanelValues values;
 
   /// How many colours the panel can show.
@@ -36,23 +40,25 @@ class PanelService {
  public:
   virtual ~PanelService() = default;
 
-  /// Makes the panel of that type the current one and gives its values.
+  /// Makes the panel of that type the current one and gives its values. A service may refuse a type by an
+  /// automation error.
   virtual PanelValues SelectPanel(Long panelType) = 0;
   /// The type that was selected last; 0 before the first.
   virtual Long CurrentPanelType() = 0;
-  /// The model of that type.
+  /// The model of that type; error 5 when there is none.
   virtual PanelModel Model(Long panelType) = 0;
 };
 
 /// The models that the embedded default knows, by type.
 std::span<const PanelModel> PanelModels();
 
-/// The embedded default: the models of `PanelModels`. Error 5, naming the types that there are, for any other
-/// type; the current panel stays then.
+/// The embedded default: the models of `PanelModels`.
 class ListedPanels final : public PanelService {
  public:
+  /// Takes every type: one without a model has the values of an ordinary panel, black on white.
   PanelValues SelectPanel(Long panelType) override;
   Long CurrentPanelType() override { return current_; }
+  /// Error 5, naming the types that there are, for any other.
   PanelModel Model(Long panelType) override;
 
  private:

@@ -12,7 +12,7 @@ namespace quenzel7::corvane1 {
 /// that is open already keeps it. The library does not keep the project's connection alive.
 ///
 /// Errors of everything but `Language`: 91 before the first Open and after the project has gone, and those of
-/// the database.
+/// the database, such as 3251 for a language in a project of an older version that is opened read-only.
 class ProjectStringLibrary final : public StringLibrary {
  public:
   /// Error 91 when there is no project; the option means nothing here.

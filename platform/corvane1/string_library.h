@@ -31,6 +31,7 @@ class StringLibrary {
   virtual Long GetCount() = 0;
   /// The current language, counted from 1. 0 is no language: every text is then `kEmptyLibraryString`.
   virtual Long Language() = 0;
+  /// Makes a language the current one, also a number that is no language.
   virtual void Language(Long language) = 0;
   /// The text of that number in the current language; `kEmptyLibraryString` where the language has none.
   virtual LibraryString GetString(Long number) = 0;

@@ -20,13 +20,17 @@ class ImageLibrary : public automation::Object {
   static const automation::ClassInfo& ClassOf();
   const automation::ClassInfo& Class() const override { return ClassOf(); }
 
+  /// The name under which the host knows the library; empty until it was given.
   virtual std::string Name() const = 0;
+  /// Gives the library its name.
   virtual void Name(const std::string& name) = 0;
   /// The folder of the picture files, with a separator at its end.
   virtual std::string Folder() const = 0;
+  /// Gives the folder, as a host writes it.
   virtual void Folder(const std::string& folder) = 0;
   /// The panel's colours: an array of 32-bit integers of one dimension; Empty until it was given.
   virtual automation::Variant Palette() const = 0;
+  /// Gives the colours. A library refuses what is no such array by an automation error.
   virtual void Palette(const automation::Variant& palette) = 0;
 };
 

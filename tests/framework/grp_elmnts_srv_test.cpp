@@ -135,9 +135,13 @@ TEST_F(LibraryServiceObject, APanelServiceThatFailsLeavesAllButTheType) {
   EXPECT_EQ(StateLine(), "3 102 202 2");
 }
 
-TEST_F(LibraryServiceObject, AnUnknownPanelIsRefusedByTheEmbeddedService) {
-  EXPECT_EQ(test::ErrorOf([&] { service_.ChangeHMIPanel(15); }), 5);
-  EXPECT_EQ(StateLine(), "15 0 0 0");
+TEST_F(LibraryServiceObject, AnyPanelTypeIsTakenAndOneWithoutAModelIsBlackOnWhite) {
+  for (const Long type : {0, 15, 99, -1}) {
+    service_.ChangeHMIPanel(2);
+    service_.ChangeHMIPanel(type);
+    EXPECT_EQ(StateLine(), std::to_string(type) + " 8 9 1");
+    EXPECT_EQ(Platform::Current().panelService->CurrentPanelType(), type);
+  }
 }
 
 // The image library.
@@ -189,6 +193,16 @@ TEST_F(LibraryServiceObject, ANewImageLibraryReplacesTheEarlierOne) {
   EXPECT_EQ(service_.ImageLibrary()->Name(), "second");
 }
 
+TEST_F(LibraryServiceObject, EveryPaletteButARowOfLongsIsATypeMismatch) {
+  Variant numbers[] = {Variant(), Variant(Long{5}),
+                       automation::Array::OfSize(automation::VariantKind::Integer, 1),
+                       automation::Array::OfSize(automation::VariantKind::Variant, 1)};
+  for (Variant& palette : numbers) {
+    EXPECT_RAISES(13, "a palette is an array of 32-bit integers of one dimension",
+                  service_.InitImageLibrary("plant", palette));
+  }
+}
+
 TEST_F(LibraryServiceObject, APaletteThatIsNoneIsAnErrorAfterNameAndFolder) {
   Variant palette("red");
   EXPECT_EQ(test::ErrorOf([&] { service_.InitImageLibrary("plant", palette); }), 13);
@@ -202,6 +216,39 @@ TEST_F(LibraryServiceObject, WithoutALibraryToBeHadTheEarlierOneStays) {
   Platform::Current().newImageLibrary = [] { return nullptr; };
   EXPECT_RAISES(429, "the image library cannot be created", service_.InitImageLibrary("second", palette));
   EXPECT_EQ(service_.ImageLibrary()->Name(), "first");
+}
+
+TEST_F(LibraryServiceObject, WithoutAMakerOfLibrariesTheEarlierOneStays) {
+  Variant palette = Palette(5);
+  service_.InitImageLibrary("first", palette);
+  Platform::Current().newImageLibrary = nullptr;
+  EXPECT_RAISES(429, "the image library cannot be created", service_.InitImageLibrary("second", palette));
+  EXPECT_EQ(service_.ImageLibrary()->Name(), "first");
+}
+
+TEST_F(LibraryServiceObject, AFailureInMakingALibraryLeavesTheEarlierOne) {
+  Variant palette = Palette(5);
+  service_.InitImageLibrary("first", palette);
+  Platform::Current().newImageLibrary = []() -> loomis2::ImageLibraryRef {
+    throw automation::AutomationError(automation::ErrorNumber::OutOfMemory, "no room");
+  };
+  EXPECT_RAISES(7, "no room", service_.InitImageLibrary("second", palette));
+  EXPECT_EQ(service_.ImageLibrary()->Name(), "first");
+}
+
+TEST_F(LibraryServiceObject, AProgramWithoutAFolderLeavesTheImageLibraryWithItsName) {
+  class Nowhere final : public corvane1::Application {
+    std::string Path() override {
+      throw automation::AutomationError(automation::ErrorNumber::PathNotFound, "no folder");
+    }
+  };
+  const auto library = std::make_shared<NotingLibrary>();
+  Use(library);
+  Platform::Current().application = std::make_shared<Nowhere>();
+  Variant palette = Palette(5);
+  EXPECT_RAISES(76, "no folder", service_.InitImageLibrary("plant", palette));
+  EXPECT_EQ(library->given, Lines{"name plant"});
+  EXPECT_EQ(service_.ImageLibrary(), library);
 }
 
 TEST_F(LibraryServiceObject, TheCrcOfALibraryPictureIsTheTypeNumberOfAByteArray) {

@@ -39,6 +39,24 @@ class SwitchHandler final : public Object {
   bool isSwitch_;
 };
 
+/// One that keeps the answer as a 32-bit number, as handlers do.
+class NumberedSwitchHandler final : public Object {
+ public:
+  explicit NumberedSwitchHandler(Long isSwitch) : isSwitch_(isSwitch) {}
+  Long Switch() const { return isSwitch_; }
+  const ClassInfo& Class() const override {
+    static const Member members[] = {
+        Property<Long>("Switch", "", AUTOMATION_GETTER(NumberedSwitchHandler, Switch), nullptr)};
+    static const Interface interface("_SwitchHandler", members);
+    static const Interface* const interfaces[] = {&interface};
+    static const ClassInfo info{"SwitchHandler", interfaces, nullptr};
+    return info;
+  }
+
+ private:
+  Long isSwitch_;
+};
+
 /// Stands for a variable, and notes what it is asked.
 class VariableDouble final : public ItfHmiElement {
  public:
@@ -144,6 +162,17 @@ TEST(TouchStyleOfAVariable, OfAPictureOrTextForOffAndOnIsASwitchWhereItsHandlerI
     EXPECT_EQ(StyleOf(variable), std::make_pair(eTS_Switch, asked));
     variable.handler = std::make_shared<SwitchHandler>(false);
     EXPECT_EQ(StyleOf(variable), std::make_pair(eTS_None, asked));
+  }
+}
+
+TEST(TouchStyleOfAVariable, TakesEveryNumberOfTheHandlerBut0ForASwitch) {
+  VariableDouble variable;
+  for (const Long type : {1, 2}) {
+    variable.type = static_cast<enVarType>(type);
+    for (const Long isSwitch : {-1, 0, 1, 2}) {
+      variable.handler = std::make_shared<NumberedSwitchHandler>(isSwitch);
+      EXPECT_EQ(GetTouchStyle(variable), isSwitch == 0 ? eTS_None : eTS_Switch) << isSwitch;
+    }
   }
 }
 

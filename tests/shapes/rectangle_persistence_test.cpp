@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "framework/operands.h"
 #include "framework/project.h"
 #include "platform/automation/call_by_name.h"
@@ -1189,6 +1191,31 @@ TEST_F(SavedRectangle, MakingAnElementTouchesNoDatabaseOnceTheProjectsSettingsAr
   EXPECT_EQ(TakeLog(), CallLog{"open SELECT * FROM Settings [3,1,1]"});
   { const clsRectangle second; }
   EXPECT_TRUE(TakeLog().empty());
+}
+
+TEST_F(SavedRectangle, ADatabaseOfTheHostsOwnIsUsedForEverythingWhenItIsHeld) {
+  // The recorder is a connection of its own class, as a host's is.
+  const ado::ConnectionRef host = ProjectConnection();
+  Platform::Current() = Platform();
+  OpenPage(kPage);
+  Platform::Current().heldProject->Hold(host);
+  TakeLog();
+  Define(22);
+  clsRectangle r;
+  r.Xs(12);
+  r.TouchOprndAddr(22);
+  r.SaveToDB();
+  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"ID", "GUID", "DisplayID", "Xs"}),
+            std::vector<std::string>{"5 9 7 12"});
+  EXPECT_EQ(Rows("SELECT * FROM Operands", {"Type", "Address"}), std::vector<std::string>{"1 22"});
+  EXPECT_GT(Platform::Current().changeTracker->ElementSize(5), 0);
+  const CallLog log = TakeLog();
+  for (const char* call :
+       {"open SELECT * FROM Settings [3,1,1]", "open SELECT * FROM Numbers WHERE Name='GUID' [3,3,1]",
+        "put GUID=9:Long", "open SELECT * FROM Operands WHERE Type=1 AND Address=22 AND NetID=0 [3,3,1]",
+        "open SELECT * FROM HMI_Elements WHERE ID=5 [3,1,1]"}) {
+    EXPECT_EQ(std::count(log.begin(), log.end(), call), 1) << call;
+  }
 }
 
 }  // namespace

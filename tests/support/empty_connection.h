@@ -9,7 +9,7 @@
 namespace quenzel7::test {
 
 /// A recordset of the host's own that has no row, and counts what is asked of its columns all the same.
-class EmptyRecordset final : public ado::Recordset {
+class EmptyRecordset : public ado::Recordset {
  public:
   void Open(const std::string&, ado::Connection&, ado::CursorType, ado::LockType,
             ado::CommandOption) override {}
@@ -38,7 +38,7 @@ class EmptyRecordset final : public ado::Recordset {
 };
 
 /// A database of the host's own whose every recordset is empty.
-class EmptyConnection final : public ado::Connection {
+class EmptyConnection : public ado::Connection {
  public:
   ado::RecordsetRef Execute(const std::string&) override { return std::make_shared<EmptyRecordset>(); }
   ado::RecordsetRef CreateRecordset() override { return std::make_shared<EmptyRecordset>(); }

@@ -7,6 +7,15 @@
 namespace quenzel7::corvane1 {
 namespace {
 
+TEST(FolderOf, EndsWithoutASeparator) {
+  EXPECT_EQ(FolderOf("/a/b"), "/a");
+  EXPECT_EQ(FolderOf("/a/b/c d"), "/a/b");
+  EXPECT_EQ(FolderOf("/prog"), "");
+  EXPECT_EQ(FolderOf("a/b"), "a");
+  EXPECT_EQ(FolderOf("prog"), "");
+  EXPECT_EQ(FolderOf(""), "");
+}
+
 TEST(RunningProgram, StandsInTheFolderOfTheFileThatRuns) {
   const std::string path = RunningProgram().Path();
   EXPECT_EQ(path.front(), '/');

@@ -4,11 +4,13 @@
 
 #include "platform/automation/convert.h"
 #include "tests/platform/corvane1/temporary_project.h"
+#include "tests/support/empty_connection.h"
 #include "tests/support/raises.h"
 
 namespace quenzel7::corvane1 {
 namespace {
 
+using automation::Variant;
 using Numbers = std::vector<Long>;
 
 TEST(ChangeTracker, BeginsWithoutChanges) {
@@ -79,6 +81,50 @@ TEST_F(ElementSizeTest, CountsEveryNumberThatIsThere) {
   EXPECT_EQ(SizeWith(",Xs,Ys", ",NULL,5"), 8);
   EXPECT_EQ(SizeWith(",Xs", ",1.5"), 12);
   EXPECT_EQ(SizeWith(",StrStorageFont", ",1"), 8);
+}
+
+TEST_F(ElementSizeTest, CountsWholeNumbersThatNeedMoreThan32BitsWithEightBytes) {
+  EXPECT_EQ(SizeWith(",Xs,Ys", ",2147483647,-2147483648"), 12);
+  EXPECT_EQ(SizeWith(",Xs", ",2147483648"), 12);
+  EXPECT_EQ(SizeWith(",Xs", ",-2147483649"), 12);
+}
+
+/// A database of a host's own whose one row has one value, in a column of texts and blocks.
+class OneValueConnection final : public test::EmptyConnection {
+ public:
+  explicit OneValueConnection(Variant value) : value_(std::move(value)) {}
+  ado::RecordsetRef CreateRecordset() override { return std::make_shared<OneValueRow>(value_); }
+
+ private:
+  class OneValueRow final : public test::EmptyRecordset {
+   public:
+    explicit OneValueRow(Variant value) : value_(std::move(value)) {}
+    bool Eof() const override { return false; }
+    Variant Get(std::string_view column) const override {
+      return column == "Binary" ? value_ : Variant(automation::NullValue{});
+    }
+
+   private:
+    Variant value_;
+  };
+
+  Variant value_;
+};
+
+TEST(ElementRowSize, CountsWhatAHostsDatabaseGivesInItsWidth) {
+  const struct {
+    Variant value;
+    Long size;
+  } cases[] = {{Byte{200}, 1}, {Integer{-1}, 2},
+               {true, 2},      {false, 2},
+               {Long{1}, 4},   {Single{1}, 8},
+               {Double{1}, 8}, {Currency{1}, 8},
+               {Variant(), 0}, {automation::NullValue{}, 0},
+               {"abc", 3},     {automation::FromBytes({1, 2, 3, 4, 5}), 5}};
+  for (const auto& counted : cases) {
+    OneValueConnection project(counted.value);
+    EXPECT_EQ(ElementRowSize(project, 1), counted.size) << automation::KindName(counted.value.Kind());
+  }
 }
 
 TEST_F(ElementSizeTest, CountsTextsAndBlocksByTheirBytes) {

@@ -63,13 +63,21 @@ TEST(ListedPanels, LookingAtAModelSelectsNothing) {
   EXPECT_EQ(panels.CurrentPanelType(), 1);
 }
 
-TEST(ListedPanels, AnUnknownTypeIsRefusedAndLeavesTheCurrentPanel) {
+TEST(ListedPanels, ATypeWithoutAModelIsSelectedAsAPanelInBlackOnWhite) {
+  ListedPanels panels;
+  for (const Long type : {0, 15, 99, -1}) {
+    panels.SelectPanel(2);
+    EXPECT_EQ(panels.SelectPanel(type), kBlackOnWhite);
+    EXPECT_EQ(panels.CurrentPanelType(), type);
+  }
+}
+
+TEST(ListedPanels, ATypeWithoutAModelHasNone) {
   ListedPanels panels;
   panels.SelectPanel(3);
-  for (const Long type : {-1, 0, 15}) {
+  for (const Long type : {-1, 0, 15, 99}) {
     const std::string refusal = "panel type " + std::to_string(type) +
                                 " is not known; there are 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14";
-    EXPECT_RAISES(5, refusal, panels.SelectPanel(type));
     EXPECT_RAISES(5, refusal, panels.Model(type));
     EXPECT_EQ(panels.CurrentPanelType(), 3);
   }

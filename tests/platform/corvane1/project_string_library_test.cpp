@@ -165,6 +165,21 @@ TEST_F(StringLibraryTest, DoesNotKeepTheProjectOpen) {
   EXPECT_EQ(library_.GetCount(), 2);
 }
 
+TEST_F(StringLibraryTest, OfAnOlderProjectThatIsOnlyReadIsEmpty) {
+  for (const char* change :
+       {"DROP TABLE StringLanguages", "DROP TABLE LibraryStrings", "PRAGMA user_version=1"}) {
+    connection_->Execute(change);
+  }
+  const auto reader = OpenProject(project_.Folder() + "/project.qz7", ProjectMode::ReadOnly);
+  ProjectStringLibrary library;
+  library.Open(reader, -1);
+  EXPECT_EQ(library.GetCount(), 0);
+  EXPECT_EQ(library.GetString(1), kNothing);
+  EXPECT_RAISES(3251, "the recordset's rows are not plain rows of one table",
+                library.SetLanguage(1, "English"));
+  EXPECT_EQ(library.GetCount(), 0);
+}
+
 TEST_F(StringLibraryTest, ReadsAProjectThatCannotBeWritten) {
   library_.SetString(7, 1, {"tank", 4});
   const auto reader = OpenProject(project_.Folder() + "/project.qz7", ProjectMode::ReadOnly);
