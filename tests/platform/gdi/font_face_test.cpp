@@ -71,6 +71,9 @@ TEST(FontFace, WithoutAnyCellTheEmIsAboveTheBaseline) {
   EXPECT_EQ(face->InUnits().ascent, 64);
   EXPECT_EQ(face->InUnits().descent, 0);
   EXPECT_EQ(face->InUnits().lineGap, 0);
+  // The lowest cell that is one.
+  FaceLibrary another;
+  EXPECT_EQ(another.Open(font.Put("OS/2", kAscender, 1).Catalog().faces[0])->InUnits().ascent, 1);
 }
 
 TEST(FontFace, WhereTheLetterXTakesNoRoomItCountsHalfTheEm) {

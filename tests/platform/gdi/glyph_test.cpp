@@ -98,6 +98,11 @@ TEST(Slanted, BelowTheBaselineTheFifthRowLeansByTwo) {
   EXPECT_EQ(Slanted(Drawn(0, 0, 1, Rows(4, "#"))).width, 1);
 }
 
+TEST(Slanted, TakesNothingFromTheNextRow) {
+  EXPECT_EQ(RowsOf(Slanted(Drawn(0, 5, 9, {".......#", "#.......", "#.......", "#.......", "#......."}))),
+            (Rows{"........#", "#........", "#........", "#........", "#........"}));
+}
+
 TEST(Slanted, LeavesBlanksAlone) {
   const Glyph slanted = Slanted(Glyph::Blank(0, 0, 0, 0, 4));
   EXPECT_EQ(slanted.advance, 4);

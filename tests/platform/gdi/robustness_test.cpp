@@ -625,6 +625,38 @@ TEST_F(Robustness, PixelsOutsideHaveNoColor) {
   EXPECT_NE(GetPixel(Dc(), 11, 8), CLR_INVALID);
 }
 
+TEST_F(Robustness, TextsInFontsOfAnyNumbersArePaintedAndMeasured) {
+  const std::size_t before = LiveObjects();
+  for (const std::int32_t height : {kMin, -1024, -1, 0, 1, 1024, kMax}) {
+    for (const std::int32_t width : {kMin, -1, 0, 1, kMax}) {
+      for (const std::uint8_t byte : {std::uint8_t{0}, std::uint8_t{255}}) {
+        LOGFONT description;
+        std::memset(&description, byte, sizeof description);
+        description.lfHeight = height;
+        description.lfWidth = width;
+        description.lfWeight = width;
+        description.lfEscapement = description.lfOrientation = height;
+        const HFONT font = CreateFontIndirectA(&description);
+        const HGDIOBJ held = SelectObject(Dc(), font);
+        SIZE size{};
+        EXPECT_EQ(GetTextExtentPoint32A(Dc(), "A\x80\n", kMax, &size), 1);
+        EXPECT_GE(size.cy, 1);
+        EXPECT_LE(size.cy, 2048);
+        EXPECT_LE(size.cx, 3 * 2048);
+        for (const std::int32_t at : {kMin, -5, 0, 5, kMax}) {
+          EXPECT_EQ(TextOutA(Dc(), at, at, "A\x80\n", kMax), 1);
+          RECT rect{at, at, kMax, kMin};
+          DrawTextA(Dc(), "A &b\t\nC", -1, &rect, DT_WORDBREAK | DT_EXPANDTABS | DT_NOCLIP);
+          EXPECT_GE(DrawTextA(Dc(), "A &b\t\nC", -1, &rect, DT_CALCRECT | DT_EXPANDTABS), 2 * size.cy);
+        }
+        EXPECT_EQ(SelectObject(Dc(), held), font);
+        EXPECT_EQ(DeleteObject(font), 1);
+      }
+    }
+  }
+  EXPECT_EQ(LiveObjects(), before);
+}
+
 TEST_F(Robustness, ABitmapHeldElsewhereIsNotSelected) {
   ExpectFailure(SelectObject(Source(), GetCurrentObject(Dc(), OBJ_BITMAP)), 0, "held elsewhere");
 }
