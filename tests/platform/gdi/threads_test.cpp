@@ -68,14 +68,15 @@ class Scribbler {
   }
 
   HFONT Font() {
-    constexpr std::array<const char*, 4> kFaces{"DejaVu Sans", "Unifont", "DejaVu Serif", "nobody has this"};
+    constexpr std::array<const char*, 3> kFaces{"DejaVu Serif", "Unifont", "nobody has this"};
     LOGFONT font{};
-    font.lfHeight = Any(30) - 12;
+    // A few more than a thread keeps.
+    font.lfHeight = std::array{16, -11, 23}[static_cast<std::size_t>(Any(3))];
     font.lfWeight = Any(2) == 0 ? 400 : 700;
-    font.lfItalic = static_cast<std::uint8_t>(Any(2));
+    font.lfItalic = font.lfWeight == 700;
     font.lfUnderline = static_cast<std::uint8_t>(Any(2));
     font.lfCharSet = Any(2) == 0 ? std::uint8_t{0} : std::uint8_t{161};
-    std::strcpy(font.lfFaceName, kFaces[static_cast<std::size_t>(Any(4))]);
+    std::strcpy(font.lfFaceName, kFaces[static_cast<std::size_t>(Any(3))]);
     return CreateFontIndirectA(&font);
   }
 
