@@ -39,6 +39,14 @@ class Failing {
   if (memory == nullptr) throw std::bad_alloc();
   return memory;
 }
+// The form that gives null goes the same way, or a sanitizer's own would make what is freed here.
+[[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  try {
+    return operator new(size);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
 [[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
 [[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
