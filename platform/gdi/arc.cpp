@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "platform/gdi/ellipse.h"
+#include "platform/gdi/scratch.h"
 
 namespace quenzel7::gdi {
 namespace {
@@ -19,10 +20,9 @@ std::int32_t Held(double value) {
   return static_cast<std::int32_t>(std::clamp(std::floor(value + 0.5), kMin, kMax));
 }
 
-/// The pixels of a circle around (0, 0), each once, from the right end against the clock.
-std::vector<POINT> Circle(std::int32_t radius) {
+/// Makes an empty list the pixels of a circle around (0, 0), each once, from the right end against the clock.
+void AddCircle(std::int32_t radius, std::vector<POINT>& circle) {
   const EllipseQuarter quarter(2 * std::int64_t{radius} + 1, 2 * std::int64_t{radius} + 1);
-  std::vector<POINT> circle;
   for (std::int32_t row = radius; row >= 0; --row) {
     const auto [first, last] = quarter.At(row);
     for (std::int64_t x = first; x <= last && x < radius; ++x) {
@@ -34,7 +34,6 @@ std::vector<POINT> Circle(std::int32_t radius) {
     const POINT turned = circle[i];
     circle.push_back({turned.y, -turned.x});
   }
-  return circle;
 }
 
 std::int64_t NearestTo(const std::vector<POINT>& circle, POINT center, POINT point) {
@@ -48,13 +47,11 @@ std::int64_t NearestTo(const std::vector<POINT>& circle, POINT center, POINT poi
          circle.begin();
 }
 
-std::vector<POINT> Chords(POINT center, std::uint32_t radius, double start, double sweep) {
+void AddChords(POINT center, std::uint32_t radius, double start, double sweep, std::vector<POINT>& points) {
   // The rise of a chord of angle s is about r s^2 / 8.
   const double step = std::sqrt(2.0 / radius) * 180 / std::numbers::pi;
   const int count = std::max(1, static_cast<int>(std::ceil(std::abs(sweep) / step)));
-  std::vector<POINT> points;
   for (int i = 0; i <= count; ++i) points.push_back(PointOnCircle(center, radius, start + sweep * i / count));
-  return points;
 }
 
 }  // namespace
@@ -64,31 +61,38 @@ POINT PointOnCircle(POINT center, std::uint32_t radius, double angle) {
   return {Held(center.x + radius * std::cos(radians)), Held(center.y - radius * std::sin(radians))};
 }
 
-std::vector<POINT> ArcPoints(POINT center, std::uint32_t radius, double start, double sweep) {
+void AddArcPoints(POINT center, std::uint32_t radius, double start, double sweep,
+                  std::vector<POINT>& points) {
   sweep = std::clamp(sweep, -360 * kMostTurns, 360 * kMostTurns);
   const POINT from = PointOnCircle(center, radius, start), to = PointOnCircle(center, radius, start + sweep);
-  if (radius == 0) return {from, to};
-  if (radius > kLargestTraced) return Chords(center, radius, start, sweep);
+  if (radius == 0) {
+    points.insert(points.end(), {from, to});
+    return;
+  }
+  if (radius > kLargestTraced) {
+    AddChords(center, radius, start, sweep, points);
+    return;
+  }
 
-  const std::vector<POINT> circle = Circle(static_cast<std::int32_t>(radius));
-  const auto size = static_cast<std::int64_t>(circle.size());
-  const std::int64_t first = NearestTo(circle, center, from);
+  Scratch<POINT> circle;
+  AddCircle(static_cast<std::int32_t>(radius), *circle);
+  const auto size = static_cast<std::int64_t>(circle->size());
+  const std::int64_t first = NearestTo(*circle, center, from);
   const std::int64_t direction = sweep < 0 ? -1 : 1;
   // From the nearest pixel of one end to that of the other, plus whole turns.
-  std::int64_t steps = (NearestTo(circle, center, to) - first) * direction % size;
+  std::int64_t steps = (NearestTo(*circle, center, to) - first) * direction % size;
   if (steps < 0) steps += size;
   const double turns = std::abs(sweep) / 360;
   // A sweep of nearly nothing or nearly a turn may begin and end at the same pixel.
   const double expected = turns * static_cast<double>(size);
   steps += size * std::llround((expected - static_cast<double>(steps)) / static_cast<double>(size));
 
-  std::vector<POINT> points{from};
+  points.push_back(from);
   for (std::int64_t i = 0; i <= steps; ++i) {
-    const POINT offset = circle[static_cast<std::size_t>(((first + direction * i) % size + size) % size)];
+    const POINT offset = (*circle)[static_cast<std::size_t>(((first + direction * i) % size + size) % size)];
     points.push_back({Held(double{0} + center.x + offset.x), Held(double{0} + center.y + offset.y)});
   }
   points.push_back(to);
-  return points;
 }
 
 }  // namespace quenzel7::gdi

@@ -6,6 +6,7 @@
 #include "platform/gdi/handle_table.h"
 #include "platform/gdi/pen_painter.h"
 #include "platform/gdi/rounded_box.h"
+#include "platform/gdi/scratch.h"
 
 namespace quenzel7::gdi {
 
@@ -39,7 +40,7 @@ void DrawWide(Context& context, const Box& box, const Corners& corners) {
   PenPainter stroke(context);
   if (figure.IsSquare() && (context.pen.style & PS_JOIN_MASK) != PS_JOIN_ROUND) {
     fill(OuterEdge(middle, width).Inset(width));
-    stroke.Outline(figure.BorderPoints());
+    stroke.Outline(figure);
   } else if (width == 1) {
     figure.Paint(&stroke.Painter(), fill.Painter());
   } else if (width <= BroadBorder::kWidest) {
@@ -57,7 +58,9 @@ void DrawWide(Context& context, const Box& box, const Corners& corners) {
 void DrawFigure(Context& context, const Box& box, const Corners& corners) {
   if (box.IsEmpty()) return;
   if (context.path.IsRecording()) {
-    context.path.AddFigure(corners.Of(box).BorderPoints(), true);
+    Scratch<POINT> points;
+    corners.Of(box).AddBorderPoints(*points);
+    context.path.AddFigure(*points, true);
     return;
   }
   BrushFiller fill(context);

@@ -1,13 +1,13 @@
 #include <array>
 #include <cmath>
 #include <utility>
-#include <vector>
 
 #include "platform/gdi/arc.h"
 #include "platform/gdi/call_note.h"
 #include "platform/gdi/gdi.h"
 #include "platform/gdi/handle_table.h"
 #include "platform/gdi/pen_painter.h"
+#include "platform/gdi/scratch.h"
 
 namespace quenzel7::gdi {
 
@@ -66,9 +66,10 @@ BOOL AngleArc(HDC dc, std::int32_t x, std::int32_t y, std::uint32_t radius, floa
   Note("AngleArc", Object{dc}, x, y, radius, start, sweep);
   Context* context = Handles().Find<Context>(dc);
   if (context == nullptr || !std::isfinite(start) || !std::isfinite(sweep)) return 0;
-  std::vector<POINT> points = ArcPoints({x, y}, radius, start, sweep);
-  points.insert(points.begin(), context->position);
-  LinesAlong(*context, points);
+  Scratch<POINT> points;
+  points->push_back(context->position);
+  AddArcPoints({x, y}, radius, start, sweep, *points);
+  LinesAlong(*context, *points);
   return 1;
 }
 

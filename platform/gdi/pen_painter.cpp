@@ -4,6 +4,7 @@
 
 #include "platform/gdi/dash_pattern.h"
 #include "platform/gdi/line_walk.h"
+#include "platform/gdi/scratch.h"
 #include "platform/gdi/stroke.h"
 
 namespace quenzel7::gdi {
@@ -62,6 +63,12 @@ void PenPainter::Outline(std::span<const POINT> points) {
   if (isOnePixel) painter_.Span(points[0].y, points[0].x, std::int64_t{points[0].x} + 1);
 }
 
+void PenPainter::Outline(const RoundedBox& figure) {
+  Scratch<POINT> points;
+  figure.AddBorderPoints(*points);
+  Outline(*points);
+}
+
 void PenPainter::ThinBorder(const RoundedBox& figure, SpanPainter* inside) {
   if (!pen_.IsDashed()) {
     figure.Paint(&painter_, inside);
@@ -69,7 +76,7 @@ void PenPainter::ThinBorder(const RoundedBox& figure, SpanPainter* inside) {
   }
   if (inside != nullptr) figure.FillInside(*inside);
   if (figure.IsSquare() || figure.IsLarge()) {
-    Outline(figure.BorderPoints());
+    Outline(figure);
     return;
   }
   const DashPattern pattern(pen_.Line());

@@ -40,6 +40,8 @@ class PenPainter {
 
   /// Lines from point to point and back to the first. All points at one place are one pixel for a thin pen.
   void Outline(std::span<const POINT> points);
+  /// Lines along the border of a figure.
+  void Outline(const RoundedBox& figure);
 
   /// The border of one pixel of a figure, with the dashes of the pen, and what is inside of it if there is a
   /// painter for that. For pens that are thin.

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "platform/gdi/scratch.h"
+
 namespace quenzel7::gdi {
 
 RoundedBox::RoundedBox(const Box& box, std::int64_t cornerWidth, std::int64_t cornerHeight)
@@ -28,9 +30,11 @@ void RoundedBox::Paint(SpanPainter* border, SpanPainter* inside) const {
       visible, StraightRows(), [&](std::int64_t y) { return At(y); }, border, inside);
 }
 
-std::vector<POINT> RoundedBox::CurvePoints() const {
-  std::vector<POINT> points;
-  if (curveRows_ == 0) return {{0, 0}};
+void RoundedBox::AddCurvePoints(std::vector<POINT>& points) const {
+  if (curveRows_ == 0) {
+    points.push_back({0, 0});
+    return;
+  }
   if (!IsLarge()) {
     for (std::int64_t row = curveRows_ - 1; row >= 0; --row) {
       const auto [first, last] = corner_.At(row);
@@ -38,7 +42,7 @@ std::vector<POINT> RoundedBox::CurvePoints() const {
         points.push_back({static_cast<std::int32_t>(x), static_cast<std::int32_t>(row)});
       }
     }
-    return points;
+    return;
   }
   // The rise of a chord of angle s on radius r is about r s^2 / 8.
   const double a = static_cast<double>(cornerWidth_ - 1) / 2, b = static_cast<double>(cornerHeight_ - 1) / 2;
@@ -49,23 +53,21 @@ std::vector<POINT> RoundedBox::CurvePoints() const {
     points.push_back({static_cast<std::int32_t>(a - a * std::cos(angle)),
                       static_cast<std::int32_t>(b - b * std::sin(angle))});
   }
-  return points;
 }
 
-std::vector<POINT> RoundedBox::BorderPoints() const {
-  std::vector<POINT> points;
-  if (box_.IsEmpty()) return points;
-  const std::vector<POINT> curve = CurvePoints();
+void RoundedBox::AddBorderPoints(std::vector<POINT>& points) const {
+  if (box_.IsEmpty()) return;
+  Scratch<POINT> curve;
+  AddCurvePoints(*curve);
   const auto add = [&](POINT offset, bool isRight, bool isBottom) {
     const std::int64_t x = isRight ? box_.right - 1 - offset.x : box_.left + offset.x;
     const std::int64_t y = isBottom ? box_.bottom - 1 - offset.y : box_.top + offset.y;
     points.push_back({static_cast<std::int32_t>(x), static_cast<std::int32_t>(y)});
   };
-  for (auto i = curve.begin(); i != curve.end(); ++i) add(*i, true, false);
-  for (auto i = curve.rbegin(); i != curve.rend(); ++i) add(*i, false, false);
-  for (auto i = curve.begin(); i != curve.end(); ++i) add(*i, false, true);
-  for (auto i = curve.rbegin(); i != curve.rend(); ++i) add(*i, true, true);
-  return points;
+  for (auto i = curve->begin(); i != curve->end(); ++i) add(*i, true, false);
+  for (auto i = curve->rbegin(); i != curve->rend(); ++i) add(*i, false, false);
+  for (auto i = curve->begin(); i != curve->end(); ++i) add(*i, false, true);
+  for (auto i = curve->rbegin(); i != curve->rend(); ++i) add(*i, true, true);
 }
 
 void RoundedBox::FillWhole(SpanPainter& painter) const {

@@ -49,9 +49,9 @@ class RoundedBox {
   /// Whether walking around pixel by pixel would take long.
   bool IsLarge() const { return std::max(box_.Width(), box_.Height()) > EllipseQuarter::kLargestTraced; }
 
-  /// Points along the border, in the same order, such that thin lines through them paint it: all pixels of
-  /// the curves, or of a large figure chords that leave the curve by less than half a pixel.
-  std::vector<POINT> BorderPoints() const;
+  /// Adds to `points` those along the border, in the same order, such that thin lines through them paint it:
+  /// all pixels of the curves, or of a large figure chords that leave the curve by less than half a pixel.
+  void AddBorderPoints(std::vector<POINT>& points) const;
 
   /// Fills everything, border included.
   void FillWhole(SpanPainter& painter) const;
@@ -59,8 +59,8 @@ class RoundedBox {
   void FillAround(const RoundedBox& hole, SpanPainter& painter) const;
 
  private:
-  /// The top left curve from its lower end to the top, in offsets from the corner of the box.
-  std::vector<POINT> CurvePoints() const;
+  /// Adds the top left curve from its lower end to the top, in offsets from the corner of the box.
+  void AddCurvePoints(std::vector<POINT>& points) const;
 
   Box box_;
   std::int64_t cornerWidth_, cornerHeight_;

@@ -35,6 +35,8 @@ std::vector<Drawing> Drawings() {
              MoveToEx(dc, 3, 4, nullptr);
              LineTo(dc, 50, 20);
            }},
+          {"AngleArc", [](HDC dc) { AngleArc(dc, 40, 40, 30, 20, 200); }},
+          {"AngleArc in chords", [](HDC dc) { AngleArc(dc, 40, 5040, 5000, 85, 10); }},
           {"Polyline", [](HDC dc) { Polyline(dc, kCorners.data(), 4); }},
           {"StrokeAndFillPath",
            [](HDC dc) {
@@ -76,7 +78,6 @@ TEST(Drawing, OfCommonShapesWithPensAndBrushesOfTheirOwnAllocatesNothing) {
 TEST(Drawing, OfDashedLinesAndRoundedBordersAllocatesNothing) {
   const Surface surface = White(80, 80);
   for (const Drawing& drawing : Drawings()) {
-    if (drawing.name == "Rectangle") continue;
     const LOGPEN pen{PS_DASHDOT, {1, 0}, kRed};
     const LOGBRUSH brush{BS_SOLID, kBlue, 0};
     DrawWith(surface.Dc(), pen, brush, drawing);

@@ -28,6 +28,21 @@ TEST(PointOnCircle, IsHeldInside32Bits) {
   EXPECT_EQ(Pair(PointOnCircle({kMin, kMin}, 0xFFFFFFFF, 90)), std::pair(kMin, kMin));
 }
 
+std::vector<POINT> ArcPoints(POINT center, std::uint32_t radius, double start, double sweep) {
+  std::vector<POINT> points;
+  AddArcPoints(center, radius, start, sweep, points);
+  return points;
+}
+
+TEST(ArcPoints, AreAddedToThoseThatAreThere) {
+  for (const std::uint32_t radius : {0u, 3u, 5000u}) {
+    std::vector<POINT> points{{70, 80}};
+    AddArcPoints({0, 0}, radius, 0, 90, points);
+    EXPECT_EQ(Pair(points.front()), std::pair(70, 80));
+    EXPECT_EQ(points.size(), ArcPoints({0, 0}, radius, 0, 90).size() + 1) << radius;
+  }
+}
+
 TEST(ArcPoints, LieOnTheTrueCircleToThePixel) {
   for (const std::uint32_t radius : {1u, 2u, 5u, 26u, 100u, 4096u, 4097u, 100000u}) {
     for (const POINT& point : ArcPoints({7, -9}, radius, 10, 350)) {

@@ -164,6 +164,12 @@ TEST(RoundedBox, WalkMeetsEveryBorderPixelOnce) {
   }
 }
 
+std::vector<POINT> BorderPoints(const RoundedBox& figure) {
+  std::vector<POINT> points;
+  figure.AddBorderPoints(points);
+  return points;
+}
+
 TEST(RoundedBox, LinesThroughTheBorderPointsPaintTheBorder) {
   for (int width = 1; width <= 17; ++width) {
     for (int height = 1; height <= 17; ++height) {
@@ -172,7 +178,7 @@ TEST(RoundedBox, LinesThroughTheBorderPointsPaintTheBorder) {
         const RoundedBox figure({1, 1, 1 + width, 1 + height}, corner, corner);
         SpanPainter painter = canvas.Painter('#');
         figure.PaintBorder(painter);
-        std::vector<POINT> points = figure.BorderPoints();
+        std::vector<POINT> points = BorderPoints(figure);
         std::vector<std::string> rows(20, std::string(20, '.'));
         ASSERT_FALSE(points.empty());
         points.push_back(points[0]);
@@ -189,19 +195,27 @@ TEST(RoundedBox, LinesThroughTheBorderPointsPaintTheBorder) {
 }
 
 TEST(RoundedBox, BorderPointsBeginAtTheLowerEndOfTheTopRightCurve) {
-  const std::vector<POINT> points = RoundedBox({10, 20, 40, 50}, 8, 6).BorderPoints();
+  const std::vector<POINT> points = BorderPoints(RoundedBox({10, 20, 40, 50}, 8, 6));
   EXPECT_EQ(points[0].x, 39);
   EXPECT_EQ(points[0].y, 22);
   EXPECT_EQ(points.back().x, 39);
   EXPECT_EQ(points.back().y, 47);
-  const std::vector<POINT> square = RoundedBox({10, 20, 40, 50}, 0, 0).BorderPoints();
+  const std::vector<POINT> square = BorderPoints(RoundedBox({10, 20, 40, 50}, 0, 0));
   ASSERT_EQ(square.size(), 4u);
   EXPECT_EQ(square[0].x, 39);
   EXPECT_EQ(square[0].y, 20);
   EXPECT_EQ(square[1].x, 10);
   EXPECT_EQ(square[2].y, 49);
   EXPECT_EQ(square[3].x, 39);
-  EXPECT_TRUE(RoundedBox({10, 20, 10, 50}, 8, 6).BorderPoints().empty());
+  EXPECT_TRUE(BorderPoints(RoundedBox({10, 20, 10, 50}, 8, 6)).empty());
+}
+
+TEST(RoundedBox, AddsItsBorderPointsToThoseThatAreThere) {
+  std::vector<POINT> points{{1, 2}};
+  RoundedBox({10, 20, 40, 50}, 0, 0).AddBorderPoints(points);
+  ASSERT_EQ(points.size(), 5u);
+  EXPECT_EQ(points[0].y, 2);
+  EXPECT_EQ(points[1].x, 39);
 }
 
 TEST(RoundedBox, LargeOnesHaveChordsNearTheCurve) {
@@ -210,7 +224,7 @@ TEST(RoundedBox, LargeOnesHaveChordsNearTheCurve) {
   EXPECT_TRUE(figure.IsLarge());
   EXPECT_FALSE(RoundedBox({0, 0, 16384, 16384}, 5, 5).IsLarge());
   EXPECT_TRUE(RoundedBox({0, 0, 5, 16385}, 5, 5).IsLarge());
-  const std::vector<POINT> points = figure.BorderPoints();
+  const std::vector<POINT> points = BorderPoints(figure);
   EXPECT_LT(points.size(), 2000u);
   const double radius = (size - 1) / 2.0;
   for (std::size_t i = 0; i < points.size(); ++i) {
