@@ -37,6 +37,27 @@ struct RasterTerms {
     return terms;
   }
 
+  /// This operation on some of the bits and another one on others, each masked to its own.
+  constexpr RasterTerms And(const RasterTerms& other) const {
+    RasterTerms terms = *this;
+    terms.constant |= other.constant;
+    terms.source |= other.source;
+    terms.target |= other.target;
+    terms.both |= other.both;
+    return terms;
+  }
+
+  /// An operation on the lowest byte, on each of the four.
+  constexpr RasterTerms FourTimes() const {
+    constexpr std::uint32_t kEach = 0x01010101;
+    RasterTerms terms = *this;
+    terms.constant *= kEach;
+    terms.source *= kEach;
+    terms.target *= kEach;
+    terms.both *= kEach;
+    return terms;
+  }
+
  private:
   static constexpr std::uint32_t Corner(std::uint8_t table, std::uint32_t pattern, int sourceAndTarget) {
     const std::uint32_t where1 = (table >> (4 + sourceAndTarget) & 1) != 0 ? pattern : 0;

@@ -1,20 +1,11 @@
 #include "platform/gdi/text_painter.h"
 
 #include <algorithm>
-#include <array>
+
+#include "platform/gdi/byte_masks.h"
 
 namespace quenzel7::gdi {
 namespace {
-
-/// For each byte of a glyph the words that let the text colour through: a row of eight pixels is then mixed
-/// without a branch, and in as few steps as the machine's widest registers allow.
-constexpr auto kMasks = [] {
-  std::array<std::array<std::uint32_t, 8>, 256> masks{};
-  for (std::size_t byte = 0; byte < masks.size(); ++byte) {
-    for (std::size_t i = 0; i < 8; ++i) masks[byte][i] = (byte >> (7 - i) & 1) != 0 ? 0xFFFFFFFF : 0;
-  }
-  return masks;
-}();
 
 /// Puts the word where the mask is set. The two do not overlap, which the compiler has to be told before it
 /// works on several words at once.
@@ -98,7 +89,7 @@ void TextPainter::PaintWords(const Glyph& glyph, std::int32_t left, std::int32_t
   const std::uint8_t* bits = glyph.bits.data();
   for (int y = 0; y < glyph.height; ++y) {
     std::uint32_t* out = context_.bitmap->Words(top + y) + left;
-    for (int i = 0; i < glyph.stride; ++i, out += 8) MixEight(out, kMasks[*bits++].data(), word);
+    for (int i = 0; i < glyph.stride; ++i, out += 8) MixEight(out, kByteMasks[*bits++].data(), word);
   }
 }
 

@@ -236,6 +236,53 @@ TEST(BitBlt, IsWhatItsDefinitionSaysPixelByPixel) {
   }
 }
 
+/// Bytes of a bitmap in the form of GetBitmapBits.
+std::vector<std::uint8_t> BitsOf(const Surface& surface) {
+  const std::int32_t size = GetBitmapBits(surface.BitmapHandle(), 0, nullptr);
+  std::vector<std::uint8_t> bits(static_cast<std::size_t>(size));
+  GetBitmapBits(surface.BitmapHandle(), size, bits.data());
+  return bits;
+}
+
+/// Compares a blit at every width up to some, with padding and all, with its definition. `fromX` and `x` are
+/// where it begins, and `more` is by how much both bitmaps are wider and higher than what is copied.
+void CompareWidths(int targetBits, int sourceBits, int x, int fromX, int more, std::uint32_t code) {
+  for (int width = 1; width <= 75; ++width) {
+    Surface target(x + width + more, 3 + more, targetBits),
+        source(fromX + width + more, 3 + more, sourceBits);
+    Surface expected(target.Width(), target.Height(), targetBits);
+    Scatter(target, 3);
+    Scatter(expected, 3);
+    Scatter(source, 4);
+    const COLORREF key = source.At(fromX, 0);
+    for (int i = 0; i < width; i += 3) source.Set(fromX + i, 1, key);
+    const NaiveBlit naive{0x123456, 0xFEDCBA, key, kWhite, kWhite, -1};
+    SetTextColor(target.Dc(), naive.text);
+    SetBkColor(target.Dc(), naive.background);
+    SetBkColor(source.Dc(), key);
+    naive(expected, x, 1, width, 2, source, fromX, 0, code);
+    ASSERT_EQ(BitBlt(target.Dc(), x, 1, width, 2, source.Dc(), fromX, 0, code), 1);
+    ASSERT_EQ(BitsOf(target), BitsOf(expected)) << targetBits << " from " << sourceBits << " bits, " << width
+                                                << " pixels at " << x << " from " << fromX;
+  }
+}
+
+TEST(BitBlt, OfAnyWidthIsWhatItsDefinitionSays) {
+  for (const std::uint32_t code : {SRCCOPY, NOTSRCCOPY, SRCAND, SRCPAINT, SRCINVERT}) {
+    for (const int targetBits : {1, 32}) {
+      for (const int sourceBits : {1, 32}) {
+        for (const int more : {0, 1, 40}) {
+          CompareWidths(targetBits, sourceBits, 0, 0, more, code);
+          CompareWidths(targetBits, sourceBits, 8, 0, more, code);
+          CompareWidths(targetBits, sourceBits, 3, 5, more, code);
+          CompareWidths(targetBits, sourceBits, 8, 7, more, code);
+          CompareWidths(targetBits, sourceBits, 7, 16, more, code);
+        }
+      }
+    }
+  }
+}
+
 TEST(BitBlt, MovesWholeRowsOfABitmapOverItself) {
   for (const int shift : {-2, 2}) {
     Surface surface(7, 6);

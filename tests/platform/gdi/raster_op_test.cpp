@@ -51,6 +51,22 @@ TEST(RasterTerms, MaskedKeepsTheOtherBitsZero) {
   EXPECT_EQ(source(0xFFFF, 0), 0xFFu);
 }
 
+TEST(RasterTerms, AndJoinsOperationsOnDifferentBits) {
+  const RasterTerms high = RasterTerms(RasterTable(NOTSRCCOPY), 0).Masked(0xF0);
+  const RasterTerms low = RasterTerms(RasterTable(SRCAND), 0).Masked(0x0F);
+  EXPECT_EQ(high.And(low)(0x3C, 0x5A), 0xC0u | 0x08u);
+  EXPECT_EQ(RasterTerms(RasterTable(SRCINVERT), 0).Masked(0xF0).And(low)(0x3C, 0x5A), 0x60u | 0x08u);
+}
+
+TEST(RasterTerms, FourTimesDoesToEachByteWhatOnceDoesToTheLowest) {
+  for (int table = 0; table < 256; ++table) {
+    const RasterTerms once = RasterTerms(static_cast<std::uint8_t>(table), 0x35).Masked(0xFF);
+    const std::uint32_t expected =
+        once(0x0F, 0x33) << 24 | once(0xF0, 0x55) << 16 | once(0x3C, 0xA6) << 8 | once(0x81, 0x18);
+    EXPECT_EQ(once.FourTimes()(0x0FF03C81, 0x3355A618), expected) << table;
+  }
+}
+
 TEST(RasterTable, IsTheThirdByte) {
   EXPECT_EQ(RasterTable(0x00CC0020), 0xCC);
   EXPECT_EQ(RasterTable(0x12F00021), 0xF0);
