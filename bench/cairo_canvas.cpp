@@ -2,6 +2,7 @@
 
 #include <cairo.h>
 
+#include <algorithm>
 #include <numbers>
 #include <optional>
 
@@ -48,6 +49,32 @@ class HatchPattern {
   cairo_pattern_t* pattern_ = nullptr;
 };
 
+/// A picture of which the pixels of the key colour let the ground through.
+class Cutout {
+ public:
+  Cutout(cairo_surface_t* picture, std::uint32_t key)
+      : surface_(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, cairo_image_surface_get_width(picture),
+                                            cairo_image_surface_get_height(picture))) {
+    cairo_surface_flush(surface_);
+    const auto* from = reinterpret_cast<const std::uint32_t*>(cairo_image_surface_get_data(picture));
+    auto* to = reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(surface_));
+    const int count = cairo_image_surface_get_width(picture) * cairo_image_surface_get_height(picture);
+    for (int i = 0; i < count; ++i) to[i] = from[i] == key ? 0 : from[i] | 0xFF000000;
+    cairo_surface_mark_dirty(surface_);
+  }
+  ~Cutout() { cairo_surface_destroy(surface_); }
+  Cutout(const Cutout&) = delete;
+  Cutout& operator=(const Cutout&) = delete;
+
+  void Paint(cairo_t* context, int left, int top) const {
+    cairo_set_source_surface(context, surface_, left, top);
+    cairo_paint(context);
+  }
+
+ private:
+  cairo_surface_t* surface_;
+};
+
 class CairoCanvas : public Canvas {
  public:
   CairoCanvas(int width, int height)
@@ -59,8 +86,14 @@ class CairoCanvas : public Canvas {
     cairo_set_line_cap(context_, CAIRO_LINE_CAP_ROUND);
     cairo_set_line_join(context_, CAIRO_LINE_JOIN_ROUND);
     cairo_set_fill_rule(context_, CAIRO_FILL_RULE_EVEN_ODD);
+    cairo_font_options_t* const options = cairo_font_options_create();
+    cairo_font_options_set_antialias(options, CAIRO_ANTIALIAS_NONE);
+    cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_ON);
+    cairo_set_font_options(context_, options);
+    cairo_font_options_destroy(options);
   }
   ~CairoCanvas() override {
+    cairo_surface_destroy(held_);
     cairo_destroy(context_);
     cairo_surface_destroy(surface_);
   }
@@ -69,6 +102,46 @@ class CairoCanvas : public Canvas {
     for (const Figure& figure : figures) DrawOne(figure);
     cairo_surface_flush(surface_);
   }
+  void Write(std::span<const TextLine> lines) override {
+    for (const TextLine& line : lines) WriteOne(line);
+    cairo_surface_flush(surface_);
+  }
+
+  void Hold(const KeyedPicture& picture) override {
+    cairo_surface_destroy(held_);
+    held_ = cairo_image_surface_create(CAIRO_FORMAT_RGB24, picture.width, picture.height);
+    cairo_surface_flush(held_);
+    std::copy(picture.pixels.begin(), picture.pixels.end(),
+              reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(held_)));
+    cairo_surface_mark_dirty(held_);
+    key_ = picture.key;
+    prepared_.emplace(held_, key_);
+  }
+  void PaintThroughMask(int left, int top) override {
+    const int width = cairo_image_surface_get_width(held_), height = cairo_image_surface_get_height(held_);
+    cairo_surface_t* const mask = cairo_image_surface_create(CAIRO_FORMAT_A8, width, height);
+    cairo_surface_flush(mask);
+    const auto* from = reinterpret_cast<const std::uint32_t*>(cairo_image_surface_get_data(held_));
+    for (int y = 0; y < height; ++y, from += width) {
+      unsigned char* const to =
+          cairo_image_surface_get_data(mask) + std::ptrdiff_t{y} * cairo_image_surface_get_stride(mask);
+      for (int x = 0; x < width; ++x) to[x] = from[x] == key_ ? 0 : 255;
+    }
+    cairo_surface_mark_dirty(mask);
+    cairo_set_source_surface(context_, held_, left, top);
+    cairo_mask_surface(context_, mask, left, top);
+    cairo_surface_destroy(mask);
+    cairo_surface_flush(surface_);
+  }
+  void PaintWithAlpha(int left, int top) override {
+    Cutout(held_, key_).Paint(context_, left, top);
+    cairo_surface_flush(surface_);
+  }
+  void PaintPrepared(int left, int top) override {
+    prepared_->Paint(context_, left, top);
+    cairo_surface_flush(surface_);
+  }
+
   std::span<const std::uint32_t> Pixels() override {
     const auto* data = reinterpret_cast<const std::uint32_t*>(cairo_image_surface_get_data(surface_));
     return {data, static_cast<std::size_t>(cairo_image_surface_get_width(surface_) *
@@ -92,6 +165,27 @@ class CairoCanvas : public Canvas {
     SetColor(context_, figure.line);
     cairo_set_line_width(context_, figure.penWidth);
     cairo_stroke(context_);
+  }
+
+  void WriteOne(const TextLine& line) {
+    cairo_select_font_face(context_, kTextFace, CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
+    cairo_set_font_size(context_, kTextSize);
+    cairo_scaled_font_t* const font = cairo_get_scaled_font(context_);
+    cairo_font_extents_t cell;
+    cairo_scaled_font_extents(font, &cell);
+    cairo_glyph_t* glyphs = nullptr;
+    int count = 0;
+    cairo_scaled_font_text_to_glyphs(font, line.left, line.top + cell.ascent, line.text.data(),
+                                     static_cast<int>(line.text.size()), &glyphs, &count, nullptr, nullptr,
+                                     nullptr);
+    cairo_text_extents_t extents;
+    cairo_scaled_font_glyph_extents(font, glyphs, count, &extents);
+    SetColor(context_, line.paper);
+    cairo_rectangle(context_, line.left, line.top, extents.x_advance, cell.ascent + cell.descent);
+    cairo_fill(context_);
+    SetColor(context_, line.ink);
+    cairo_show_glyphs(context_, glyphs, count);
+    cairo_glyph_free(glyphs);
   }
 
   void SetFill(const Figure& figure) {
@@ -147,6 +241,9 @@ class CairoCanvas : public Canvas {
   cairo_surface_t* surface_;
   cairo_t* context_;
   std::optional<HatchPattern> pattern_;
+  cairo_surface_t* held_ = nullptr;
+  std::uint32_t key_ = 0;
+  std::optional<Cutout> prepared_;
 };
 
 }  // namespace

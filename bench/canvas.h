@@ -30,6 +30,25 @@ struct Figure {
   std::array<gdi::POINT, 7> Corners() const;
 };
 
+/// A line of text as an element draws it: in a font and on a box of its own.
+struct TextLine {
+  int left, top;
+  std::string text;
+  std::uint32_t ink, paper;  ///< 0x00RRGGBB
+};
+
+/// The font of all lines, in black and white without shades.
+constexpr const char* kTextFace = "DejaVu Sans";
+constexpr int kTextSize = 14;  ///< pixels from line to line as the face's designer meant it
+
+/// A picture whose pixels of one colour are left out when it is painted.
+struct KeyedPicture {
+  int width, height;
+  std::vector<std::uint32_t> pixels;  ///< rows from the top, 0x00RRGGBB
+  std::uint32_t key;
+};
+
+constexpr int kPageWidth = 800, kPageHeight = 480;
 constexpr std::uint32_t kPaper = 0xFFFFFF;
 constexpr int kHatches = 6;
 
@@ -46,6 +65,18 @@ class Canvas {
 
   /// Makes a pen and a brush for each figure, and gives them up after it.
   virtual void Draw(std::span<const Figure> figures) = 0;
+  /// Makes the font for each line, and gives it up after it.
+  virtual void Write(std::span<const TextLine> lines) = 0;
+
+  /// Holds a picture in the library's own form, for the three that follow.
+  virtual void Hold(const KeyedPicture& picture) = 0;
+  /// Makes a mask by the key colour, with what the library has for that, and paints the picture through it.
+  virtual void PaintThroughMask(int left, int top) = 0;
+  /// Makes a picture with alpha by the key colour, in one pass by hand, and paints that.
+  virtual void PaintWithAlpha(int left, int top) = 0;
+  /// Paints a picture with alpha that was made when the picture was handed over.
+  virtual void PaintPrepared(int left, int top) = 0;
+
   /// Rows from the top, 0xXXRRGGBB.
   virtual std::span<const std::uint32_t> Pixels() = 0;
 };

@@ -1,4 +1,7 @@
+#include <cstring>
+
 #include "bench/canvas.h"
+#include "framework/transparent_bitmap.h"
 #include "platform/gdi/bitmap.h"
 #include "platform/gdi/gdi.h"
 #include "platform/gdi/selected.h"
@@ -14,6 +17,30 @@ class GdiCanvas : public Canvas {
   void Draw(std::span<const Figure> figures) override {
     for (const Figure& figure : figures) DrawOne(figure);
   }
+  void Write(std::span<const TextLine> lines) override {
+    const gdi::HDC dc = surface_.Dc();
+    for (const TextLine& line : lines) {
+      gdi::LOGFONT look{};
+      look.lfHeight = -kTextSize;
+      std::strncpy(look.lfFaceName, kTextFace, sizeof look.lfFaceName - 1);
+      const gdi::SelectedFont font(dc, gdi::CreateFontIndirectA(&look));
+      gdi::SetTextColor(dc, gdi::SwapRedAndBlue(line.ink));
+      gdi::SetBkColor(dc, gdi::SwapRedAndBlue(line.paper));
+      gdi::TextOutA(dc, line.left, line.top, line.text.data(), static_cast<int>(line.text.size()));
+    }
+  }
+
+  void Hold(const KeyedPicture& picture) override {
+    held_.Reset(gdi::CreateBitmap(picture.width, picture.height, 1, 32, picture.pixels.data()));
+    key_ = gdi::SwapRedAndBlue(picture.key);
+  }
+  void PaintThroughMask(int left, int top) override {
+    DrawBitmapTransparent(surface_.Dc(), held_.Get(), left, top, key_);
+  }
+  // There is no other way to have a colour left out.
+  void PaintWithAlpha(int left, int top) override { PaintThroughMask(left, top); }
+  void PaintPrepared(int left, int top) override { PaintThroughMask(left, top); }
+
   std::span<const std::uint32_t> Pixels() override { return surface_.Pixels(); }
 
  private:
@@ -59,6 +86,8 @@ class GdiCanvas : public Canvas {
   }
 
   gdi::Surface surface_;
+  gdi::OwnedBitmap held_;
+  gdi::COLORREF key_ = 0;
 };
 
 }  // namespace

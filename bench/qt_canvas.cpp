@@ -1,9 +1,13 @@
 #include "bench/qt_canvas.h"
 
 #include <QBrush>
+#include <QFont>
+#include <QFontMetrics>
+#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <QPen>
+#include <algorithm>
 
 namespace quenzel7::bench {
 namespace {
@@ -21,20 +25,75 @@ QImage Tile(const Figure& figure) {
   return tile;
 }
 
+/// Texts need one, though nothing is shown.
+void NeedApplication() {
+  if (QGuiApplication::instance() != nullptr) return;
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  static char name[] = "bench";
+  static char* arguments[] = {name, nullptr};
+  static int count = 1;
+  static QGuiApplication application(count, arguments);
+}
+
 class QtCanvas : public Canvas {
  public:
-  QtCanvas(int width, int height) : image_(width, height, QImage::Format_RGB32) { image_.fill(kPaper); }
+  QtCanvas(int width, int height) : image_(width, height, QImage::Format_RGB32) {
+    NeedApplication();
+    image_.fill(kPaper);
+  }
 
   void Draw(std::span<const Figure> figures) override {
     QPainter painter(&image_);
     for (const Figure& figure : figures) DrawOne(painter, figure);
   }
+  void Write(std::span<const TextLine> lines) override {
+    QPainter painter(&image_);
+    painter.setBackgroundMode(Qt::OpaqueMode);
+    for (const TextLine& line : lines) {
+      QFont font(kTextFace);
+      font.setPixelSize(kTextSize);
+      font.setStyleStrategy(QFont::NoAntialias);
+      painter.setFont(font);
+      painter.setPen(QColor(QRgb{line.ink}));
+      painter.setBackground(QColor(QRgb{line.paper}));
+      painter.drawText(line.left, line.top + painter.fontMetrics().ascent(),
+                       QString::fromLatin1(line.text.data(), static_cast<int>(line.text.size())));
+    }
+  }
+
+  void Hold(const KeyedPicture& picture) override {
+    held_ = QImage(picture.width, picture.height, QImage::Format_RGB32);
+    for (int y = 0; y < picture.height; ++y) {
+      const auto from = picture.pixels.begin() + std::ptrdiff_t{y} * picture.width;
+      std::transform(from, from + picture.width, reinterpret_cast<std::uint32_t*>(held_.scanLine(y)),
+                     [](std::uint32_t color) { return 0xFF000000 | color; });
+    }
+    key_ = 0xFF000000 | picture.key;
+    prepared_ = Cutout();
+  }
+  void PaintThroughMask(int left, int top) override {
+    QImage cutout = held_;
+    cutout.setAlphaChannel(held_.createMaskFromColor(key_, Qt::MaskOutColor));
+    QPainter(&image_).drawImage(left, top, cutout);
+  }
+  void PaintWithAlpha(int left, int top) override { QPainter(&image_).drawImage(left, top, Cutout()); }
+  void PaintPrepared(int left, int top) override { QPainter(&image_).drawImage(left, top, prepared_); }
+
   std::span<const std::uint32_t> Pixels() override {
     return {reinterpret_cast<const std::uint32_t*>(image_.constBits()),
             static_cast<std::size_t>(image_.width()) * static_cast<std::size_t>(image_.height())};
   }
 
  private:
+  /// The picture held, with its pixels of the key colour let through.
+  QImage Cutout() const {
+    QImage cutout = held_.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    const int count = cutout.width() * cutout.height();
+    auto* const pixels = reinterpret_cast<std::uint32_t*>(cutout.bits());
+    for (int i = 0; i < count; ++i) pixels[i] = pixels[i] == key_ ? 0 : pixels[i];
+    return cutout;
+  }
+
   QBrush BrushOf(const Figure& figure) {
     if (figure.hatch == Figure::kNoHatch) return QBrush(QColor(QRgb{figure.fill}));
     // Making a pattern takes long here; a program would keep it.
@@ -87,6 +146,8 @@ class QtCanvas : public Canvas {
   QBrush hatched_;
   int hatch_ = Figure::kNoHatch;
   std::uint32_t hatchColor_ = 0;
+  QImage held_, prepared_;
+  std::uint32_t key_ = 0;
 };
 
 }  // namespace

@@ -2,10 +2,14 @@
 
 #include <algorithm>
 #include <chrono>
+#include <limits>
 #include <string>
 #include <vector>
 
 namespace quenzel7::bench {
+
+/// For what is told without a budget.
+constexpr double kNoLimit = std::numeric_limits<double>::infinity();
 
 /// One line of the table: what was measured, against what, and the budget.
 struct Ratio {
@@ -49,6 +53,10 @@ double TimeRatio(int turns, int warmUps, Work work, Peer peer) {
 std::vector<Ratio> GdiRatios();
 /// Shapes against other drawing libraries, and whether these draw the same.
 std::vector<Ratio> ShapeRatios();
+/// Lines of text against other drawing libraries, and whether these write as much ink.
+std::vector<Ratio> TextRatios();
+/// Pictures with a colour left out against other drawing libraries, and whether these paint the same.
+std::vector<Ratio> PictureRatios();
 /// Recordsets against prepared statements.
 std::vector<Ratio> AdoRatios();
 /// Elements: saving and loading, calls by name, memory.

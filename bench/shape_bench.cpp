@@ -3,30 +3,17 @@
 #include <cstdlib>
 
 #include "bench/canvas.h"
+#include "bench/numbers.h"
 #include "bench/ratios.h"
 
 namespace quenzel7::bench {
 namespace {
 
-constexpr int kWidth = 800, kHeight = 480;
+constexpr int kWidth = kPageWidth, kHeight = kPageHeight;
 constexpr int kSmallest = 20, kLargest = 200;
 constexpr int kOfEachKind = 100, kOnThePage = 1000;
 
 using Kind = Figure::Kind;
-
-/// Numbers of no particular order, the same every time.
-class Numbers {
- public:
-  /// From `from` to `to`, both included.
-  int Between(int from, int to) {
-    state_ = state_ * 1664525u + 1013904223u;
-    return from + static_cast<int>((state_ >> 8) % static_cast<std::uint32_t>(to - from + 1));
-  }
-  std::uint32_t Color() { return static_cast<std::uint32_t>(Between(0, 0xFFFFFF)); }
-
- private:
-  std::uint32_t state_ = 1;
-};
 
 /// A figure of a page element's usual size somewhere on the page, solid and with a thin pen.
 Figure Anywhere(Numbers& numbers, Kind kind) {
