@@ -39,6 +39,17 @@ const PanelModel* Find(Long panelType) {
 
 }  // namespace
 
+Long PanelModel::Colors() const {
+  constexpr Long kMostBits = 30;
+  if (bitsPerPixel < 0 || bitsPerPixel > kMostBits) {
+    throw automation::AutomationError(automation::ErrorNumber::Overflow,
+                                      "the colours of " + std::to_string(bitsPerPixel) +
+                                          " bits a pixel cannot be counted: 0 to " +
+                                          std::to_string(kMostBits) + " bits are expected");
+  }
+  return Long{1} << bitsPerPixel;
+}
+
 std::span<const PanelModel> PanelModels() { return kModels; }
 
 PanelModel ListedPanels::Model(Long panelType) {

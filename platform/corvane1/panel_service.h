@@ -29,8 +29,9 @@ struct PanelModel {
   /// What the library asks of the model.
   PanelValues values;
 
-  /// How many colours the panel can show.
-  Long Colors() const { return Long{1} << bitsPerPixel; }
+  /// How many colours the panel can show. Error 6 when a pixel takes fewer than 0 bits or more than 30, which
+  /// is as many as a count of 32 bits can tell.
+  Long Colors() const;
 
   friend bool operator==(const PanelModel&, const PanelModel&) = default;
 };

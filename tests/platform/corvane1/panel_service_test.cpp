@@ -34,6 +34,18 @@ TEST(PanelModels, HaveAsManyColorsAsTheirBitsTell) {
   for (const auto& [type, colors] : expected) EXPECT_EQ(ListedPanels().Model(type).Colors(), colors) << type;
 }
 
+TEST(PanelModels, HaveColorsThatCanBeCounted) {
+  const auto colorsOf = [](Long bits) { return PanelModel{1, 128, 64, bits, kBlackOnWhite}.Colors(); };
+  EXPECT_EQ(colorsOf(0), 1);
+  EXPECT_EQ(colorsOf(30), 1073741824);
+  for (const Long bits : {31, 32, -1}) {
+    EXPECT_RAISES(6,
+                  "the colours of " + std::to_string(bits) +
+                      " bits a pixel cannot be counted: 0 to 30 bits are expected",
+                  colorsOf(bits));
+  }
+}
+
 TEST(PanelModels, StandInTheDocumentation) {
   std::ifstream file(QUENZEL7_SOURCE_DIR "/docs/host-services.md");
   const std::string text{std::istreambuf_iterator<char>(file), {}};
