@@ -14,7 +14,7 @@ std::string FolderOf(const std::string& path) {
 
 std::string RunningProgram::Path() {
   std::error_code error;
-  const std::filesystem::path file = std::filesystem::read_symlink("/proc/self/exe", error);
+  const std::filesystem::path file = std::filesystem::read_symlink(link_, error);
   if (error) {
     throw automation::AutomationError(automation::ErrorNumber::PathNotFound,
                                       "the file of the running program cannot be found: " + error.message());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 namespace quenzel7::corvane1 {
 
@@ -20,8 +21,14 @@ std::string FolderOf(const std::string& path);
 /// The embedded default: the folder of the file that the system runs.
 class RunningProgram final : public Application {
  public:
+  /// `link` is the symbolic link by which the system tells the file.
+  explicit RunningProgram(std::string link = "/proc/self/exe") : link_(std::move(link)) {}
+
   /// Error 76 when the system does not tell the file.
   std::string Path() override;
+
+ private:
+  const std::string link_;
 };
 
 }  // namespace quenzel7::corvane1

@@ -4,6 +4,9 @@
 
 #include <filesystem>
 
+#include "tests/support/raises.h"
+#include "tests/support/temporary_folder.h"
+
 namespace quenzel7::corvane1 {
 namespace {
 
@@ -23,6 +26,19 @@ TEST(RunningProgram, StandsInTheFolderOfTheFileThatRuns) {
   const std::filesystem::path here = std::filesystem::read_symlink("/proc/self/exe");
   EXPECT_EQ(path + "/" + here.filename().string(), here.string());
   EXPECT_TRUE(std::filesystem::exists(path + "/corvane1_tests"));
+}
+
+TEST(RunningProgram, StandsWhereTheLinkPoints) {
+  const test::TemporaryFolder folder;
+  std::filesystem::create_symlink("/opt/plant/bin/ide", folder.File("exe"));
+  EXPECT_EQ(RunningProgram(folder.File("exe")).Path(), "/opt/plant/bin");
+}
+
+TEST(RunningProgram, IsNotFoundWithoutALink) {
+  const test::TemporaryFolder folder;
+  RunningProgram program(folder.File("exe"));
+  EXPECT_RAISES(76, "the file of the running program cannot be found: No such file or directory",
+                program.Path());
 }
 
 }  // namespace
