@@ -5,8 +5,8 @@
 namespace quenzel7::corvane1 {
 
 Long StandardCrc::Crc(std::span<const Byte> data) {
-  // Without bytes there may be no address either, which would ask for something else.
-  if (data.empty()) return 0;
+  // Where there are no bytes there may be no address either: that asks for the value to begin with, which is
+  // 0 as well.
   return static_cast<Long>(static_cast<std::uint32_t>(crc32_z(0, data.data(), data.size())));
 }
 

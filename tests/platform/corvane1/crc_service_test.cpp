@@ -23,6 +23,8 @@ TEST(StandardCrc, GivesTheKnownValuesAsSignedNumbers) {
 TEST(StandardCrc, OfNothingIs0) {
   EXPECT_EQ(CrcOf(""), 0);
   EXPECT_EQ(StandardCrc().Crc({}), 0);
+  const Byte one = 1;
+  EXPECT_EQ(StandardCrc().Crc({&one, 0}), 0);
 }
 
 TEST(StandardCrc, CountsZeroBytesToo) {
