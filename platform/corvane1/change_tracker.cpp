@@ -40,10 +40,12 @@ Long ElementRowSize(ado::Connection& project, Long elementId) {
       ado::OpenRecordset(project, "SELECT * FROM HMI_Elements WHERE ID=" + std::to_string(elementId),
                          ado::adOpenStatic, ado::adLockReadOnly);
   Long size = 0;
-  if (row->Eof()) return size;
-  for (const SchemaColumn& column : ProjectTables().front().columns) {
-    size += static_cast<Long>(SizeOf(row->Get(column.name)));
+  if (!row->Eof()) {
+    for (const SchemaColumn& column : ProjectTables().front().columns) {
+      size += static_cast<Long>(SizeOf(row->Get(column.name)));
+    }
   }
+  row->Close();
   return size;
 }
 

@@ -42,7 +42,10 @@ ado::ConnectionRef ProjectStringLibrary::Project() const {
 }
 
 Long ProjectStringLibrary::GetCount() {
-  return To<Long>(Project()->Execute("SELECT COUNT(*) AS Languages FROM StringLanguages")->Get("Languages"));
+  const auto row = Project()->Execute("SELECT COUNT(*) AS Languages FROM StringLanguages");
+  const Long count = To<Long>(row->Get("Languages"));
+  row->Close();
+  return count;
 }
 
 LibraryString ProjectStringLibrary::GetString(Long number) {
@@ -51,10 +54,15 @@ LibraryString ProjectStringLibrary::GetString(Long number) {
                                       "SELECT * FROM " + StringCondition(number, language_) +
                                           " AND Language IN (SELECT Language FROM StringLanguages)",
                                       ado::adOpenStatic, ado::adLockReadOnly);
+  LibraryString string = {kEmptyLibraryString, kNoFont};
   const Variant text = row->Eof() ? Variant() : row->Get("Text");
-  if (text.IsEmpty() || text.IsNull() || text == Variant("")) return {kEmptyLibraryString, kNoFont};
-  const Variant font = row->Get("FontNumber");
-  return {To<std::string>(text), font.IsNull() ? kNoFont : To<Long>(font)};
+  if (!text.IsEmpty() && !text.IsNull() && text != Variant("")) {
+    string.text = To<std::string>(text);
+    const Variant font = row->Get("FontNumber");
+    if (!font.IsNull()) string.fontNumber = To<Long>(font);
+  }
+  row->Close();
+  return string;
 }
 
 void ProjectStringLibrary::SetLanguage(Long language, const std::string& name) {
@@ -62,13 +70,16 @@ void ProjectStringLibrary::SetLanguage(Long language, const std::string& name) {
   const auto row = ado::RowFor(*Project(), "StringLanguages", {{"Language", language}});
   row->Put("Name", name);
   row->Update();
+  row->Close();
 }
 
 std::string ProjectStringLibrary::LanguageName(Long language) {
   RequireLanguage(language, GetCount());
   const std::string query = "SELECT Name FROM StringLanguages WHERE Language=" + std::to_string(language);
-  return To<std::string>(
-      ado::OpenRecordset(*Project(), query, ado::adOpenStatic, ado::adLockReadOnly)->Get("Name"));
+  const auto row = ado::OpenRecordset(*Project(), query, ado::adOpenStatic, ado::adLockReadOnly);
+  const std::string name = To<std::string>(row->Get("Name"));
+  row->Close();
+  return name;
 }
 
 void ProjectStringLibrary::SetString(Long number, Long language, const LibraryString& string) {
@@ -82,6 +93,7 @@ void ProjectStringLibrary::SetString(Long number, Long language, const LibrarySt
   row->Put("Text", string.text);
   row->Put("FontNumber", string.fontNumber);
   row->Update();
+  row->Close();
 }
 
 }  // namespace quenzel7::corvane1

@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "platform/automation/convert.h"
 #include "tests/platform/corvane1/temporary_project.h"
 #include "tests/support/empty_connection.h"
 #include "tests/support/raises.h"
+#include "tests/support/recording_connection.h"
 
 namespace quenzel7::corvane1 {
 namespace {
@@ -125,6 +128,20 @@ TEST(ElementRowSize, CountsWhatAHostsDatabaseGivesInItsWidth) {
     OneValueConnection project(counted.value);
     EXPECT_EQ(ElementRowSize(project, 1), counted.size) << automation::KindName(counted.value.Kind());
   }
+}
+
+TEST_F(ElementSizeTest, ReadsTheRowWithoutLockingAndCloses) {
+  SizeWith("", "");
+  test::RecordingConnection recorder(database_->Held());
+  EXPECT_EQ(ElementRowSize(recorder, 1), 4);
+  test::CallLog calls = recorder.Take();
+  ASSERT_GE(calls.size(), 3u);
+  EXPECT_EQ(calls.front(), "open SELECT * FROM HMI_Elements WHERE ID=1 [3,1,1]");
+  EXPECT_EQ(calls[1], "get ID");
+  EXPECT_EQ(calls.back(), "Close");
+  EXPECT_EQ(std::count(calls.begin(), calls.end(), "Close"), 1);
+  EXPECT_EQ(ElementRowSize(recorder, -2), 0);
+  EXPECT_EQ(recorder.Take(), (test::CallLog{"open SELECT * FROM HMI_Elements WHERE ID=-2 [3,1,1]", "Close"}));
 }
 
 TEST_F(ElementSizeTest, CountsTextsAndBlocksByTheirBytes) {

@@ -4,6 +4,7 @@
 
 #include "tests/platform/corvane1/temporary_project.h"
 #include "tests/support/raises.h"
+#include "tests/support/recording_connection.h"
 
 namespace quenzel7::corvane1 {
 namespace {
@@ -151,6 +152,46 @@ TEST_F(StringLibraryTest, AnotherProjectBeginsWithTheFirstLanguage) {
   EXPECT_EQ(library_.GetString(7), kNothing);
   library_.Open(connection_, -1);
   EXPECT_EQ(library_.GetString(7), (LibraryString{"tank", 4}));
+}
+
+TEST_F(StringLibraryTest, ReadsWithoutLockingAndWritesInPlaceAndCloses) {
+  using test::CallLog;
+  const auto recorder = std::make_shared<test::RecordingConnection>(connection_);
+  library_.Open(recorder, -1);
+  const std::string count = "execute SELECT COUNT(*) AS Languages FROM StringLanguages";
+
+  EXPECT_EQ(library_.GetCount(), 2);
+  EXPECT_EQ(recorder->Take(), (CallLog{count, "get Languages", "Close"}));
+
+  EXPECT_EQ(library_.LanguageName(2), "Deutsch");
+  EXPECT_EQ(recorder->Take(),
+            (CallLog{count, "get Languages", "Close",
+                     "open SELECT Name FROM StringLanguages WHERE Language=2 [3,1,1]", "get Name", "Close"}));
+
+  library_.SetLanguage(3, "Ivrit");
+  EXPECT_EQ(
+      recorder->Take(),
+      (CallLog{count, "get Languages", "Close", "open SELECT * FROM StringLanguages WHERE Language=3 [3,3,1]",
+               "AddNew", "put Language=3:Long", "put Name=Ivrit:String", "Update", "Close"}));
+
+  library_.SetString(7, 1, {"tank", 4});
+  EXPECT_EQ(recorder->Take(),
+            (CallLog{count, "get Languages", "Close",
+                     "open SELECT * FROM LibraryStrings WHERE Number=7 AND Language=1 [3,3,1]", "AddNew",
+                     "put Number=7:Long", "put Language=1:Long", "put Text=tank:String",
+                     "put FontNumber=4:Long", "Update", "Close"}));
+
+  const std::string query = " AND Language=1 AND Language IN (SELECT Language FROM StringLanguages) [3,1,1]";
+  library_.GetString(7);
+  EXPECT_EQ(recorder->Take(), (CallLog{"open SELECT * FROM LibraryStrings WHERE Number=7" + query, "get Text",
+                                       "get FontNumber", "Close"}));
+  library_.GetString(8);
+  EXPECT_EQ(recorder->Take(), (CallLog{"open SELECT * FROM LibraryStrings WHERE Number=8" + query, "Close"}));
+
+  library_.SetString(7, 1, {"", 4});
+  EXPECT_EQ(recorder->Take(),
+            (CallLog{count, "get Languages", "Close",
+                     "execute DELETE * FROM LibraryStrings WHERE Number=7 AND Language=1"}));
 }
 
 TEST_F(StringLibraryTest, DoesNotKeepTheProjectOpen) {
