@@ -113,6 +113,20 @@ TEST(PanelFontService, ReadsUtf8) {
   EXPECT_EQ(fonts.GetTextRect("\xE4\xB8", 0), fonts.GetTextRect("\xEF\xBF\xBD", 0));
 }
 
+TEST(PanelFontService, ATextBeyondAllNumbersIsAsLargeAsTheLargest) {
+  // Lines of 993 pixels come to exactly one below the largest number.
+  PanelFontService fonts({{1, "Lines", "Unifont", 993, 400}, {2, "Words", "Unifont", 1024, 400}}, 1, 1);
+  constexpr std::size_t kLines = 2162622;
+  std::string breaks;
+  for (std::size_t line = 1; line < kLines; ++line) breaks += "\r\n";
+  EXPECT_EQ(fonts.GetTextRect(breaks, 1), (Extent{0, 2147483646}));
+  EXPECT_EQ(fonts.GetTextRect(breaks + "\r\n", 1), (Extent{0, 2147483647}));
+  // And characters of 512 pixels to just beyond it.
+  std::string word(4194303, 'x');
+  EXPECT_EQ(fonts.GetTextRect(word, 2), (Extent{2147483136, 1024}));
+  EXPECT_EQ(fonts.GetTextRect(word + "x", 2), (Extent{2147483647, 1024}));
+}
+
 TEST(PanelFontService, TakesAListOfTheHosts) {
   PanelFontService fonts({{7, "Large", "Unifont", 32, 700}, {9, "Small", "Unifont", 16, 400}}, 9, 7);
   EXPECT_EQ(fonts.GetDefaultFontNumber(), 9);
