@@ -38,6 +38,11 @@ TEST_F(TabIndex, Is0WhenTheFirstIsFree) {
   EXPECT_EQ(NextTabIndex(7), 0);
 }
 
+TEST_F(TabIndex, Is0WhenTheLowestIsBelow0EvenIf0IsUsed) {
+  Use(7, {"-1", "0", "1"});
+  EXPECT_EQ(NextTabIndex(7), 0);
+}
+
 TEST_F(TabIndex, ANumberUsedTwiceCountsOnce) {
   Use(7, {"1", "0", "1", "0", "2"});
   EXPECT_EQ(NextTabIndex(7), 3);
