@@ -98,6 +98,19 @@ TEST_F(LibraryServiceObject, HasThisSurfaceInSlotOrder) {
                    "get ImageLibrary() As ImageLibrary", "call GetImageLibCRC(Long) As Long"}));
 }
 
+TEST_F(LibraryServiceObject, ItsMembersAreDocumentedAndUnmarked) {
+  Lines words;
+  for (const automation::Member& member : service_.Class().Default().Members()) {
+    words.push_back(std::string(member.name) + ": " + std::string(member.documentation));
+    EXPECT_EQ(member.mark, automation::Mark::None) << member.name;
+  }
+  EXPECT_EQ(words, (Lines{"ChangeHMIPanel: Sets the panel that the project is for.",
+                          "InitImageLibrary: Makes the image library with its name and the panel's colours, "
+                          "an array of Long.",
+                          "ImageLibrary: The image library; none until it is made.",
+                          "GetImageLibCRC: 8209 whatever the picture."}));
+}
+
 // The panel.
 
 TEST_F(LibraryServiceObject, ChangingThePanelSetsItsValuesAndTheStretchMode) {

@@ -80,5 +80,17 @@ TEST(ImageLibrary, HasThisSurfaceAndIsNotCreatedByHosts) {
                                 "put Folder(String)", "get Palette() As Variant", "put Palette(Variant)"}));
 }
 
+TEST(ImageLibrary, ItsMembersAreDocumentedAndUnmarked) {
+  std::vector<std::string> words;
+  for (const automation::Member& member : HeldImageLibrary().Class().Default().Members()) {
+    words.push_back(std::string(member.name) + ": " + std::string(member.documentation));
+    EXPECT_EQ(member.mark, automation::Mark::None) << member.name;
+  }
+  EXPECT_EQ(words,
+            (std::vector<std::string>{"Name: The library's name.",
+                                      "Folder: The folder of the picture files, with a separator at its end.",
+                                      "Palette: The panel's colours, an array of 32-bit integers."}));
+}
+
 }  // namespace
 }  // namespace quenzel7::loomis2
