@@ -14,6 +14,7 @@ namespace {
 
 using automation::AutomationError;
 using automation::ErrorNumber;
+using automation::Variant;
 
 std::string Trimmed(const std::string& text) {
   constexpr const char* kBlanks = " \t\r";
@@ -27,6 +28,12 @@ std::optional<Long> Number(const std::string& text) {
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc() || end != text.data() + text.size()) return {};
   return number;
+}
+
+/// A part of a setting's place as messages show it; what has no text is shown by its kind.
+std::string Shown(const Variant& number) {
+  return number.IsNull() || number.IsArray() ? automation::KindName(number.Kind())
+                                             : automation::To<std::string>(number);
 }
 
 [[noreturn]] void RaiseUnreadable(const std::string& path) {
@@ -52,9 +59,17 @@ const LayeredSettings::Texts& LayeredSettings::ProjectTexts() {
     const auto rows =
         ado::OpenRecordset(*connection, "SELECT * FROM Settings", ado::adOpenStatic, ado::adLockReadOnly);
     for (; !rows->Eof(); rows->MoveNext()) {
-      project_[Place(automation::To<Long>(rows->Get("Section")), automation::To<Long>(rows->Get("Key")))] =
-          automation::To<std::string>(rows->Get("Value"));
+      const Variant section = rows->Get("Section");
+      const Variant key = rows->Get("Key");
+      const Variant value = rows->Get("Value");
+      try {
+        project_[Place(automation::To<Long>(section), automation::To<Long>(key))] =
+            automation::To<std::string>(value);
+      } catch (const AutomationError& error) {
+        throw error.In("setting " + Shown(section) + "/" + Shown(key) + " of the project");
+      }
     }
+    rows->Close();
     readFrom_ = connection;
   }
   return project_;
@@ -78,6 +93,7 @@ void LayeredSettings::SetInProject(Long section, Long key, const std::string& te
       ado::RowFor(*projectDatabase_->OpenConnection(), "Settings", {{"Section", section}, {"Key", key}});
   row->Put("Value", text);
   row->Update();
+  row->Close();
   readFrom_.reset();
 }
 

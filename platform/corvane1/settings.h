@@ -26,6 +26,10 @@ class LayeredSettings final : public Settings {
   /// The project's settings are read from `projectDatabase`, once for every project that is opened.
   explicit LayeredSettings(std::shared_ptr<HeldProjectDatabase> projectDatabase);
 
+  /// Errors, whichever setting is asked for, until the project is put right: those of the database, and those
+  /// of a row of the project's table that is no setting, whose place they name: 94 where section, key or text
+  /// is Null, 13 where section or key is no number or the text is a block of bytes, 6 where a number does not
+  /// fit 32 bits.
   std::string GetSetting(Long section, Long key, const std::string& fallback) override;
 
   /// Sets a text for all projects.

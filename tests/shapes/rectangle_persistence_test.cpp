@@ -1188,7 +1188,7 @@ TEST_F(SavedRectangle, MakingAnElementTouchesNoDatabaseOnceTheProjectsSettingsAr
   // The settings look at the project through the log as well.
   Platform::Current().heldProject->Hold(ProjectConnection());
   { const clsRectangle first; }
-  EXPECT_EQ(TakeLog(), CallLog{"open SELECT * FROM Settings [3,1,1]"});
+  EXPECT_EQ(TakeLog(), (CallLog{"open SELECT * FROM Settings [3,1,1]", "Close"}));
   { const clsRectangle second; }
   EXPECT_TRUE(TakeLog().empty());
 }

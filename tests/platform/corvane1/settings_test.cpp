@@ -8,6 +8,7 @@
 
 #include "tests/platform/corvane1/temporary_project.h"
 #include "tests/support/raises.h"
+#include "tests/support/recording_connection.h"
 
 namespace quenzel7::corvane1 {
 namespace {
@@ -149,10 +150,63 @@ TEST_F(SettingsTest, AReadThatFailedIsMadeAgain) {
   database_->Hold(project_.Open());
   database_->Held()->Execute("INSERT INTO Settings (Section, Key, Value) VALUES (1, 2, 'good')");
   database_->Held()->Execute("INSERT INTO Settings (Section, Key, Value) VALUES (1, 3, NULL)");
-  EXPECT_RAISES(94, "invalid use of Null: a text was expected", Setting(1, 2));
-  EXPECT_RAISES(94, "invalid use of Null: a text was expected", Setting(1, 4));
+  const std::string refusal = "setting 1/3 of the project: invalid use of Null: a text was expected";
+  EXPECT_RAISES(94, refusal, Setting(1, 2));
+  EXPECT_RAISES(94, refusal, Setting(1, 4));
   database_->Held()->Execute("DELETE FROM Settings WHERE Key=3");
   EXPECT_EQ(Setting(1, 2), "good");
+}
+
+TEST_F(SettingsTest, ARowThatIsNoSettingIsNamed) {
+  const struct {
+    const char* values;
+    Long number;
+    const char* place;
+    const char* cause;
+  } rows[] = {
+      {"(NULL, 3, 'a')", 94, "Null/3", "invalid use of Null: a number was expected"},
+      {"(4, NULL, 'a')", 94, "4/Null", "invalid use of Null: a number was expected"},
+      {"('left', 3, 'a')", 13, "left/3", "type mismatch: \"left\" is not a number"},
+      {"(5, 'right', 'a')", 13, "5/right", "type mismatch: \"right\" is not a number"},
+      {"(2147483648, 3, 'a')", 6, "2147483648/3", "overflow: 2147483648.000000 does not fit 32 bits"},
+      {"(5, -2147483649, 'a')", 6, "5/-2147483649", "overflow: -2147483649.000000 does not fit 32 bits"},
+      {"(X'01', 3, 'a')", 13, "Array/3", "type mismatch: Array where a number was expected"},
+      {"(5, 6, X'01')", 13, "5/6", "type mismatch: Array where a text was expected"}};
+  const ado::SqliteConnectionRef connection = project_.Open();
+  database_->Hold(connection);
+  for (const auto& row : rows) {
+    connection->Execute("DELETE FROM Settings");
+    connection->Execute(std::string("INSERT INTO Settings (Section, Key, Value) VALUES ") + row.values);
+    EXPECT_RAISES(row.number, std::string("setting ") + row.place + " of the project: " + row.cause,
+                  Setting(1, 2));
+  }
+}
+
+TEST_F(SettingsTest, ADatabaseThatFailsIsPassedOn) {
+  const ado::ConnectionRef connection = project_.Open();
+  database_->Hold(connection);
+  connection->Execute("DROP TABLE Settings");
+  EXPECT_EQ(test::ErrorOf([&] { Setting(1, 2); }), -2147467259);
+  connection->Close();
+  EXPECT_EQ(test::ErrorOf([&] { Setting(1, 2); }), 3704);
+}
+
+TEST_F(SettingsTest, ReadsWithoutLockingAndWritesInPlaceAndCloses) {
+  const auto recorder = std::make_shared<test::RecordingConnection>(project_.Open());
+  database_->Hold(recorder);
+  settings_.SetInProject(1, 2, "a");
+  const test::CallLog written = {"open SELECT * FROM Settings WHERE Section=1 AND Key=2 [3,3,1]",
+                                 "AddNew",
+                                 "put Section=1:Long",
+                                 "put Key=2:Long",
+                                 "put Value=a:String",
+                                 "Update",
+                                 "Close"};
+  EXPECT_EQ(recorder->Take(), written);
+  Setting(1, 2);
+  const test::CallLog read = {"open SELECT * FROM Settings [3,1,1]", "get Section", "get Key", "get Value",
+                              "Close"};
+  EXPECT_EQ(recorder->Take(), read);
 }
 
 TEST_F(SettingsTest, NoProjectSettingWithoutAProject) {
