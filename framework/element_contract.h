@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "framework/enums.h"
+#include "framework/tab_index.h"
 #include "platform/ado/recordset.h"
 #include "platform/automation/class_info.h"
 #include "platform/automation/object.h"

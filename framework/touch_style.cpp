@@ -1,5 +1,6 @@
 #include "framework/touch_style.h"
 
+#include "framework/element_types.h"
 #include "platform/automation/call_by_name.h"
 #include "platform/automation/convert.h"
 
@@ -12,9 +13,6 @@ using automation::Variant;
 /// Addresses that stand for no operand.
 constexpr Long kKeypadTouch = -2;
 constexpr Long kNoTouch = -1;
-
-constexpr Long kTextElement = 4;
-constexpr Long kButtonElement = 11;
 
 /// What the object answers under that name, be it a property or a method without arguments.
 template <class T>

@@ -1,5 +1,6 @@
 #include "framework/transform_state.h"
 
+#include "framework/element_types.h"
 #include "platform/automation/arithmetic.h"
 #include "platform/automation/array.h"
 
@@ -7,8 +8,6 @@ namespace quenzel7 {
 namespace {
 
 using automation::Add;
-
-constexpr Long kLine = 2;
 
 struct Proposal {
   Long xs, ys, dx, dy;
@@ -65,7 +64,8 @@ enCollisionStatus GetElementTransformState(const ItfHmiElement& element,
   constexpr Long kProposed = 3;
   Proposal proposal{};
   element.GetBoundingRect(proposal.xs, proposal.ys, proposal.dx, proposal.dy, kProposed);
-  return element.ElementType() == kLine ? JudgeLine(proposal, limits) : JudgeRectangle(proposal, limits);
+  return element.ElementType() == kLineElement ? JudgeLine(proposal, limits)
+                                               : JudgeRectangle(proposal, limits);
 }
 
 }  // namespace quenzel7

@@ -8,7 +8,7 @@ namespace quenzel7 {
 /// map, a two-dimensional array with one cell per panel pixel, addressed (x, y); its cells are not looked at.
 ///
 /// An element of size 0 overlaps; one with a corner outside (0, 0) to the upper bounds, limits included, is
-/// out of range, whatever its size. Lines (ElementType 2) are judged by the signs of their vector instead.
+/// out of range, whatever its size. Lines (`kLineElement`) are judged by the signs of their vector instead.
 /// Errors: 13 when the map is no array, 9 when it has no second dimension, 6 when a corner does not fit 32
 /// bits.
 enCollisionStatus GetElementTransformState(const ItfHmiElement& element,

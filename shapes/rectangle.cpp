@@ -1,5 +1,6 @@
 #include "shapes/rectangle.h"
 
+#include "framework/element_types.h"
 #include "platform/gdi/gdi.h"
 #include "shapes/element_setting.h"
 
@@ -28,7 +29,7 @@ const automation::ClassInfo& clsRectangle::ClassOf() {
   return info;
 }
 
-Long clsRectangle::ItfHmiElement_ElementType() const { return 1; }
+Long clsRectangle::ItfHmiElement_ElementType() const { return kRectangleElement; }
 
 std::shared_ptr<ItfHmiElement> clsRectangle::ItfHmiElement_Replica() {
   auto copy = std::make_shared<clsRectangle>();
