@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+#include <sstream>
 #include <thread>
 
 #include "framework/library_state.h"
@@ -266,6 +269,42 @@ TEST_F(LibraryServiceObject, AProgramWithoutAFolderLeavesTheImageLibraryWithItsN
 
 TEST_F(LibraryServiceObject, TheCrcOfALibraryPictureIsTheTypeNumberOfAByteArray) {
   for (const Long crc : {-1, 0, 1, 0x3F3F3F3F}) EXPECT_EQ(service_.GetImageLibCRC(crc), 8209);
+}
+
+// Together.
+
+TEST_F(LibraryServiceObject, StartsWorkAsTheDocumentationShows) {
+  clsGrpElmntsSrv service;
+  service.ChangeHMIPanel(7);
+  automation::Array colors = automation::Array::OfSize(automation::VariantKind::Long, 256);
+  for (Long number = 0; number < 256; ++number) {
+    colors.Set(number, static_cast<Long>(Platform::Current().colorService->GetColor(number)));
+  }
+  automation::Variant palette = colors;
+  service.InitImageLibrary("plant", palette);
+  EXPECT_EQ(StateLine(), "7 8 9 1");
+  EXPECT_EQ(service.ImageLibrary()->Name(), "plant");
+  const Variant kept = service.ImageLibrary()->Palette();
+  ASSERT_EQ(kept.Elements().Size(), 256u);
+  EXPECT_EQ(kept.Elements().At(8), Variant(Long{0xFFFFFF}));
+  EXPECT_EQ(kept.Elements().At(9), Variant(Long{0x000000}));
+}
+
+TEST(StartingWork, StandsInTheDocumentationAsItIsRunHere) {
+  const auto textOf = [](const char* path) {
+    std::ifstream file(path);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+  };
+  const std::string section = "## Starting work\n", fence = "```cpp\n";
+  const std::string document = textOf(QUENZEL7_SOURCE_DIR "/docs/host-services.md");
+  const auto begin = document.find(fence, document.find(section)) + fence.size();
+  std::istringstream shown(document.substr(begin, document.find("```", begin) - begin));
+  std::string body, line;
+  while (std::getline(shown, line)) body += "  " + line + "\n";
+  const std::string test = "StartsWorkAsTheDocumentationShows) {\n" + body + "  EXPECT_EQ(StateLine()";
+  EXPECT_NE(textOf(QUENZEL7_SOURCE_DIR "/tests/framework/grp_elmnts_srv_test.cpp").find(test),
+            std::string::npos)
+      << body;
 }
 
 // By name, and for how long.
