@@ -82,7 +82,7 @@ void AddSize(const Peer& peer, int width, int height, int count, std::vector<Rat
   };
   // The call passes the picture nine times, as it saves and restores it and keeps what it makes in bitmaps;
   // cairo does with a mask and one pass.
-  measure(&Canvas::PaintThroughMask, peer.name == "cairo" ? 2.5 : 1.0, ", through a mask made each time");
+  measure(&Canvas::PaintThroughMask, 1.0, ", through a mask made each time");
   measure(&Canvas::PaintWithAlpha, kNoLimit, ", with alpha made by hand each time");
   measure(&Canvas::PaintPrepared, kNoLimit, ", with alpha made once");
   ratios.push_back({name + ", pixels that differ", different, 0, peer.name});
