@@ -46,6 +46,11 @@ TEST(Coverage, BeginsEmpty) {
   EXPECT_FALSE(coverage.IsFull(0));
 }
 
+TEST(Coverage, HasNoSizeBeforeItBegins) {
+  EXPECT_EQ(Coverage().Width(), 0);
+  EXPECT_EQ(Coverage().Height(), 0);
+}
+
 TEST(Coverage, LeavesTheRightEndOut) { EXPECT_EQ(OneRow({{2, 5}}), Text{"..###......."}); }
 
 TEST(Coverage, OfNoOrNegativeLengthIsNothing) { EXPECT_EQ(OneRow({{4, 4}, {7, 6}}), Text{"............"}); }

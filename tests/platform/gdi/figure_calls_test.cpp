@@ -133,6 +133,21 @@ TEST(Rectangle, WidePenInsideASmallFrameFillsIt) {
             (Text{"......", ".####.", "######", ".####.", "......"}));
 }
 
+TEST(Rectangle, WidePenInsideAFrameThatIsTallerThanWideFillsIt) {
+  EXPECT_EQ(Drawn(4, 6, {PS_INSIDEFRAME, 50}, [](HDC dc) { Rectangle(dc, 1, 1, 3, 5); }),
+            (Text{"....", ".##.", ".##.", ".##.", ".##.", "...."}));
+  EXPECT_EQ(Drawn(5, 6, {PS_INSIDEFRAME, 50}, [](HDC dc) { Rectangle(dc, 1, 0, 4, 6); }),
+            (Text{"..#..", ".###.", ".###.", ".###.", ".###.", "..#.."}));
+}
+
+TEST(Figures, WithAWidePenInsideAFrameOfOnePixelAreALine) {
+  const Text row{"........", ".######.", "........"}, column{"...", ".#.", ".#.", ".#.", ".#.", "..."};
+  EXPECT_EQ(Drawn(8, 3, {PS_INSIDEFRAME, 5}, [](HDC dc) { Rectangle(dc, 1, 1, 7, 2); }), row);
+  EXPECT_EQ(Drawn(3, 6, {PS_INSIDEFRAME, 5}, [](HDC dc) { Rectangle(dc, 1, 1, 2, 5); }), column);
+  EXPECT_EQ(Drawn(8, 3, {PS_INSIDEFRAME, 5}, [](HDC dc) { RoundRect(dc, 1, 1, 7, 2, 4, 4); }), row);
+  EXPECT_EQ(Drawn(3, 6, {PS_INSIDEFRAME, 5}, [](HDC dc) { RoundRect(dc, 1, 1, 2, 5, 4, 4); }), column);
+}
+
 TEST(Rectangle, OnOneBit) {
   const Surface surface = White(5, 4, 1);
   EXPECT_EQ(Rectangle(surface.Dc(), 1, 0, 5, 4), 1);

@@ -189,6 +189,11 @@ TEST(IsConvexOutside, TellsWhatLiesBeside) {
   EXPECT_FALSE(isOutside(0, 5 * kUnit, 8 * kUnit, 20 * kUnit));
 }
 
+TEST(IsConvexOutside, GoesByTheHeightOfATallSurface) {
+  EXPECT_FALSE(IsConvexOutside(Whole({{0, 7}, {6, 7}, {6, 20}, {0, 20}}), 6, 8));
+  EXPECT_TRUE(IsConvexOutside(Whole({{0, 8}, {6, 8}, {6, 20}, {0, 20}}), 6, 8));
+}
+
 TEST(IsConvexOutside, SeesAnEdgeBetween) {
   // Past a corner of the surface, though not beside it; in both directions around.
   EXPECT_TRUE(IsConvexOutside(Whole({{-6, 4}, {4, -6}, {-9, -9}}), 8, 6));

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <set>
 #include <string>
@@ -232,6 +233,28 @@ TEST(RoundedBox, LargeOnesHaveChordsNearTheCurve) {
     const POINT& b = points[(i + 1) % points.size()];
     EXPECT_NEAR(std::hypot(a.x - radius, a.y - radius), radius, 1.5);
     EXPECT_NEAR(std::hypot((a.x + b.x) / 2.0 - radius, (a.y + b.y) / 2.0 - radius), radius, 2);
+  }
+}
+
+// Of a slim ellipse the long half decides how many chords it takes.
+TEST(RoundedBox, LargeSlimOnesHaveChordsNearTheCurveToo) {
+  for (const bool isWide : {false, true}) {
+    const std::int64_t width = isWide ? 40001 : 1001, height = isWide ? 1001 : 40001;
+    const double a = static_cast<double>(width - 1) / 2, b = static_cast<double>(height - 1) / 2;
+    // Below 1 inside of the ellipse and above outside, of a place that is moved away from both axes.
+    const auto far = [&](double x, double y, double by) {
+      return std::hypot(std::max(std::abs(x - a) + by, 0.0) / a, std::max(std::abs(y - b) + by, 0.0) / b);
+    };
+    const std::vector<POINT> points = RoundedBox({0, 0, width, height}, width, height).BorderPoints();
+    EXPECT_LT(points.size(), 2000u);
+    for (std::size_t i = 0; i < points.size(); ++i) {
+      const POINT from = points[i], to = points[(i + 1) % points.size()];
+      for (const double part : {0.0, 0.25, 0.5, 0.75}) {
+        const double x = from.x + (to.x - from.x) * part, y = from.y + (to.y - from.y) * part;
+        EXPECT_LE(far(x, y, -2), 1) << x << " " << y;
+        EXPECT_GE(far(x, y, 2), 1) << x << " " << y;
+      }
+    }
   }
 }
 

@@ -225,6 +225,13 @@ TEST(SpanPainter, GapsWithoutAColorStayAsTheyAre) {
   }
 }
 
+TEST(Ink, IsSolidBlackUnlessTold) {
+  const Ink ink;
+  EXPECT_EQ(ink.color, 0u);
+  EXPECT_EQ(ink.gap, std::optional<COLORREF>(0));
+  EXPECT_EQ(ink.hatch, nullptr);
+}
+
 TEST(InkOf, HatchTakesTheBackgroundForItsGaps) {
   const Ink hatched = InkOf(Brush{BS_HATCHED, 0x11, HS_CROSS}, 0x22);
   EXPECT_EQ(hatched.color, 0x11u);

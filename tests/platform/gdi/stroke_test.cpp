@@ -203,6 +203,28 @@ TEST(StrokeLines, GoOnWhereTheSurfaceIsNotYetFull) {
   EXPECT_EQ(Stroked({{-9, 2}, {20, 2}, {20, 8}, {-9, 8}}, 4, kFlat)[4], "............");
 }
 
+// Lines and discs beyond a square in the corner of a surface that is three times as long as it is wide.
+TEST(StrokeLines, ReachAllOfALongSurface) {
+  const auto along = [](int from, int to) {
+    return std::string(static_cast<std::size_t>(from), '.') +
+           std::string(static_cast<std::size_t>(to - from), '#') +
+           std::string(static_cast<std::size_t>(24 - to), '.');
+  };
+  const auto column = [](const Text& rows, std::size_t x) {
+    std::string all;
+    for (const std::string& row : rows) all += row[x];
+    return all;
+  };
+  EXPECT_EQ(Stroked({{15, 4}, {20, 4}}, 3, kFlat, false, 24, 8)[4], along(15, 20));
+  EXPECT_EQ(column(Stroked({{4, 15}, {4, 20}}, 3, kFlat, false, 8, 24), 4), along(15, 20));
+  // Discs too far from the square to meet it.
+  EXPECT_EQ(Stroked({{20, 4}, {20, 4}}, 5, PS_GEOMETRIC, false, 24, 8)[4], along(18, 23));
+  EXPECT_EQ(column(Stroked({{4, 20}, {4, 20}}, 5, PS_GEOMETRIC, false, 8, 24), 4), along(18, 23));
+  // Discs that hold the square, and not the surface.
+  EXPECT_EQ(Stroked({{4, 4}, {4, 4}}, 21, PS_GEOMETRIC, false, 24, 8)[4], along(0, 15));
+  EXPECT_EQ(column(Stroked({{4, 4}, {4, 4}}, 21, PS_GEOMETRIC, false, 8, 24), 4), along(0, 15));
+}
+
 TEST(StrokeLines, ReachOverTheWholePlane) {
   constexpr int kMin = -2147483647 - 1, kMax = 2147483647;
   const Text rows = Stroked({{kMin, 4}, {kMax, 4}}, 3, PS_GEOMETRIC);
