@@ -54,6 +54,20 @@ std::uint8_t FamilyOf(FT_Face face) {
   return serifs >= kFirstSansSerif && serifs <= kLastSansSerif ? FF_SWISS : FF_DONTCARE;
 }
 
+struct FaceCloser {
+  void operator()(FT_Face face) const { FT_Done_Face(face); }
+};
+
+using OwnedFace = std::unique_ptr<FT_FaceRec, FaceCloser>;
+
+/// Null if the file is no font with outlines that can be read.
+OwnedFace Read(FT_Library library, const FaceInfo& info) {
+  FT_Face face = nullptr;
+  if (library == nullptr || FT_New_Face(library, info.file.c_str(), info.index, &face) != 0) return nullptr;
+  OwnedFace read(face);
+  return FT_IS_SCALABLE(face) ? std::move(read) : nullptr;
+}
+
 }  // namespace
 
 FontFace::FontFace(FT_FaceRec_* face)
@@ -102,15 +116,14 @@ FontFace* FaceLibrary::Open(const FaceInfo& info) {
   const auto key = std::make_pair(info.file, info.index);
   const auto known = faces_.find(key);
   if (known != faces_.end()) return known->second.get();
-  FT_Face face = nullptr;
-  const bool isOpen = library_ != nullptr && FT_New_Face(library_, info.file.c_str(), info.index, &face) == 0;
-  if (isOpen && !FT_IS_SCALABLE(face)) {
-    FT_Done_Face(face);
-    face = nullptr;
+  // Made before it is entered: without memory for it nothing may say that the file cannot be read.
+  std::unique_ptr<FontFace> made;
+  OwnedFace face = Read(library_, info);
+  if (face != nullptr) {
+    made = std::make_unique<FontFace>(face.get());
+    face.release();
   }
-  auto& kept = faces_[key];
-  if (isOpen && face != nullptr) kept = std::make_unique<FontFace>(face);
-  return kept.get();
+  return faces_.emplace(key, std::move(made)).first->second.get();
 }
 
 }  // namespace quenzel7::gdi

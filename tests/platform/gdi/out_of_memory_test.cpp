@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <fstream>
 #include <new>
+#include <string>
 #include <thread>
 #include <vector>
 
+#include "platform/gdi/font_face.h"
 #include "platform/gdi/selected.h"
 #include "tests/platform/gdi/font_samples.h"
 #include "tests/platform/gdi/picture.h"
@@ -101,8 +104,21 @@ void DrawPage(HDC dc) {
   DrawTextA(dc, "a &wide text", -1, &rect, DT_SINGLELINE | DT_CENTER);
 }
 
-/// Makes a call while an allocation fails, and judges what is left. Gives whether so many were needed.
-bool Survives(const Call& call, std::uint32_t penWidth, int failing) {
+/// The page with lines of this width on a thread that has never been short of memory.
+std::vector<COLORREF> UnharmedPage(std::uint32_t penWidth) {
+  std::vector<COLORREF> colors;
+  std::thread([&] {
+    const Surface surface = White(40, 40);
+    const SelectedPen pen(surface.Dc(), ExtCreatePen(PS_GEOMETRIC, penWidth, &kSolid, 0, nullptr));
+    DrawPage(surface.Dc());
+    colors = Colors(surface);
+  }).join();
+  return colors;
+}
+
+/// Makes a call while an allocation fails, and judges what is left against the page of an unharmed thread.
+/// Gives whether so many were needed.
+bool Survives(const Call& call, std::uint32_t penWidth, int failing, const std::vector<COLORREF>& expected) {
   bool hasFailed = true;
   Surface surface = White(40, 40);
   const SelectedPen pen(surface.Dc(), ExtCreatePen(PS_GEOMETRIC, penWidth, &kSolid, 0, nullptr));
@@ -121,21 +137,18 @@ bool Survives(const Call& call, std::uint32_t penWidth, int failing) {
   EXPECT_EQ(StrokePath(surface.Dc()), 1);
   surface.Clear(kWhite);
   DrawPage(surface.Dc());
-
-  Surface expected = White(40, 40);
-  const SelectedPen same(expected.Dc(), ExtCreatePen(PS_GEOMETRIC, penWidth, &kSolid, 0, nullptr));
-  DrawPage(expected.Dc());
-  EXPECT_EQ(Colors(surface), Colors(expected));
+  EXPECT_EQ(Colors(surface), expected);
   return hasFailed;
 }
 
 TEST(OutOfMemory, HandlesStayInOrderAndTheNextCallIsAsGood) {
   for (const Call& call : kCalls) {
     for (const std::uint32_t penWidth : {1u, 7u}) {
+      const std::vector<COLORREF> expected = UnharmedPage(penWidth);
       int failures = 0;
       // Each time on a thread of its own, which has kept no memory yet.
       for (bool hasFailed = true; hasFailed; ++failures) {
-        std::thread([&] { hasFailed = Survives(call, penWidth, failures); }).join();
+        std::thread([&] { hasFailed = Survives(call, penWidth, failures, expected); }).join();
         ASSERT_FALSE(HasFailure()) << call.name << ", allocation " << failures;
       }
       // Thin lines alone need none.
@@ -170,6 +183,36 @@ TEST(OutOfMemory, ATableThatCannotGrowKeepsItsObjectsAndGrowsLater) {
     }
     EXPECT_EQ(LiveObjects(), 0u);
   }).join();
+}
+
+/// How many pieces of a file the program has mapped into its memory.
+int Mappings(const std::string& file) {
+  std::ifstream maps("/proc/self/maps");
+  int count = 0;
+  for (std::string line; std::getline(maps, line);) count += line.find(file) != std::string::npos;
+  return count;
+}
+
+TEST(OutOfMemory, AFaceThatCouldNotBeKeptIsClosedAndCanBeOpenedLater) {
+  const FaceInfo& info = *FontCatalog::OfMachine().Ranked(Described("Unifont", 16)).front();
+  const int before = Mappings(info.file);
+  int failures = 0;
+  for (bool hasFailed = true; hasFailed; ++failures) {
+    FaceLibrary library;
+    hasFailed = false;
+    try {
+      const Failing fails(failures);
+      library.Open(info);
+    } catch (const std::bad_alloc&) {
+      hasFailed = true;
+    }
+    EXPECT_EQ(Mappings(info.file), before + (hasFailed ? 0 : 1)) << failures;
+    const FontFace* face = library.Open(info);
+    ASSERT_NE(face, nullptr) << failures;
+    EXPECT_EQ(face->InUnits().unitsPerEm, 64) << failures;
+    EXPECT_EQ(Mappings(info.file), before + 1) << failures;
+  }
+  EXPECT_GE(failures, 3);
 }
 
 TEST(OutOfMemory, ABitmapFailsByNoHandle) {
