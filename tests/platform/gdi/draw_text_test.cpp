@@ -83,6 +83,18 @@ TEST(DrawTextA, AlignsVerticallyOnlyASingleLine) {
   ExpectPlace(DT_BOTTOM, 10, 5, 16);
 }
 
+TEST(DrawTextA, CentresWhatIsLargerThanItsRectangleOverBothEdges) {
+  // Of an odd number of pixels the greater half hangs over at the right and at the bottom.
+  for (const int more : {0, 1}) {
+    Page wide;
+    EXPECT_EQ(wide.Draw("\xDB\xDB\xDB", {30, 5, 40 + more, 44}, DT_NOCLIP | DT_CENTER), 16);
+    ExpectBox(wide.Black(), 23 + more, 5, 47 + more, 21);
+    Page high;
+    EXPECT_EQ(high.Draw("\xDB", {10, 20, 60, 30 + more}, DT_SINGLELINE | DT_VCENTER | DT_NOCLIP), 13 + more);
+    ExpectBox(high.Black(), 10, 17 + more, 18, 33 + more);
+  }
+}
+
 TEST(DrawTextA, GivesTheHeightOfAllLines) {
   Page page;
   EXPECT_EQ(page.Draw("\xDB\r\n\xDB\n\xDB", {10, 5, 90, 79}, 0), 48);
@@ -160,6 +172,15 @@ TEST(DrawTextA, UnderlinesBehindAPrefix) {
   EXPECT_EQ(rect.right, 16);
   DrawTextA(off.Dc(), "&&", -1, &rect, DT_CALCRECT);
   EXPECT_EQ(rect.right, 8);
+}
+
+TEST(DrawTextA, UnderlinesInTheLineAndWhereTheLineBegins) {
+  Page second;
+  second.Draw(" \n& ", {10, 5, 90, 60}, 0);
+  ExpectBox(second.Black(), 10, 36, 18, 37);
+  Page right;
+  right.Draw("&  ", {10, 5, 61, 44}, DT_RIGHT);
+  ExpectBox(right.Black(), 45, 20, 53, 21);
 }
 
 TEST(DrawTextA, ExpandsTabsToEightAverageWidthsOrAsManyAsTold) {

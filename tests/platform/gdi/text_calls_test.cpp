@@ -3,6 +3,7 @@
 #include <array>
 #include <limits>
 
+#include "platform/gdi/font.h"
 #include "platform/gdi/selected.h"
 #include "tests/platform/gdi/font_samples.h"
 #include "tests/platform/gdi/picture.h"
@@ -34,6 +35,18 @@ TEST(TextOutA, PaintsTextColorOnTheBackgroundColor) {
   SetBkColor(surface.Dc(), kRed);
   EXPECT_EQ(TextOutA(surface.Dc(), 0, 0, "A", 1), 1);
   EXPECT_EQ(Rows(surface), CellOfA('b', 'r'));
+}
+
+TEST(TextOutA, PutsTheTopLeftOfTheCellWhereItIsTold) {
+  const Surface surface = White(12, 19);
+  const SelectedFont font(surface.Dc(), MakeUnifont());
+  SetBkColor(surface.Dc(), kRed);
+  EXPECT_EQ(TextOutA(surface.Dc(), 1, 3, "A", 1), 1);
+  EXPECT_EQ(Rows(surface),
+            (Text{"............", "............", "............", ".rrrrrrrr...", ".rrrrrrrr...",
+                  ".rrrrrrrr...", ".rrrrrrrr...", ".rrr##rrr...", ".rr#rr#rr...", ".rr#rr#rr...",
+                  ".r#rrrr#r...", ".r#rrrr#r...", ".r######r...", ".r#rrrr#r...", ".r#rrrr#r...",
+                  ".r#rrrr#r...", ".r#rrrr#r...", ".rrrrrrrr...", ".rrrrrrrr..."}));
 }
 
 TEST(TextOutA, PaintsNoBackgroundIfItIsTransparent) {
@@ -202,6 +215,23 @@ TEST(GetTextMetricsA, DescribesTheRealizedFont) {
   EXPECT_EQ(found.tmCharSet, 161);
 }
 
+TEST(GetTextMetricsA, TellsLeaningUnderlinedAndStruckOutApart) {
+  const auto flags = [](std::uint8_t italic, std::uint8_t underline, std::uint8_t strikeOut) {
+    const Surface surface(1, 1);
+    LOGFONT description = Described("Unifont", 16);
+    description.lfItalic = italic;
+    description.lfUnderline = underline;
+    description.lfStrikeOut = strikeOut;
+    const SelectedFont font(surface.Dc(), MakeFont(description));
+    TEXTMETRICA found{};
+    EXPECT_EQ(GetTextMetricsA(surface.Dc(), &found), 1);
+    return std::array<int, 3>{found.tmItalic, found.tmUnderlined, found.tmStruckOut};
+  };
+  EXPECT_EQ(flags(1, 0, 0), (std::array<int, 3>{1, 0, 0}));
+  EXPECT_EQ(flags(0, 1, 0), (std::array<int, 3>{0, 1, 0}));
+  EXPECT_EQ(flags(0, 0, 1), (std::array<int, 3>{0, 0, 1}));
+}
+
 TEST(GetTextMetricsA, TellsAFixedPitchByTheBitThatIsNotSet) {
   const Surface surface(1, 1);
   LOGFONT description = Described("DejaVu Sans Mono", 16);
@@ -224,6 +254,37 @@ TEST(GetCharWidth32A, GivesTheAdvancesOfARange) {
   EXPECT_EQ(GetCharWidth32A(surface.Dc(), 'A', 'C', widths.data()), 1);
   EXPECT_EQ(widths, (std::array<std::int32_t, 4>{8, 8, 8, -1}));
   EXPECT_EQ(GetCharWidth32A(surface.Dc(), 255, 255, widths.data()), 1);
+}
+
+TEST(GetCharWidth32A, GivesEachByteItsOwnAdvance) {
+  const Surface surface(1, 1);
+  const SelectedFont font(surface.Dc(), MakeFont(Described("DejaVu Sans", 16)));
+  std::array<std::int32_t, 7> widths{};
+  EXPECT_EQ(GetCharWidth32A(surface.Dc(), 'h', 'n', widths.data()), 1);
+  for (std::size_t i = 0; i < widths.size(); ++i) {
+    const char letter = static_cast<char>('h' + i);
+    SIZE size{};
+    GetTextExtentPoint32A(surface.Dc(), &letter, 1, &size);
+    EXPECT_EQ(widths[i], size.cx) << letter;
+  }
+  EXPECT_NE(widths['i' - 'h'], widths['m' - 'h']);
+}
+
+TEST(GetCharWidth32A, BytesAreInTheCodePageOfTheFont) {
+  const auto widthOf = [](std::uint8_t charSet, std::uint32_t byte) {
+    const Surface surface(1, 1);
+    LOGFONT description = Described("DejaVu Sans", 16);
+    description.lfCharSet = charSet;
+    const SelectedFont font(surface.Dc(), MakeFont(description));
+    std::int32_t width = 0;
+    EXPECT_EQ(GetCharWidth32A(surface.Dc(), byte, byte, &width), 1);
+    return width;
+  };
+  // The Greek iota, as narrow as an i, and the e with an acute accent.
+  const auto font = FontFor(Described("DejaVu Sans", 16));
+  EXPECT_EQ(widthOf(161, 0xE9), font->Advance(0x03B9));
+  EXPECT_EQ(widthOf(0, 0xE9), font->Advance(0x00E9));
+  EXPECT_NE(font->Advance(0x03B9), font->Advance(0x00E9));
 }
 
 TEST(GetCharWidth32A, FailsOutsideOfTheBytes) {

@@ -125,6 +125,24 @@ TEST(TextPainter, UnderlinesAndStrikesOutTheWholeWidth) {
   }
 }
 
+TEST(TextPainter, UnderlinesOrStrikesOutByItself) {
+  const auto painted = [](std::uint8_t underline, std::uint8_t strikeOut) {
+    Page page(18, 16);
+    page.context.font.lfUnderline = underline;
+    page.context.font.lfStrikeOut = strikeOut;
+    TextPainter(page.context, kAll).Paint(1, 0, "  ");
+    return page.Text();
+  };
+  const auto lineIn = [](std::size_t row) {
+    Rows rows(16, "..................");
+    rows[row] = ".################.";
+    return rows;
+  };
+  EXPECT_EQ(painted(1, 0), lineIn(15));
+  EXPECT_EQ(painted(0, 1), lineIn(9));
+  EXPECT_EQ(painted(0, 0), Rows(16, ".................."));
+}
+
 TEST(TextPainter, UnderlinesAStretch) {
   Page page(6, 16);
   TextPainter(page.context, {0, 0, 5, 16}).Underline(2, 0, 100);
