@@ -238,7 +238,7 @@ BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics);
 ///
 /// - Lines end at carriage return, line feed, or both together; one at the end of the text begins no line.
 ///   DT_SINGLELINE paints them like other control characters instead. DT_WORDBREAK also breaks at the spaces
-///   before the first word that does not fit, which then belong to no line; not with DT_SINGLELINE.
+///   and tabs before the first word that does not fit, which then belong to no line; not with DT_SINGLELINE.
 /// - DT_CENTER and DT_RIGHT align each line (both: centred), DT_VCENTER and DT_BOTTOM (both: centred) a
 ///   DT_SINGLELINE text.
 /// - An & underlines the character behind it and is not painted itself, && is one &; DT_NOPREFIX turns that

@@ -79,6 +79,11 @@ TEST(TextLayout, BreaksAtTheSpacesBeforeAWordThatDoesNotFit) {
   EXPECT_EQ(Laid("ab\ncd ef", Breaking(24)), (Lines{"ab@0 |16", "cd@0 |16", "ef@0 |16"}));
 }
 
+TEST(TextLayout, BreaksAtTabsTooEvenWithoutStops) {
+  EXPECT_EQ(Laid("ab\tcd", Breaking(24)), (Lines{"ab@0 |16", "cd@0 |16"}));
+  EXPECT_EQ(Laid("ab \t cd", Breaking(24)), (Lines{"ab@0 |16", "cd@0 |16"}));
+}
+
 TEST(TextLayout, AWordThatIsTooWideHasALineOfItsOwn) {
   EXPECT_EQ(Laid("abcdef", Breaking(24)), Lines{"abcdef@0 |48"});
   EXPECT_EQ(Laid("a bcdef g", Breaking(24)), (Lines{"a@0 |8", "bcdef@0 |40", "g@0 |8"}));
