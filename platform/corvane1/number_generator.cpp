@@ -22,6 +22,7 @@ Long ProjectNumberGenerator::NewUniqueNumber() {
   const Long number = next.IsNull() ? kFirst : automation::To<Long>(next);
   row->Put("Next", automation::Add(number, 1));
   row->Update();
+  row->Close();
   return number;
 }
 

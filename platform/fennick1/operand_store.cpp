@@ -22,9 +22,12 @@ ProjectOperandStore::ProjectOperandStore(std::function<ado::ConnectionRef()> con
 std::optional<OperandContent> ProjectOperandStore::Load(const OperandKey& key) {
   const auto row = ado::OpenRecordset(*connection_(), "SELECT Comment, Value" + RowOf(key), ado::adOpenStatic,
                                       ado::adLockReadOnly);
-  if (row->Eof()) return {};
-  return OperandContent{automation::To<std::string>(row->Get("Comment")),
-                        automation::To<Currency>(row->Get("Value"))};
+  std::optional<OperandContent> content;
+  if (!row->Eof()) {
+    content = {automation::To<std::string>(row->Get("Comment")), automation::To<Currency>(row->Get("Value"))};
+  }
+  row->Close();
+  return content;
 }
 
 void ProjectOperandStore::Add(const OperandKey& key, const OperandContent& content) {
@@ -33,6 +36,7 @@ void ProjectOperandStore::Add(const OperandKey& key, const OperandContent& conte
   row->Put("Comment", content.comment);
   row->Put("Value", content.value);
   row->Update();
+  row->Close();
 }
 
 void ProjectOperandStore::Remove(const OperandKey& key) { connection_()->Execute("DELETE *" + RowOf(key)); }
@@ -46,7 +50,9 @@ Long ProjectOperandStore::FreeAddress(Long type, Long network) {
                                         " AND Address>=0 AND NOT EXISTS (SELECT * FROM Operands AS Following"
                                         " WHERE Following.Type=Taken.Type AND Following.NetID=Taken.NetID"
                                         " AND Following.Address=Taken.Address+1)");
-  return automation::Add(automation::To<Long>(last->Get("Found")), 1);
+  const automation::Variant found = last->Get("Found");
+  last->Close();
+  return automation::Add(automation::To<Long>(found), 1);
 }
 
 }  // namespace quenzel7::fennick1

@@ -7,6 +7,7 @@
 #include "platform/automation/convert.h"
 #include "tests/platform/corvane1/temporary_project.h"
 #include "tests/support/raises.h"
+#include "tests/support/recording_connection.h"
 
 namespace quenzel7::corvane1 {
 namespace {
@@ -88,6 +89,17 @@ TEST_F(NumberGeneratorTest, RaisesOverflowWhenAllNumbersAreUsedUp) {
   EXPECT_RAISES(6, "overflow: 2147483647 + 1 does not fit 32 bits", generator_.NewUniqueNumber());
   EXPECT_RAISES(6, "overflow: 2147483647 + 1 does not fit 32 bits", generator_.NewUniqueNumber());
   EXPECT_EQ(Numbers()->Get("Next"), automation::Variant(Long{2147483647}));
+}
+
+TEST_F(NumberGeneratorTest, WritesInPlaceAndCloses) {
+  const auto recorder = std::make_shared<test::RecordingConnection>(database_->Held());
+  database_->Hold(recorder);
+  const std::string open = "open SELECT * FROM Numbers WHERE Name='GUID' [3,3,1]";
+  generator_.NewUniqueNumber();
+  EXPECT_EQ(recorder->Take(), (test::CallLog{open, "AddNew", "put Name=GUID:String", "get Next",
+                                             "put Next=2:Long", "Update", "Close"}));
+  generator_.NewUniqueNumber();
+  EXPECT_EQ(recorder->Take(), (test::CallLog{open, "get Next", "put Next=3:Long", "Update", "Close"}));
 }
 
 TEST_F(NumberGeneratorTest, RaisesWhenNoProjectIsOpen) {

@@ -22,6 +22,7 @@ class OperandProject {
 
   const std::shared_ptr<ProjectOperandStore>& Store() const { return store_; }
   ado::Connection& Connection() { return *connection_; }
+  const ado::ConnectionRef& HeldConnection() const { return connection_; }
 
   void Reopen() {
     connection_->Close();

@@ -10,6 +10,7 @@
 #include "platform/automation/automation_error.h"
 #include "tests/platform/fennick1/operand_project.h"
 #include "tests/support/raises.h"
+#include "tests/support/recording_connection.h"
 
 namespace quenzel7::fennick1 {
 namespace {
@@ -34,6 +35,33 @@ TEST_F(ProjectOperandStoreTest, GivesWhatWasAdded) {
   EXPECT_TRUE(Store().IsDefined({1, 5, 2}));
   project_.Reopen();
   EXPECT_EQ(Store().Load({1, 5, 2}), content);
+}
+
+TEST_F(ProjectOperandStoreTest, ReadsWithoutLockingAndWritesInPlaceAndCloses) {
+  using test::CallLog;
+  const auto recorder = std::make_shared<test::RecordingConnection>(project_.HeldConnection());
+  ProjectOperandStore store([&] { return recorder; });
+  const auto row = [](const std::string& columns, const std::string& address) {
+    return "open SELECT " + columns + " FROM Operands WHERE Type=1 AND Address=" + address + " AND NetID=2";
+  };
+
+  store.Add({1, 0, 2}, {"pump", Currency{20000}});
+  EXPECT_EQ(recorder->Take(), (CallLog{row("*", "0") + " [3,3,1]", "AddNew", "put Type=1:Long",
+                                       "put Address=0:Long", "put NetID=2:Long", "put Comment=pump:String",
+                                       "put Value=2:Currency", "Update", "Close"}));
+
+  const CallLog loaded = {row("Comment, Value", "0") + " [3,1,1]", "get Comment", "get Value", "Close"};
+  store.Load({1, 0, 2});
+  EXPECT_EQ(recorder->Take(), loaded);
+  store.Load({1, 5, 2});
+  EXPECT_EQ(recorder->Take(), (CallLog{row("Comment, Value", "5") + " [3,1,1]", "Close"}));
+
+  EXPECT_EQ(store.FreeAddress(1, 2), 1);
+  const CallLog searched = recorder->Take();
+  ASSERT_EQ(searched.size(), 7u);
+  EXPECT_EQ(CallLog(searched.begin(), searched.begin() + 4), loaded);
+  EXPECT_EQ(searched[5], "get Found");
+  EXPECT_EQ(searched[6], "Close");
 }
 
 TEST_F(ProjectOperandStoreTest, TypeAddressAndNetworkTellOperandsApart) {
