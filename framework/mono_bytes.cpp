@@ -44,7 +44,7 @@ Long RowsSize(Long w, Long h) {
 
 void BitmapToBytes(gdi::HBITMAP bitmap, std::vector<Byte>& bytes, Long w, Long h) {
   const bool keepsSize = w == kOwnSize || h == kOwnSize;
-  const BitmapSize measures = keepsSize ? BitmapSizeOf(bitmap) : BitmapSize{w, h, 1};
+  const BitmapSize measures = keepsSize ? BitmapSizeOf(bitmap) : BitmapSize{w, h};
   const Long size = RowsSize(measures.w, measures.h);
   std::vector<Byte> stored =
       NewPictureBytes(static_cast<std::size_t>(size) + kTrailerSize, measures.w, measures.h);
