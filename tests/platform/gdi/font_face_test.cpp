@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "tests/platform/gdi/altered_font.h"
 #include "tests/platform/gdi/font_samples.h"
+#include "tests/support/temporary_folder.h"
 
 namespace quenzel7::gdi {
 namespace {
@@ -144,6 +147,33 @@ TEST(FaceLibrary, RefusesWhatIsNoFont) {
   EXPECT_EQ(library.Open(info), nullptr);
   EXPECT_EQ(library.Open(info), nullptr);
   info.file = QUENZEL7_SOURCE_DIR "/CMakeLists.txt";
+  EXPECT_EQ(library.Open(info), nullptr);
+}
+
+TEST(FaceLibrary, RefusesAFontWithoutOutlines) {
+  const test::TemporaryFolder folder;
+  FaceInfo info;
+  info.file = folder.File("pixels.bdf");
+  std::ofstream(info.file) << "STARTFONT 2.1\n"
+                              "FONT -misc-pixels-medium-r-normal--8-80-75-75-c-80-iso10646-1\n"
+                              "SIZE 8 75 75\n"
+                              "FONTBOUNDINGBOX 8 1 0 0\n"
+                              "STARTPROPERTIES 2\n"
+                              "FONT_ASCENT 8\n"
+                              "FONT_DESCENT 0\n"
+                              "ENDPROPERTIES\n"
+                              "CHARS 1\n"
+                              "STARTCHAR A\n"
+                              "ENCODING 65\n"
+                              "SWIDTH 1000 0\n"
+                              "DWIDTH 8 0\n"
+                              "BBX 8 1 0 0\n"
+                              "BITMAP\n"
+                              "FF\n"
+                              "ENDCHAR\n"
+                              "ENDFONT\n";
+  FaceLibrary library;
+  EXPECT_EQ(library.Open(info), nullptr);
   EXPECT_EQ(library.Open(info), nullptr);
 }
 
