@@ -7,9 +7,9 @@
 namespace quenzel7::automation {
 namespace {
 
-std::size_t biggest = 0;
-std::size_t count = 0;
-std::size_t limit = AllocationWatch::kNoLimit;
+constinit thread_local std::size_t biggest = 0;
+constinit thread_local std::size_t count = 0;
+constinit thread_local std::size_t limit = AllocationWatch::kNoLimit;
 
 }  // namespace
 

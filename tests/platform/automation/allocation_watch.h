@@ -4,8 +4,8 @@
 
 namespace quenzel7::automation {
 
-/// While it lives: notes the biggest single allocation of the program and how many there are, and refuses
-/// (std::bad_alloc) those above a limit. One at a time.
+/// While it lives: notes the biggest single allocation of its thread and how many there are, and refuses
+/// (std::bad_alloc) those above a limit. One at a time on a thread.
 class AllocationWatch {
  public:
   static constexpr std::size_t kNoLimit = static_cast<std::size_t>(-1);
