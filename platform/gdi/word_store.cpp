@@ -14,7 +14,6 @@ bool HasWideStores() { return __builtin_cpu_supports("avx2") != 0; }
                                             std::int64_t stride, std::uint32_t word) {
   constexpr std::int64_t kWords = 8;
   using Block = std::uint32_t __attribute__((vector_size(kWords * sizeof(std::uint32_t)), may_alias));
-  using AnywhereBlock = Block __attribute__((aligned(alignof(std::uint32_t))));
   if (width < kWords) {
     StoreBoxPortably(begin, width, height, stride, word);
     return;
@@ -23,8 +22,8 @@ bool HasWideStores() { return __builtin_cpu_supports("avx2") != 0; }
   for (std::int64_t row = 0; row < height; ++row, begin += stride) {
     // Both ends wherever they lie, the blocks between at multiples of their size.
     std::uint32_t* const last = begin + width - kWords;
-    *reinterpret_cast<AnywhereBlock*>(begin) = block;
-    *reinterpret_cast<AnywhereBlock*>(last) = block;
+    std::memcpy(begin, &block, sizeof block);
+    std::memcpy(last, &block, sizeof block);
     const auto past = reinterpret_cast<std::uintptr_t>(begin) / sizeof(word) % kWords;
     std::uint32_t* next = begin + kWords - past;
     for (; last - next >= kWords; next += 2 * kWords) {
