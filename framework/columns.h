@@ -1,6 +1,10 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -37,6 +41,56 @@ constexpr Column<Element> FieldColumn(std::string_view name) {
 template <class Element, class T, T Constant>
 constexpr Column<Element> ConstantColumn(std::string_view name) {
   return {name, [](const Element&) { return automation::Variant(Constant); }, nullptr};
+}
+
+/// The columns of a class in their order. A class whose table differs from another one's by entries makes it
+/// from that one, so that only the difference is told; an entry that is not there does not compile.
+template <class Element, std::size_t N>
+struct ColumnTable {
+  std::array<Column<Element>, N> columns;
+
+  constexpr operator std::span<const Column<Element>>() const { return columns; }
+
+  /// The table without a column.
+  constexpr ColumnTable<Element, N - 1> Without(std::string_view name) const {
+    ColumnTable<Element, N - 1> table{};
+    const auto next = std::copy_n(columns.begin(), PlaceOf(name), table.columns.begin());
+    std::copy(columns.begin() + PlaceOf(name) + 1, columns.end(), next);
+    return table;
+  }
+
+  /// The table with a column in the place of the one of its name.
+  constexpr ColumnTable With(const Column<Element>& column) const {
+    ColumnTable table = *this;
+    table.columns[PlaceOf(column.name)] = column;
+    return table;
+  }
+
+  /// The table with one more column, right after the one of that name.
+  constexpr ColumnTable<Element, N + 1> WithAfter(std::string_view name,
+                                                  const Column<Element>& column) const {
+    ColumnTable<Element, N + 1> table{};
+    auto next = std::copy_n(columns.begin(), PlaceOf(name) + 1, table.columns.begin());
+    *next++ = column;
+    std::copy(columns.begin() + PlaceOf(name) + 1, columns.end(), next);
+    return table;
+  }
+
+ private:
+  constexpr std::size_t PlaceOf(std::string_view name) const {
+    std::size_t place = 0;
+    while (columns[place].name != name) {
+      if (++place == N) throw std::out_of_range("no such column");
+    }
+    return place;
+  }
+};
+
+/// A table of the given columns.
+template <class Element, class... Columns>
+constexpr ColumnTable<Element, 1 + sizeof...(Columns)> MakeColumnTable(const Column<Element>& first,
+                                                                       const Columns&... others) {
+  return {{{first, others...}}};
 }
 
 /// Writes the columns into the recordset's current row, in the order of the table.

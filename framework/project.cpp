@@ -10,6 +10,11 @@ namespace quenzel7 {
 
 ado::ConnectionRef ProjectConnection() { return Platform::Current().projectDatabase->OpenConnection(); }
 
+ado::RecordsetRef OpenRowsForWriting(const std::string& query) {
+  return ado::OpenRecordset(*ProjectConnection(), query, ado::adOpenStatic, ado::adLockOptimistic,
+                            ado::adCmdText);
+}
+
 Long CurrentDisplayID() { return Platform::Current().globalValues->Value(corvane1::kOpenPageValue); }
 
 Long NewUniqueNumber() { return Platform::Current().numberGenerator->NewUniqueNumber(); }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "platform/ado/connection.h"
 #include "platform/automation/types.h"
 
@@ -8,6 +10,10 @@ namespace quenzel7 {
 
 /// The open connection of the project; error 91 when no project is open.
 ado::ConnectionRef ProjectConnection();
+
+/// The rows that a query of the open project gives, to be changed: static, with optimistic locking. Errors of
+/// ProjectConnection and of the database.
+ado::RecordsetRef OpenRowsForWriting(const std::string& query);
 
 /// The number of the page that the host has open.
 Long CurrentDisplayID();

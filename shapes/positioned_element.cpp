@@ -66,23 +66,27 @@ bool PositionedElement::ItfHmiElement_LoadFromDB(ado::Recordset& pRsElement) {
 }
 
 bool PositionedElement::SaveToDB() {
-  const auto row =
-      ado::OpenRecordset(*ProjectConnection(), "SELECT * FROM HMI_ELEMENTS WHERE ID=" + std::to_string(id_),
-                         ado::adOpenStatic, ado::adLockOptimistic, ado::adCmdText);
+  const auto row = OpenRowsForWriting("SELECT * FROM HMI_ELEMENTS WHERE ID=" + std::to_string(id_));
   const bool isNew = id_ == kNone;
   if (isNew) {
     row->AddNew();
     row->Put("GUID", NewUniqueNumber());
-    orderIndex_ = NextOrderIndex();
+    GiveOrder(*row);
   }
   WriteRow(*row);
   row->Update();
-  id_ = automation::To<Long>(row->Get("ID"));
+  ReadBack(*row);
   row->Close();
   NotifyElementChanged(id_);
   if (isNew) NotifyPageChanged(CurrentDisplayID());
   return true;
 }
+
+void PositionedElement::GiveOrder(ado::Recordset&) { orderIndex_ = NextOrderIndex(); }
+
+void PositionedElement::PutNextOrder(ado::Recordset& newRow) { newRow.Put("OrderIndex", NextOrderIndex()); }
+
+void PositionedElement::ReadBack(const ado::Recordset& row) { id_ = automation::To<Long>(row.Get("ID")); }
 
 void PositionedElement::ItfHmiElement_DeleteFromDB() {
   const ado::ConnectionRef connection = ProjectConnection();

@@ -6,8 +6,8 @@
 #include "framework/columns.h"
 #include "framework/element_contract.h"
 #include "framework/position.h"
-#include "framework/project.h"
 #include "platform/automation/collection.h"
+#include "shapes/element_columns.h"
 
 namespace quenzel7 {
 
@@ -41,6 +41,14 @@ class PositionedElement : public ItfHmiElement {
   virtual void WriteRow(ado::Recordset& row) const = 0;
   /// Takes all columns that the class reads from the row.
   virtual void ReadRow(const ado::Recordset& row) = 0;
+
+  /// Gives a new row its place in the drawing order of the page; here in the field, which is then written
+  /// with the other columns.
+  virtual void GiveOrder(ado::Recordset& newRow);
+  /// The same in the row alone, for classes that leave the field as it is.
+  static void PutNextOrder(ado::Recordset& newRow);
+  /// Takes from a row just written what only the database knows: its key.
+  virtual void ReadBack(const ado::Recordset& row);
 
   /// Copies what every element has from another one through the writers of the default interface, in two
   /// parts, since the fields of the class come between them.
@@ -95,12 +103,8 @@ class PositionedElement : public ItfHmiElement {
   Long ItfHmiElement_OrderIndex() const override { return orderIndex_; }
   void ItfHmiElement_OrderIndex(Long pValue) override { orderIndex_ = pValue; }
 
-  /// ID, address or group that is not there.
-  static constexpr Long kNone = -1;
-
-  /// Entries of column tables that elements share.
-  ///
-  /// One number of descriptor 1. Loading goes through the property's writer: it sets all four descriptors.
+  /// An entry of column tables: one number of descriptor 1. Loading goes through the property's writer: it
+  /// sets all four descriptors.
   template <class Element, Long Descriptor::*Number>
   static constexpr Column<Element> PositionColumn(std::string_view name) {
     return {name, [](const Element& element) { return automation::Variant(element.Initial().*Number); },
@@ -108,27 +112,6 @@ class PositionedElement : public ItfHmiElement {
               element.position_.SetAll(Number, automation::To<Long>(value));
             }};
   }
-  /// The number of the class.
-  template <class Element>
-  static constexpr Column<Element> TypeColumn() {
-    return {"Type", [](const Element& element) { return automation::Variant(element.ElementType()); },
-            nullptr};
-  }
-  /// The page that the host has open.
-  template <class Element>
-  static constexpr Column<Element> DisplayColumn() {
-    return {"DisplayID", [](const Element&) { return automation::Variant(CurrentDisplayID()); }, nullptr};
-  }
-  /// What an element without the property writes: 0 in 16 bits, or no operand.
-  template <class Element>
-  static constexpr Column<Element> ZeroColumn(std::string_view name) {
-    return ConstantColumn<Element, Integer, 0>(name);
-  }
-  template <class Element>
-  static constexpr Column<Element> NoOperandColumn(std::string_view name) {
-    return ConstantColumn<Element, Long, kNone>(name);
-  }
-
   Long id_ = kNone;
   Long groupId_ = kNone;
   Position position_;

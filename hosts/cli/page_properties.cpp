@@ -15,7 +15,8 @@ using automation::Member;
 constexpr std::string_view kPosition[] = {"Xs", "Ys", "Dx", "Dy"};
 
 bool IsPageProperty(const Member& member) {
-  return member.get && member.put && member.mark != Mark::Identity && IsPageFileType(member.type);
+  return member.get && member.put && member.mark != Mark::Identity && member.mark != Mark::NotCarried &&
+         IsPageFileType(member.type);
 }
 
 }  // namespace

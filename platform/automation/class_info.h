@@ -65,6 +65,8 @@ enum class Mark : Byte {
   Identity = 1,
   /// Held by the object only: saving leaves it out.
   NotStored = 2,
+  /// Only the slot is there: reading gives 0 and writing does nothing.
+  NotCarried = 3,
 };
 
 /// One published member of an interface: what it is and the thunks that call it on an object of the

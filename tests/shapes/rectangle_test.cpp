@@ -819,7 +819,7 @@ TEST_F(Rectangle, DrawOnAWrongContextDoesNothing) {
 /// A rectangle with its handles in reach.
 class ProbedShape final : public FilledShape {
  public:
-  ProbedShape() : FilledShape({0, 0, 0, 1}) {}
+  ProbedShape() : FilledShape(Stroke{0, 0, 1}, 0) {}
   const automation::ClassInfo& Class() const override { return clsRectangle::ClassOf(); }
   using FilledShape::DrawPickUps;
 

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <type_traits>
+
+#include "framework/element_types.h"
+#include "platform/automation/member.h"
+#include "shapes/filled_shape.h"
+
+namespace quenzel7 {
+
+#define QUENZEL7_SHAPE_PROPERTY(Type, Name, ...)                        \
+  automation::Property<Type>(#Name, {}, AUTOMATION_GETTER(Shape, Name), \
+                             AUTOMATION_SETTER(Shape, Type, Name) __VA_OPT__(, ) __VA_ARGS__)
+
+/// The default interface of a shape, in slot order. A line has the slots of a body, too; it does not carry
+/// them.
+template <class Shape>
+struct ShapeMembers {
+  static constexpr bool kHasBody = std::is_base_of_v<FilledShape, Shape>;
+  static constexpr automation::Mark kBody = kHasBody ? automation::Mark::None : automation::Mark::NotCarried;
+  static constexpr automation::Mark kFill =
+      kHasBody ? automation::Mark::NotStored : automation::Mark::NotCarried;
+
+  static constexpr automation::Member kMembers[] = {
+      automation::PutRefProperty<automation::CollectionRef>(
+          "ColOpPropBag", "Operand bags of the element, taken by reference.",
+          AUTOMATION_SETTER(Shape, automation::CollectionRef, ColOpPropBag)),
+      QUENZEL7_SHAPE_PROPERTY(Long, VisibleOpAddr),
+      QUENZEL7_SHAPE_PROPERTY(Long, TouchOprndAddr),
+      QUENZEL7_SHAPE_PROPERTY(enHatchStyle, HatchStyle, kBody),
+      QUENZEL7_SHAPE_PROPERTY(Long, PenWidth),
+      QUENZEL7_SHAPE_PROPERTY(enPenStyle, PenStyle),
+      QUENZEL7_SHAPE_PROPERTY(enFillStyle, FillStyle, kFill),
+      QUENZEL7_SHAPE_PROPERTY(Long, ColorHatch, kBody),
+      QUENZEL7_SHAPE_PROPERTY(Long, ColorFore),
+      QUENZEL7_SHAPE_PROPERTY(Long, ColorBack),
+      QUENZEL7_SHAPE_PROPERTY(Long, GroupID, automation::Mark::Identity),
+      QUENZEL7_SHAPE_PROPERTY(Long, ID, automation::Mark::Identity),
+      QUENZEL7_SHAPE_PROPERTY(Long, Xs),
+      QUENZEL7_SHAPE_PROPERTY(Long, Ys),
+      QUENZEL7_SHAPE_PROPERTY(Long, Dx),
+      QUENZEL7_SHAPE_PROPERTY(Long, Dy),
+      automation::Method<Shape, &Shape::SaveToDB>("SaveToDB", "Writes the element's row; always True."),
+      automation::Method<Shape, &ItfHmiElement::CreateStaticElementPrinterReport>(
+          "ItfHmiElement_CreateStaticElementPrinterReport",
+          "Writes the element's lines into a printed report."),
+      QUENZEL7_SHAPE_PROPERTY(Long, ColorForeTouch),
+      QUENZEL7_SHAPE_PROPERTY(Long, ColorBackTouch),
+      QUENZEL7_SHAPE_PROPERTY(Long, OrderIndex, automation::Mark::Identity),
+  };
+};
+
+#undef QUENZEL7_SHAPE_PROPERTY
+
+/// What every class of shapes that hosts create tells about itself: its name, its interfaces, its number, and
+/// how a replica is made. `Shape` is the class, `Base` the shape that it is.
+template <class Shape, class Base, ElementTypeNumber Type>
+class ShapeClass : public Base {
+ public:
+  static const automation::ClassInfo& ClassOf() {
+    static const std::string interfaceName = "_" + std::string(Shape::kClassName);
+    static const automation::Interface interface(interfaceName, ShapeMembers<Shape>::kMembers);
+    static const automation::Interface* const interfaces[] = {&interface, &ItfHmiElement::InterfaceOf()};
+    static const automation::ClassInfo info{
+        Shape::kClassName, interfaces, []() -> automation::ObjectRef { return std::make_shared<Shape>(); }};
+    return info;
+  }
+  const automation::ClassInfo& Class() const override { return ClassOf(); }
+
+ protected:
+  using Base::Base;
+
+ private:
+  Long ItfHmiElement_ElementType() const override { return Type; }
+  std::shared_ptr<ItfHmiElement> ItfHmiElement_Replica() override {
+    auto copy = std::make_shared<Shape>();
+    this->CopyTo(*copy);
+    return copy;
+  }
+};
+
+}  // namespace quenzel7
