@@ -1,11 +1,17 @@
 #include "shapes/shape_classes.h"
 
+#include "shapes/ellipse.h"
+#include "shapes/group.h"
+#include "shapes/line.h"
 #include "shapes/rectangle.h"
+#include "shapes/round_rect.h"
 
 namespace quenzel7 {
 
 std::span<const automation::ClassInfo* const> ShapeClasses() {
-  static const automation::ClassInfo* const classes[] = {&clsRectangle::ClassOf()};
+  static const automation::ClassInfo* const classes[] = {&clsRectangle::ClassOf(), &clsEllipse::ClassOf(),
+                                                         &clsRoundRect::ClassOf(), &clsLine::ClassOf(),
+                                                         &clsGroup::ClassOf()};
   return classes;
 }
 

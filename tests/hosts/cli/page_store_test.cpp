@@ -333,7 +333,8 @@ TEST_F(PageStoreTest, EveryPropertyOfEveryClassComesBackWithEveryValue) {
         page["elements"].push_back(element);
       }
     }
-    ASSERT_FALSE(trials.empty());
+    ASSERT_EQ(trials.empty(), elementClass->name == "clsGroup");
+    if (trials.empty()) continue;
     const std::string text = page.dump();
     Import(text);
     Open(corvane1::ProjectMode::ReadOnly);

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "shapes/shape_class.h"
+
+namespace quenzel7 {
+
+/// A straight line between two points of a page. Its size is a vector that may be negative or 0; it is
+/// stretched by its two ends and has no body: the members of a body read 0 and ignore writes.
+class clsLine final : public ShapeClass<clsLine, StrokedShape, kLineElement> {
+ public:
+  static constexpr std::string_view kClassName = "clsLine";
+
+  /// Takes colour and width from the settings. Error 13 when a setting is no number.
+  clsLine();
+
+ private:
+  void Paint(Long hdc) const override;
+  void WriteRow(ado::Recordset& row) const override;
+  void ReadRow(const ado::Recordset& row) override;
+
+  enPickUpDirection ItfHmiElement_GetPupDirection(Long pX, Long Py, Long pWidth) const override;
+  void ItfHmiElement_Stretch(Long pDx, Long pDy, Long pDirection) override;
+  bool ItfHmiElement_HitTestByPoint(Long pX, Long Py) const override;
+  bool ItfHmiElement_HitTestByRect(Long pRectXs, Long pRectYs, Long pRectDx, Long pRectDy) const override;
+};
+
+}  // namespace quenzel7
