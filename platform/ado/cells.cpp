@@ -1,53 +1,74 @@
 #include "platform/ado/cells.h"
 
+#include <bit>
+#include <utility>
+
 namespace quenzel7::ado {
 
 using automation::Variant;
 
 void Cells::Clear() {
-  cells_.clear();
+  size_ = 0;
+  groups_.clear();
   shared_.clear();
 }
 
-void Cells::Erase(std::size_t first, std::size_t count) {
-  const auto begin = cells_.begin() + static_cast<std::ptrdiff_t>(first);
-  cells_.erase(begin, begin + static_cast<std::ptrdiff_t>(count));
+void Cells::Resize(std::size_t size) {
+  // Groups are Null when they are made; of the last one a part may have been in use.
+  groups_.resize(GroupsOf(size));
+  for (; size_ < size && size_ % kGroup != 0; ++size_) SetNull(size_);
+  size_ = size;
 }
 
-Variant Cells::GetOther(const Cell& cell) const {
-  switch (cell.kind) {
+void Cells::Erase(std::size_t first, std::size_t count) {
+  for (std::size_t place = first; place + count < size_; ++place) {
+    SetWord(place, KindAt(place + count), WordAt(place + count));
+  }
+  Resize(size_ - count);
+}
+
+void Cells::Arrange(const std::vector<std::size_t>& rows, std::size_t width) {
+  size_ = rows.size() * width;
+  const std::vector<Group> before = std::exchange(groups_, std::vector<Group>(GroupsOf(size_)));
+  std::size_t place = 0;
+  for (const std::size_t row : rows) {
+    for (std::size_t from = row * width; from < (row + 1) * width; ++from) {
+      const Group& group = before[from / kGroup];
+      SetWord(place++, group.kinds[from % kGroup], group.words[from % kGroup]);
+    }
+  }
+}
+
+Variant Cells::GetOther(std::size_t place) const {
+  const std::int64_t word = WordAt(place);
+  switch (KindAt(place)) {
     case Kind::Null:
       return automation::NullValue{};
     case Kind::Long:
-      return static_cast<Long>(cell.whole);
+      return static_cast<Long>(word);
     case Kind::Double:
-      return cell.real;
+      return std::bit_cast<Double>(word);
     case Kind::Currency:
-      return Currency{cell.whole};
+      return Currency{word};
     case Kind::Shared:
       break;
   }
-  return shared_[cell.shared];
+  return shared_[static_cast<std::size_t>(word)];
 }
 
 void Cells::Set(std::size_t place, const Variant& value) {
-  Cell& cell = cells_[place];
   if (const Long* number = value.If<Long>()) {
-    cell.kind = Kind::Long;
-    cell.whole = *number;
+    SetLong(place, *number);
   } else if (value.IsNull()) {
-    cell.kind = Kind::Null;
+    SetNull(place);
   } else if (const Double* real = value.If<Double>()) {
-    cell.kind = Kind::Double;
-    cell.real = *real;
+    SetWord(place, Kind::Double, std::bit_cast<std::int64_t>(*real));
   } else if (const Currency* currency = value.If<Currency>()) {
-    cell.kind = Kind::Currency;
-    cell.whole = currency->tenThousandths;
-  } else if (cell.kind == Kind::Shared) {
-    shared_[cell.shared] = value;
+    SetWord(place, Kind::Currency, currency->tenThousandths);
+  } else if (KindAt(place) == Kind::Shared) {
+    shared_[static_cast<std::size_t>(WordAt(place))] = value;
   } else {
-    cell.kind = Kind::Shared;
-    cell.shared = shared_.size();
+    SetWord(place, Kind::Shared, std::ssize(shared_));
     shared_.push_back(value);
   }
 }
