@@ -327,6 +327,19 @@ std::size_t FromOfSingleTable(const Tokens& tokens) {
   return atClause() ? from : 0;
 }
 
+/// Whether a query of one table is ordered by names only, and not by places in its select list, if at all.
+bool IsOrderedByNames(const Tokens& tokens, std::size_t from) {
+  int depth = 0;
+  bool inOrder = false;
+  for (std::size_t place = from; place < tokens.Size(); ++place) {
+    const Token token = tokens[place];
+    depth += static_cast<int>(token.Is('(')) - static_cast<int>(token.Is(')'));
+    if (inOrder && !token.IsName() && !token.Is('.') && !token.Is(',')) return false;
+    if (depth == 0 && token.Is("ORDER")) inOrder = true;
+  }
+  return true;
+}
+
 }  // namespace
 
 void LiftLiterals(std::string_view statement, LiftedStatement& lifted) {
@@ -383,6 +396,7 @@ TranslatedStatement TranslateJet(std::string_view statement) {
   const Tokens tokens(statement);
   const std::size_t from = FromOfSingleTable(tokens);
   translated.isSingleTableQuery = from != 0;
+  translated.givesWholeRows = from == 2 && tokens[1].Is('*') && IsOrderedByNames(tokens, from);
   std::string& text = translated.text;
   std::size_t place = 0;
   if (tokens[0].Is("DELETE")) {

@@ -41,6 +41,8 @@ struct TranslatedStatement {
   /// The statement gives plain rows of one table: no DISTINCT, joins, groups, unions or limits. Its select
   /// list is text[selectListBegin, selectListEnd).
   bool isSingleTableQuery = false;
+  /// Of such a query: its select list is "*", and it is ordered by nothing but names.
+  bool givesWholeRows = false;
   std::size_t selectListBegin = 0;
   std::size_t selectListEnd = 0;
 };

@@ -97,6 +97,7 @@ void SqliteDatabase::Open(const std::string& path, const OpenOptions& options) {
   sqlite3_busy_timeout(handle_, options.busyTimeout);
   // A name in double quotes is never taken for a text: a missing column has to be an error.
   sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  taker_.AddTo(handle_);
   Run("PRAGMA foreign_keys=ON");
   if (inspect) sqlite3_db_config(handle_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
   if (readOnly_) {
@@ -116,6 +117,8 @@ void SqliteDatabase::RaiseError(std::string_view statement) const {
   throw AutomationError(ErrorNumber::Database,
                         std::string(sqlite3_errmsg(handle_)) + "; in: " + std::string(statement));
 }
+
+bool SqliteDatabase::IsStatementWrong() const { return sqlite3_errcode(handle_) == SQLITE_ERROR; }
 
 void SqliteDatabase::Run(const char* statement) {
   if (sqlite3_exec(Handle(), statement, nullptr, nullptr, nullptr) != SQLITE_OK) RaiseError(statement);
@@ -157,7 +160,9 @@ SqliteQuery& SqliteDatabase::Prepare(std::string_view statement, SqliteQuery::Us
     } catch (const AutomationError&) {
       if (lifted_.literals.empty()) throw;
       // With the literals in their places it either works or gives a message that shows what was written.
-      passing_ = std::make_unique<SqliteQuery>(*this, statement, statement, use);
+      // It runs once, which is not worth compiling it for taken rows too.
+      passing_ = std::make_unique<SqliteQuery>(
+          *this, statement, statement, use == SqliteQuery::Use::TakenRows ? SqliteQuery::Use::Rows : use);
       ++numberState_;
       return *passing_;
     }

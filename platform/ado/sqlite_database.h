@@ -10,6 +10,7 @@
 #include <unordered_map>
 
 #include "platform/ado/jet_dialect.h"
+#include "platform/ado/row_taker.h"
 #include "platform/ado/sqlite_connection.h"
 #include "platform/ado/sqlite_query.h"
 
@@ -66,6 +67,11 @@ class SqliteDatabase {
   }
   void SetObserver(SqliteConnection::StatementObserver observer) { observer_ = std::move(observer); }
 
+  /// What the rows of SqliteQuery::Use::TakenRows are handed to.
+  RowTaker& Taker() { return taker_; }
+  /// Whether the engine's last error lies in the statement itself, and not in what hinders it.
+  bool IsStatementWrong() const;
+
   /// How many statements were compiled since the database was opened.
   std::size_t Compiled() const { return compiled_; }
 
@@ -89,6 +95,7 @@ class SqliteDatabase {
   /// The statement that is about to run, put first among those that are kept.
   SqliteQuery& MakeLatest(KeptList::iterator kept);
 
+  RowTaker taker_;
   sqlite3* handle_ = nullptr;
   bool readOnly_ = false;
   bool inTransaction_ = false;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/ado/row_taker.h"
 #include "platform/ado/sqlite_database.h"
 #include "platform/automation/automation_error.h"
 #include "platform/automation/class_info.h"
@@ -27,6 +28,12 @@ std::string QuotedName(std::string_view name) {
   return quoted + "\"";
 }
 
+std::string QuotedNames(const std::vector<std::string>& names) {
+  std::string list;
+  for (const std::string& name : names) list.append(list.empty() ? "" : ",").append(QuotedName(name));
+  return list;
+}
+
 std::string_view View(const char* text) { return text ? std::string_view(text) : std::string_view(); }
 
 std::vector<std::string> ColumnNames(const SqliteStatement& query, int first) {
@@ -46,7 +53,7 @@ SqliteShape::SqliteShape(SqliteDatabase& database, const SqliteStatement& query,
   bool allInTable = rowIds;
   for (int column = first; column < query.ColumnCount(); ++column) {
     const bool isCurrency = EqualFolded(View(sqlite3_column_decltype(handle, column)), "CURRENCY");
-    kinds_.push_back(isCurrency ? SqliteStatement::ColumnKind::Currency : SqliteStatement::ColumnKind::Plain);
+    kinds_.push_back(isCurrency ? ColumnKind::Currency : ColumnKind::Plain);
     origins_.emplace_back(View(sqlite3_column_origin_name(handle, column)));
     allInTable = allInTable && !origins_.back().empty();
   }
@@ -122,13 +129,8 @@ SqliteStatement& SqliteShape::Delete() {
 
 SqliteStatement& SqliteShape::Select() {
   if (!select_) {
-    std::string names;
-    for (const std::string& origin : origins_) {
-      if (!names.empty()) names += ',';
-      names += QuotedName(origin);
-    }
-    select_ = std::make_unique<SqliteStatement>(
-        database_, "SELECT " + names + " FROM " + QuotedName(table_->name) + " WHERE rowid=?");
+    select_ = std::make_unique<SqliteStatement>(database_, "SELECT " + QuotedNames(origins_) + " FROM " +
+                                                               QuotedName(table_->name) + " WHERE rowid=?");
   }
   return *select_;
 }
@@ -137,8 +139,10 @@ SqliteQuery::SqliteQuery(SqliteDatabase& database, std::string_view statement, s
                          Use use)
     : database_(database), use_(Use::Rows) {
   const TranslatedStatement jet = TranslateJet(statement);
-  if (use != Use::Rows && jet.isSingleTableQuery) PrepareWithNumbers(jet, use);
+  const bool numbered = use == Use::ChangeableRows || use == Use::Keys;
+  if (numbered && jet.isSingleTableQuery) PrepareWithNumbers(jet, use);
   if (use_ == Use::Rows) statement_ = std::make_unique<SqliteStatement>(database, jet.text, shown);
+  if (use == Use::TakenRows && jet.givesWholeRows) PrepareTaken(jet);
   isQuery_ = statement_->ColumnCount() > 0;
   writes_ = sqlite3_stmt_readonly(statement_->Handle()) == 0;
 }
@@ -161,7 +165,30 @@ void SqliteQuery::PrepareWithNumbers(const TranslatedStatement& jet, Use use) {
                                 : std::move(whole);
 }
 
+void SqliteQuery::PrepareTaken(const TranslatedStatement& jet) {
+  const std::shared_ptr<SqliteShape> shape = Shape();
+  const std::string call = std::string(RowTaker::kFunction) + "(" + QuotedNames(shape->Names()) + ")";
+  std::unique_ptr<SqliteStatement> taken;
+  try {
+    taken = std::make_unique<SqliteStatement>(
+        database_, jet.text.substr(0, jet.selectListBegin) + " " + call + jet.text.substr(jet.selectListEnd));
+  } catch (const AutomationError&) {
+    // More columns than a function can have arguments.
+    return;
+  }
+  use_ = Use::TakenRows;
+  wholeText_ = jet.text;
+  statement_ = std::move(taken);
+}
+
+void SqliteQuery::TakeNoMore(std::string_view shown) {
+  statement_ = std::make_unique<SqliteStatement>(database_, wholeText_, shown);
+  use_ = Use::Rows;
+  shape_.reset();
+}
+
 const std::shared_ptr<SqliteShape>& SqliteQuery::Shape() {
+  if (use_ == Use::TakenRows) return shape_;
   const int recompiled = statement_->Recompiled();
   if (shape_ && recompiled == recompiled_) return shape_;
   recompiled_ = recompiled;

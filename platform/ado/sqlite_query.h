@@ -41,8 +41,9 @@ class SqliteShape {
 
   int ColumnCount() const { return static_cast<int>(columns_.Names().size()); }
   int Find(std::string_view column) const { return columns_.Find(column); }
-  const std::string& Name(int column) const { return columns_.Names()[static_cast<std::size_t>(column)]; }
-  SqliteStatement::ColumnKind Kind(int column) const { return kinds_[static_cast<std::size_t>(column)]; }
+  const std::vector<std::string>& Names() const { return columns_.Names(); }
+  ColumnKind Kind(int column) const { return kinds_[static_cast<std::size_t>(column)]; }
+  const std::vector<ColumnKind>& Kinds() const { return kinds_; }
   /// The table, or nullptr when rows of this query cannot be changed.
   const SqliteTable* Table() const { return table_ ? &*table_ : nullptr; }
   /// The column that is the row's number, or ColumnIndex::kNone.
@@ -71,7 +72,7 @@ class SqliteShape {
 
   SqliteDatabase& database_;
   ColumnIndex columns_;
-  std::vector<SqliteStatement::ColumnKind> kinds_;
+  std::vector<ColumnKind> kinds_;
   /// The columns' names in the table.
   std::vector<std::string> origins_;
   std::optional<SqliteTable> table_;
@@ -87,6 +88,10 @@ class SqliteQuery {
   enum class Use : char {
     /// The rows are only read.
     Rows = 'r',
+    /// The rows are only read, each as a whole: the statement hands them to the database's row taker and
+    /// gives
+    /// their numbers there.
+    TakenRows = 't',
     /// The rows are copied and can be changed: the row's number comes before the columns.
     ChangeableRows = 'c',
     /// Only the numbers of the rows are wanted.
@@ -94,7 +99,7 @@ class SqliteQuery {
   };
 
   /// Compiles a Jet statement; errors show the text `shown`. Where its rows cannot be found again by number,
-  /// the use becomes Rows.
+  /// or taken, the use becomes Rows.
   SqliteQuery(SqliteDatabase& database, std::string_view statement, std::string_view shown, Use use);
 
   /// What the statement gives; it may be another than asked for.
@@ -104,16 +109,20 @@ class SqliteQuery {
   bool Writes() const { return writes_; }
   /// Whether the statement gives rows.
   bool IsQuery() const { return isQuery_; }
-  /// The columns of the rows; read anew when the schema has changed.
+  /// The columns of the rows; of other than taken rows read anew when the schema has changed.
   const std::shared_ptr<SqliteShape>& Shape();
+  /// Compiles the statement once more, for Rows.
+  void TakeNoMore(std::string_view shown);
 
  private:
   void PrepareWithNumbers(const TranslatedStatement& jet, Use use);
+  void PrepareTaken(const TranslatedStatement& jet);
 
   SqliteDatabase& database_;
   Use use_;
   std::unique_ptr<SqliteStatement> statement_;
-  /// Of ChangeableRows and Keys the statement that reads the row's number and its columns.
+  /// The statement that reads the columns: of ChangeableRows and Keys behind the row's number, of TakenRows
+  /// as they are.
   std::string wholeText_;
   bool isQuery_;
   bool writes_;

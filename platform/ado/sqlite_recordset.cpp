@@ -19,8 +19,8 @@ using automation::Variant;
 using automation::VariantKind;
 
 /// A value as a column holds it before the database has seen it: a value kind that Get gives.
-Variant CellOf(const Variant& value, SqliteStatement::ColumnKind kind) {
-  if (kind == SqliteStatement::ColumnKind::Currency && !value.IsNull() && !value.IsEmpty()) {
+Variant CellOf(const Variant& value, ColumnKind kind) {
+  if (kind == ColumnKind::Currency && !value.IsNull() && !value.IsEmpty()) {
     return automation::To<Currency>(value);
   }
   switch (value.Kind()) {
@@ -74,15 +74,57 @@ void SqliteRecordset::Open(const std::string& source, Connection& connection, Cu
   lock_ = lock;
   const bool onDemand = cursor == adOpenKeyset || cursor == adOpenDynamic;
   Run(source, onDemand                 ? SqliteQuery::Use::Keys
-              : lock == adLockReadOnly ? SqliteQuery::Use::Rows
+              : lock == adLockReadOnly ? SqliteQuery::Use::TakenRows
                                        : SqliteQuery::Use::ChangeableRows);
 }
 
-void SqliteRecordset::Execute(const std::string& statement) { Run(statement, SqliteQuery::Use::Rows); }
+void SqliteRecordset::Execute(const std::string& statement) { Run(statement, SqliteQuery::Use::TakenRows); }
 
 void SqliteRecordset::Run(const std::string& source, SqliteQuery::Use use) {
   database_->Observe(source);
-  SqliteQuery& query = database_->Prepare(source, use);
+  SqliteQuery* query = &database_->Prepare(source, use);
+  if (query->ActualUse() == SqliteQuery::Use::TakenRows) {
+    if (TakeRows(*query, source)) return;
+    query->TakeNoMore(source);
+    query = &database_->Prepare(source, use);
+  }
+  ReadRows(*query, source);
+}
+
+bool SqliteRecordset::TakeRows(SqliteQuery& query, const std::string& source) {
+  SqliteStatement& statement = query.Statement();
+  const std::shared_ptr<SqliteShape>& shape = query.Shape();
+  const RowTaker::Taking taking(database_->Taker(), shape->Kinds(), cells_);
+  bool inOrder = true;
+  try {
+    while (statement.Step(source)) {
+      const std::int64_t number = statement.Integer(0);
+      inOrder = inOrder && number == std::ssize(rows_);
+      rows_.push_back({number, false});
+    }
+  } catch (...) {
+    const bool isWrong = database_->IsStatementWrong();
+    statement.Reset();
+    Forget();
+    if (isWrong) return false;
+    throw;
+  }
+  if (statement.Recompiled() != 0) {
+    // The table may have other columns now.
+    Forget();
+    return false;
+  }
+  if (!inOrder) {
+    std::vector<std::size_t> order;
+    for (const Row& row : rows_) order.push_back(static_cast<std::size_t>(row.id));
+    cells_.Arrange(order, shape->Kinds().size());
+  }
+  changeable_ = onDemand_ = false;
+  shape_ = shape;
+  return true;
+}
+
+void SqliteRecordset::ReadRows(SqliteQuery& query, const std::string& source) {
   SqliteStatement& statement = query.Statement();
   // The columns are looked at after the first step, which may have compiled the statement again.
   bool atRow = statement.Step(source);
@@ -90,17 +132,14 @@ void SqliteRecordset::Run(const std::string& source, SqliteQuery::Use use) {
   try {
     std::shared_ptr<SqliteShape> shape = query.Shape();
     const int first = query.ActualUse() == SqliteQuery::Use::Rows ? 0 : 1;
-    const int width = shape->ColumnCount();
     onDemand_ = query.ActualUse() == SqliteQuery::Use::Keys;
-    if (onDemand_) cells_.Resize(static_cast<std::size_t>(width));
+    if (onDemand_) cells_.Resize(shape->Kinds().size());
     for (; atRow; atRow = statement.Step(source)) {
       rows_.push_back({first == 1 ? statement.Integer(0) : 0, onDemand_});
       if (onDemand_) continue;
-      std::size_t place = cells_.Size();
-      cells_.Resize(place + static_cast<std::size_t>(width));
-      for (int column = 0; column < width; ++column) {
-        statement.Read(column + first, shape->Kind(column), cells_, place++);
-      }
+      const std::size_t place = cells_.Size();
+      cells_.Resize(place + shape->Kinds().size());
+      statement.ReadRow(first, shape->Kinds(), cells_, place);
     }
     changeable_ = lock_ != adLockReadOnly && shape->Table();
     shape_ = std::move(shape);
@@ -156,10 +195,7 @@ void SqliteRecordset::ReadCurrentRow() const {
   SqliteStatement& select = shape_->Select();
   select.Bind(1, row.id);
   if (!select.Step()) RaiseRowGone(*shape_->Table(), row.id);
-  const std::size_t first = FirstCell();
-  for (int column = 0; column < shape_->ColumnCount(); ++column) {
-    select.Read(column, shape_->Kind(column), cells_, first + static_cast<std::size_t>(column));
-  }
+  select.ReadRow(0, shape_->Kinds(), cells_, FirstCell());
   select.Reset();
   row.stale = false;
 }
@@ -321,9 +357,9 @@ void SqliteRecordset::Put(std::string_view name, const Variant& value) {
   const std::size_t column = Column(name);
   if (!adding_ && CurrentRow().stale) ReadCurrentRow();
   if (written_.empty()) written_.assign(static_cast<std::size_t>(shape_->ColumnCount()), 0);
-  const SqliteStatement::ColumnKind kind = shape_->Kind(static_cast<int>(column));
+  const ColumnKind kind = shape_->Kind(static_cast<int>(column));
   const std::size_t place = FirstCell() + column;
-  if (const Long* number = value.If<Long>(); number && kind == SqliteStatement::ColumnKind::Plain) {
+  if (const Long* number = value.If<Long>(); number && kind == ColumnKind::Plain) {
     cells_.SetLong(place, *number);
   } else {
     cells_.Set(place, CellOf(value, kind));

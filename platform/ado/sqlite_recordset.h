@@ -56,6 +56,10 @@ class SqliteRecordset final : public Recordset {
   };
 
   void Run(const std::string& statement, SqliteQuery::Use use);
+  /// Opens with the rows of a query that takes them; false, still closed, where reading them column by column
+  /// may do what that could not.
+  bool TakeRows(SqliteQuery& query, const std::string& source);
+  void ReadRows(SqliteQuery& query, const std::string& source);
   bool HasRow() const { return adding_ || (!deleted_ && position_ >= 0 && position_ < std::ssize(rows_)); }
   void RequireOpen() const {
     if (!shape_ || !database_->IsOpen()) RaiseClosed();
@@ -74,8 +78,7 @@ class SqliteRecordset final : public Recordset {
   std::size_t Column(std::string_view name) const;
   /// The place of the current row's first cell.
   std::size_t FirstCell() const {
-    return onDemand_ ? 0
-                     : static_cast<std::size_t>(position_) * static_cast<std::size_t>(shape_->ColumnCount());
+    return onDemand_ ? 0 : static_cast<std::size_t>(position_) * shape_->Kinds().size();
   }
   Row& CurrentRow() const { return rows_[static_cast<std::size_t>(position_)]; }
   void ReadCurrentRow() const;

@@ -13,7 +13,6 @@
 namespace quenzel7::ado {
 
 using automation::Variant;
-using automation::VariantKind;
 
 SqliteStatement::SqliteStatement(SqliteDatabase& database, std::string_view text, std::string_view shown)
     : database_(database) {
@@ -95,40 +94,9 @@ int SqliteStatement::ColumnCount() const { return sqlite3_column_count(statement
 
 std::int64_t SqliteStatement::Integer(int column) const { return sqlite3_column_int64(statement_, column); }
 
-void SqliteStatement::Read(int column, ColumnKind kind, Cells& cells, std::size_t place) const {
-  // The connection has no lock of its own, so the value need not be protected to be looked at.
-  sqlite3_value* const value = sqlite3_column_value(statement_, column);
-  switch (sqlite3_value_type(value)) {
-    case SQLITE_INTEGER: {
-      const std::int64_t number = sqlite3_value_int64(value);
-      if (kind == ColumnKind::Currency) {
-        cells.Set(place, Currency{number});
-      } else if (number >= std::numeric_limits<Long>::min() && number <= std::numeric_limits<Long>::max()) {
-        cells.SetLong(place, static_cast<Long>(number));
-      } else {
-        cells.Set(place, static_cast<Double>(number));
-      }
-      return;
-    }
-    case SQLITE_FLOAT: {
-      const Variant number = sqlite3_value_double(value);
-      cells.Set(place, kind == ColumnKind::Currency ? Variant(automation::To<Currency>(number)) : number);
-      return;
-    }
-    case SQLITE_TEXT: {
-      const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-      cells.Set(place, std::string(text, static_cast<std::size_t>(sqlite3_value_bytes(value))));
-      return;
-    }
-    case SQLITE_BLOB: {
-      const auto* bytes = static_cast<const Byte*>(sqlite3_value_blob(value));
-      cells.Set(place, automation::Array::OfBytes(
-                           std::span(bytes, static_cast<std::size_t>(sqlite3_value_bytes(value)))));
-      return;
-    }
-    default:
-      cells.SetNull(place);
-  }
+void SqliteStatement::ReadRow(int first, std::span<const ColumnKind> kinds, Cells& cells,
+                              std::size_t place) const {
+  CopyColumns(statement_, first, kinds, cells, place);
 }
 
 int SqliteStatement::Recompiled() const {

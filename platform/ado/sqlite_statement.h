@@ -1,11 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "platform/ado/cells.h"
 #include "platform/ado/jet_dialect.h"
+#include "platform/ado/sqlite_value.h"
 #include "platform/automation/variant.h"
 
 struct sqlite3;
@@ -22,13 +25,6 @@ class SqliteDatabase;
 /// is given the message has that instead of the compiled text.
 class SqliteStatement {
  public:
-  /// What the column of a result is read as beyond what the engine says.
-  enum class ColumnKind : std::uint8_t {
-    Plain,
-    /// Whole numbers are ten-thousandths.
-    Currency,
-  };
-
   SqliteStatement(SqliteDatabase& database, std::string_view text, std::string_view shown = {});
   SqliteStatement(const SqliteStatement&) = delete;
   SqliteStatement& operator=(const SqliteStatement&) = delete;
@@ -53,8 +49,9 @@ class SqliteStatement {
 
   int ColumnCount() const;
   std::int64_t Integer(int column) const;
-  /// Copies a column of the current row into a cell.
-  void Read(int column, ColumnKind kind, Cells& cells, std::size_t place) const;
+  /// Copies columns of the current row, as many as there are `kinds`, from column `first` on, into the cells
+  /// from `place` on.
+  void ReadRow(int first, std::span<const ColumnKind> kinds, Cells& cells, std::size_t place) const;
   /// How often the engine compiled the statement again because the schema had changed.
   int Recompiled() const;
 

@@ -284,6 +284,28 @@ TEST(TranslateJet, KnowsTheSelectListOfAQueryOfOneTable) {
   EXPECT_EQ(SelectList("SELECT (SELECT B FROM S) FROM T"), " (SELECT B FROM S) ");
 }
 
+TEST(TranslateJet, KnowsWhatGivesWholeRows) {
+  for (const char* statement :
+       {"SELECT * FROM T", " select  *  from [a b] AS x where x.A = 1", "SELECT * FROM T ORDER BY A",
+        "SELECT * FROM T WHERE A=(1) ORDER BY T.A DESC, [B] ASC",
+        "SELECT * FROM T WHERE A IN (SELECT B FROM S ORDER BY 1) AND C=2"}) {
+    EXPECT_TRUE(TranslateJet(statement).givesWholeRows) << statement;
+  }
+  for (const char* statement :
+       {"SELECT A FROM T", "SELECT *, A FROM T", "SELECT A, * FROM T", "SELECT T.* FROM T", "DELETE * FROM T",
+        "SELECT * FROM T, S", "SELECT * FROM T LIMIT 1", "SELECT * FROM", "SELECT *", "INSERT * FROM T"}) {
+    EXPECT_FALSE(TranslateJet(statement).givesWholeRows) << statement;
+  }
+}
+
+TEST(TranslateJet, RowsInTheOrderOfAPlaceOrOfACalculationAreNotGivenWhole) {
+  for (const char* order : {"1", "A,1", "A,-1", "A DESC, (1)", "+1", "A+B", "'A'", "A*1", "(A)", "?"}) {
+    EXPECT_FALSE(TranslateJet(std::string("SELECT * FROM T ORDER BY ") + order).givesWholeRows) << order;
+    EXPECT_FALSE(TranslateJet(std::string("SELECT * FROM T WHERE A=(1) ORDER BY ") + order).givesWholeRows)
+        << order;
+  }
+}
+
 TEST(TranslateJet, KnowsWhatIsNoQueryOfPlainRowsOfOneTable) {
   for (const char* statement : {"SELECT DISTINCT A FROM T",
                                 "SELECT A FROM T, S",

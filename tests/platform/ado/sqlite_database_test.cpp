@@ -155,6 +155,22 @@ TEST_F(SqliteDatabaseTest, TheLastNumberIsReadOncePerTransaction) {
   EXPECT_EQ(timesRead(), 5);
 }
 
+TEST_F(SqliteDatabaseTest, TellsAWrongStatementFromWhatHindersARightOne) {
+  EXPECT_NE(test::ErrorOf([&] { Run("SELECT abs(-9223372036854775807-1)"); }), 0);
+  EXPECT_TRUE(Database().IsStatementWrong());
+  EXPECT_NE(test::ErrorOf([&] { Run("INSERT INTO Elements(ID) VALUES('x')"); }), 0);
+  EXPECT_FALSE(Database().IsStatementWrong());
+}
+
+TEST_F(SqliteDatabaseTest, AStatementThatCannotBeKeptReadsItsRows) {
+  Run("INSERT INTO Elements(Xs,Name) VALUES(1,'x')");
+  const std::string query = "SELECT * FROM Elements WHERE CAST(Name AS VARCHAR(5))='x'";
+  EXPECT_EQ(Database().Prepare(query, SqliteQuery::Use::TakenRows).ActualUse(), SqliteQuery::Use::Rows);
+  EXPECT_EQ(Database().Prepare(query, SqliteQuery::Use::ChangeableRows).ActualUse(),
+            SqliteQuery::Use::ChangeableRows);
+  EXPECT_EQ(Rows(query, {"Xs", "Name"}), Lines{"1|x"});
+}
+
 TEST_F(SqliteDatabaseTest, AStatementWithoutAnythingDoesNothing) {
   EXPECT_EQ(test::RaisedBy([&] { Run(""); }).description, "the statement is empty");
   EXPECT_EQ(test::RaisedBy([&] { Run(" ; "); }).description, "the statement is empty");

@@ -12,7 +12,7 @@ namespace quenzel7::ado {
 namespace {
 
 using Use = SqliteQuery::Use;
-using Kind = SqliteStatement::ColumnKind;
+using Kind = ColumnKind;
 
 class SqliteQueryTest : public DatabaseTest {
  protected:
@@ -34,6 +34,72 @@ TEST_F(SqliteQueryTest, BecomesRowsForEverythingElse) {
           "SELECT Xs, Xs+1 FROM Elements", "SELECT * FROM Shown", "DELETE FROM Elements"}) {
       EXPECT_EQ(Query(statement, use).ActualUse(), Use::Rows) << statement;
     }
+  }
+}
+
+TEST_F(SqliteQueryTest, WholeRowsAreTaken) {
+  Run("CREATE VIEW Shown AS SELECT Xs AS A, Xs AS B, ID+1 FROM Elements");
+  for (const char* statement : {"SELECT * FROM Elements", "SELECT * FROM Links", "SELECT * FROM Shown"}) {
+    SqliteQuery query = Query(statement, Use::TakenRows);
+    EXPECT_EQ(query.ActualUse(), Use::TakenRows) << statement;
+    EXPECT_TRUE(query.IsQuery());
+    EXPECT_FALSE(query.Writes());
+    EXPECT_EQ(query.Statement().ColumnCount(), 1);
+    EXPECT_EQ(Query(statement, Use::Rows).ActualUse(), Use::Rows);
+  }
+  for (const char* statement : {"SELECT Xs FROM Elements", "SELECT * FROM Elements ORDER BY 1",
+                                "DELETE * FROM Elements", "SELECT DISTINCT * FROM Elements"}) {
+    EXPECT_EQ(Query(statement, Use::TakenRows).ActualUse(), Use::Rows) << statement;
+  }
+}
+
+TEST_F(SqliteQueryTest, TakenRowsHaveTheShapeOfTheRows) {
+  SqliteQuery query = Query("SELECT * FROM Elements", Use::TakenRows);
+  const auto shape = query.Shape();
+  EXPECT_EQ(shape->ColumnCount(), 8);
+  EXPECT_EQ(shape->Find("Any"), 7);
+  EXPECT_EQ(shape->Kinds(), (std::vector<Kind>{Kind::Plain, Kind::Plain, Kind::Plain, Kind::Plain,
+                                               Kind::Plain, Kind::Plain, Kind::Currency, Kind::Plain}));
+  EXPECT_EQ(shape->Table(), nullptr);
+  Run("ALTER TABLE Elements ADD COLUMN More");
+  query.Statement().Step();
+  EXPECT_EQ(query.Statement().Recompiled(), 1);
+  EXPECT_EQ(query.Shape(), shape);
+}
+
+TEST_F(SqliteQueryTest, RowsAreTakenNoMoreOnceThatIsSaid) {
+  SqliteQuery query = Query("SELECT * FROM Links WHERE Place=1", Use::TakenRows);
+  EXPECT_EQ(query.Shape()->ColumnCount(), 2);
+  Run("INSERT INTO Links VALUES(7,1)");
+  Run("ALTER TABLE Links ADD COLUMN More");
+  query.TakeNoMore("as it was written");
+  EXPECT_EQ(query.ActualUse(), Use::Rows);
+  EXPECT_EQ(query.Shape()->ColumnCount(), 3);
+  ASSERT_TRUE(query.Statement().Step());
+  EXPECT_EQ(query.Statement().Integer(0), 7);
+}
+
+TEST_F(SqliteQueryTest, WhereTheTableIsGoneRowsAreStillToBeTaken) {
+  SqliteQuery query = Query("SELECT * FROM Links", Use::TakenRows);
+  Run("DROP TABLE Links");
+  EXPECT_RAISES(kDatabaseError, "no such table: Links; in: as it was written",
+                query.TakeNoMore("as it was written"));
+  EXPECT_EQ(query.ActualUse(), Use::TakenRows);
+}
+
+TEST_F(SqliteQueryTest, TablesWithMoreColumnsThanAFunctionTakesAreReadColumnByColumn) {
+  const int most = sqlite3_limit(Database().Handle(), SQLITE_LIMIT_FUNCTION_ARG, -1);
+  for (const int count : {most, most + 1}) {
+    std::string columns = "C1";
+    for (int number = 2; number <= count; ++number) columns += ",C" + std::to_string(number);
+    Run("CREATE TABLE Wide(" + columns + ")");
+    Run("INSERT INTO Wide(C" + std::to_string(count) + ") VALUES(" + std::to_string(count) + ")");
+    EXPECT_EQ(Query("SELECT * FROM Wide", Use::TakenRows).ActualUse(),
+              count == most ? Use::TakenRows : Use::Rows);
+    const auto row = Run("SELECT * FROM Wide");
+    EXPECT_EQ(row->FieldCount(), count);
+    EXPECT_EQ(row->Get("C" + std::to_string(count)), automation::Variant(Long{count}));
+    Run("DROP TABLE Wide");
   }
 }
 

@@ -1,6 +1,7 @@
 #include "platform/ado/sqlite_recordset.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <cstdint>
 #include <limits>
@@ -999,6 +1000,188 @@ TEST_F(SqliteRecordsetTest, AColumnThatWasDroppedMeanwhileIsAnErrorAndNoText) {
   EXPECT_RAISES(kDatabaseError,
                 "no such column: Name; in: SELECT \"ID\",\"Name\" FROM \"Elements\" WHERE rowid=?",
                 recordset->Get("Name"));
+}
+
+// Rows that are only read, and all of their columns.
+
+TEST_F(SqliteRecordsetTest, ReadOnlyRowsComeInTheOrderOfTheQuery) {
+  // Without an index the engine finds them in another order.
+  for (const char* xs : {"30", "10", "NULL", "20"}) {
+    Run("INSERT INTO Elements(Xs,Name) VALUES(" + std::string(xs) + ",'x' || " + xs + ")");
+  }
+  const auto recordset =
+      Open("SELECT * FROM Elements WHERE Xs>0 ORDER BY Xs DESC", adOpenStatic, adLockReadOnly);
+  EXPECT_EQ(recordset->RecordCount(), 3);
+  Lines names;
+  for (; !recordset->Eof(); recordset->MoveNext()) {
+    names.push_back(To<std::string>(recordset->Get("ID")) + recordset->Get("Name").Text());
+  }
+  EXPECT_EQ(names, (Lines{"1x30", "4x20", "2x10"}));
+  recordset->MoveFirst();
+  EXPECT_EQ(Rest(recordset), (std::vector<Long>{30, 20, 10}));
+}
+
+TEST_F(SqliteRecordsetTest, ReadOnlyRowsInTheOrderOfAColumnsPlaceComeInThatOrder) {
+  for (const char* values : {"1,9", "3,8", "2,7"})
+    Run("INSERT INTO Links VALUES(" + std::string(values) + ")");
+  EXPECT_EQ(Rows("SELECT * FROM Links ORDER BY 1", {"Element"}), (Lines{"1", "2", "3"}));
+  EXPECT_EQ(Rows("SELECT * FROM Links ORDER BY 2", {"Element"}), (Lines{"2", "3", "1"}));
+}
+
+TEST_F(SqliteRecordsetTest, OneQueryReadsDifferentRowsEachTime) {
+  Fill(3);
+  for (const Long id : {3, 1, 2, 4, 3}) {
+    const auto recordset =
+        Open("SELECT * FROM Elements WHERE ID=" + std::to_string(id), adOpenStatic, adLockReadOnly);
+    EXPECT_EQ(Rest(recordset), id == 4 ? std::vector<Long>{} : std::vector<Long>{id * 10});
+  }
+}
+
+TEST_F(SqliteRecordsetTest, TwoReadOnlyCopiesOfOneQueryDoNotMeet) {
+  Fill(2);
+  const auto first = Open("SELECT * FROM Elements WHERE ID=1", adOpenStatic, adLockReadOnly);
+  Run("UPDATE Elements SET Xs=11 WHERE ID=1");
+  const auto second = Open("SELECT * FROM Elements WHERE ID=1", adOpenStatic, adLockReadOnly);
+  EXPECT_EQ(Number(first, "Xs"), 10);
+  EXPECT_EQ(Number(second, "Xs"), 11);
+}
+
+TEST_F(SqliteRecordsetTest, EachWayOfOpeningFollowsEachOtherInOneRecordset) {
+  Fill(3);
+  const auto recordset = connection_->CreateRecordset();
+  for (const CursorType cursor :
+       {adOpenStatic, adOpenKeyset, adOpenForwardOnly, adOpenDynamic, adOpenStatic}) {
+    for (const LockType lock : {adLockReadOnly, adLockOptimistic, adLockReadOnly}) {
+      recordset->Open("SELECT * FROM Elements", *connection_, cursor, lock, adCmdText);
+      EXPECT_EQ(Rest(recordset), (std::vector<Long>{10, 20, 30})) << cursor << ' ' << lock;
+      recordset->MoveFirst();
+      if (lock == adLockReadOnly) {
+        EXPECT_RAISES(3251, "the recordset was opened read-only", recordset->Put("Xs", Long{1}));
+      } else {
+        recordset->Put("Xs", Long{1});
+      }
+      recordset->Close();
+    }
+  }
+}
+
+TEST_F(SqliteRecordsetTest, AnAmountThatDoesNotFitIsAnOverflow) {
+  Fill(2);
+  Run("UPDATE Elements SET Price=1e300 WHERE ID=2");
+  const auto recordset = connection_->CreateRecordset();
+  for (const LockType lock : {adLockReadOnly, adLockOptimistic, adLockReadOnly}) {
+    EXPECT_EQ(test::ErrorOf([&] {
+                recordset->Open("SELECT * FROM Elements", *connection_, adOpenStatic, lock, adCmdText);
+              }),
+              6)
+        << lock;
+    EXPECT_RAISES(3704, "the recordset is closed", recordset->Eof());
+  }
+  Run("UPDATE Elements SET Price=2.5 WHERE ID=2");
+  recordset->Open("SELECT * FROM Elements", *connection_, adOpenStatic, adLockReadOnly, adCmdText);
+  EXPECT_EQ(recordset->RecordCount(), 2);
+  EXPECT_TRUE(recordset->Get("Price").IsNull());
+  recordset->MoveNext();
+  EXPECT_EQ(recordset->Get("Price"), Variant(Currency{25000}));
+}
+
+TEST_F(SqliteRecordsetTest, AQueryOfWholeRowsThatFailsAtALaterRowLeavesNothing) {
+  Fill(3);
+  Run("UPDATE Elements SET Ys=-9223372036854775807-1 WHERE ID=3");
+  const auto recordset = connection_->CreateRecordset();
+  const auto open = [&](const char* query) {
+    recordset->Open(query, *connection_, adOpenStatic, adLockReadOnly, adCmdText);
+  };
+  for (int time = 0; time < 2; ++time) {
+    EXPECT_RAISES(kDatabaseError, "integer overflow; in: SELECT * FROM Elements WHERE Xs>0 OR abs(Ys)>0",
+                  (Run("UPDATE Elements SET Xs=NULL WHERE ID=3"),
+                   open("SELECT * FROM Elements WHERE Xs>0 OR abs(Ys)>0")));
+    EXPECT_RAISES(3704, "the recordset is closed", recordset->Eof());
+  }
+  open("SELECT * FROM Elements WHERE ID=1");
+  EXPECT_EQ(Rest(recordset), std::vector<Long>{10});
+}
+
+TEST_F(SqliteRecordsetTest, AQueryOfWholeRowsThatIsInterruptedLeavesNothing) {
+  Fill(100);
+  const auto recordset = connection_->CreateRecordset();
+  const auto open = [&] {
+    recordset->Open("SELECT * FROM Elements", *connection_, adOpenStatic, adLockReadOnly, adCmdText);
+  };
+  // Less than the engine's steps for a hundred rows, more than those for one.
+  sqlite3_progress_handler(
+      connection_->Database()->Handle(), 500, [](void*) { return 1; }, nullptr);
+  EXPECT_RAISES(kDatabaseError, "interrupted; in: SELECT * FROM Elements", open());
+  EXPECT_RAISES(3704, "the recordset is closed", recordset->Eof());
+  sqlite3_progress_handler(connection_->Database()->Handle(), 0, nullptr, nullptr);
+  open();
+  EXPECT_EQ(recordset->RecordCount(), 100);
+  EXPECT_EQ(Number(recordset, "Xs"), 10);
+}
+
+TEST_F(SqliteRecordsetTest, AQueryOfALockedTableIsTriedOnce) {
+  const auto own = OpenSqlite(folder_.File("locked.db"), {.mode = OpenMode::Create});
+  own->Execute("PRAGMA journal_mode=DELETE");
+  own->Execute("CREATE TABLE T(A)");
+  const auto other = OpenSqlite(folder_.File("locked.db"), {.mode = OpenMode::ReadOnly});
+  EXPECT_TRUE(other->Execute("SELECT * FROM T")->Eof());
+  int waits = 0;
+  const auto countAndGiveUp = [](void* count, int) {
+    ++*static_cast<int*>(count);
+    return 0;
+  };
+  sqlite3_busy_handler(other->Database()->Handle(), countAndGiveUp, &waits);
+  own->Execute("BEGIN EXCLUSIVE");
+  EXPECT_RAISES(kDatabaseError, "database is locked; in: SELECT * FROM T", other->Execute("SELECT * FROM T"));
+  EXPECT_EQ(waits, 1);
+  own->Execute("ROLLBACK");
+  EXPECT_TRUE(other->Execute("SELECT * FROM T")->Eof());
+}
+
+TEST_F(SqliteRecordsetTest, ReadOnlyRowsOfAChangedTableHaveTheColumnsThatItHasNow) {
+  Fill(2);
+  const std::string query = "SELECT * FROM Elements WHERE ID=2";
+  EXPECT_EQ(Run(query)->FieldCount(), 8);
+  const auto other = OpenSqlite(Path());
+  other->Execute("ALTER TABLE Elements ADD COLUMN More DEFAULT 4");
+  for (int time = 0; time < 2; ++time) {
+    const auto added = Run(query);
+    EXPECT_EQ(added->FieldCount(), 9);
+    EXPECT_EQ(Number(added, "More"), 4);
+    EXPECT_EQ(Number(added, "Xs"), 20);
+    added->MoveNext();
+    EXPECT_TRUE(added->Eof());
+  }
+  other->Execute("ALTER TABLE Elements DROP COLUMN Xs");
+  EXPECT_EQ(Run(query)->FieldCount(), 8);
+  EXPECT_EQ(Number(Run(query), "More"), 4);
+}
+
+TEST_F(SqliteRecordsetTest, ReadOnlyRowsOfATableThatLostAColumnAreReadOn) {
+  Fill(2);
+  const std::string query = "SELECT * FROM Elements WHERE ID=2";
+  EXPECT_EQ(Number(Run(query), "Xs"), 20);
+  OpenSqlite(Path())->Execute("ALTER TABLE Elements DROP COLUMN Name");
+  for (int time = 0; time < 2; ++time) {
+    const auto recordset = Run(query);
+    EXPECT_EQ(recordset->FieldCount(), 7);
+    EXPECT_EQ(Number(recordset, "Xs"), 20);
+    EXPECT_RAISES(3265, "the recordset has no column 'Name'", recordset->Get("Name"));
+  }
+}
+
+TEST_F(SqliteRecordsetTest, ReadOnlyRowsOfATableThatIsGoneAreAnErrorUntilItIsBack) {
+  Run("INSERT INTO Links VALUES(1,2)");
+  EXPECT_EQ(Rows("SELECT * FROM Links", {"Place"}), Lines{"2"});
+  EXPECT_EQ(Run("SELECT * FROM Links")->FieldCount(), 2);
+  Run("DROP TABLE Links");
+  EXPECT_RAISES(kDatabaseError, "no such table: Links; in: SELECT * FROM Links", Run("SELECT * FROM Links"));
+  Run("CREATE TABLE Links(Place, Element, Kind)");
+  Run("INSERT INTO Links VALUES(5,6,7)");
+  const auto recordset = Run("SELECT * FROM Links");
+  EXPECT_EQ(recordset->FieldCount(), 3);
+  EXPECT_EQ(Number(recordset, "Place"), 5);
+  EXPECT_EQ(Number(recordset, "Kind"), 7);
 }
 
 TEST_F(SqliteRecordsetTest, AColumnThatWasAddedShowsAtTheNextOpening) {

@@ -13,7 +13,7 @@ namespace {
 
 using automation::NullValue;
 using automation::Variant;
-using Kind = SqliteStatement::ColumnKind;
+using Kind = ColumnKind;
 
 class SqliteStatementTest : public DatabaseTest {
  protected:
@@ -21,7 +21,7 @@ class SqliteStatementTest : public DatabaseTest {
   static Variant Read(const SqliteStatement& statement, int column, Kind kind = Kind::Plain) {
     Cells cells;
     cells.Resize(1);
-    statement.Read(column, kind, cells, 0);
+    statement.ReadRow(column, {&kind, 1}, cells, 0);
     return cells.Get(0);
   }
 };
@@ -97,7 +97,8 @@ TEST_F(SqliteStatementTest, ReadingWritesNothingButItsCell) {
   Cells cells;
   cells.Resize(3);
   for (std::size_t place = 0; place < 3; ++place) cells.SetLong(place, 9);
-  statement.Read(1, Kind::Plain, cells, 1);
+  const Kind kind = Kind::Plain;
+  statement.ReadRow(1, {&kind, 1}, cells, 1);
   EXPECT_EQ(cells.Get(0), Variant(Long{9}));
   EXPECT_EQ(cells.Get(1), Variant("a"));
   EXPECT_EQ(cells.Get(2), Variant(Long{9}));
