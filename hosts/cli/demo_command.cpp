@@ -64,20 +64,12 @@ void DragElements(ProjectSession& project, const LoadedPage& page, const Console
   }
 }
 
-/// Deletes an element and brings it back as an undo does: in a new row, at its old place among the others,
-/// with its operands.
+/// Deletes an element and brings it back as an undo does.
 void DeleteAndRestore(ProjectSession& project, const LoadedPage& page, const Console& console) {
   ItfHmiElement& element = TouchedBy(page, kDeletedTouch);
-  const auto& interface = ItfHmiElement::InterfaceOf();
   const Long oldId = IdOf(element);
-  const automation::Variant order = Read(element, "OrderIndex");
-  Call(element, "DeleteFromDB");
-  automation::PutByName(element, interface, "ID", Long{-1});
-  Call(element, "SaveToDB");
-  // A new row comes on top.
-  automation::PutByName(element, interface, "OrderIndex", order);
-  SaveElement(project, element);
-  Call(element, "RestoreAllOperands");
+  DeleteElement(project, element);
+  RestoreElement(project, element);
   console.out << "  undo       element " << oldId << " is deleted and comes back as element " << IdOf(element)
               << '\n';
 }

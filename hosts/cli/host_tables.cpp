@@ -52,6 +52,7 @@ PageInfo InfoOf(const ado::Recordset& row) {
 }
 
 constexpr const char* kPages = "HostPages";
+constexpr const char* kGroups = "HostGroups";
 constexpr const char* kProperties = "HostProperties";
 
 std::string OfPage(Long number) { return " WHERE DisplayID=" + std::to_string(number); }
@@ -109,6 +110,35 @@ std::vector<PageInfo> HostPages::All() const {
   std::vector<PageInfo> all;
   for (const auto& [number, info] : pages) all.push_back(info);
   return all;
+}
+
+HostGroups::HostGroups(ado::Connection& connection)
+    : connection_(connection), exists_(HasTable(connection, kGroups)) {}
+
+void HostGroups::Create() {
+  connection_.Execute(
+      "CREATE TABLE IF NOT EXISTS HostGroups (ElementID INTEGER NOT NULL UNIQUE, OrderIndex INTEGER NOT "
+      "NULL)");
+  exists_ = true;
+}
+
+void HostGroups::Keep(Long groupId, Long orderIndex) {
+  Forget(groupId);
+  const auto row = NewRow(connection_, kGroups);
+  row->Put("ElementID", groupId);
+  row->Put("OrderIndex", orderIndex);
+  row->Update();
+}
+
+std::optional<Long> HostGroups::Find(Long groupId) const {
+  if (!exists_) return {};
+  const auto row = Query(connection_, "SELECT OrderIndex FROM HostGroups" + OfElement(groupId));
+  if (row->Eof()) return {};
+  return To<Long>(row->Get("OrderIndex"));
+}
+
+void HostGroups::Forget(Long groupId) {
+  connection_.Execute("DELETE * FROM HostGroups" + OfElement(groupId));
 }
 
 HostProperties::HostProperties(ado::Connection& connection)

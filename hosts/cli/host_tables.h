@@ -38,6 +38,28 @@ class HostPages {
   ado::Connection& connection_;
 };
 
+/// The table HostGroups: the places of groups without members. Other groups stand where their lowest member
+/// stands, and the library keeps no order for any.
+class HostGroups {
+ public:
+  explicit HostGroups(ado::Connection& connection);
+
+  /// Makes the table where it is not there yet.
+  void Create();
+  /// Keeps the place of a saved group, in place of one kept before: just below the element that has, or will
+  /// have, that OrderIndex.
+  void Keep(Long groupId, Long orderIndex);
+  /// The place kept for a group.
+  std::optional<Long> Find(Long groupId) const;
+  /// Forgets the place of a group.
+  void Forget(Long groupId);
+
+ private:
+  ado::Connection& connection_;
+  /// A project of another host may be without the table.
+  bool exists_;
+};
+
 /// The table HostProperties: the properties that the library does not keep in an element's row
 /// (Mark::NotStored), where they differ from those of a new element. Values are written as in page files.
 class HostProperties {

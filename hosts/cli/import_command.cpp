@@ -62,8 +62,8 @@ int ImportCommand(const std::string& pagePath, const std::string& projectPath, c
   const auto count = [](std::size_t number) {
     return std::to_string(number) + (number == 1 ? " element" : " elements");
   };
-  console.out << "page " << page.info.number << ": " << count(page.elements.size()) << " imported into "
-              << projectPath;
+  console.out << "page " << page.info.number << ": " << count(CountElements(page.elements))
+              << " imported into " << projectPath;
   if (result.replaced) console.out << ", in place of " << count(result.elementsBefore);
   console.out << '\n';
   return 0;

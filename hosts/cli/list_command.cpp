@@ -1,5 +1,6 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/element_calls.h"
+#include "hosts/cli/element_tree.h"
 #include "hosts/cli/host_tables.h"
 #include "hosts/cli/page_store.h"
 #include "hosts/cli/text_table.h"
@@ -30,11 +31,15 @@ int ListCommand(const std::string& projectPath, const Console& console) {
       const std::string number = std::to_string(info.number);
       pages.Add({number, info.name, std::to_string(info.panel.type),
                  std::to_string(info.panel.width) + "x" + std::to_string(info.panel.height),
-                 std::to_string(page.elements.size())});
-      for (const ElementRef& element : page.elements) {
-        elements.Add({number, Text(Read(*element, "OrderIndex")), std::to_string(IdOf(*element)),
-                      std::string(element->Class().name), Text(Call(*element, "GetToolTipText"))});
-      }
+                 std::to_string(CountElements(page.elements))});
+      WalkElements(page.elements, [&](ItfHmiElement& element, const ElementPath& path) {
+        // A group has no order of its own.
+        const std::string order = IsGroup(element) ? "" : Text(Read(element, "OrderIndex"));
+        const std::string indentation(2 * (path.size() - 1), ' ');
+        elements.Add({number, order, std::to_string(IdOf(element)),
+                      indentation + std::string(element.Class().name),
+                      Text(Call(element, "GetToolTipText"))});
+      });
     }
   });
   pages.Write(console.out);

@@ -36,10 +36,12 @@ struct PropertyValue {
   automation::Variant value;
 };
 
-/// One element of a page file: its class and the properties that it gives, in the order of PageProperties.
+/// One element of a page file: its class and the properties that it gives, in the order of PageProperties,
+/// and the members of a group, the lowest first.
 struct PageElement {
   const automation::ClassInfo* elementClass;
   std::vector<PropertyValue> values;
+  std::vector<PageElement> elements = {};
 };
 
 /// What a page file says. The first element is the lowest one.
@@ -48,18 +50,22 @@ struct PageFile {
   std::vector<PageElement> elements;
 };
 
-/// How messages name an element: "PLACE, element 7 (clsRectangle)", counted from 1.
+/// The number of all elements, the members of groups among them.
+std::size_t CountElements(const std::vector<PageElement>& elements);
+
+/// How messages name an element: "PLACE, element 7 (clsRectangle)", counted from 1. The place of a group's
+/// member begins with that of the group.
 std::string ElementPlace(const std::string& place, std::size_t index, std::string_view className);
 
 /// Reads a page file. `place` says in messages what is read: "page file panel.json". Throws UserError naming
 /// the place, the element and the property for malformed JSON, a member that is missing, unknown or there
-/// twice, an unknown class, a property that does not exist or cannot be set, and a value that does not fit
-/// its type.
+/// twice, an unknown class, a property that does not exist or cannot be set, a value that does not fit its
+/// type, members of what is no group, a touchable member of a group, and groups that nest too deep.
 PageFile ReadPageFile(std::string_view text, const std::string& place,
                       const ElementClasses& classes = ElementClasses::All());
 
-/// Makes the element: a fresh one of the class with the properties set, through call by name. Raises what the
-/// class raises, with the property's name.
+/// Makes the element: a fresh one of the class with the properties set, through call by name, and a group
+/// with its members. Raises what the class raises, with the property's name.
 ElementRef MakeElement(const PageElement& element);
 
 /// The page with the properties that differ from those of a fresh element, and position and size always.

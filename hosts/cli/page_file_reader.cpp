@@ -1,12 +1,16 @@
 #include <algorithm>
 #include <limits>
 
+#include "hosts/cli/element_tree.h"
 #include "hosts/cli/json_document.h"
 #include "hosts/cli/page_file.h"
 #include "hosts/cli/page_properties.h"
 #include "hosts/cli/property_values.h"
 #include "hosts/cli/user_error.h"
 #include "platform/automation/call_by_name.h"
+#include "platform/automation/convert.h"
+#include "shapes/element_columns.h"
+#include "shapes/group.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -16,6 +20,9 @@ using automation::Mark;
 using automation::Member;
 
 constexpr Long kHighest = std::numeric_limits<Long>::max();
+
+/// The list of a page's elements, and that of a group's.
+constexpr std::string_view kElements = "elements";
 
 void RequireObject(const Json& value) {
   if (!value.is_object()) throw UserError("must be an object, " + Shown(value) + " was given");
@@ -68,7 +75,7 @@ class Members {
 
 /// What `read` makes of a value, its errors telling the value's name.
 template <class Read>
-auto Named(const std::string& name, const Read& read) {
+decltype(auto) Named(const std::string& name, const Read& read) {
   try {
     return read();
   } catch (const UserError& error) {
@@ -90,6 +97,8 @@ Panel ReadPanel(const Json& json) {
   return panel;
 }
 
+bool IsElementsKey(std::string_view key) { return automation::EqualFolded(key, kElements); }
+
 bool IsClassKey(std::string_view key) { return automation::EqualFolded(key, "class"); }
 
 const ClassInfo& ReadClass(const Json& element, const ElementClasses& classes) {
@@ -108,6 +117,7 @@ const Member& FindProperty(const ClassInfo& elementClass, const std::vector<cons
   if (!member) {
     std::vector<std::string_view> names;
     for (const Member* property : properties) names.push_back(property->name);
+    if (IsGroupClass(elementClass)) names.push_back(kElements);
     throw UserError(named + " does not exist; nearest is " + Quoted(automation::NearestName(name, names)));
   }
   if (member->IsMethod()) throw UserError(Quoted(name) + " is a method, not a property");
@@ -125,6 +135,11 @@ std::vector<PropertyValue> ReadValues(const Json& element, const ClassInfo& elem
   std::vector<PropertyValue> values;
   for (const auto& [key, value] : element.items()) {
     if (IsClassKey(key)) continue;
+    if (IsElementsKey(key)) {
+      if (IsGroupClass(elementClass)) continue;
+      throw UserError(Quoted(kElements) + " can be given for a " + std::string(clsGroup::kClassName) +
+                      " only");
+    }
     const Member& property = FindProperty(elementClass, properties, key);
     values.push_back({&property, Named("property " + Quoted(property.name), [&property, &value = value] {
                         return ValueFromJson(property.type, value);
@@ -138,21 +153,79 @@ std::vector<PropertyValue> ReadValues(const Json& element, const ClassInfo& elem
   return values;
 }
 
-PageElement ReadElement(const Json& json, const std::string& place, std::size_t index,
-                        const ElementClasses& classes) {
-  const ClassInfo& elementClass =
-      AtPlace(place + ", element " + std::to_string(index), [&]() -> const ClassInfo& {
-        RequireObject(json);
-        return ReadClass(json, classes);
-      });
-  return AtPlace(ElementPlace(place, index, elementClass.name), [&] {
-    PageElement element{&elementClass, ReadValues(json, elementClass)};
-    RequireSingleKeys(json, "property ");
-    return element;
-  });
+/// A group that got a touchable member would refuse it, and be deleted for it, when all are saved already.
+void RequireNoTouch(const std::vector<PropertyValue>& values) {
+  for (const PropertyValue& value : values) {
+    if (value.property->name != "TouchOprndAddr") continue;
+    const Long address = automation::To<Long>(value.value);
+    if (address == kNone) continue;
+    throw UserError("property " + Quoted(value.property->name) + " must be " + std::to_string(kNone) +
+                    " in a group, which holds no touchable element; " + std::to_string(address) +
+                    " was given");
+  }
 }
 
+const Json& RequireArray(const Json& value) {
+  if (!value.is_array()) throw UserError("must be an array, " + Shown(value) + " was given");
+  return value;
+}
+
+/// The list of a group's members, or nullptr when it has none.
+const Json* MemberList(const Json& group) {
+  for (const auto& [key, value] : group.items()) {
+    if (IsElementsKey(key)) {
+      return &Named(Quoted(kElements), [&value = value]() -> const Json& { return RequireArray(value); });
+    }
+  }
+  return nullptr;
+}
+
+/// Reads lists of elements. `depth` is the number of groups around them; it ends the descent into a text that
+/// nests without end.
+class ElementReader {
+ public:
+  explicit ElementReader(const ElementClasses& classes) : classes_(classes) {}
+
+  std::vector<PageElement> ReadList(const Json& list, const std::string& place, Long depth) const {
+    std::vector<PageElement> elements;
+    elements.reserve(list.size());
+    for (const Json& element : list) elements.push_back(Read(element, place, elements.size() + 1, depth));
+    return elements;
+  }
+
+ private:
+  PageElement Read(const Json& json, const std::string& place, std::size_t index, Long depth) const {
+    const ClassInfo& elementClass =
+        AtPlace(place + ", element " + std::to_string(index), [&]() -> const ClassInfo& {
+          RequireObject(json);
+          return ReadClass(json, classes_);
+        });
+    const std::string elementPlace = ElementPlace(place, index, elementClass.name);
+    const Json* members = nullptr;
+    PageElement element = AtPlace(elementPlace, [&] {
+      PageElement read{&elementClass, ReadValues(json, elementClass)};
+      RequireSingleKeys(json, "property ");
+      if (depth > 0) RequireNoTouch(read.values);
+      if (IsGroupClass(elementClass)) {
+        if (depth == clsGroup::kMaxDepth) throw UserError(NestsTooDeep());
+        members = MemberList(json);
+      }
+      return read;
+    });
+    if (members) element.elements = ReadList(*members, elementPlace, depth + 1);
+    return element;
+  }
+
+  const ElementClasses& classes_;
+};
+
 }  // namespace
+
+std::size_t CountElements(const std::vector<PageElement>& elements) {
+  std::size_t count = elements.size();
+  for (const PageElement& element : elements) count += CountElements(element.elements);
+  return count;
+}
 
 std::string ElementPlace(const std::string& place, std::size_t index, std::string_view className) {
   return place + ", element " + std::to_string(index) + " (" + std::string(className) + ")";
@@ -163,22 +236,17 @@ PageFile ReadPageFile(std::string_view text, const std::string& place, const Ele
   PageFile page;
   const Json* elements = nullptr;
   AtPlace(place, [&] {
-    const Members members(json, {"page", "name", "panel", "elements"});
+    const Members members(json, {"page", "name", "panel", kElements});
     page.info.number = NumberMember(members, "page", 1, kHighest);
     if (const Json* name = members.Find("name")) {
       page.info.name = Named(Quoted("name"), [name] { return TextFromJson(*name); });
     }
     const Json& panel = members.Get("panel");
     page.info.panel = AtPlace("\"panel\"", [&panel] { return ReadPanel(panel); });
-    elements = &members.Get("elements");
-    if (!elements->is_array()) {
-      throw UserError("\"elements\" must be an array, " + Shown(*elements) + " was given");
-    }
+    elements = &members.Get(kElements);
+    Named(Quoted(kElements), [elements] { RequireArray(*elements); });
   });
-  page.elements.reserve(elements->size());
-  for (const Json& element : *elements) {
-    page.elements.push_back(ReadElement(element, place, page.elements.size() + 1, classes));
-  }
+  page.elements = ElementReader(classes).ReadList(*elements, place, 0);
   return page;
 }
 
@@ -188,6 +256,7 @@ ElementRef MakeElement(const PageElement& element) {
     AtPlace("property " + Quoted(value.property->name),
             [&] { automation::PutByName(*made, value.property->name, value.value); });
   }
+  for (const PageElement& member : element.elements) AddMember(*made, MakeElement(member));
   return made;
 }
 

@@ -1,5 +1,6 @@
 #include <map>
 
+#include "hosts/cli/element_tree.h"
 #include "hosts/cli/json_document.h"
 #include "hosts/cli/page_file.h"
 #include "hosts/cli/page_properties.h"
@@ -23,27 +24,44 @@ struct ClassToWrite {
 
 enum class Extent { Differing, All };
 
+/// Writes elements, and after the properties of a group its members.
+class ElementWriter {
+ public:
+  explicit ElementWriter(Extent extent) : extent_(extent) {}
+
+  Json List(const std::vector<ElementRef>& elements) {
+    Json list = Json::array();
+    for (const ElementRef& element : elements) list.push_back(Write(*element));
+    return list;
+  }
+
+ private:
+  Json Write(ItfHmiElement& element) {
+    const ClassInfo& elementClass = element.Class();
+    const ClassToWrite& known = classes_.try_emplace(&elementClass, elementClass).first->second;
+    Json json;
+    json["class"] = elementClass.name;
+    for (const Member* property : known.properties) {
+      const automation::Variant value = automation::GetByName(element, property->name);
+      if (extent_ == Extent::All || IsPositionProperty(*property) ||
+          value != automation::GetByName(*known.fresh, property->name)) {
+        json[std::string(property->name)] = JsonFromValue(property->type, value);
+      }
+    }
+    if (IsGroup(element)) json["elements"] = List(MembersOf(element));
+    return json;
+  }
+
+  Extent extent_;
+  std::map<const ClassInfo*, ClassToWrite> classes_;
+};
+
 std::string PageText(const PageInfo& info, const std::vector<ElementRef>& elements, Extent extent) {
   Json page;
   page["page"] = info.number;
   if (!info.name.empty()) page["name"] = info.name;
   page["panel"] = {{"type", info.panel.type}, {"width", info.panel.width}, {"height", info.panel.height}};
-  Json& list = page["elements"] = Json::array();
-  std::map<const ClassInfo*, ClassToWrite> classes;
-  for (const ElementRef& element : elements) {
-    const ClassInfo& elementClass = element->Class();
-    const ClassToWrite& known = classes.try_emplace(&elementClass, elementClass).first->second;
-    Json json;
-    json["class"] = elementClass.name;
-    for (const Member* property : known.properties) {
-      const automation::Variant value = automation::GetByName(*element, property->name);
-      if (extent == Extent::All || IsPositionProperty(*property) ||
-          value != automation::GetByName(*known.fresh, property->name)) {
-        json[std::string(property->name)] = JsonFromValue(property->type, value);
-      }
-    }
-    list.push_back(std::move(json));
-  }
+  page["elements"] = ElementWriter(extent).List(elements);
   constexpr int kIndentation = 2;
   // A project that another program wrote may hold texts that are no UTF-8.
   return page.dump(kIndentation, ' ', false, Json::error_handler_t::replace) + "\n";

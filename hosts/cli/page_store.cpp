@@ -4,10 +4,12 @@
 #include <optional>
 
 #include "hosts/cli/element_calls.h"
+#include "hosts/cli/element_tree.h"
 #include "hosts/cli/host_tables.h"
-#include "hosts/cli/page_operands.h"
+#include "hosts/cli/page_tree.h"
 #include "hosts/cli/progress_bar.h"
 #include "hosts/cli/user_error.h"
+#include "shapes/element_columns.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -69,12 +71,13 @@ PageInfo ChoosePage(ProjectSession& project, Long number) {
 
 LoadedPage LoadPage(ProjectSession& project, const PageInfo& info, const Console& console,
                     const ElementClasses& classes) {
-  LoadedPage page{info, {}};
+  std::vector<PageRow> loaded;
   const HostProperties properties(project.Connection());
+  const HostGroups groups(project.Connection());
   ClassesByType byType(classes);
   const auto rows = ado::OpenRecordset(
       project.Connection(),
-      "SELECT * FROM HMI_Elements WHERE DisplayID=" + std::to_string(info.number) + " ORDER BY OrderIndex",
+      "SELECT * FROM HMI_Elements WHERE DisplayID=" + std::to_string(info.number) + " ORDER BY ID",
       ado::adOpenStatic, ado::adLockReadOnly);
   ProgressBar progress(console, "loading", static_cast<std::size_t>(rows->RecordCount()));
   for (; !rows->Eof(); rows->MoveNext()) {
@@ -82,50 +85,13 @@ LoadedPage LoadPage(ProjectSession& project, const PageInfo& info, const Console
       ElementRef element = ElementClasses::Create(byType.Find(To<Long>(rows->Get("Type"))));
       Call(*element, "LoadFromDB", {rows});
       properties.Apply(*element);
-      page.elements.push_back(std::move(element));
+      const std::optional<Long> place =
+          IsGroup(*element) ? groups.Find(IdOf(*element)) : To<Long>(Read(*element, "OrderIndex"));
+      loaded.push_back({std::move(element), place});
     });
     progress.Advance();
   }
-  return page;
-}
-
-ImportResult ImportPage(ProjectSession& project, const PageFile& page, std::string_view source,
-                        const std::string& place, const Console& console) {
-  ado::Connection& connection = project.Connection();
-  ImportResult result;
-  ado::Transaction transaction(connection);
-  HostPages pages(connection);
-  HostProperties properties(connection);
-  pages.Create();
-  properties.Create();
-  project.OpenPage(page.info.number);
-  PageOperands operands(connection);
-
-  const LoadedPage before = LoadPage(project, page.info, console);
-  result.replaced = !before.elements.empty() || pages.Find(page.info.number).has_value();
-  result.elementsBefore = before.elements.size();
-  for (const ElementRef& element : before.elements) {
-    Call(*element, "DeleteFromDB");
-    properties.Forget(IdOf(*element));
-  }
-
-  {
-    ProgressBar progress(console, "importing", page.elements.size());
-    for (std::size_t index = 0; index < page.elements.size(); ++index) {
-      AtPlace(ElementPlace(place, index + 1, page.elements[index].elementClass->name), [&] {
-        const ElementRef element = MakeElement(page.elements[index]);
-        SaveElement(project, *element);
-        operands.AddRows(*element);
-      });
-      progress.Advance();
-    }
-  }
-  operands.Settle();
-  // What was saved is what is compared with later on, so it is read back.
-  const LoadedPage after = LoadPage(project, page.info, console);
-  pages.Keep({page.info, std::string(source), CompletePageText(page.info, after.elements)});
-  transaction.Commit();
-  return result;
+  return {info, TreeOf(loaded)};
 }
 
 std::string ExportPage(ProjectSession& project, const LoadedPage& page) {
@@ -136,7 +102,44 @@ std::string ExportPage(ProjectSession& project, const LoadedPage& page) {
 
 void SaveElement(ProjectSession& project, ItfHmiElement& element) {
   Call(element, "SaveToDB");
-  HostProperties(project.Connection()).Keep(element);
+  HostProperties properties(project.Connection());
+  WalkElement(element, [&properties](ItfHmiElement& saved) { properties.Keep(saved); });
+}
+
+void DeleteElement(ProjectSession& project, ItfHmiElement& element) {
+  // A group deletes its members itself.
+  Call(element, "DeleteFromDB");
+  HostProperties properties(project.Connection());
+  HostGroups groups(project.Connection());
+  WalkElement(element, [&](ItfHmiElement& deleted) {
+    properties.Forget(IdOf(deleted));
+    groups.Forget(IdOf(deleted));
+  });
+}
+
+void RestoreElement(ProjectSession& project, ItfHmiElement& element) {
+  const automation::Interface& interface = ItfHmiElement::InterfaceOf();
+  const auto put = [&interface](ItfHmiElement& target, std::string_view property, Long value) {
+    automation::PutByName(target, interface, property, value);
+  };
+  std::vector<std::pair<ItfHmiElement*, Long>> orders;
+  WalkElement(element, [&](ItfHmiElement& deleted) {
+    put(deleted, "ID", kNone);
+    if (!IsGroup(deleted)) orders.emplace_back(&deleted, To<Long>(Read(deleted, "OrderIndex")));
+  });
+  // The new rows come on top, and give members the key that their group had.
+  Call(element, "SaveToDB");
+  WalkElement(element, [&](ItfHmiElement& group) {
+    for (const ElementRef& member : MembersOf(group)) put(*member, "GroupID", IdOf(group));
+  });
+  SaveElement(project, element);
+  // Some classes write their order into a new row only, so it is put into the rows.
+  for (const auto& [restored, order] : orders) {
+    put(*restored, "OrderIndex", order);
+    project.Connection().Execute("UPDATE HMI_Elements SET OrderIndex=" + std::to_string(order) +
+                                 " WHERE ID=" + std::to_string(IdOf(*restored)));
+  }
+  Call(element, "RestoreAllOperands");
 }
 
 }  // namespace quenzel7::cli

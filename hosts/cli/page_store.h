@@ -10,7 +10,8 @@
 
 namespace quenzel7::cli {
 
-/// A page with its elements, the lowest first.
+/// A page with its elements, the lowest first. Groups hold their members (MembersOf); all elements are
+/// visited by WalkElements.
 struct LoadedPage {
   PageInfo info;
   std::vector<ElementRef> elements;
@@ -20,14 +21,14 @@ struct LoadedPage {
 /// there are.
 PageInfo ChoosePage(ProjectSession& project, Long number);
 
-/// Loads the elements of a page, with the properties that the host keeps for them. Throws UserError naming a
-/// row that does not load.
+/// Loads the elements of a page, with the properties that the host keeps for them, and puts members into
+/// their groups. Throws UserError naming a row that does not load.
 LoadedPage LoadPage(ProjectSession& project, const PageInfo& info, const Console& console,
                     const ElementClasses& classes = ElementClasses::All());
 
 /// What an import did.
 struct ImportResult {
-  /// Whether the project had the page before, and with how many elements.
+  /// Whether the project had the page before, and with how many elements, the members of groups among them.
   bool replaced = false;
   std::size_t elementsBefore = 0;
 };
@@ -42,7 +43,15 @@ ImportResult ImportPage(ProjectSession& project, const PageFile& page, std::stri
 /// canonical one.
 std::string ExportPage(ProjectSession& project, const LoadedPage& page);
 
-/// Saves a changed element of the open page and the properties that the host keeps for it.
+/// Saves a changed element of the open page, with all that is in it when it is a group, and the properties
+/// that the host keeps.
 void SaveElement(ProjectSession& project, ItfHmiElement& element);
+
+/// Deletes an element of the open page, with all that is in it when it is a group, and what the host keeps.
+void DeleteElement(ProjectSession& project, ItfHmiElement& element);
+
+/// Brings a deleted element back as an undo does: in new rows, at the old places in the drawing order and in
+/// the groups, with its operands.
+void RestoreElement(ProjectSession& project, ItfHmiElement& element);
 
 }  // namespace quenzel7::cli

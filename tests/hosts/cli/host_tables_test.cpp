@@ -10,6 +10,7 @@ namespace quenzel7::cli {
 namespace {
 
 using HostPagesTest = test::CliProjectTest;
+using HostGroupsTest = test::CliProjectTest;
 using HostPropertiesTest = test::CliProjectTest;
 
 TEST_F(HostPagesTest, GiveBackAllThatWasKept) {
@@ -92,6 +93,40 @@ TEST_F(HostPagesTest, TellOfAnElementThatStandsOnNoPage) {
   Connection().Execute("INSERT INTO HMI_Elements (Type) VALUES (1)");
   EXPECT_EQ(test::MessageOf([&] { Session().Do([&] { HostPages(Connection()).All(); }); }),
             "project p.qz7: a row of HMI_Elements stands on no page");
+}
+
+TEST_F(HostGroupsTest, KeepThePlaceOfAGroup) {
+  HostGroups groups(Connection());
+  groups.Create();
+  groups.Keep(5, 7);
+  groups.Keep(6, 8);
+  groups.Keep(5, 9);
+  EXPECT_EQ(groups.Find(5), Long{9});
+  EXPECT_EQ(HostGroups(Connection()).Find(6), Long{8});
+  EXPECT_EQ(groups.Find(7), std::nullopt);
+  EXPECT_EQ(Rows("SELECT * FROM HostGroups", {"ElementID"}).size(), 2u);
+}
+
+TEST_F(HostGroupsTest, AreForgotten) {
+  HostGroups groups(Connection());
+  groups.Create();
+  groups.Keep(5, 7);
+  groups.Keep(6, 8);
+  groups.Forget(5);
+  EXPECT_EQ(groups.Find(5), std::nullopt);
+  EXPECT_EQ(groups.Find(6), Long{8});
+}
+
+TEST_F(HostGroupsTest, CreatingTwiceKeepsThem) {
+  HostGroups groups(Connection());
+  groups.Create();
+  groups.Keep(5, 7);
+  groups.Create();
+  EXPECT_EQ(groups.Find(5), Long{7});
+}
+
+TEST_F(HostGroupsTest, AProjectOfAnotherHostHasNone) {
+  EXPECT_EQ(HostGroups(Connection()).Find(5), std::nullopt);
 }
 
 TEST_F(HostPropertiesTest, KeepsWhatTheRowDoesNotAndWhatDiffers) {

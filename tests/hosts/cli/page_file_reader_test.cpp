@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "hosts/cli/element_tree.h"
 #include "hosts/cli/page_file.h"
 #include "platform/automation/call_by_name.h"
 #include "platform/automation/member.h"
+#include "shapes/group.h"
 #include "shapes/rectangle.h"
 #include "tests/hosts/cli/every_kind_element.h"
 #include "tests/hosts/cli/messages.h"
@@ -11,8 +13,8 @@ namespace quenzel7::cli {
 namespace {
 
 const ElementClasses& Classes() {
-  static const automation::ClassInfo* const list[] = {&clsRectangle::ClassOf(),
-                                                      &test::EveryKindElement::ClassOf()};
+  static const automation::ClassInfo* const list[] = {
+      &clsRectangle::ClassOf(), &test::EveryKindElement::ClassOf(), &clsGroup::ClassOf()};
   static const ElementClasses classes(list);
   return classes;
 }
@@ -227,6 +229,102 @@ TEST(PageFileReader, NamesThePropertyThatTheClassRefuses) {
                                           }};
   const PageElement element{&info, {{&members[0], Long{1}}}};
   EXPECT_EQ(test::MessageOf([&element] { MakeElement(element); }), "property \"Moody\": not today");
+}
+
+std::string Group(const std::string& elements) {
+  return R"({"class": "clsGroup", "elements": [)" + elements + "]}";
+}
+
+const std::string kRectangle = R"({"class": "clsRectangle"})";
+
+TEST(PageFileReader, ReadsTheMembersOfGroups) {
+  const PageFile page =
+      ReadPage(WithElements(R"({"Elements": [{"class": "clsRectangle", "Xs": 4}, )" + Group(kRectangle) +
+                            R"(], "class": "CLSGROUP"}, {"class": "clsGroup"}, )" + Group("")));
+  ASSERT_EQ(page.elements.size(), 3u);
+  const PageElement& group = page.elements[0];
+  EXPECT_EQ(group.elementClass, &clsGroup::ClassOf());
+  EXPECT_TRUE(group.values.empty());
+  ASSERT_EQ(group.elements.size(), 2u);
+  EXPECT_EQ(group.elements[0].values.at(0).value, automation::Variant(Long{4}));
+  EXPECT_EQ(group.elements[1].elementClass, &clsGroup::ClassOf());
+  EXPECT_EQ(group.elements[1].elements.size(), 1u);
+  EXPECT_TRUE(page.elements[1].elements.empty());
+  EXPECT_TRUE(page.elements[2].elements.empty());
+  EXPECT_EQ(CountElements(page.elements), 6u);
+}
+
+TEST(PageFileReader, MakesGroupsWithTheirMembers) {
+  const PageFile page = ReadPage(WithElements(Group(Group(kRectangle) + ", " + kRectangle)));
+  const auto group = std::dynamic_pointer_cast<clsGroup>(MakeElement(page.elements[0]));
+  ASSERT_TRUE(group);
+  const std::vector<ElementRef> members = MembersOf(*group);
+  ASSERT_EQ(members.size(), 2u);
+  EXPECT_EQ(MembersOf(*members[0]).size(), 1u);
+  EXPECT_EQ(&members[1]->Class(), &clsRectangle::ClassOf());
+  EXPECT_EQ(group->Depth(), 2);
+}
+
+TEST(PageFileReader, NamesTheWholePlaceOfAMember) {
+  EXPECT_EQ(
+      ErrorInElement(kRectangle + ", " +
+                     Group(kRectangle + ", " + Group(R"({"class": "clsRectangle", "Xs": ""})"))),
+      "page file x.json, element 2 (clsGroup), element 2 (clsGroup), element 1 (clsRectangle): property "
+      "\"Xs\" must be a whole number from -2147483648 to 2147483647, \"\" was given");
+  EXPECT_EQ(ErrorInElement(Group("5")),
+            "page file x.json, element 1 (clsGroup), element 1: must be an object, 5 was given");
+  EXPECT_EQ(ErrorInElement(Group(kRectangle) + R"(, {"class": "clsGroup", "elements": [{"Xs": 1}]})"),
+            "page file x.json, element 2 (clsGroup), element 1: \"class\" is missing");
+}
+
+TEST(PageFileReader, OnlyAGroupHasElements) {
+  EXPECT_EQ(ErrorInElement(R"({"class": "clsRectangle", "Elements": []})"),
+            "page file x.json, element 1 (clsRectangle): \"elements\" can be given for a clsGroup only");
+}
+
+TEST(PageFileReader, AGroupHasNothingButElements) {
+  const std::string place = "page file x.json, element 1 (clsGroup): ";
+  EXPECT_EQ(ErrorInElement(R"({"class": "clsGroup", "Xs": 1})"),
+            place + "property \"Xs\" does not exist; nearest is \"elements\"");
+  for (const char* name : {"ID", "GroupID", "Depth", "Props"}) {
+    EXPECT_EQ(ErrorInElement(std::string(R"({"class": "clsGroup", ")") + name + R"(": 1})"),
+              place + "property \"" + name +
+                  "\" cannot be set: it is given by the project and the element's place in the file");
+  }
+  EXPECT_EQ(ErrorInElement(R"({"class": "clsGroup", "ColGroup": []})"),
+            place + "property \"ColGroup\" cannot be set in a page file");
+  EXPECT_EQ(ErrorInElement(R"({"class": "clsGroup", "elements": {}})"),
+            place + "\"elements\" must be an array, {} was given");
+  EXPECT_EQ(ErrorInElement(R"({"class": "clsGroup", "elements": [], "ELEMENTS": []})"),
+            place + "property \"ELEMENTS\" is given twice");
+}
+
+TEST(PageFileReader, RefusesATouchableMember) {
+  const auto touched = [](const std::string& address) {
+    return R"({"class": "clsRectangle", "Xs": 1, "touchoprndaddr": )" + address + "}";
+  };
+  EXPECT_EQ(ErrorInElement(touched("5")), "");
+  EXPECT_EQ(ErrorInElement(Group(touched("-1"))), "");
+  const std::string refused =
+      "property \"TouchOprndAddr\" must be -1 in a group, which holds no touchable element; ";
+  EXPECT_EQ(ErrorInElement(Group(touched("0"))),
+            "page file x.json, element 1 (clsGroup), element 1 (clsRectangle): " + refused + "0 was given");
+  EXPECT_EQ(ErrorInElement(Group(Group(touched("-2")))),
+            "page file x.json, element 1 (clsGroup), element 1 (clsGroup), element 1 (clsRectangle): " +
+                refused + "-2 was given");
+}
+
+TEST(PageFileReader, GroupsNestThreeDeep) {
+  EXPECT_EQ(ErrorInElement(Group(Group(Group(kRectangle)))), "");
+  EXPECT_EQ(ErrorInElement(Group(Group(Group(kRectangle + R"(, {"class": "clsGroup"})")))),
+            "page file x.json, element 1 (clsGroup), element 1 (clsGroup), element 1 (clsGroup), element 2 "
+            "(clsGroup): groups nest at most 3 deep");
+}
+
+TEST(PageFileReader, NoNestingExhaustsTheStack) {
+  std::string nested;
+  for (int depth = 0; depth < 100'000; ++depth) nested += R"({"class": "clsGroup", "elements": [)";
+  EXPECT_EQ(ErrorInElement(nested), "page file x.json: nests more than 16 deep");
 }
 
 }  // namespace

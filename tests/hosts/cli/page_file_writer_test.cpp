@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "hosts/cli/element_tree.h"
 #include "hosts/cli/page_file.h"
+#include "shapes/group.h"
+#include "shapes/line.h"
 #include "shapes/rectangle.h"
 #include "tests/hosts/cli/every_kind_element.h"
 
@@ -93,6 +96,47 @@ TEST(PageFileWriter, WritesEveryPropertyOfACompletePage) {
   ]
 }
 )");
+}
+
+TEST(PageFileWriter, WritesTheMembersOfAGroupLast) {
+  const auto line = std::make_shared<clsLine>();
+  line->Dy(-3);
+  const auto inner = std::make_shared<clsGroup>();
+  const auto outer = std::make_shared<clsGroup>();
+  outer->ID(4);
+  AddMember(*outer, line);
+  AddMember(*outer, inner);
+  const std::string text = R"({
+  "page": 1,
+  "panel": {
+    "type": 1,
+    "width": 320,
+    "height": 240
+  },
+  "elements": [
+    {
+      "class": "clsGroup",
+      "elements": [
+        {
+          "class": "clsLine",
+          "Xs": 0,
+          "Ys": 0,
+          "Dx": 0,
+          "Dy": -3
+        },
+        {
+          "class": "clsGroup",
+          "elements": []
+        }
+      ]
+    }
+  ]
+}
+)";
+  EXPECT_EQ(CanonicalPageText({1, "", {1, 320, 240}}, {outer}), text);
+  // All properties of the line, too.
+  const std::string complete = CompletePageText({1, "", {1, 320, 240}}, {outer});
+  EXPECT_NE(complete.find("\"Dy\": -3,\n          \"VisibleOpAddr\": -1,"), std::string::npos);
 }
 
 TEST(PageFileWriter, WritesTextsAsTheyAre) {

@@ -176,6 +176,24 @@ TEST_F(ProgramTest, ListsPagesAndElements) {
             "  12      1   1  clsRectangle  (Touch - MB 5) Pos: 12, 2 ; Size: 30, 40\n");
 }
 
+TEST_F(ProgramTest, ListsTheMembersOfGroupsBelowThem) {
+  Write("panel.json", R"({"page": 1, "panel": {"type": 1, "width": 4, "height": 2}, "elements": [
+    {"class": "clsGroup", "elements": [
+      {"class": "clsGroup", "elements": [{"class": "clsLine", "Dx": 3}]}, {"class": "clsEllipse"}]},
+    {"class": "clsRoundRect"}]})");
+  EXPECT_EQ(Run({"import", "panel.json", "p.qz7"}).out, "page 1: 5 elements imported into p.qz7\n");
+  EXPECT_EQ(Run({"list", "p.qz7"}).out,
+            "page  name  panel  size  elements\n"
+            "   1            1  4x2          5\n"
+            "\n"
+            "page  order  ID  class         tool tip\n"
+            "   1          4  clsGroup\n"
+            "   1          2    clsGroup\n"
+            "   1      1   1      clsLine   Pos: 0, 0 ; Size: 3, 0\n"
+            "   1      2   3    clsEllipse  Pos: 0, 0 ; Size: 0, 0\n"
+            "   1      3   5  clsRoundRect  Pos: 0, 0 ; Size: 0, 0\n");
+}
+
 TEST_F(ProgramTest, ReadingAProjectLeavesItAsItIs) {
   ImportPages({1});
   const std::string before = TextOf("p.qz7");
@@ -308,6 +326,10 @@ const std::vector<std::pair<std::string, std::string>> kWrongPages = {
      "element's place in the file"},
     {WithElement(R"({"class": "clsRectangle", "Xs": 4, "Xs": 4})"),
      "page file panel.json, element 2 (clsRectangle): property \"Xs\" is given twice"},
+    {WithElement(R"({"class": "clsGroup", "elements": [{"class": "clsLine", "TouchOprndAddr": 4}]})"),
+     "page file panel.json, element 2 (clsGroup), element 1 (clsLine): property \"TouchOprndAddr\" must be "
+     "-1 "
+     "in a group, which holds no touchable element; 4 was given"},
     {WithElement(R"({"class": "clsRectangle", "a\nb": 4})"),
      "page file panel.json, element 2 (clsRectangle): property \"a\\nb\" does not exist; nearest is \"Xs\""},
 };

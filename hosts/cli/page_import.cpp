@@ -1,0 +1,107 @@
+#include <memory>
+
+#include "hosts/cli/element_calls.h"
+#include "hosts/cli/element_tree.h"
+#include "hosts/cli/host_tables.h"
+#include "hosts/cli/page_operands.h"
+#include "hosts/cli/page_store.h"
+#include "hosts/cli/progress_bar.h"
+#include "hosts/cli/user_error.h"
+#include "platform/automation/collection.h"
+#include "shapes/group.h"
+
+namespace quenzel7::cli {
+namespace {
+
+using automation::To;
+using automation::Variant;
+
+/// Makes the elements of a page file and saves them: those that are no groups in drawing order, each group
+/// after its members, since it takes saved elements in.
+class ElementImport {
+ public:
+  ElementImport(ProjectSession& project, PageOperands& operands, std::size_t count, const Console& console)
+      : project_(project),
+        operands_(operands),
+        groups_(project.Connection()),
+        progress_(console, "importing", count) {}
+
+  /// Saves a list of elements, which stands at that place of the page file.
+  std::vector<ElementRef> Save(const std::vector<PageElement>& elements, const std::string& place) {
+    std::vector<ElementRef> saved;
+    for (const PageElement& element : elements) {
+      const std::string elementPlace = ElementPlace(place, saved.size() + 1, element.elementClass->name);
+      const std::vector<ElementRef> members = Save(element.elements, elementPlace);
+      saved.push_back(AtPlace(elementPlace, [&] {
+        return IsGroupClass(*element.elementClass) ? SaveGroup(members) : SaveSingle(element);
+      }));
+      progress_.Advance();
+    }
+    return saved;
+  }
+
+ private:
+  ElementRef SaveSingle(const PageElement& description) {
+    ElementRef element = MakeElement(description);
+    // Most classes take the next number of the page for a new row; the round rectangle takes this one.
+    automation::PutByName(*element, ItfHmiElement::InterfaceOf(), "OrderIndex", ++order_);
+    SaveElement(project_, *element);
+    operands_.AddRows(*element);
+    return element;
+  }
+
+  ElementRef SaveGroup(const std::vector<ElementRef>& members) {
+    ElementRef group = ElementClasses::Create(clsGroup::ClassOf());
+    const auto collection = std::make_shared<automation::Collection>();
+    for (const ElementRef& member : members) collection->Add(member);
+    Variant argument = collection;
+    const auto call = [&](std::string_view method) {
+      return automation::CallByName(*group, method, automation::CallKind::Method, {&argument, 1});
+    };
+    if (To<bool>(call("IsMaxDepth"))) throw UserError(NestsTooDeep());
+    // The group needs a row, since its members are saved with its key.
+    SaveElement(project_, *group);
+    call("AddObjectsToGroup");
+    // What was not refused was taken out.
+    if (collection->Count() > 0) throw UserError("a group holds no touchable element");
+    if (members.empty()) groups_.Keep(IdOf(*group), order_ + 1);
+    return group;
+  }
+
+  ProjectSession& project_;
+  PageOperands& operands_;
+  HostGroups groups_;
+  ProgressBar progress_;
+  /// The order of the element that was saved last.
+  Long order_ = 0;
+};
+
+}  // namespace
+
+ImportResult ImportPage(ProjectSession& project, const PageFile& page, std::string_view source,
+                        const std::string& place, const Console& console) {
+  ado::Connection& connection = project.Connection();
+  ImportResult result;
+  ado::Transaction transaction(connection);
+  HostPages pages(connection);
+  pages.Create();
+  HostProperties(connection).Create();
+  HostGroups(connection).Create();
+  project.OpenPage(page.info.number);
+  PageOperands operands(connection);
+
+  const LoadedPage before = LoadPage(project, page.info, console);
+  result.replaced = !before.elements.empty() || pages.Find(page.info.number).has_value();
+  result.elementsBefore = CountElements(before.elements);
+  for (const ElementRef& element : before.elements) DeleteElement(project, *element);
+
+  ElementImport(project, operands, CountElements(page.elements), console).Save(page.elements, place);
+  operands.Settle();
+  // What was saved is what is compared with later on, so it is read back.
+  const LoadedPage after = LoadPage(project, page.info, console);
+  pages.Keep({page.info, std::string(source), CompletePageText(page.info, after.elements)});
+  transaction.Commit();
+  return result;
+}
+
+}  // namespace quenzel7::cli
