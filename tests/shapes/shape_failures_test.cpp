@@ -9,8 +9,8 @@
 #include "platform/automation/automation_error.h"
 #include "platform/corvane1/project_file.h"
 #include "platform/platform.h"
-#include "shapes/rectangle.h"
 #include "tests/platform/ado/failing_vfs.h"
+#include "tests/support/shape_fixture.h"
 #include "tests/support/temporary_folder.h"
 
 namespace quenzel7 {
@@ -19,12 +19,13 @@ namespace {
 using automation::AutomationError;
 using corvane1::ProjectMode;
 
+template <class Shape>
 class FailingProject : public ::testing::Test {
  protected:
   void SetUp() override {
     Platform::Current() = Platform();
     const auto project = Open(ProjectMode::Create);
-    kept_ = MakeRectangle();
+    kept_ = MakeShape();
     kept_->SaveToDB();
     kept_->RestoreAllOperands();
     Close(project);
@@ -41,14 +42,14 @@ class FailingProject : public ::testing::Test {
     project->Close();
   }
 
-  static std::shared_ptr<clsRectangle> MakeRectangle() {
-    auto rectangle = std::make_shared<clsRectangle>();
-    rectangle->Dx(10);
-    rectangle->Dy(10);
-    rectangle->TouchOprndAddr(4);
-    rectangle->VisibleOpAddr(5);
-    if (Platform::Current().heldProject->Held()) rectangle->ColOpPropBag(rectangle->BuildOpPropBag());
-    return rectangle;
+  static std::shared_ptr<Shape> MakeShape() {
+    auto shape = std::make_shared<Shape>();
+    shape->Dx(10);
+    shape->Dy(10);
+    shape->TouchOprndAddr(4);
+    shape->VisibleOpAddr(5);
+    if (Platform::Current().heldProject->Held()) shape->ColOpPropBag(shape->BuildOpPropBag());
+    return shape;
   }
 
   /// The message of the database error that the action raises; empty when it raises none.
@@ -79,89 +80,94 @@ class FailingProject : public ::testing::Test {
   std::string Path() const { return folder_.File("project.qz7"); }
 
   const test::TemporaryFolder folder_;
-  std::shared_ptr<clsRectangle> kept_;
+  std::shared_ptr<Shape> kept_;
 };
+TYPED_TEST_SUITE(FailingProject, test::StrokedShapeTypes, test::ClassNameOfShape);
 
-TEST_F(FailingProject, AReadOnlyProjectLoadsAndRefusesEveryChange) {
-  const auto project = Open(ProjectMode::ReadOnly);
+TYPED_TEST(FailingProject, AReadOnlyProjectLoadsAndRefusesEveryChange) {
+  const auto project = this->Open(ProjectMode::ReadOnly);
   const auto row = project->Execute("SELECT * FROM HMI_Elements");
-  clsRectangle loaded;
+  TypeParam loaded;
   loaded.LoadFromDB(*row);
   EXPECT_EQ(loaded.ID(), 1);
   row->Close();
   const std::string readOnly = "attempt to write a readonly database";
-  EXPECT_NE(DatabaseErrorOf([&] { loaded.SaveToDB(); }).find(readOnly), std::string::npos);
-  EXPECT_NE(DatabaseErrorOf([&] { clsRectangle().SaveToDB(); }).find(readOnly), std::string::npos);
-  EXPECT_NE(DatabaseErrorOf([&] { loaded.DeleteFromDB(); }).find(readOnly), std::string::npos);
-  EXPECT_NE(DatabaseErrorOf([&] { loaded.RestoreAllOperands(); }).find(readOnly), std::string::npos);
-  EXPECT_NE(DatabaseErrorOf([&] { loaded.IsTouchable(false); }).find(readOnly), std::string::npos);
-  EXPECT_NE(DatabaseErrorOf([&] { static_cast<ItfHmiElement&>(loaded).VisibleOpAddr(-1); }).find(readOnly),
-            std::string::npos);
+  EXPECT_NE(this->DatabaseErrorOf([&] { loaded.SaveToDB(); }).find(readOnly), std::string::npos);
+  EXPECT_NE(this->DatabaseErrorOf([&] { TypeParam().SaveToDB(); }).find(readOnly), std::string::npos);
+  EXPECT_NE(this->DatabaseErrorOf([&] { loaded.DeleteFromDB(); }).find(readOnly), std::string::npos);
+  EXPECT_NE(this->DatabaseErrorOf([&] { loaded.RestoreAllOperands(); }).find(readOnly), std::string::npos);
+  EXPECT_NE(this->DatabaseErrorOf([&] { loaded.IsTouchable(false); }).find(readOnly), std::string::npos);
+  EXPECT_NE(
+      this->DatabaseErrorOf([&] { static_cast<ItfHmiElement&>(loaded).VisibleOpAddr(-1); }).find(readOnly),
+      std::string::npos);
   // The row goes first, so a failure leaves the field.
   EXPECT_TRUE(loaded.IsTouchable());
   EXPECT_EQ(loaded.VisibleOpAddr(), 5);
-  Close(project);
-  EXPECT_EQ(State(), "1 elements, 2 rows");
+  this->Close(project);
+  EXPECT_EQ(this->State(), "1 elements, 2 rows");
 }
 
-TEST_F(FailingProject, ALockedProjectRefusesChangesUntilTheLockGoes) {
-  const auto other = corvane1::OpenProject(Path(), ProjectMode::Open);
-  const auto project = Open(ProjectMode::Open, {.busyTimeout = 0});
+TYPED_TEST(FailingProject, ALockedProjectRefusesChangesUntilTheLockGoes) {
+  const auto other = corvane1::OpenProject(this->Path(), ProjectMode::Open);
+  const auto project = this->Open(ProjectMode::Open, {.busyTimeout = 0});
   other->BeginTrans();
   other->Execute("INSERT INTO DownloadDLUs (GUID) VALUES (1)");
-  EXPECT_NE(DatabaseErrorOf([&] { kept_->SaveToDB(); }).find("database is locked"), std::string::npos);
-  EXPECT_NE(DatabaseErrorOf([&] { kept_->DeleteFromDB(); }).find("database is locked"), std::string::npos);
+  EXPECT_NE(this->DatabaseErrorOf([&] { this->kept_->SaveToDB(); }).find("database is locked"),
+            std::string::npos);
+  EXPECT_NE(this->DatabaseErrorOf([&] { this->kept_->DeleteFromDB(); }).find("database is locked"),
+            std::string::npos);
   other->RollbackTrans();
-  kept_->SaveToDB();
+  this->kept_->SaveToDB();
   other->Close();
-  Close(project);
-  EXPECT_EQ(State(), "1 elements, 2 rows");
+  this->Close(project);
+  EXPECT_EQ(this->State(), "1 elements, 2 rows");
 }
 
-TEST_F(FailingProject, AChangeTrackerHearsNothingOfASaveThatFailed) {
+TYPED_TEST(FailingProject, AChangeTrackerHearsNothingOfASaveThatFailed) {
   const auto changes = std::make_shared<corvane1::CollectedChanges>();
   Platform::Current().changeTracker = changes;
-  const auto project = Open(ProjectMode::ReadOnly);
-  DatabaseErrorOf([&] { kept_->SaveToDB(); });
-  DatabaseErrorOf([&] { kept_->DeleteFromDB(); });
+  const auto project = this->Open(ProjectMode::ReadOnly);
+  this->DatabaseErrorOf([&] { this->kept_->SaveToDB(); });
+  this->DatabaseErrorOf([&] { this->kept_->DeleteFromDB(); });
   EXPECT_TRUE(changes->ChangedElements().empty());
   EXPECT_TRUE(changes->ChangedPages().empty());
-  Close(project);
+  this->Close(project);
 }
 
-TEST_F(FailingProject, WhatWasDoneBeforeAFailureStays) {
+TYPED_TEST(FailingProject, WhatWasDoneBeforeAFailureStays) {
   const auto changes = std::make_shared<corvane1::CollectedChanges>();
   Platform::Current().changeTracker = changes;
-  const auto project = Open(ProjectMode::Open);
+  const auto project = this->Open(ProjectMode::Open);
   // The third statement that changes something in a deletion fails, the rows of the operands.
   project->Execute(
       "CREATE TRIGGER Refuse BEFORE DELETE ON HMI_Operands BEGIN SELECT RAISE(ABORT, 'the rows stay'); END");
-  EXPECT_NE(DatabaseErrorOf([&] { kept_->DeleteFromDB(); }).find("the rows stay"), std::string::npos);
+  EXPECT_NE(this->DatabaseErrorOf([&] { this->kept_->DeleteFromDB(); }).find("the rows stay"),
+            std::string::npos);
   EXPECT_TRUE(changes->ChangedPages().empty());
   project->Execute("DROP TRIGGER Refuse");
-  Close(project);
-  EXPECT_EQ(State(), "0 elements, 2 rows");
+  this->Close(project);
+  EXPECT_EQ(this->State(), "0 elements, 2 rows");
 }
 
 /// Saving, restoring and deleting with no transaction around: what was written before the failing write
 /// stays.
-TEST_F(FailingProject, ADiskThatFillsUpAtEachWriteInTurnLeavesAWholeProject) {
+TYPED_TEST(FailingProject, ADiskThatFillsUpAtEachWriteInTurnLeavesAWholeProject) {
   ado::FailingVfs disk;
   bool failedOnce = false;
   for (int write = 1; write < 2000; ++write) {
     const test::TemporaryFolder folder;
     const std::string path = folder.File("copy.qz7");
-    std::filesystem::copy_file(Path(), path);
+    std::filesystem::copy_file(this->Path(), path);
     bool failed = false;
     {
       const auto project = corvane1::OpenProject(path, ProjectMode::Open, {.fileSystem = disk.Name()});
       Platform::Current().heldProject->Hold(project);
       disk.FailAt(write);
-      const auto added = MakeRectangle();
-      const std::string message = DatabaseErrorOf([&] {
+      const auto added = this->MakeShape();
+      const std::string message = this->DatabaseErrorOf([&] {
         added->SaveToDB();
         added->RestoreAllOperands();
-        kept_->DeleteFromDB();
+        this->kept_->DeleteFromDB();
         // The writes of closing the file belong to the loop too.
         project->Execute("PRAGMA wal_checkpoint(TRUNCATE)");
       });
@@ -173,14 +179,14 @@ TEST_F(FailingProject, ADiskThatFillsUpAtEachWriteInTurnLeavesAWholeProject) {
       disk.Heal();
       // The object can still be used: what failed is made good.
       if (added->ID() == -1) {
-        EXPECT_EQ(DatabaseErrorOf([&] { added->SaveToDB(); }), "");
+        EXPECT_EQ(this->DatabaseErrorOf([&] { added->SaveToDB(); }), "");
       }
       Platform::Current().heldProject->Hold(nullptr);
       project->Close();
     }
     EXPECT_EQ(disk.OpenFiles(), 0);
     const auto again = corvane1::OpenProject(path, ProjectMode::Open);
-    const Long elements = Count(*again, "HMI_Elements");
+    const Long elements = this->Count(*again, "HMI_Elements");
     EXPECT_GE(elements, 1);
     EXPECT_LE(elements, 2);
     again->Close();

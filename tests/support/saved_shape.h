@@ -1,0 +1,127 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "framework/operands.h"
+#include "framework/project.h"
+#include "tests/support/project_fixture.h"
+#include "tests/support/shape_fixture.h"
+
+namespace quenzel7::test {
+
+/// Shapes of one class in a project file on disk.
+template <class Shape>
+class SavedShape : public ProjectTest {
+ protected:
+  static constexpr bool kHasBody = std::is_base_of_v<FilledShape, Shape>;
+
+  /// The next element gets the ID 5 and the GUID 9, so that no number is taken for another.
+  void SetUp() override {
+    ProjectTest::SetUp();
+    for (int row = 0; row < 4; ++row) Connection().Execute("INSERT INTO HMI_Elements (DisplayID) VALUES (1)");
+    Connection().Execute("DELETE FROM HMI_Elements");
+    Connection().Execute("INSERT INTO Numbers (Name,Next) VALUES ('GUID',9)");
+    TakeLog();
+  }
+
+  /// A shape in which every field that is kept has a value of its own.
+  static std::shared_ptr<Shape> Distinct() {
+    auto shape = std::make_shared<Shape>();
+    shape->GroupID(11);
+    shape->Xs(12);
+    shape->Ys(13);
+    shape->Dx(14);
+    shape->Dy(15);
+    shape->ColorBack(16);
+    shape->ColorFore(17);
+    shape->ColorBackTouch(18);
+    shape->ColorForeTouch(19);
+    shape->ColorHatch(20);
+    shape->PenStyle(ePS_Dash_Dot);
+    shape->PenWidth(21);
+    shape->HatchStyle(eHS_Cross);
+    shape->FillStyle(eFS_Solid);
+    shape->TouchOprndAddr(22);
+    shape->VisibleOpAddr(23);
+    shape->OrderIndex(24);
+    return shape;
+  }
+
+  std::shared_ptr<Shape> Loaded(Long id) {
+    const auto row =
+        ado::OpenRecordset(*ProjectConnection(), "SELECT * FROM HMI_Elements WHERE ID=" + std::to_string(id),
+                           ado::adOpenStatic, ado::adLockReadOnly);
+    auto shape = std::make_shared<Shape>();
+    EXPECT_FALSE(shape->LoadFromDB(*row));
+    // The recordset is still open and on the same row.
+    EXPECT_EQ(automation::To<Long>(row->Get("ID")), id);
+    return shape;
+  }
+
+  std::vector<std::string> Elements() { return Rows("SELECT * FROM HMI_Elements ORDER BY ID", {"ID"}); }
+
+  /// Whether the project has the memory bit.
+  static bool IsDefined(Long address) {
+    return !OperandDescription(kMemoryBit, address, kLocalNetwork).empty();
+  }
+
+  static void Define(Long address, const std::string& comment = "") {
+    fennick1::Operand operand(Platform::Current().operands);
+    operand.OperandType(kMemoryBit);
+    operand.OperandAddress(address);
+    operand.OperandComment(comment);
+    operand.AddToProject();
+  }
+
+  /// The address in a bag of the shape's, which holds a memory bit.
+  static Long AddressInBag(const PositionedElement& element, Long place) {
+    fennick1::Operand operand(Platform::Current().operands);
+    operand.PropBag(element.OperandBags()->ObjectAt<automation::PropertyBag>(place));
+    EXPECT_EQ(operand.OperandType(), kMemoryBit);
+    return operand.OperandAddress();
+  }
+};
+
+/// The operands of another store, what happens to them noted in the log of a connection.
+class NotingStore final : public fennick1::OperandStore {
+ public:
+  NotingStore(std::shared_ptr<fennick1::OperandStore> inner, RecordingConnection& recorder)
+      : inner_(std::move(inner)), recorder_(recorder) {}
+  std::optional<fennick1::OperandContent> Load(const fennick1::OperandKey& key) override {
+    return inner_->Load(key);
+  }
+  void Add(const fennick1::OperandKey& key, const fennick1::OperandContent& content) override {
+    recorder_.Note("add operand " + std::to_string(key.address));
+    inner_->Add(key, content);
+  }
+  void Remove(const fennick1::OperandKey& key) override {
+    recorder_.Note("remove operand " + std::to_string(key.address));
+    inner_->Remove(key);
+  }
+  Long FreeAddress(Long type, Long network) override { return inner_->FreeAddress(type, network); }
+
+ private:
+  std::shared_ptr<fennick1::OperandStore> inner_;
+  RecordingConnection& recorder_;
+};
+
+/// An empty store that notes which operands are looked for.
+class AskedStore final : public fennick1::OperandStore {
+ public:
+  std::optional<fennick1::OperandContent> Load(const fennick1::OperandKey& key) override {
+    if (asked.empty() || asked.back() != key.address) asked.push_back(key.address);
+    return {};
+  }
+  void Add(const fennick1::OperandKey&, const fennick1::OperandContent&) override {}
+  void Remove(const fennick1::OperandKey&) override {}
+  Long FreeAddress(Long, Long) override { return 0; }
+
+  /// Addresses in order, repeats of the same one left out.
+  std::vector<Long> asked;
+};
+
+}  // namespace quenzel7::test
