@@ -23,6 +23,23 @@ TEST_F(Project, WithoutAnOpenProjectThereIsNoConnection) {
   EXPECT_EQ(ErrorOf([] { NextOrderIndex(); }), 91);
 }
 
+TEST_F(Project, RowsForWritingAreStaticWithOptimisticLocking) {
+  Connection().Execute("INSERT INTO HMI_Elements (DisplayID,Xs) VALUES (7,12)");
+  const auto row = OpenRowsForWriting("SELECT * FROM HMI_Elements WHERE DisplayID=7");
+  EXPECT_EQ(TakeLog(), CallLog{"open SELECT * FROM HMI_Elements WHERE DisplayID=7 [3,3,1]"});
+  row->Put("Xs", Long{13});
+  row->Update();
+  row->Close();
+  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"Xs"}), std::vector<std::string>{"13"});
+}
+
+TEST_F(Project, RowsForWritingFailAsTheDatabaseDoes) {
+  EXPECT_EQ(ErrorOf([] { OpenRowsForWriting("SELECT * FROM Nowhere"); }),
+            static_cast<Long>(automation::ErrorNumber::Database));
+  Platform::Current().projectDatabase = std::make_shared<corvane1::HeldProjectDatabase>();
+  EXPECT_EQ(ErrorOf([] { OpenRowsForWriting("SELECT * FROM HMI_Elements"); }), 91);
+}
+
 TEST_F(Project, TheOpenPageIsGlobalValue25) {
   const auto values = std::make_shared<corvane1::HeldGlobalValues>();
   values->Set(24, 1);

@@ -46,16 +46,6 @@ TYPED_TEST(FilledShapes, EveryPropertyHasAPlaceOfItsOwnByName) {
   EXPECT_EQ(automation::GetByName(*r, "TouchOprndAddr"), Variant(Long{-1}));
 }
 
-TYPED_TEST(FilledShapes, MarksWhatTheProjectDoesNotKeepAndWhatSaysWhoItIs) {
-  for (const automation::Member& member : TypeParam::ClassOf().Default().Members()) {
-    const bool identity = member.name == "ID" || member.name == "GroupID" || member.name == "OrderIndex";
-    const auto expected = identity                     ? automation::Mark::Identity
-                          : member.name == "FillStyle" ? automation::Mark::NotStored
-                                                       : automation::Mark::None;
-    EXPECT_EQ(member.mark, expected) << member.name;
-  }
-}
-
 TYPED_TEST(FilledShapes, GetBoundingRectGivesDescriptor1WhenNoneIsNamedAndRaisesForOthers) {
   const auto r = WithFourPositions<TypeParam>();
   Descriptor d;

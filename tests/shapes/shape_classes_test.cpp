@@ -7,6 +7,10 @@
 #include "framework/element_contract.h"
 #include "platform/automation/call_by_name.h"
 #include "platform/platform.h"
+#include "shapes/ellipse.h"
+#include "shapes/line.h"
+#include "shapes/rectangle.h"
+#include "shapes/round_rect.h"
 
 namespace quenzel7 {
 namespace {
@@ -98,6 +102,61 @@ TEST_F(EveryShapeClass, GivesBackWhatWasWrittenThroughItsDefaultInterface) {
       member.put(*object, before);
       EXPECT_EQ(member.get(*object), before) << info->name << '.' << member.name;
     }
+  }
+}
+
+/// The members that a class has the slots of and does not carry.
+std::vector<std::string_view> NotCarriedBy(const ClassInfo& info) {
+  std::vector<std::string_view> names;
+  for (const Member& member : info.Default().Members()) {
+    if (member.mark == Mark::NotCarried) names.push_back(member.name);
+  }
+  return names;
+}
+
+TEST_F(EveryShapeClass, TellsWhichSlotsItDoesNotCarry) {
+  using Names = std::vector<std::string_view>;
+  EXPECT_EQ(NotCarriedBy(clsRectangle::ClassOf()), Names{});
+  EXPECT_EQ(NotCarriedBy(clsEllipse::ClassOf()), Names{});
+  EXPECT_EQ(NotCarriedBy(clsRoundRect::ClassOf()), Names{});
+  EXPECT_EQ(NotCarriedBy(clsLine::ClassOf()), (Names{"HatchStyle", "FillStyle", "ColorHatch"}));
+}
+
+TEST_F(EveryShapeClass, ReadsAndTakesNothingWhereItDoesNotCarryASlotThroughEitherInterface) {
+  clsLine line;
+  for (const char* name : {"HatchStyle", "FillStyle", "ColorHatch"}) {
+    EXPECT_EQ(automation::GetByName(line, name), Variant(Long{0})) << name;
+    automation::PutByName(line, name, Long{1});
+    automation::PutByName(line, ItfHmiElement::InterfaceOf(), name, Long{1});
+    EXPECT_EQ(automation::GetByName(line, name), Variant(Long{0})) << name;
+    EXPECT_EQ(automation::GetByName(line, ItfHmiElement::InterfaceOf(), name), Variant(Long{0})) << name;
+  }
+}
+
+TEST_F(EveryShapeClass, MarksWhatSaysWhoTheElementIsAndWhatTheProjectDoesNotKeep) {
+  for (const ClassInfo* info :
+       {&clsRectangle::ClassOf(), &clsEllipse::ClassOf(), &clsRoundRect::ClassOf(), &clsLine::ClassOf()}) {
+    for (const Member& member : info->Default().Members()) {
+      if (member.mark == Mark::NotCarried) continue;
+      const bool identity = member.name == "ID" || member.name == "GroupID" || member.name == "OrderIndex";
+      const auto expected = identity                     ? Mark::Identity
+                            : member.name == "FillStyle" ? Mark::NotStored
+                                                         : Mark::None;
+      EXPECT_EQ(member.mark, expected) << info->name << '.' << member.name;
+    }
+  }
+}
+
+TEST_F(EveryShapeClass, AreListedInTheOrderInWhichHostsOfferThem) {
+  std::vector<std::string_view> names;
+  for (const ClassInfo* info : ShapeClasses()) names.push_back(info->name);
+  EXPECT_EQ(names, (std::vector<std::string_view>{"clsRectangle", "clsEllipse", "clsRoundRect", "clsLine",
+                                                  "clsGroup"}));
+}
+
+TEST_F(EveryShapeClass, NamesItsDefaultInterfaceAfterTheClass) {
+  for (const ClassInfo* info : ShapeClasses()) {
+    EXPECT_EQ(info->Default().Name(), "_" + std::string(info->name));
   }
 }
 

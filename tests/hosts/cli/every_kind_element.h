@@ -33,6 +33,8 @@ class EveryKindElement final : public ItfHmiElement {
   PROPERTY(enFillStyle, Body)
 #undef PROPERTY
   Long Locked() const { return 5; }
+  Long SlotOnly() const { return 0; }
+  void SlotOnly(Long) {}
 
  protected:
   Long ItfHmiElement_ElementType() const override { return 250; }
@@ -55,6 +57,7 @@ inline const automation::ClassInfo& EveryKindElement::ClassOf() {
       PROPERTY(Long, Dx),
       PROPERTY(Long, Xs),
       PROPERTY(enFillStyle, Body, automation::Mark::NotStored),
+      PROPERTY(Long, SlotOnly, automation::Mark::NotCarried),
       automation::Property<Long>("Locked", {}, AUTOMATION_GETTER(EveryKindElement, Locked), nullptr),
       automation::Property<Long>("Blind", {}, nullptr,
                                  [](automation::Object&, const automation::Variant&) {}),

@@ -195,6 +195,8 @@ TEST(PageFileReader, RefusesMembersThatAreNoPageProperties) {
             place + "property \"ColOpPropBag\" cannot be set in a page file");
   EXPECT_EQ(ErrorInElement(R"({"class": "clsEveryKind", "Locked": 1})"),
             "page file x.json, element 1 (clsEveryKind): property \"Locked\" cannot be set in a page file");
+  EXPECT_EQ(ErrorInElement(R"({"class": "clsEveryKind", "SlotOnly": 1})"),
+            "page file x.json, element 1 (clsEveryKind): property \"SlotOnly\" cannot be set in a page file");
 }
 
 TEST(PageFileReader, NamesThePropertyOfAWrongValue) {

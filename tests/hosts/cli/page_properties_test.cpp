@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "shapes/line.h"
 #include "shapes/rectangle.h"
 #include "tests/hosts/cli/every_kind_element.h"
 
@@ -25,6 +26,13 @@ TEST(PageProperties, LeaveOutIdentityUnfitTypesAndWhatIsReadOrWriteOnly) {
   EXPECT_EQ(NamesOf(test::EveryKindElement::ClassOf()),
             (std::vector<std::string_view>{"Xs", "Dx", "Label", "Small", "Middle", "Ratio", "Fine", "Shown",
                                            "Style", "Body"}));
+}
+
+TEST(PageProperties, LeaveOutTheSlotsThatAClassDoesNotCarry) {
+  EXPECT_EQ(NamesOf(clsLine::ClassOf()),
+            (std::vector<std::string_view>{"Xs", "Ys", "Dx", "Dy", "VisibleOpAddr", "TouchOprndAddr",
+                                           "PenWidth", "PenStyle", "ColorFore", "ColorBack", "ColorForeTouch",
+                                           "ColorBackTouch"}));
 }
 
 TEST(PageProperties, PositionIsXsYsDxDy) {
