@@ -23,7 +23,7 @@ LinePoint Between(LinePoint from, LinePoint to) { return {Subtract(to.x, from.x)
 int SideOf(LinePoint p, LinePoint q, LinePoint r) {
   const LinePoint toQ = Between(p, q);
   const LinePoint toR = Between(p, r);
-  // The sign of the cross product; each of its halves fits 64 bits, their difference need not.
+  // The sign of the cross product.
   const std::int64_t forward = std::int64_t{toQ.x} * toR.y;
   const std::int64_t backward = std::int64_t{toQ.y} * toR.x;
   return (forward > backward) - (forward < backward);
