@@ -1,5 +1,3 @@
-#include <time.h>
-
 #include <array>
 #include <stdexcept>
 #include <string>
@@ -167,20 +165,6 @@ class Hand {
   HandDatabase database_;
   std::vector<int> ids_;
 };
-
-/// The processor time that the action takes, in seconds. Both sides wait for the same disk, and other
-/// programs disturb this less than time on the wall.
-template <class Action>
-double ProcessorSeconds(Action action) {
-  const auto now = [] {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-  };
-  const double start = now();
-  action();
-  return now() - start;
-}
 
 }  // namespace
 

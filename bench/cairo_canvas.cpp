@@ -3,8 +3,10 @@
 #include <cairo.h>
 
 #include <algorithm>
+#include <map>
 #include <numbers>
 #include <optional>
+#include <utility>
 
 namespace quenzel7::bench {
 namespace {
@@ -19,8 +21,7 @@ void SetColor(cairo_t* context, std::uint32_t color) {
 /// A hatch as a repeated picture of 8 by 8 pixels.
 class HatchPattern {
  public:
-  HatchPattern(int hatch, std::uint32_t color)
-      : hatch_(hatch), color_(color), tile_(cairo_image_surface_create(CAIRO_FORMAT_RGB24, 8, 8)) {
+  HatchPattern(int hatch, std::uint32_t color) : tile_(cairo_image_surface_create(CAIRO_FORMAT_RGB24, 8, 8)) {
     cairo_surface_flush(tile_);
     unsigned char* const data = cairo_image_surface_get_data(tile_);
     const auto rows = HatchRows(hatch);
@@ -39,12 +40,9 @@ class HatchPattern {
   HatchPattern(const HatchPattern&) = delete;
   HatchPattern& operator=(const HatchPattern&) = delete;
 
-  bool Is(int hatch, std::uint32_t color) const { return hatch == hatch_ && color == color_; }
   cairo_pattern_t* Get() const { return pattern_; }
 
  private:
-  int hatch_;
-  std::uint32_t color_;
   cairo_surface_t* tile_;
   cairo_pattern_t* pattern_ = nullptr;
 };
@@ -83,7 +81,6 @@ class CairoCanvas : public Canvas {
     SetColor(context_, kPaper);
     cairo_paint(context_);
     cairo_set_antialias(context_, CAIRO_ANTIALIAS_NONE);
-    cairo_set_line_cap(context_, CAIRO_LINE_CAP_ROUND);
     cairo_set_line_join(context_, CAIRO_LINE_JOIN_ROUND);
     cairo_set_fill_rule(context_, CAIRO_FILL_RULE_EVEN_ODD);
     cairo_font_options_t* const options = cairo_font_options_create();
@@ -158,11 +155,13 @@ class CairoCanvas : public Canvas {
       return;
     }
     Outline(figure);
-    if (figure.kind != Figure::Kind::kLine) {
+    if (!figure.IsLine() && !figure.isHollow) {
       SetFill(figure);
       cairo_fill_preserve(context_);
     }
     SetColor(context_, figure.line);
+    const bool isFlat = figure.kind == Figure::Kind::kFlatLine;
+    cairo_set_line_cap(context_, isFlat ? CAIRO_LINE_CAP_BUTT : CAIRO_LINE_CAP_ROUND);
     cairo_set_line_width(context_, figure.penWidth);
     cairo_stroke(context_);
   }
@@ -194,8 +193,9 @@ class CairoCanvas : public Canvas {
       return;
     }
     // Making a pattern takes long here; a program would keep it.
-    if (!pattern_ || !pattern_->Is(figure.hatch, figure.fill)) pattern_.emplace(figure.hatch, figure.fill);
-    cairo_set_source(context_, pattern_->Get());
+    const auto place = std::pair(figure.hatch, figure.fill);
+    const auto pattern = patterns_.try_emplace(place, figure.hatch, figure.fill).first;
+    cairo_set_source(context_, pattern->second.Get());
   }
 
   /// The line through the middles of the border's pixels.
@@ -209,23 +209,20 @@ class CairoCanvas : public Canvas {
         cairo_rectangle(context_, left, top, width, height);
         break;
       case Figure::Kind::kEllipse:
-        cairo_save(context_);
-        cairo_translate(context_, left + width / 2, top + height / 2);
-        cairo_scale(context_, width / 2, height / 2);
-        cairo_arc(context_, 0, 0, 1, 0, 4 * kQuarter);
+        Arc(left + width / 2, top + height / 2, width / 2, height / 2, 0, 4);
         cairo_close_path(context_);
-        cairo_restore(context_);
         break;
       case Figure::Kind::kRoundRect: {
-        const double radius = (figure.Corner() - 1) / 2.0;
-        cairo_arc(context_, right - radius, top + radius, radius, 3 * kQuarter, 4 * kQuarter);
-        cairo_arc(context_, right - radius, bottom - radius, radius, 0, kQuarter);
-        cairo_arc(context_, left + radius, bottom - radius, radius, kQuarter, 2 * kQuarter);
-        cairo_arc(context_, left + radius, top + radius, radius, 2 * kQuarter, 3 * kQuarter);
+        const double x = (figure.CornerWidth() - 1) / 2.0, y = (figure.CornerHeight() - 1) / 2.0;
+        Arc(right - x, top + y, x, y, 3, 4);
+        Arc(right - x, bottom - y, x, y, 0, 1);
+        Arc(left + x, bottom - y, x, y, 1, 2);
+        Arc(left + x, top + y, x, y, 2, 3);
         cairo_close_path(context_);
         break;
       }
       case Figure::Kind::kLine:
+      case Figure::Kind::kFlatLine:
         cairo_move_to(context_, left, top);
         cairo_line_to(context_, figure.right + 0.5, figure.bottom + 0.5);
         break;
@@ -238,9 +235,19 @@ class CairoCanvas : public Canvas {
     }
   }
 
+  /// An arc of an ellipse about (x, y), from one quarter of the turn to another.
+  void Arc(double x, double y, double radiusX, double radiusY, int from, int to) {
+    cairo_save(context_);
+    cairo_translate(context_, x, y);
+    cairo_scale(context_, radiusX, radiusY);
+    cairo_arc(context_, 0, 0, 1, from * kQuarter, to * kQuarter);
+    cairo_restore(context_);
+  }
+
   cairo_surface_t* surface_;
   cairo_t* context_;
-  std::optional<HatchPattern> pattern_;
+  /// By hatch and colour.
+  std::map<std::pair<int, std::uint32_t>, HatchPattern> patterns_;
   cairo_surface_t* held_ = nullptr;
   std::uint32_t key_ = 0;
   std::optional<Cutout> prepared_;

@@ -1,13 +1,9 @@
 #include "bench/canvas.h"
 
-#include <algorithm>
-
 #include "platform/gdi/gdi.h"
 #include "platform/gdi/surface.h"
 
 namespace quenzel7::bench {
-
-int Figure::Corner() const { return std::min(right - left, bottom - top) / 2; }
 
 std::array<gdi::POINT, 7> Figure::Corners() const {
   const int last = bottom - 1, tip = right - 1, neck = left + (right - left) * 5 / 8;

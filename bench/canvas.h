@@ -14,7 +14,8 @@ namespace quenzel7::bench {
 
 /// One figure as an element draws it: with a pen and a brush of its own.
 struct Figure {
-  enum class Kind { kFill, kRectangle, kEllipse, kRoundRect, kLine, kArrow };
+  /// A line has round ends, or flat ones.
+  enum class Kind { kFill, kRectangle, kEllipse, kRoundRect, kLine, kArrow, kFlatLine };
   static constexpr int kNoHatch = -1;
 
   Kind kind;
@@ -23,9 +24,12 @@ struct Figure {
   int penWidth;
   std::uint32_t line, fill;  ///< 0x00RRGGBB
   int hatch = kNoHatch;      ///< painted in `fill`, its gaps white
+  bool isHollow = false;     ///< without a body
 
-  /// The diameter of a rounded rectangle's corners.
-  int Corner() const;
+  bool IsLine() const { return kind == Kind::kLine || kind == Kind::kFlatLine; }
+  /// The measures of the ellipses in a rounded rectangle's corners: half those of the box.
+  int CornerWidth() const { return (right - left) / 2; }
+  int CornerHeight() const { return (bottom - top) / 2; }
   /// The corners of an arrow that points to the right.
   std::array<gdi::POINT, 7> Corners() const;
 };
@@ -81,10 +85,16 @@ class Canvas {
   virtual std::span<const std::uint32_t> Pixels() = 0;
 };
 
-/// A drawing library by its name; `make` is empty if the program was built without it.
+/// Figures that are hit as one.
+using HitGroup = std::span<const Figure>;
+
+/// A drawing library by its name. What it has no way for, or the program was built without, is empty.
 struct Peer {
   std::string name;
   std::function<std::unique_ptr<Canvas>(int width, int height)> make;
+  /// How many of the groups have a figure with the point in its box (of a line: near the line) and in the
+  /// figure itself. The groups are asked anew each time, as nothing of the last question is kept.
+  std::function<int(std::span<const HitGroup> groups, gdi::POINT point)> countHits;
 };
 
 std::unique_ptr<Canvas> MakeGdiCanvas(int width, int height);

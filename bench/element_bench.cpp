@@ -4,18 +4,16 @@
 #include <memory>
 #include <stdexcept>
 
+#include "bench/open_page.h"
 #include "bench/ratios.h"
 #include "bench/sqlite_by_hand.h"
 #include "platform/automation/call_by_name.h"
-#include "platform/corvane1/project_file.h"
-#include "platform/platform.h"
 #include "shapes/rectangle.h"
 
 namespace quenzel7::bench {
 namespace {
 
 constexpr int kElements = 10000;
-constexpr Long kPage = 1;
 
 /// Saving and loading by hand: the same reads and writes as the element's, with prepared statements.
 class HandWritten {
@@ -46,11 +44,14 @@ class HandWritten {
       number.Reset();
       counted.Bind(1, guid + 1).Step();
       counted.Reset();
-      highest.Bind(1, kPage).Step();
+      highest.Bind(1, OpenPage::kNumber).Step();
       const int order = highest.Int(0) + 1;
       highest.Reset();
-      const int values[] = {guid, 1, index, index, 10, 10, kPage, -1, -1, 0, -1, 0,  96, 0,  1,   99,   -1,
-                            -1,   0, 0,     0,     0,  0,  0,     0,  0,  0, 0,  -1, -1, -1, 255, order};
+      const int values[] = {guid, 1,  index, index, 10,   10, OpenPage::kNumber,
+                            -1,   -1, 0,     -1,    0,    96, 0,
+                            1,    99, -1,    -1,    0,    0,  0,
+                            0,    0,  0,     0,     0,    0,  0,
+                            -1,   -1, -1,    255,   order};
       int place = 1;
       for (const int value : values) insert.Bind(place++, value);
       insert.Step();
@@ -99,33 +100,26 @@ void AddSavingAndLoading(std::vector<Ratio>& ratios) {
   std::vector<double> save, load, handSave, handLoad;
   for (int turn = 0; turn < 7; ++turn) {
     const Folder folder;
-    Platform::Current() = Platform();
-    const auto values = std::make_shared<corvane1::HeldGlobalValues>();
-    values->Set(corvane1::kOpenPageValue, kPage);
-    Platform::Current().globalValues = values;
-    const auto connection = corvane1::OpenProject(folder.File("elements.qz7"), corvane1::ProjectMode::Create);
-    Platform::Current().heldProject->Hold(connection);
+    const OpenPage page(folder.File("elements.qz7"));
     std::vector<std::shared_ptr<clsRectangle>> rectangles;
     for (Long index = 0; index < kElements; ++index) rectangles.push_back(MakeRectangle(index));
     save.push_back(Seconds([&] {
-      ado::Transaction transaction(*connection);
+      ado::Transaction transaction(page.Connection());
       for (const auto& rectangle : rectangles) rectangle->SaveToDB();
       transaction.Commit();
     }));
     std::vector<std::shared_ptr<clsRectangle>> loaded;
     load.push_back(Seconds([&] {
-      ado::Transaction transaction(*connection);
+      ado::Transaction transaction(page.Connection());
       for (const auto& rectangle : rectangles) {
         const auto row = ado::OpenRecordset(
-            *connection, "SELECT * FROM HMI_Elements WHERE ID=" + std::to_string(rectangle->ID()),
+            page.Connection(), "SELECT * FROM HMI_Elements WHERE ID=" + std::to_string(rectangle->ID()),
             ado::adOpenStatic, ado::adLockReadOnly);
         loaded.push_back(std::make_shared<clsRectangle>());
         loaded.back()->LoadFromDB(*row);
       }
       transaction.Commit();
     }));
-    Platform::Current() = Platform();
-    connection->Close();
 
     corvane1::OpenProject(folder.File("hand.qz7"), corvane1::ProjectMode::Create)->Close();
     HandWritten hand(folder.File("hand.qz7"));

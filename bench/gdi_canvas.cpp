@@ -47,14 +47,29 @@ class GdiCanvas : public Canvas {
   void DrawOne(const Figure& figure) {
     const gdi::HDC dc = surface_.Dc();
     const gdi::LOGPEN pen{gdi::PS_SOLID, {figure.penWidth, 0}, gdi::SwapRedAndBlue(figure.line)};
-    const gdi::LOGBRUSH brush{figure.hatch == Figure::kNoHatch ? gdi::BS_SOLID : gdi::BS_HATCHED,
-                              gdi::SwapRedAndBlue(figure.fill), static_cast<std::uint32_t>(figure.hatch)};
-    const auto [kind, left, top, right, bottom, penWidth, line, fill, hatch] = figure;
+    const std::uint32_t style = figure.isHollow                    ? gdi::BS_NULL
+                                : figure.hatch == Figure::kNoHatch ? gdi::BS_SOLID
+                                                                   : gdi::BS_HATCHED;
+    const gdi::LOGBRUSH brush{style, gdi::SwapRedAndBlue(figure.fill),
+                              static_cast<std::uint32_t>(figure.hatch)};
+    const auto [kind, left, top, right, bottom, penWidth, line, fill, hatch, isHollow] = figure;
     if (kind == Figure::Kind::kFill) {
       const gdi::RECT box{left, top, right, bottom};
       const gdi::HBRUSH made = gdi::CreateBrushIndirect(&brush);
       gdi::FillRect(dc, &box, made);
       gdi::DeleteObject(made);
+      return;
+    }
+    if (kind == Figure::Kind::kFlatLine) {
+      const gdi::LOGBRUSH ink{gdi::BS_SOLID, pen.lopnColor, 0};
+      const gdi::SelectedPen flat(
+          dc, gdi::ExtCreatePen(gdi::PS_GEOMETRIC | gdi::PS_ENDCAP_FLAT, static_cast<std::uint32_t>(penWidth),
+                                &ink, 0, nullptr));
+      gdi::BeginPath(dc);
+      gdi::MoveToEx(dc, left, top, nullptr);
+      gdi::LineTo(dc, right, bottom);
+      gdi::EndPath(dc);
+      gdi::StrokePath(dc);
       return;
     }
     const gdi::SelectedPen selectedPen(dc, gdi::CreatePenIndirect(&pen));
@@ -68,9 +83,10 @@ class GdiCanvas : public Canvas {
         gdi::Ellipse(dc, left, top, right, bottom);
         break;
       case Figure::Kind::kRoundRect:
-        gdi::RoundRect(dc, left, top, right, bottom, figure.Corner(), figure.Corner());
+        gdi::RoundRect(dc, left, top, right, bottom, figure.CornerWidth(), figure.CornerHeight());
         break;
       case Figure::Kind::kLine:
+      case Figure::Kind::kFlatLine:
         gdi::MoveToEx(dc, left, top, nullptr);
         gdi::LineTo(dc, right, bottom);
         break;

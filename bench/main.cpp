@@ -16,8 +16,8 @@ struct Subject {
 };
 
 constexpr Subject kSubjects[] = {
-    {"gdi", GdiRatios}, {"shapes", ShapeRatios},     {"text", TextRatios},     {"pictures", PictureRatios},
-    {"ado", AdoRatios}, {"elements", ElementRatios}, {"threads", ThreadRatios}};
+    {"gdi", GdiRatios}, {"shapes", ShapeRatios},     {"text", TextRatios}, {"pictures", PictureRatios},
+    {"ado", AdoRatios}, {"elements", ElementRatios}, {"page", PageRatios}, {"threads", ThreadRatios}};
 
 /// Prints a line of the table; false if it is over its budget.
 bool Print(const Ratio& line) {

@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QPen>
 #include <algorithm>
+#include <map>
+#include <utility>
 
 namespace quenzel7::bench {
 namespace {
@@ -95,15 +97,12 @@ class QtCanvas : public Canvas {
   }
 
   QBrush BrushOf(const Figure& figure) {
+    if (figure.isHollow) return QBrush(Qt::NoBrush);
     if (figure.hatch == Figure::kNoHatch) return QBrush(QColor(QRgb{figure.fill}));
     // Making a pattern takes long here; a program would keep it.
-    if (figure.hatch != hatch_ || figure.fill != hatchColor_) {
-      hatch_ = figure.hatch;
-      hatchColor_ = figure.fill;
-      hatched_ = QBrush();
-      hatched_.setTextureImage(Tile(figure));
-    }
-    return hatched_;
+    QBrush& brush = hatched_[{figure.hatch, figure.fill}];
+    if (brush.style() == Qt::NoBrush) brush.setTextureImage(Tile(figure));
+    return brush;
   }
 
   void DrawOne(QPainter& painter, const Figure& figure) {
@@ -112,8 +111,8 @@ class QtCanvas : public Canvas {
       painter.fillRect(figure.left, figure.top, width, height, BrushOf(figure));
       return;
     }
-    painter.setPen(
-        QPen(QColor(QRgb{figure.line}), figure.penWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const auto cap = figure.kind == Figure::Kind::kFlatLine ? Qt::FlatCap : Qt::RoundCap;
+    painter.setPen(QPen(QColor(QRgb{figure.line}), figure.penWidth, Qt::SolidLine, cap, Qt::RoundJoin));
     painter.setBrush(BrushOf(figure));
     const QRect middle(figure.left, figure.top, width - 1, height - 1);
     switch (figure.kind) {
@@ -124,12 +123,11 @@ class QtCanvas : public Canvas {
       case Figure::Kind::kEllipse:
         painter.drawEllipse(middle);
         break;
-      case Figure::Kind::kRoundRect: {
-        const double radius = (figure.Corner() - 1) / 2.0;
-        painter.drawRoundedRect(middle, radius, radius);
+      case Figure::Kind::kRoundRect:
+        painter.drawRoundedRect(middle, (figure.CornerWidth() - 1) / 2.0, (figure.CornerHeight() - 1) / 2.0);
         break;
-      }
       case Figure::Kind::kLine:
+      case Figure::Kind::kFlatLine:
         painter.drawLine(figure.left, figure.top, figure.right, figure.bottom);
         break;
       case Figure::Kind::kArrow: {
@@ -143,9 +141,8 @@ class QtCanvas : public Canvas {
   }
 
   QImage image_;
-  QBrush hatched_;
-  int hatch_ = Figure::kNoHatch;
-  std::uint32_t hatchColor_ = 0;
+  /// By hatch and colour.
+  std::map<std::pair<int, std::uint32_t>, QBrush> hatched_;
   QImage held_, prepared_;
   std::uint32_t key_ = 0;
 };

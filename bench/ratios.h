@@ -1,5 +1,7 @@
 #pragma once
 
+#include <time.h>
+
 #include <algorithm>
 #include <chrono>
 #include <limits>
@@ -35,6 +37,20 @@ double Seconds(Action action) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
+/// The processor time that the action takes, in seconds. Both sides wait for the same disk, and other
+/// programs disturb this less than time on the wall.
+template <class Action>
+double ProcessorSeconds(Action action) {
+  const auto now = [] {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+  };
+  const double start = now();
+  action();
+  return now() - start;
+}
+
 /// The median time of `work` over the median time of `peer`, run turn by turn so that both see the same
 /// caches and clock; the first turns warm up and do not count.
 template <class Work, class Peer>
@@ -61,6 +77,8 @@ std::vector<Ratio> PictureRatios();
 std::vector<Ratio> AdoRatios();
 /// Elements: saving and loading, calls by name, memory.
 std::vector<Ratio> ElementRatios();
+/// A page of elements: drawing, hits, saving, loading.
+std::vector<Ratio> PageRatios();
 /// Drawing on two threads against one. Empty where the machine has no second core.
 std::vector<Ratio> ThreadRatios();
 

@@ -4,6 +4,7 @@
 
 #include "bench/canvas.h"
 #include "bench/numbers.h"
+#include "bench/picture_difference.h"
 #include "bench/ratios.h"
 
 namespace quenzel7::bench {
@@ -20,7 +21,7 @@ Figure Anywhere(Numbers& numbers, Kind kind) {
   const int width = numbers.Between(kSmallest, kLargest), height = numbers.Between(kSmallest, kLargest);
   const int left = numbers.Between(0, kWidth - width), top = numbers.Between(0, kHeight - height);
   Figure figure{kind, left, top, left + width, top + height, 1, numbers.Color(), numbers.Color()};
-  if (kind == Kind::kLine && numbers.Between(0, 1) == 1) std::swap(figure.left, figure.right);
+  if (figure.IsLine() && numbers.Between(0, 1) == 1) std::swap(figure.left, figure.right);
   return figure;
 }
 
@@ -45,6 +46,12 @@ std::vector<Figure> Hatched(Kind kind) {
     figure.fill = 0x006000;
     figure.hatch = index++ * kHatches / kOfEachKind;
   }
+  return figures;
+}
+
+std::vector<Figure> Hollow(Kind kind) {
+  std::vector<Figure> figures = Wide(kind);
+  for (Figure& figure : figures) figure.isHollow = true;
   return figures;
 }
 
@@ -79,9 +86,11 @@ std::vector<Work> Works() {
           {"Rectangle", Thin(Kind::kRectangle)},
           {"Rectangle, hatched", Hatched(Kind::kRectangle)},
           {"Rectangle, wide pen", Wide(Kind::kRectangle)},
+          {"Rectangle, wide pen, hollow", Hollow(Kind::kRectangle)},
           {"Ellipse", Thin(Kind::kEllipse)},
           {"Ellipse, hatched", Hatched(Kind::kEllipse)},
           {"Ellipse, wide pen", Wide(Kind::kEllipse)},
+          {"Ellipse, wide pen, hollow", Hollow(Kind::kEllipse)},
           {"Ellipse, large", Large(Kind::kEllipse, 1)},
           {"Ellipse, large, wide pen", Large(Kind::kEllipse, 5)},
           {"RoundRect", Thin(Kind::kRoundRect)},
@@ -89,40 +98,14 @@ std::vector<Work> Works() {
           {"RoundRect, wide pen", Wide(Kind::kRoundRect)},
           {"line", Thin(Kind::kLine)},
           {"line, wide pen", Wide(Kind::kLine)},
+          {"line, flat ends", Thin(Kind::kFlatLine)},
+          {"line, flat ends, wide pen", Wide(Kind::kFlatLine)},
           {"line, across the page", Large(Kind::kLine, 1)},
           {"line, across the page, wide pen", Large(Kind::kLine, 5)},
           {"StrokeAndFillPath", Thin(Kind::kArrow)},
           {"StrokeAndFillPath, hatched", Hatched(Kind::kArrow)},
           {"StrokeAndFillPath, wide pen", Wide(Kind::kArrow)},
           {"StrokeAndFillPath, large", Large(Kind::kArrow, 1)}};
-}
-
-using Picture = std::span<const std::uint32_t>;
-
-bool AreAlike(std::uint32_t a, std::uint32_t b) { return ((a ^ b) & 0xFFFFFF) == 0; }
-
-/// Whether a pixel of one picture is in the other, there or beside: rules for edges differ by one pixel.
-bool IsNear(Picture other, int x, int y, std::uint32_t color) {
-  for (int v = std::max(y - 1, 0); v <= std::min(y + 1, kHeight - 1); ++v) {
-    for (int u = std::max(x - 1, 0); u <= std::min(x + 1, kWidth - 1); ++u) {
-      if (AreAlike(other[static_cast<std::size_t>(v * kWidth + u)], color)) return true;
-    }
-  }
-  return false;
-}
-
-/// In percent of the pixels that either has painted, those that are not in the other picture.
-double Difference(Picture one, Picture other) {
-  int painted = 0, different = 0;
-  for (int y = 0; y < kHeight; ++y) {
-    for (int x = 0; x < kWidth; ++x) {
-      const auto place = static_cast<std::size_t>(y * kWidth + x);
-      if (AreAlike(one[place], kPaper) && AreAlike(other[place], kPaper)) continue;
-      ++painted;
-      if (!IsNear(other, x, y, one[place]) || !IsNear(one, x, y, other[place])) ++different;
-    }
-  }
-  return painted > 0 ? 100.0 * different / painted : 100;
 }
 
 void AddAgainst(const Peer& peer, std::vector<Ratio>& ratios) {
