@@ -58,7 +58,17 @@ void PolygonFiller::ForEachSpan(Span&& span) {
     // Up to here the edges stay the same.
     end = next != edges_->end() ? next->firstRow : crossing->front()->endRow;
     for (const Edge* edge : *crossing) end = std::min(end, edge->endRow);
-    for (std::int32_t row = y; row < end; ++row) {
+    std::int32_t row = y;
+    if (crossing->size() == 2) {
+      // The usual pair in registers.
+      Edge one = *crossing->front(), other = *crossing->back();
+      for (; row < end; ++row, one.StepDown(), other.StepDown()) {
+        span(row, std::min(one.x, other.x), std::max(one.x, other.x));
+      }
+      *crossing->front() = one;
+      *crossing->back() = other;
+    }
+    for (; row < end; ++row) {
       // Few change places from one row to the next.
       for (std::size_t i = 1; i < crossing->size(); ++i) {
         for (std::size_t j = i; j > 0 && (*crossing)[j]->x < (*crossing)[j - 1]->x; --j) {

@@ -46,8 +46,12 @@ bool AreEqual(POINT a, POINT b) { return a.x == b.x && a.y == b.y; }
 
 class Stroker {
  public:
-  Stroker(const Pen& pen, Coverage& coverage)
-      : pen_(pen), coverage_(coverage), half_(pen.width / 2.0), disc_(pen.width, pen.width) {}
+  Stroker(const Pen& pen, Coverage& coverage, SpanPainter& painter)
+      : pen_(pen),
+        coverage_(coverage),
+        painter_(painter),
+        half_(pen.width / 2.0),
+        disc_(pen.width, pen.width) {}
 
   void Run(std::span<const POINT> points, bool isClosed) {
     const std::size_t count = points.size();
@@ -56,6 +60,7 @@ class Stroker {
       return;
     }
     const std::size_t segments = isClosed ? count : count - 1;
+    isAlone_ = segments == 1 && EndCap() != PS_ENDCAP_ROUND;
     for (std::size_t i = 0; i < segments && !coverage_.IsFull(); ++i) {
       const POINT from = points[i], to = points[(i + 1) % count];
       const bool isFirst = !isClosed && i == 0, isLast = !isClosed && i + 1 == segments;
@@ -86,7 +91,8 @@ class Stroker {
     polygon_->clear();
     for (const Vector& corner : corners) polygon_->push_back(FinePoint::At(corner.x, corner.y));
     if (IsConvexOutside(*polygon_, coverage_.Width(), coverage_.Height())) return;
-    CoverPolygons(std::span(&*polygon_, 1), coverage_);
+    const std::span<const Polygon> polygon(&*polygon_, 1);
+    isAlone_ ? FillPolygons(polygon, painter_) : CoverPolygons(polygon, coverage_);
   }
 
   void Disc(POINT center) {
@@ -159,6 +165,9 @@ class Stroker {
 
   const Pen& pen_;
   Coverage& coverage_;
+  SpanPainter& painter_;
+  /// Whether there is one part only, which is painted at once: there is nothing that it could lie on.
+  bool isAlone_ = false;
   const double half_;
   const EllipseQuarter disc_;
   Scratch<FinePoint> polygon_;
@@ -175,7 +184,7 @@ void StrokeLines(std::span<const POINT> points, bool isClosed, const Pen& pen, S
     distinct->pop_back();
   if (distinct->empty()) return;
   covered.Begin(painter.Target().Width(), painter.Target().Height());
-  Stroker(pen, covered).Run(*distinct, isClosed);
+  Stroker(pen, covered, painter).Run(*distinct, isClosed);
   covered.Paint(painter);
 }
 

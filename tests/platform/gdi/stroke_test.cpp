@@ -6,6 +6,7 @@
 #include <random>
 #include <string>
 
+#include "platform/gdi/raster_op.h"
 #include "platform/gdi/rounded_box.h"
 
 namespace quenzel7::gdi {
@@ -14,21 +15,46 @@ namespace {
 using Text = std::vector<std::string>;
 constexpr std::uint32_t kFlat = PS_GEOMETRIC | PS_ENDCAP_FLAT | PS_JOIN_BEVEL;
 
-Text Stroked(const std::vector<POINT>& points, int penWidth, std::uint32_t style, bool isClosed = false,
-             int width = 12, int height = 9) {
-  Bitmap bitmap(width, height, 32);
-  SpanPainter painter(bitmap, Ink::Solid(1));
-  StrokeLines(points, isClosed, Pen{style, penWidth, 1, true}, painter);
+Text RowsOf(const Bitmap& bitmap) {
   Text rows;
-  for (int y = 0; y < height; ++y) {
+  for (int y = 0; y < bitmap.Height(); ++y) {
     std::string row;
-    for (int x = 0; x < width; ++x) row += bitmap.At(x, y) != 0 ? '#' : '.';
+    for (int x = 0; x < bitmap.Width(); ++x) row += bitmap.At(x, y) != 0 ? '#' : '.';
     rows.push_back(row);
   }
   return rows;
 }
 
+Text Stroked(const std::vector<POINT>& points, int penWidth, std::uint32_t style, bool isClosed = false,
+             int width = 12, int height = 9) {
+  Bitmap bitmap(width, height, 32);
+  SpanPainter painter(bitmap, Ink::Solid(1));
+  StrokeLines(points, isClosed, Pen{style, penWidth, 1, true}, painter);
+  return RowsOf(bitmap);
+}
+
+/// The same with pixels inverted instead of painted: one that is painted twice is as it was.
+Text Inverted(const std::vector<POINT>& points, int penWidth, std::uint32_t style, bool isClosed) {
+  Bitmap bitmap(12, 9, 32);
+  SpanPainter painter(bitmap, Ink::Solid(0), RasterTable(DSTINVERT));
+  StrokeLines(points, isClosed, Pen{style, penWidth, 1, true}, painter);
+  return RowsOf(bitmap);
+}
+
 const Text kNothing(9, "............");
+
+TEST(StrokeLines, PaintsEachPixelOnce) {
+  for (const std::uint32_t cap : {PS_ENDCAP_FLAT, PS_ENDCAP_SQUARE, PS_ENDCAP_ROUND}) {
+    for (const bool isClosed : {false, true}) {
+      for (const std::vector<POINT>& points :
+           {std::vector<POINT>{{2, 2}, {9, 6}}, {{2, 2}, {9, 6}, {3, 6}}, {{2, 2}, {9, 6}, {3, 6}, {9, 2}}}) {
+        const std::uint32_t style = PS_GEOMETRIC | cap | PS_JOIN_BEVEL;
+        EXPECT_EQ(Inverted(points, 3, style, isClosed), Stroked(points, 3, style, isClosed))
+            << cap << " " << isClosed << " " << points.size();
+      }
+    }
+  }
+}
 
 TEST(StrokeLines, AlongARowIsExactlyAsWideAsThePen) {
   for (int width = 1; width <= 8; ++width) {
