@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <random>
+#include <utility>
 
 namespace quenzel7::gdi {
 namespace {
@@ -59,6 +61,49 @@ TEST(Region, MeetsABoxIfAnyPixelOfItIsInside) {
     }
     ASSERT_EQ(region.Meets(box), expected) << i;
   }
+}
+
+/// Whether a box of at least one pixel meets a row of the figure itself.
+bool MeetsRows(const RoundedBox& figure, const Box& box) {
+  const Box& body = figure.Bounds();
+  if (body.IsEmpty()) return false;
+  for (auto y = std::max(box.top, body.top); y < std::min(box.bottom, body.bottom); ++y) {
+    if (box.left < figure.At(y).right && box.right > figure.At(y).left) return true;
+  }
+  return false;
+}
+
+TEST(Region, IsTheSameWithAndWithoutItsFigureMade) {
+  constexpr int kLeft = -2, kTop = 3, kLargest = 60, kAround = 2;
+  std::mt19937 random(3);
+  int wrongPoints = 0, wrongBoxes = 0;
+  for (int width = 0; width <= kLargest; ++width) {
+    for (int height = 0; height <= kLargest; ++height) {
+      const Box body{kLeft, kTop, kLeft + width, kTop + height};
+      for (const auto& [cornerWidth, cornerHeight] :
+           {std::pair{width, height}, std::pair{width / 2, height / 2}, std::pair{0, 0}}) {
+        const RoundedBox figure(body, cornerWidth, cornerHeight);
+        for (int y = kTop - kAround; y < kTop + height + kAround; ++y) {
+          // The first question comes from the left, where nothing needs the figure.
+          const Region region(body, cornerWidth, cornerHeight);
+          for (int x = kLeft - kAround; x < kLeft + width + kAround; ++x) {
+            wrongPoints += region.Contains(x, y) != MeetsRows(figure, {x, y, x + 1, y + 1});
+          }
+        }
+        const Region region(body, cornerWidth, cornerHeight);
+        for (int i = 0; i < 10; ++i) {
+          std::uniform_int_distribution<int> place(-5, kLargest + 5), size(1, 40);
+          const int x = place(random), y = place(random);
+          const Box box{x, y, x + size(random), y + size(random)};
+          const bool expected = MeetsRows(figure, box);
+          wrongBoxes += region.Meets(box) != expected;
+          wrongBoxes += Region(body, cornerWidth, cornerHeight).Meets(box) != expected;
+        }
+      }
+    }
+  }
+  EXPECT_EQ(wrongPoints, 0);
+  EXPECT_EQ(wrongBoxes, 0);
 }
 
 TEST(Region, WithoutPixelsContainsNothing) {
