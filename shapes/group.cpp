@@ -17,9 +17,10 @@ using automation::CollectionRef;
 using automation::Mark;
 using automation::Variant;
 
-const automation::Collection& Required(const CollectionRef& collection) {
-  if (!collection) automation::detail::RaiseObjectNotSet();
-  return *collection;
+template <class T>
+T& Required(const std::shared_ptr<T>& object) {
+  if (!object) automation::detail::RaiseObjectNotSet();
+  return *object;
 }
 
 /// The element at a place of a collection of elements.
@@ -185,8 +186,7 @@ bool clsGroup::IsContainsGlobalVars() const {
 }
 
 void clsGroup::AddObjectsToGroup(CollectionRef& p_ColObjects) {
-  Required(p_ColObjects);
-  automation::Collection& objects = *p_ColObjects;
+  automation::Collection& objects = Required(p_ColObjects);
   const Long count = objects.Count();
   for (Long place = 1; place <= count; ++place) {
     if (!ElementAt(objects, place)->IsTouchable()) continue;
@@ -199,8 +199,7 @@ void clsGroup::AddObjectsToGroup(CollectionRef& p_ColObjects) {
   for (Long taken = 0; taken < count; ++taken) {
     const ElementRef element = ElementAt(objects, 1);
     if (IsGroup(*element)) deepest = std::max(deepest, AsGroup(*element).Depth());
-    Required(members_);
-    members_->Add(element, KeyOf(*element));
+    Required(members_).Add(element, KeyOf(*element));
     element->GroupID(id_);
     element->SaveToDB();
     objects.Remove(1);
@@ -322,7 +321,7 @@ std::shared_ptr<ItfHmiElement> clsGroup::ItfHmiElement_Replica() {
   copy->Props(Props());
   EachMember([&copy](ItfHmiElement& member) {
     const ElementRef memberCopy = member.Replica();
-    copy->members_->Add(memberCopy, KeyOf(*memberCopy));
+    copy->members_->Add(memberCopy, KeyOf(Required(memberCopy)));
   });
   return copy;
 }
