@@ -1,9 +1,11 @@
 #include <filesystem>
+#include <string_view>
 
 #include "hosts/cli/commands.h"
 #include "hosts/cli/demo_page.h"
 #include "hosts/cli/drag.h"
 #include "hosts/cli/element_calls.h"
+#include "hosts/cli/element_tree.h"
 #include "hosts/cli/page_store.h"
 #include "hosts/cli/picture_sheet.h"
 #include "hosts/cli/png_writer.h"
@@ -16,29 +18,43 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A drag of the demo: of the element that a touch of this memory bit drives.
+/// A drag of the demo: of the element that uses this memory bit, or, when that is in a group, of the whole
+/// group.
 struct DemoDrag {
-  Long touch;
+  std::string_view operand;
+  Long memoryBit;
   const char* told;
   Drag drag;
 };
 
 const DemoDrag kDrags[] = {
-    {101, "the first knob is moved", {ePD_None, {{20, 0}, {60, 0}, {96, 0}}}},
-    {102, "the second knob is moved beyond the page", {ePD_None, {{-30, 0}, {-78, 0}, {-500, 0}}}},
-    {103, "the bar is stretched past its other end", {ePD_Right, {{-10, 0}, {-50, 0}, {-100, 0}}}},
+    {"TouchOprndAddr", 101, "the first knob is moved", {ePD_None, {{20, 0}, {40, 0}, {72, 0}}}},
+    {"TouchOprndAddr",
+     102,
+     "the second knob is moved beyond the page",
+     {ePD_None, {{-20, 0}, {-60, 0}, {-500, 0}}}},
+    {"TouchOprndAddr",
+     103,
+     "the bar is stretched past its other end",
+     {ePD_Right, {{-10, 0}, {-50, 0}, {-68, 0}}}},
+    {"VisibleOpAddr", 60, "the wagon, groups in a group, goes to the fire", {ePD_None, {{-30, 0}, {-66, 0}}}},
+    {"VisibleOpAddr", 60, "the wagon is pulled beyond the page", {ePD_None, {{-4, 0}, {-8, 0}, {500, 0}}}},
 };
 
-/// The lamp that is deleted and brought back.
+/// The push button that is deleted and brought back.
 constexpr Long kDeletedTouch = 104;
 
 constexpr int kPicturesDiffer = 1;
 
-ItfHmiElement& TouchedBy(const LoadedPage& page, Long operand) {
-  for (const ElementRef& element : page.elements) {
-    if (automation::To<Long>(Read(*element, "TouchOprndAddr")) == operand) return *element;
-  }
-  throw UserError("demo page: no element is touched by MB " + std::to_string(operand));
+/// The element of the page that uses the memory bit, or the group that it is in.
+ItfHmiElement& UserOf(const LoadedPage& page, std::string_view operand, Long memoryBit) {
+  ItfHmiElement* found = nullptr;
+  WalkElements(page.elements, [&](ItfHmiElement& element, const ElementPath& path) {
+    if (automation::To<Long>(Read(element, operand)) == memoryBit)
+      found = page.elements[path.front() - 1].get();
+  });
+  if (!found) throw UserError("demo page: no element uses MB " + std::to_string(memoryBit));
+  return *found;
 }
 
 std::string Told(const Descriptor& place) {
@@ -56,7 +72,7 @@ std::string Told(enCollisionStatus status) {
 void DragElements(ProjectSession& project, const LoadedPage& page, const Console& console) {
   automation::Variant map = FreeMap(page.info.panel);
   for (const DemoDrag& demo : kDrags) {
-    ItfHmiElement& element = TouchedBy(page, demo.touch);
+    ItfHmiElement& element = UserOf(page, demo.operand, demo.memoryBit);
     const DragResult result = PerformDrag(element, demo.drag, map);
     SaveElement(project, element);
     console.out << "  drag       " << demo.told << ": " << Told(result.before) << " -> " << Told(result.after)
@@ -66,7 +82,7 @@ void DragElements(ProjectSession& project, const LoadedPage& page, const Console
 
 /// Deletes an element and brings it back as an undo does.
 void DeleteAndRestore(ProjectSession& project, const LoadedPage& page, const Console& console) {
-  ItfHmiElement& element = TouchedBy(page, kDeletedTouch);
+  ItfHmiElement& element = UserOf(page, "TouchOprndAddr", kDeletedTouch);
   const Long oldId = IdOf(element);
   DeleteElement(project, element);
   RestoreElement(project, element);

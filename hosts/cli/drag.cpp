@@ -1,11 +1,20 @@
 #include "hosts/cli/drag.h"
 
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <utility>
+
 #include "hosts/cli/element_calls.h"
+#include "hosts/cli/element_tree.h"
+#include "platform/automation/arithmetic.h"
 #include "platform/automation/array.h"
 
 namespace quenzel7::cli {
 namespace {
 
+using automation::Add;
+using automation::Subtract;
 using automation::To;
 using automation::Variant;
 
@@ -14,10 +23,32 @@ Variant CallInPlace(ItfHmiElement& element, std::string_view method, automation:
                                 arguments);
 }
 
-Descriptor AtRest(ItfHmiElement& element) {
+Descriptor BoundsOf(ItfHmiElement& element) {
   Variant places[4];
   CallInPlace(element, "GetBoundingRect", places);
   return {To<Long>(places[0]), To<Long>(places[1]), To<Long>(places[2]), To<Long>(places[3])};
+}
+
+/// The lower and the higher end of a side that may have a negative length.
+std::pair<Long, Long> Ends(Long start, Long length) { return std::minmax({start, Add(start, length)}); }
+
+/// Where an element is at rest. A group does not tell its place: it is the box around its members, which for
+/// lines may have negative sizes.
+Descriptor AtRest(ItfHmiElement& element) {
+  if (!IsGroup(element)) return BoundsOf(element);
+  std::optional<std::array<Long, 4>> box;
+  WalkElement(element, [&box](ItfHmiElement& member) {
+    if (IsGroup(member)) return;
+    const auto [xs, ys, dx, dy] = BoundsOf(member);
+    const auto [left, right] = Ends(xs, dx);
+    const auto [top, bottom] = Ends(ys, dy);
+    if (!box) box = {left, top, right, bottom};
+    *box = {std::min((*box)[0], left), std::min((*box)[1], top), std::max((*box)[2], right),
+            std::max((*box)[3], bottom)};
+  });
+  if (!box) return {};
+  const auto [left, top, right, bottom] = *box;
+  return {left, top, Subtract(right, left), Subtract(bottom, top)};
 }
 
 }  // namespace

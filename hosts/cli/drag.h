@@ -8,7 +8,7 @@
 
 namespace quenzel7::cli {
 
-/// A drag of one element with the mouse.
+/// A drag of one element, or of a group as one, with the mouse.
 struct Drag {
   /// The handle that is dragged; ePD_None moves the element.
   enPickUpDirection handle = ePD_None;
@@ -23,6 +23,7 @@ struct Drag {
 struct DragResult {
   /// The status of the last step.
   enCollisionStatus status = eCS_Legall;
+  /// Where the element was and is; of a group the box around its members.
   Descriptor before;
   Descriptor after;
 };

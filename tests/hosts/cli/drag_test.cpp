@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "hosts/cli/element_tree.h"
 #include "platform/automation/array.h"
+#include "shapes/group.h"
+#include "shapes/line.h"
 #include "shapes/rectangle.h"
 
 namespace quenzel7::cli {
@@ -66,6 +69,63 @@ TEST_F(DragTest, ADragWithoutLegalStepsChangesNothing) {
   const DragResult result = Perform(ePD_Right, {{-30, 0}});
   EXPECT_EQ(result.status, eCS_Overlap);
   EXPECT_EQ(result.after, result.before);
+}
+
+class GroupDragTest : public ::testing::Test {
+ protected:
+  GroupDragTest() : map_(FreeMap({1, 100, 80})) {
+    Place(*rectangle_, 10, 20, 30, 10);
+    Place(*line_, 50, 35, -8, -20);
+    AddMember(*inner_, line_);
+    AddMember(*group_, rectangle_);
+    AddMember(*group_, inner_);
+  }
+  static void Place(ItfHmiElement& element, Long xs, Long ys, Long dx, Long dy) {
+    element.Xs(xs);
+    element.Ys(ys);
+    element.Dx(dx);
+    element.Dy(dy);
+  }
+
+  const ElementRef rectangle_ = std::make_shared<clsRectangle>();
+  const ElementRef line_ = std::make_shared<clsLine>();
+  const std::shared_ptr<clsGroup> inner_ = std::make_shared<clsGroup>();
+  const std::shared_ptr<clsGroup> group_ = std::make_shared<clsGroup>();
+  automation::Variant map_;
+};
+
+TEST_F(GroupDragTest, AllMembersMoveAsOne) {
+  const DragResult result = PerformDrag(*group_, {ePD_None, {{1, 1}, {5, -3}}}, map_);
+  EXPECT_EQ(result.status, eCS_Legall);
+  EXPECT_EQ(result.before, (Descriptor{10, 15, 40, 20}));
+  EXPECT_EQ(result.after, (Descriptor{15, 12, 40, 20}));
+  EXPECT_EQ(rectangle_->Xs(), 15);
+  EXPECT_EQ(line_->Xs(), 55);
+  EXPECT_EQ(line_->Ys(), 32);
+}
+
+TEST_F(GroupDragTest, OneMemberOutOfRangeHoldsAllAtTheirLastLegalPlaces) {
+  const DragResult result = PerformDrag(*group_, {ePD_None, {{40, 0}, {60, 0}}}, map_);
+  EXPECT_EQ(result.status, eCS_OutOfRAnge);
+  EXPECT_EQ(result.after, (Descriptor{50, 15, 40, 20}));
+  EXPECT_EQ(rectangle_->Xs(), 50);
+  EXPECT_EQ(line_->Xs(), 90);
+}
+
+TEST_F(GroupDragTest, TheBoxIsThatAroundAllMembersInAnyOrder) {
+  const auto reversed = std::make_shared<clsGroup>();
+  AddMember(*reversed, line_);
+  AddMember(*reversed, rectangle_);
+  EXPECT_EQ(PerformDrag(*reversed, {}, map_).before, (Descriptor{10, 15, 40, 20}));
+  EXPECT_EQ(PerformDrag(*inner_, {}, map_).before, (Descriptor{42, 15, 8, 20}));
+}
+
+TEST_F(GroupDragTest, AGroupWithoutMembersHasNoPlace) {
+  clsGroup empty;
+  const DragResult result = PerformDrag(empty, {ePD_None, {{5, 5}}}, map_);
+  EXPECT_EQ(result.status, eCS_Legall);
+  EXPECT_EQ(result.before, Descriptor{});
+  EXPECT_EQ(result.after, Descriptor{});
 }
 
 }  // namespace
