@@ -51,7 +51,7 @@ void SaveElement(ProjectSession& project, ItfHmiElement& element);
 void DeleteElement(ProjectSession& project, ItfHmiElement& element);
 
 /// Brings a deleted element back as an undo does: in new rows, at the old places in the drawing order and in
-/// the groups, with its operands.
+/// the groups, with its operands. A group without members comes back on top.
 void RestoreElement(ProjectSession& project, ItfHmiElement& element);
 
 }  // namespace quenzel7::cli
