@@ -51,6 +51,26 @@ void DeleteRow(Long id) {
   ProjectConnection()->Execute("DELETE * FROM HMI_Elements WHERE ID=" + std::to_string(id));
 }
 
+/// A walk over the members of a group. Walks within walks of one group come from a host that asks the group
+/// while it is being told of a member; without end they come from a group that is its own member.
+class Walk {
+ public:
+  explicit Walk(Integer& walks) : walks_(walks) {
+    constexpr Integer kMostWalks = 100;
+    if (walks_ == kMostWalks) {
+      throw automation::AutomationError(automation::ErrorNumber::OutOfStackSpace,
+                                        "a group is a member of itself, or the host asks it without end");
+    }
+    ++walks_;
+  }
+  Walk(const Walk&) = delete;
+  Walk& operator=(const Walk&) = delete;
+  ~Walk() { --walks_; }
+
+ private:
+  Integer& walks_;
+};
+
 /// A property that is written by reference and read, the writer's slot first.
 constexpr automation::Member WithGetter(automation::Member member, Variant (*get)(automation::Object&)) {
   member.get = get;
@@ -156,9 +176,11 @@ void clsGroup::Props(const std::vector<Byte>& pValue) {
 
 template <class Test>
 bool clsGroup::AnyMember(const Test& test) const {
-  const automation::Collection& members = Required(members_);
-  for (Long place = 1; place <= members.Count(); ++place) {
-    if (test(*ElementAt(members, place))) return true;
+  const Walk walk(walks_);
+  // Held, since a member may make the host replace the collection.
+  const CollectionRef members = members_;
+  for (Long place = 1; place <= Required(members).Count(); ++place) {
+    if (test(*ElementAt(*members, place))) return true;
   }
   return false;
 }
@@ -185,6 +207,24 @@ bool clsGroup::IsContainsGlobalVars() const {
   });
 }
 
+bool clsGroup::Holds(const ItfHmiElement& element) const {
+  return AnyMember([&element](const ItfHmiElement& member) {
+    if (&member == &element) return true;
+    const auto* group = dynamic_cast<const clsGroup*>(&member);
+    return group && group->Holds(element);
+  });
+}
+
+void clsGroup::RequireNoCycle(const automation::Collection& objects) const {
+  for (Long place = 1; place <= objects.Count(); ++place) {
+    const ElementRef element = ElementAt(objects, place);
+    const auto* group = dynamic_cast<const clsGroup*>(element.get());
+    if (!group || (group != this && !group->Holds(*this))) continue;
+    throw automation::AutomationError(automation::ErrorNumber::InvalidProcedureCall,
+                                      "group " + std::to_string(id_) + " cannot become a member of itself");
+  }
+}
+
 void clsGroup::AddObjectsToGroup(CollectionRef& p_ColObjects) {
   automation::Collection& objects = Required(p_ColObjects);
   const Long count = objects.Count();
@@ -195,6 +235,7 @@ void clsGroup::AddObjectsToGroup(CollectionRef& p_ColObjects) {
     DeleteRow(id_);
     return;
   }
+  RequireNoCycle(objects);
   Long deepest = 0;
   for (Long taken = 0; taken < count; ++taken) {
     const ElementRef element = ElementAt(objects, 1);

@@ -16,7 +16,8 @@ namespace quenzel7 {
 /// included.
 ///
 /// Members are elements of a collection that the host can read and replace; without one every operation on
-/// the members raises error 91, with another object than an element in it error 13.
+/// the members raises error 91, with another object than an element in it error 13. A
+/// group that a host makes a member of itself raises error 28 where it would otherwise never end.
 class clsGroup : public ItfHmiElement {
  public:
   static constexpr std::string_view kClassName = "clsGroup";
@@ -85,6 +86,10 @@ class clsGroup : public ItfHmiElement {
   /// Whether `test` holds for a member; the first one ends the search.
   template <class Test>
   bool AnyMember(const Test& test) const;
+  /// Whether an element is a member, at any depth.
+  bool Holds(const ItfHmiElement& element) const;
+  /// Error 5 when one of the elements is this group or a group that holds it.
+  void RequireNoCycle(const automation::Collection& objects) const;
 
   // What is passed on to the members.
   void ItfHmiElement_Move(Long pDx, Long pDy) override;
@@ -123,6 +128,8 @@ class clsGroup : public ItfHmiElement {
   Long id_ = kNone;
   Long groupId_ = kNone;
   Long depth_ = 1;
+  /// Walks over the members that are under way.
+  mutable Integer walks_ = 0;
   automation::CollectionRef members_ = std::make_shared<automation::Collection>();
 };
 

@@ -16,6 +16,7 @@ enum class ErrorNumber : Long {
   SubscriptOutOfRange = 9,
   DivisionByZero = 11,
   TypeMismatch = 13,
+  OutOfStackSpace = 28,
   PathNotFound = 76,
   ObjectNotSet = 91,
   InvalidUseOfNull = 94,

@@ -524,6 +524,74 @@ TEST_F(Group, AnElementAddedTwiceIsAnErrorAndWhatWasTakenStays) {
   EXPECT_EQ(g.ColGroup()->Count(), 2);
 }
 
+TEST_F(Group, CannotBecomeAMemberOfItself) {
+  const auto inner = GroupOf({Make("a")});
+  const auto outer = GroupOf({Make("b"), GroupOf({inner})});
+  Take();
+  for (const auto& cycle : {inner, outer}) {
+    CollectionRef given = CollectionOf({Make("c"), cycle});
+    EXPECT_EQ(ErrorOf([&] { inner->AddObjectsToGroup(given); }), 5);
+    EXPECT_EQ(given->Count(), 2);
+    EXPECT_EQ(inner->ColGroup()->Count(), 1);
+    EXPECT_EQ(inner->Depth(), 1);
+    EXPECT_EQ(Take(), Log{"c.IsTouchable?"});
+  }
+  // Out of their group its members, and groups that hold nothing of it, are welcome.
+  EXPECT_TRUE(messages_->Shown().empty());
+}
+
+/// A host can hang a group into itself all the same.
+TEST_F(Group, AGroupThatHoldsItselfRaisesAnErrorInsteadOfNeverEnding) {
+  const auto g = GroupOf({Make("a")});
+  g->ColGroup()->Add(GroupOf({g}));
+  Variant map = Map(9, 9);
+  Variant table = Table({1});
+  EXPECT_EQ(ErrorOf([&] { g->Move(1, 1); }), 28);
+  EXPECT_EQ(ErrorOf([&] { g->Draw(1, false); }), 28);
+  EXPECT_EQ(ErrorOf([&] { g->DrawNonVarsInGroup(1, false); }), 28);
+  EXPECT_EQ(ErrorOf([&] { g->DrawVarsInGroup(1, false); }), 28);
+  EXPECT_EQ(ErrorOf([&] { g->DrawFramesInGroup(1, false); }), 28);
+  EXPECT_EQ(ErrorOf([&] { g->DrawTransparentFramesInGroup(1); }), 28);
+  EXPECT_EQ(ErrorOf([&] { g->HitTestByPoint(1, 1); }), 28);
+  EXPECT_EQ(ErrorOf([&] { g->HitTestByRect(1, 1, 1, 1); }), 28);
+  EXPECT_EQ(ErrorOf([&] { g->GetTransformState(map); }), 28);
+  EXPECT_EQ(ErrorOf([&] { g->SetNewFontNumberByLookUpTBL(table); }), 28);
+  EXPECT_EQ(ErrorOf([&] { g->SetElementsID(5); }), 28);
+  EXPECT_EQ(ErrorOf([&] { g->Replica(); }), 28);
+  // Out of itself it works as before.
+  g->ColGroup()->Remove(2);
+  Take();
+  g->Move(1, 1);
+  EXPECT_EQ(Take(), Log{"a.Move(1, 1)"});
+}
+
+TEST_F(Group, CanBeAskedWhileItTellsItsMembersNinetyNineDeep) {
+  const auto a = Make("a");
+  const auto g = GroupOf({a});
+  int left = 0;
+  a->during = [&](const std::string& asked) {
+    if (asked == "Move" && left-- > 0) g->Move(0, 0);
+  };
+  left = 99;
+  g->Move(0, 0);
+  EXPECT_EQ(Take().size(), 100u);
+  left = 100;
+  EXPECT_EQ(ErrorOf([&] { g->Move(0, 0); }), 28);
+  Take();
+  left = 99;
+  g->Move(0, 0);
+  EXPECT_EQ(Take().size(), 100u);
+}
+
+TEST_F(Group, GoesOnWithItsMembersWhenOneOfThemHasThemReplaced) {
+  const auto a = Make("a");
+  const auto g = GroupOf({a, Make("b")});
+  Take();
+  a->during = [&](const std::string&) { g->ColGroup(CollectionOf({Make("c")})); };
+  g->SaveInitialPosition();
+  EXPECT_EQ(Take(), (Log{"a.SaveInitialPosition()", "b.SaveInitialPosition()"}));
+}
+
 TEST_F(Group, AddingFailsWithoutTheDepthGrowing) {
   clsGroup g;
   const auto a = Make("a");

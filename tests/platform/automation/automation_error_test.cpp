@@ -37,6 +37,7 @@ TEST(AutomationError, NumbersAreThoseOfTheRunTime) {
       {ErrorNumber::SubscriptOutOfRange, 9},
       {ErrorNumber::DivisionByZero, 11},
       {ErrorNumber::TypeMismatch, 13},
+      {ErrorNumber::OutOfStackSpace, 28},
       {ErrorNumber::PathNotFound, 76},
       {ErrorNumber::ObjectNotSet, 91},
       {ErrorNumber::InvalidUseOfNull, 94},
