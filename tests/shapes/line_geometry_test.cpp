@@ -170,6 +170,11 @@ TEST(DistanceToLine, IsReckonedInSinglePrecision) {
   EXPECT_FLOAT_EQ(DistanceToLine({0, 0, 33, 11}, 21, 12), 4.1231056f);
   // 455/1690 of 39 is 10.5; in single precision it comes out just above, pixel 11 instead of the even 10.
   EXPECT_FLOAT_EQ(DistanceToLine({0, 0, 39, 13}, 10, 5), 1.4142135f);
+  EXPECT_FLOAT_EQ(DistanceToLine({0, 0, 11, 33}, 12, 21), 4.1231056f);
+  EXPECT_FLOAT_EQ(DistanceToLine({0, 0, 13, 39}, 5, 10), 1.4142135f);
+  // Products beyond 24 bits are rounded before they are divided, the upper and the lower one.
+  EXPECT_FLOAT_EQ(DistanceToLine({0, 0, 8590, 7856}, 2835, 2590), 1.4142135f);
+  EXPECT_FLOAT_EQ(DistanceToLine({0, 0, 6383, 5161}, 3411, 2759), 1.4142135f);
 }
 
 TEST(DistanceToLine, OfALineWithoutLengthIsADivisionBy0) {

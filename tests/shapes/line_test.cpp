@@ -619,6 +619,8 @@ TEST_F(Line, AStraightLineIsHitByHalfItsWidthAboveOrOnItsLeftOnly) {
 
 TEST_F(Line, IsHitNearTheBoxAtRestAndNearTheLineThatIsDisplayed) {
   const auto line = At(10, 10, 20, 20);
+  line->Move(0, 300);
+  line->SaveLastLegalPosition();
   line->Move(100, 0);
   line->UpdateDisplayWithTransx();
   EXPECT_FALSE(line->HitTestByPoint(20, 20)) << "the displayed line is far";
@@ -848,9 +850,12 @@ TEST_F(DrawnLine, IsSolidWhateverItsPenStyle) {
 TEST_F(DrawnLine, IsPaintedAtDescriptor4) {
   line_->Stretch(1, 2, ePD_LineHead);
   EXPECT_EQ(CallsOfDraw(*line_), kCallsOfDraw);
+  line_->UpdateDisplayWithTransx();
+  line_->Stretch(0, 0, ePD_None);
+  EXPECT_EQ(CallsOfDraw(*line_)[5], "MoveToEx(dc:1, 11, 22)");
+  EXPECT_EQ(CallsOfDraw(*line_)[6], "LineTo(dc:1, 5, 40)");
   line_->Stretch(1, 2, ePD_LineTail);
   line_->UpdateDisplayWithTransx();
-  line_->SaveLastLegalPosition();
   EXPECT_EQ(CallsOfDraw(*line_)[5], "MoveToEx(dc:1, 10, 20)");
   EXPECT_EQ(CallsOfDraw(*line_)[6], "LineTo(dc:1, 6, 42)");
 }
