@@ -103,13 +103,13 @@ void AddSavingAndLoading(std::vector<Ratio>& ratios) {
     const OpenPage page(folder.File("elements.qz7"));
     std::vector<std::shared_ptr<clsRectangle>> rectangles;
     for (Long index = 0; index < kElements; ++index) rectangles.push_back(MakeRectangle(index));
-    save.push_back(Seconds([&] {
+    save.push_back(ProcessorSeconds([&] {
       ado::Transaction transaction(page.Connection());
       for (const auto& rectangle : rectangles) rectangle->SaveToDB();
       transaction.Commit();
     }));
     std::vector<std::shared_ptr<clsRectangle>> loaded;
-    load.push_back(Seconds([&] {
+    load.push_back(ProcessorSeconds([&] {
       ado::Transaction transaction(page.Connection());
       for (const auto& rectangle : rectangles) {
         const auto row = ado::OpenRecordset(
@@ -123,8 +123,8 @@ void AddSavingAndLoading(std::vector<Ratio>& ratios) {
 
     corvane1::OpenProject(folder.File("hand.qz7"), corvane1::ProjectMode::Create)->Close();
     HandWritten hand(folder.File("hand.qz7"));
-    handSave.push_back(Seconds([&] { hand.Save(); }));
-    handLoad.push_back(Seconds([&] { hand.Load(); }));
+    handSave.push_back(ProcessorSeconds([&] { hand.Save(); }));
+    handLoad.push_back(ProcessorSeconds([&] { hand.Load(); }));
   }
   ratios.push_back({"SaveToDB of 10,000 new rectangles, one transaction", Median(save) / Median(handSave),
                     2.0, "prepared statements by hand"});
@@ -138,13 +138,13 @@ void AddCallByName(std::vector<Ratio>& ratios) {
   std::vector<double> put, get;
   automation::Variant value(Long{5});
   for (int turn = 0; turn < 9; ++turn) {
-    put.push_back(Seconds([&] {
+    put.push_back(ProcessorSeconds([&] {
       for (int call = 0; call < kCalls; ++call) {
         automation::CallByName(*rectangle, "PenWidth", automation::CallKind::Put,
                                automation::Arguments(&value, 1));
       }
     }));
-    get.push_back(Seconds([&] {
+    get.push_back(ProcessorSeconds([&] {
       for (int call = 0; call < kCalls; ++call) {
         if (automation::GetByName(*rectangle, "PenWidth").IsEmpty()) std::abort();
       }

@@ -12,40 +12,18 @@
 
 namespace quenzel7::bench {
 
-/// Columns of the table of elements, in the order of HandElement::values.
-constexpr std::string_view kHandColumns[] = {"GUID",
-                                             "OrderIndex",
-                                             "DisplayID",
-                                             "GroupID",
-                                             "Type",
-                                             "Xs",
-                                             "Ys",
-                                             "Dx",
-                                             "Dy",
-                                             "ColorBack",
-                                             "ColorFore",
-                                             "ColorBackTouch",
-                                             "ColorForeTouch",
-                                             "ColorHatch",
-                                             "PenStyle",
-                                             "PenWidth",
-                                             "HatchStyle",
-                                             "TouchOprndAddr",
-                                             "VisibleOpAddr",
-                                             "DescriptionFontNumber",
-                                             "FontNumber",
-                                             "Alignment",
-                                             "Flat3D",
-                                             "VarType",
-                                             "VarKeyPadEntry",
-                                             "VarOprndType",
-                                             "VarOprndAddr",
-                                             "GlobalVarID",
-                                             "DefaultDisplay",
-                                             "KeypadSuccessOpAddr",
-                                             "EnabledOpAddr",
-                                             "HighlightOpAddr",
-                                             "TabIndex"};
+// clang-format off
+/// Columns of the table of elements, in the order of HandElement::values. Behind "TabIndex" all are 0.
+constexpr std::string_view kHandColumns[] = {
+    "GUID", "OrderIndex", "DisplayID", "GroupID", "Type",
+    "Xs", "Ys", "Dx", "Dy",
+    "ColorBack", "ColorFore", "ColorBackTouch", "ColorForeTouch", "ColorHatch",
+    "PenStyle", "PenWidth", "HatchStyle",
+    "TouchOprndAddr", "VisibleOpAddr", "KeypadSuccessOpAddr", "EnabledOpAddr", "HighlightOpAddr",
+    "TabIndex",
+    "FontNumber", "DescriptionFontNumber", "Alignment", "Flat3D", "VarType", "VarKeyPadEntry",
+    "VarOprndType", "VarOprndAddr", "GlobalVarID", "DefaultDisplay"};
+// clang-format on
 enum HandColumn : std::size_t { kGuid, kOrderIndex, kDisplayId, kGroupId, kType };
 
 /// An element as a program without classes would have it.

@@ -3,7 +3,6 @@
 #include <time.h>
 
 #include <algorithm>
-#include <chrono>
 #include <limits>
 #include <string>
 #include <vector>
@@ -29,14 +28,6 @@ inline double Median(std::vector<double> values) {
   return values[values.size() / 2];
 }
 
-/// Seconds that the action takes.
-template <class Action>
-double Seconds(Action action) {
-  const auto start = std::chrono::steady_clock::now();
-  action();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
 /// The processor time that the action takes, in seconds. Both sides wait for the same disk, and other
 /// programs disturb this less than time on the wall.
 template <class Action>
@@ -51,13 +42,13 @@ double ProcessorSeconds(Action action) {
   return now() - start;
 }
 
-/// The median time of `work` over the median time of `peer`, run turn by turn so that both see the same
+/// The median processor time of `work` over that of `peer`, run turn by turn so that both see the same
 /// caches and clock; the first turns warm up and do not count.
 template <class Work, class Peer>
 double TimeRatio(int turns, int warmUps, Work work, Peer peer) {
   std::vector<double> workSeconds, peerSeconds;
   for (int turn = 0; turn < turns + warmUps; ++turn) {
-    const double workTime = Seconds(work), peerTime = Seconds(peer);
+    const double workTime = ProcessorSeconds(work), peerTime = ProcessorSeconds(peer);
     if (turn < warmUps) continue;
     workSeconds.push_back(workTime);
     peerSeconds.push_back(peerTime);
