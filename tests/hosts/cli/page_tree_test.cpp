@@ -82,6 +82,7 @@ TEST(PageTree, AnElementWhoseGroupIsNoGroupStandsAlone) {
 }
 
 TEST(PageTree, GroupsInThemselvesStandAloneWithTheirMembers) {
+  EXPECT_EQ(TreeText({Group(1, 1)}), "clsGroup []");
   EXPECT_EQ(TreeText({Group(1, 1), Line(2, 1, 5)}), "clsGroup [clsLine 2]");
   EXPECT_EQ(TreeText({Group(1, 2), Group(2, 3), Group(3, 1), Line(4, 1, 1), Line(5, 2, 3), Line(6, 3, 2)}),
             "clsGroup [clsLine 4], clsGroup [clsLine 6], clsGroup [clsLine 5]");
