@@ -37,39 +37,52 @@ clsGroup& AsGroup(ItfHmiElement& element) {
   return *group;
 }
 
-/// The depth of the deepest group of a collection; 0 without one.
-Long DeepestGroup(const automation::Collection& elements) {
-  Long deepest = 0;
-  for (Long place = 1; place <= elements.Count(); ++place) {
-    const ElementRef element = ElementAt(elements, place);
-    if (IsGroup(*element)) deepest = std::max(deepest, AsGroup(*element).Depth());
+/// The depth of an element that is a group, 0 of another.
+Long DepthOf(ItfHmiElement& element) { return IsGroup(element) ? AsGroup(element).Depth() : 0; }
+
+/// Whether one group is the other or holds it at any depth. What is no group is passed over, be it an element
+/// or not.
+bool IsOrHolds(const clsGroup& group, const clsGroup& sought) {
+  std::vector<const clsGroup*> found{&group};
+  for (std::size_t next = 0; next < found.size(); ++next) {
+    if (found[next] == &sought) return true;
+    const CollectionRef members = found[next]->ColGroup();
+    for (Long place = 1; members && place <= members->Count(); ++place) {
+      const auto* object = members->Item(place).If<automation::ObjectRef>();
+      const auto* member = object ? dynamic_cast<const clsGroup*>(object->get()) : nullptr;
+      if (member && std::find(found.begin(), found.end(), member) == found.end()) found.push_back(member);
+    }
   }
-  return deepest;
+  return false;
 }
 
 void DeleteRow(Long id) {
   ProjectConnection()->Execute("DELETE * FROM HMI_Elements WHERE ID=" + std::to_string(id));
 }
 
-/// A walk over the members of a group. Walks within walks of one group come from a host that asks the group
-/// while it is being told of a member; without end they come from a group that is its own member.
+/// A walk over the members of a group. Walks within walks come from groups within groups, and from hosts that
+/// ask a group while they are told of a member; without end they come from a group that is its own member.
+/// They are counted for the thread: a ring of many groups ends like a ring of one.
 class Walk {
  public:
-  explicit Walk(Integer& walks) : walks_(walks) {
-    constexpr Integer kMostWalks = 100;
-    if (walks_ == kMostWalks) {
+  Walk() {
+    constexpr Long kMostWalks = 100;
+    if (underWay_ == kMostWalks) {
       throw automation::AutomationError(automation::ErrorNumber::OutOfStackSpace,
-                                        "a group is a member of itself, or the host asks it without end");
+                                        "groups are nested more than " + std::to_string(kMostWalks) +
+                                            " deep: one of them is a member of itself");
     }
-    ++walks_;
+    ++underWay_;
   }
   Walk(const Walk&) = delete;
   Walk& operator=(const Walk&) = delete;
-  ~Walk() { --walks_; }
+  ~Walk() { --underWay_; }
 
  private:
-  Integer& walks_;
+  static thread_local Long underWay_;
 };
+
+thread_local Long Walk::underWay_ = 0;
 
 /// A property that is written by reference and read, the writer's slot first.
 constexpr automation::Member WithGetter(automation::Member member, Variant (*get)(automation::Object&)) {
@@ -77,40 +90,43 @@ constexpr automation::Member WithGetter(automation::Member member, Variant (*get
   return automation::WriterFirst(member);
 }
 
-#define GROUP_PROPERTY(Type, Name, Documentation, ...)                                \
+#define QUENZEL7_GROUP_PROPERTY(Type, Name, Documentation, ...)                       \
   automation::Property<Type>(#Name, Documentation, AUTOMATION_GETTER(clsGroup, Name), \
                              AUTOMATION_SETTER(clsGroup, Type, Name) __VA_OPT__(, ) __VA_ARGS__)
-#define GROUP_METHOD(Name, Documentation) automation::Method<clsGroup, &clsGroup::Name>(#Name, Documentation)
+#define QUENZEL7_GROUP_METHOD(Name, Documentation) \
+  automation::Method<clsGroup, &clsGroup::Name>(#Name, Documentation)
 
 constexpr automation::Member kMembers[] = {
-    GROUP_PROPERTY(Long, ID, "Key of the group's row; -1 until the row exists.", Mark::Identity),
-    automation::WriterFirst(GROUP_PROPERTY(
+    QUENZEL7_GROUP_PROPERTY(Long, ID, "Key of the group's row; -1 until the row exists.", Mark::Identity),
+    automation::WriterFirst(QUENZEL7_GROUP_PROPERTY(
         Long, GroupID, "ID of the group that owns this one; -1 when it stands alone.", Mark::Identity)),
-    automation::WriterFirst(
-        GROUP_PROPERTY(Long, Depth, "Nesting height: 1 for a group of plain elements.", Mark::Identity)),
+    automation::WriterFirst(QUENZEL7_GROUP_PROPERTY(
+        Long, Depth, "Nesting height: 1 for a group of plain elements.", Mark::Identity)),
     WithGetter(automation::PutRefProperty<CollectionRef>(
                    "ColGroup", "The members, each under the decimal text of its address.",
                    AUTOMATION_SETTER(clsGroup, CollectionRef, ColGroup)),
                AUTOMATION_GETTER(clsGroup, ColGroup)),
-    GROUP_PROPERTY(std::vector<Byte>, Props, "ID, GroupID and Depth as 12 bytes, low byte first.",
-                   Mark::Identity),
-    GROUP_METHOD(IsContainsGlobalVars, "Whether a variable among the members shows a global variable."),
-    GROUP_METHOD(AddObjectsToGroup,
-                 "Takes all elements of a collection in and saves them; none when one is touchable."),
-    GROUP_METHOD(IsMaxDepth, "Whether a new group of these elements would be nested too deep."),
-    GROUP_METHOD(DrawFramesInGroup, "Paints the frames in the group."),
-    GROUP_METHOD(DrawTransparentFramesInGroup,
-                 "Paints the frames in the group at half strength over what is there."),
-    GROUP_METHOD(LoadFromDB, "Takes ID and GroupID from a row; the members are the host's to load."),
-    GROUP_METHOD(SetElementsID, "Gives all members, at any depth, this ID."),
-    GROUP_METHOD(SaveToDB, "Writes the rows of the group and its members; always True."),
+    QUENZEL7_GROUP_PROPERTY(std::vector<Byte>, Props, "ID, GroupID and Depth as 12 bytes, low byte first.",
+                            Mark::Identity),
+    QUENZEL7_GROUP_METHOD(IsContainsGlobalVars,
+                          "Whether a variable among the members shows a global variable."),
+    QUENZEL7_GROUP_METHOD(
+        AddObjectsToGroup,
+        "Takes all elements of a collection in and saves them; none when one is touchable."),
+    QUENZEL7_GROUP_METHOD(IsMaxDepth, "Whether a new group of these elements would be nested too deep."),
+    QUENZEL7_GROUP_METHOD(DrawFramesInGroup, "Paints the frames in the group."),
+    QUENZEL7_GROUP_METHOD(DrawTransparentFramesInGroup,
+                          "Paints the frames in the group at half strength over what is there."),
+    QUENZEL7_GROUP_METHOD(LoadFromDB, "Takes ID and GroupID from a row; the members are the host's to load."),
+    QUENZEL7_GROUP_METHOD(SetElementsID, "Gives all members, at any depth, this ID."),
+    QUENZEL7_GROUP_METHOD(SaveToDB, "Writes the rows of the group and its members; always True."),
     automation::Method<clsGroup, &ItfHmiElement::CreateStaticElementPrinterReport>(
         "ItfHmiElement_CreateStaticElementPrinterReport",
         "Nothing: a group has no lines in a printed report."),
 };
 
-#undef GROUP_PROPERTY
-#undef GROUP_METHOD
+#undef QUENZEL7_GROUP_PROPERTY
+#undef QUENZEL7_GROUP_METHOD
 
 }  // namespace
 
@@ -139,7 +155,8 @@ struct clsGroup::Columns {
 // clang-format on
 
 const automation::ClassInfo& clsGroup::ClassOf() {
-  static const automation::Interface interface("_clsGroup", kMembers);
+  static const std::string interfaceName = "_" + std::string(kClassName);
+  static const automation::Interface interface(interfaceName, kMembers);
   static const automation::Interface* const interfaces[] = {&interface, &InterfaceOf()};
   static const automation::ClassInfo info{
       kClassName, interfaces, []() -> automation::ObjectRef { return std::make_shared<clsGroup>(); }};
@@ -162,9 +179,9 @@ std::vector<Byte> clsGroup::Props() const {
 
 void clsGroup::Props(const std::vector<Byte>& pValue) {
   if (pValue.size() < kPropsSize) {
-    throw automation::AutomationError(
-        automation::ErrorNumber::SubscriptOutOfRange,
-        "Props takes 12 bytes, " + std::to_string(pValue.size()) + " were given");
+    throw automation::AutomationError(automation::ErrorNumber::SubscriptOutOfRange,
+                                      "Props takes " + std::to_string(kPropsSize) + " bytes, " +
+                                          std::to_string(pValue.size()) + " were given");
   }
   auto byte = pValue.begin();
   for (Long* const number : {&id_, &groupId_, &depth_}) {
@@ -176,7 +193,7 @@ void clsGroup::Props(const std::vector<Byte>& pValue) {
 
 template <class Test>
 bool clsGroup::AnyMember(const Test& test) const {
-  const Walk walk(walks_);
+  const Walk walk;
   // Held, since a member may make the host replace the collection.
   const CollectionRef members = members_;
   for (Long place = 1; place <= Required(members).Count(); ++place) {
@@ -207,28 +224,21 @@ bool clsGroup::IsContainsGlobalVars() const {
   });
 }
 
-bool clsGroup::Holds(const ItfHmiElement& element) const {
-  return AnyMember([&element](const ItfHmiElement& member) {
-    if (&member == &element) return true;
-    const auto* group = dynamic_cast<const clsGroup*>(&member);
-    return group && group->Holds(element);
-  });
-}
-
 void clsGroup::RequireNoCycle(const automation::Collection& objects) const {
   for (Long place = 1; place <= objects.Count(); ++place) {
     const ElementRef element = ElementAt(objects, place);
     const auto* group = dynamic_cast<const clsGroup*>(element.get());
-    if (!group || (group != this && !group->Holds(*this))) continue;
+    if (!group || !IsOrHolds(*group, *this)) continue;
     throw automation::AutomationError(automation::ErrorNumber::InvalidProcedureCall,
                                       "group " + std::to_string(id_) + " cannot become a member of itself");
   }
 }
 
 void clsGroup::AddObjectsToGroup(CollectionRef& p_ColObjects) {
-  automation::Collection& objects = Required(p_ColObjects);
-  const Long count = objects.Count();
-  for (Long place = 1; place <= count; ++place) {
+  // Held, since an element that is saved may make the host let go of it.
+  const CollectionRef held = p_ColObjects;
+  automation::Collection& objects = Required(held);
+  for (Long place = 1; place <= objects.Count(); ++place) {
     if (!ElementAt(objects, place)->IsTouchable()) continue;
     constexpr Long kNoTouchableMembers = 6;
     ShowLibraryMessage(kNoTouchableMembers);
@@ -236,10 +246,11 @@ void clsGroup::AddObjectsToGroup(CollectionRef& p_ColObjects) {
     return;
   }
   RequireNoCycle(objects);
+  const Long count = objects.Count();
   Long deepest = 0;
   for (Long taken = 0; taken < count; ++taken) {
     const ElementRef element = ElementAt(objects, 1);
-    if (IsGroup(*element)) deepest = std::max(deepest, AsGroup(*element).Depth());
+    deepest = std::max(deepest, DepthOf(*element));
     Required(members_).Add(element, KeyOf(*element));
     element->GroupID(id_);
     element->SaveToDB();
@@ -249,7 +260,12 @@ void clsGroup::AddObjectsToGroup(CollectionRef& p_ColObjects) {
 }
 
 bool clsGroup::IsMaxDepth(CollectionRef& p_ColObjects) const {
-  return DeepestGroup(Required(p_ColObjects)) >= kMaxDepth;
+  const automation::Collection& objects = Required(p_ColObjects);
+  Long deepest = 0;
+  for (Long place = 1; place <= objects.Count(); ++place) {
+    deepest = std::max(deepest, DepthOf(*ElementAt(objects, place)));
+  }
+  return deepest >= kMaxDepth;
 }
 
 void clsGroup::DrawFramesInGroup(Long pHdc, bool pDrawBoundingRect) {

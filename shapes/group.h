@@ -16,8 +16,10 @@ namespace quenzel7 {
 /// included.
 ///
 /// Members are elements of a collection that the host can read and replace; without one every operation on
-/// the members raises error 91, with another object than an element in it error 13. A
-/// group that a host makes a member of itself raises error 28 where it would otherwise never end.
+/// the members raises error 91, with another object than an element in it error 13, and so does an element
+/// that tells type 8 without being a clsGroup where the group needs more of it than the contract. Groups
+/// nested more than 100 deep, which is how a group looks that a host has made a member of itself, raise
+/// error 28.
 class clsGroup : public ItfHmiElement {
  public:
   static constexpr std::string_view kClassName = "clsGroup";
@@ -53,17 +55,22 @@ class clsGroup : public ItfHmiElement {
   /// saved, and leaves the collection. The depth grows by that of the deepest group among them.
   ///
   /// With a touchable element among them none is taken: message 6 is shown, and the group's own row is
-  /// deleted. Error 457 for an element that is a member already, and those of saving; what was taken before
-  /// stays.
+  /// deleted.
+  ///
+  /// Errors before any is taken: 91 without a collection and for an item that is nothing, 13 for one that is
+  /// no element, 5 for the group itself and for a group that holds it. Errors after which what was taken
+  /// stays: 457 for an element that is a member already, 13 for one that tells type 8 and is no clsGroup, 91
+  /// when the group has no collection of members, those of saving, and 6 when the depth does not fit 32 bits.
   void AddObjectsToGroup(automation::CollectionRef& p_ColObjects);
 
   /// Whether a new group of these elements would be nested too deep: one of them is a group of kMaxDepth or
   /// deeper.
   bool IsMaxDepth(automation::CollectionRef& p_ColObjects) const;
 
-  /// Paints the frames among the members and those of member groups, as they are, or at half strength over
-  /// what is there.
+  /// Paints the frames among the members and those of member groups.
   void DrawFramesInGroup(Long pHdc, bool pDrawBoundingRect);
+  /// The same at half strength over what is there, by `DrawTransparent` of each frame. Error 438 for a frame
+  /// that has no such method.
   void DrawTransparentFramesInGroup(Long pHdc);
 
   /// Gives all members, and those of member groups, this ID; the group keeps its own.
@@ -86,8 +93,6 @@ class clsGroup : public ItfHmiElement {
   /// Whether `test` holds for a member; the first one ends the search.
   template <class Test>
   bool AnyMember(const Test& test) const;
-  /// Whether an element is a member, at any depth.
-  bool Holds(const ItfHmiElement& element) const;
   /// Error 5 when one of the elements is this group or a group that holds it.
   void RequireNoCycle(const automation::Collection& objects) const;
 
@@ -128,8 +133,6 @@ class clsGroup : public ItfHmiElement {
   Long id_ = kNone;
   Long groupId_ = kNone;
   Long depth_ = 1;
-  /// Walks over the members that are under way.
-  mutable Integer walks_ = 0;
   automation::CollectionRef members_ = std::make_shared<automation::Collection>();
 };
 

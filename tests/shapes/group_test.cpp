@@ -528,16 +528,34 @@ TEST_F(Group, CannotBecomeAMemberOfItself) {
   const auto inner = GroupOf({Make("a")});
   const auto outer = GroupOf({Make("b"), GroupOf({inner})});
   Take();
+  inner->ID(8);
   for (const auto& cycle : {inner, outer}) {
-    CollectionRef given = CollectionOf({Make("c"), cycle});
-    EXPECT_EQ(ErrorOf([&] { inner->AddObjectsToGroup(given); }), 5);
-    EXPECT_EQ(given->Count(), 2);
-    EXPECT_EQ(inner->ColGroup()->Count(), 1);
-    EXPECT_EQ(inner->Depth(), 1);
-    EXPECT_EQ(Take(), Log{"c.IsTouchable?"});
+    for (const bool isFirst : {true, false}) {
+      CollectionRef given = isFirst ? CollectionOf({cycle, Make("c")}) : CollectionOf({Make("c"), cycle});
+      EXPECT_RAISES(5, "group 8 cannot become a member of itself", inner->AddObjectsToGroup(given));
+      EXPECT_EQ(given->Count(), 2);
+      EXPECT_EQ(inner->ColGroup()->Count(), 1);
+      EXPECT_EQ(inner->Depth(), 1);
+      EXPECT_EQ(Take(), Log{"c.IsTouchable?"});
+    }
   }
-  // Out of their group its members, and groups that hold nothing of it, are welcome.
   EXPECT_TRUE(messages_->Shown().empty());
+}
+
+/// What cannot be looked into is no cycle: it fails where it is saved, and what came before it is taken.
+TEST_F(Group, AMemberGroupThatCannotBeSavedFailsWhenItsTurnComes) {
+  for (const bool isCollection : {false, true}) {
+    clsGroup g;
+    const auto broken = std::make_shared<clsGroup>();
+    broken->ColGroup(isCollection ? std::make_shared<automation::Collection>() : nullptr);
+    if (isCollection) broken->ColGroup()->Add(Variant(7));
+    CollectionRef given = CollectionOf({Make("a"), broken});
+    // There is no project: saving a group is an error anyway; it must not come before the first is saved.
+    EXPECT_NE(ErrorOf([&] { g.AddObjectsToGroup(given); }), 0);
+    EXPECT_EQ(Take(), (Log{"a.IsTouchable?", "a.GroupID=-1", "a.SaveToDB()"}));
+    EXPECT_EQ(given->Count(), 1);
+    EXPECT_EQ(g.ColGroup()->Count(), 2);
+  }
 }
 
 /// A host can hang a group into itself all the same.
@@ -546,7 +564,7 @@ TEST_F(Group, AGroupThatHoldsItselfRaisesAnErrorInsteadOfNeverEnding) {
   g->ColGroup()->Add(GroupOf({g}));
   Variant map = Map(9, 9);
   Variant table = Table({1});
-  EXPECT_EQ(ErrorOf([&] { g->Move(1, 1); }), 28);
+  EXPECT_RAISES(28, "groups are nested more than 100 deep: one of them is a member of itself", g->Move(1, 1));
   EXPECT_EQ(ErrorOf([&] { g->Draw(1, false); }), 28);
   EXPECT_EQ(ErrorOf([&] { g->DrawNonVarsInGroup(1, false); }), 28);
   EXPECT_EQ(ErrorOf([&] { g->DrawVarsInGroup(1, false); }), 28);
@@ -563,6 +581,47 @@ TEST_F(Group, AGroupThatHoldsItselfRaisesAnErrorInsteadOfNeverEnding) {
   Take();
   g->Move(1, 1);
   EXPECT_EQ(Take(), Log{"a.Move(1, 1)"});
+}
+
+TEST_F(Group, ARingOfManyGroupsEndsLikeARingOfOne) {
+  std::vector<std::shared_ptr<clsGroup>> ring;
+  for (int index = 0; index < 5000; ++index) {
+    ring.push_back(std::make_shared<clsGroup>());
+    if (index > 0) ring[index - 1]->ColGroup()->Add(ring[index]);
+  }
+  EXPECT_EQ(ErrorOf([&] { ring[0]->Move(1, 1); }), 28);
+  ring.back()->ColGroup()->Add(ring[0]);
+  EXPECT_EQ(ErrorOf([&] { ring[0]->Move(1, 1); }), 28);
+  EXPECT_EQ(ErrorOf([&] { ring[4000]->Replica(); }), 28);
+  // The last hundred of a chain are not too deep.
+  ring.back()->ColGroup()->Remove(1);
+  EXPECT_EQ(ErrorOf([&] { ring[4899]->Move(1, 1); }), 28);
+  EXPECT_EQ(ErrorOf([&] { ring[4900]->Move(1, 1); }), 0);
+  // Taken apart from the end, so that the release of one does not release them all at once.
+  while (!ring.empty()) ring.pop_back();
+}
+
+TEST_F(Group, TheCountIsReadAfterTheTouchTest) {
+  clsGroup g;
+  const auto a = Make("a"), late = Make("late");
+  CollectionRef given = CollectionOf({a});
+  a->during = [&](const std::string& asked) {
+    if (asked == "IsTouchable") given->Add(late);
+  };
+  g.AddObjectsToGroup(given);
+  EXPECT_EQ(Take(), (Log{"a.IsTouchable?", "late.IsTouchable?", "a.GroupID=-1", "a.SaveToDB()",
+                         "late.GroupID=-1", "late.SaveToDB()"}));
+}
+
+TEST_F(Group, TheGivenCollectionOutlivesTheHostsHoldOnIt) {
+  clsGroup g;
+  const auto a = Make("a"), b = Make("b");
+  CollectionRef given = CollectionOf({a, b});
+  a->during = [&](const std::string& asked) {
+    if (asked == "SaveToDB") given.reset();
+  };
+  g.AddObjectsToGroup(given);
+  EXPECT_EQ(g.ColGroup()->Count(), 2);
 }
 
 TEST_F(Group, CanBeAskedWhileItTellsItsMembersNinetyNineDeep) {
