@@ -18,17 +18,6 @@ using automation::Subtract;
 using automation::To;
 using automation::Variant;
 
-Variant CallInPlace(ItfHmiElement& element, std::string_view method, automation::Arguments arguments) {
-  return automation::CallByName(element, ItfHmiElement::InterfaceOf(), method, automation::CallKind::Method,
-                                arguments);
-}
-
-Descriptor BoundsOf(ItfHmiElement& element) {
-  Variant places[4];
-  CallInPlace(element, "GetBoundingRect", places);
-  return {To<Long>(places[0]), To<Long>(places[1]), To<Long>(places[2]), To<Long>(places[3])};
-}
-
 /// The lower and the higher end of a side that may have a negative length.
 std::pair<Long, Long> Ends(Long start, Long length) { return std::minmax({start, Add(start, length)}); }
 

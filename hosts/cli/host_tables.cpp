@@ -88,6 +88,23 @@ void HostPages::Keep(const KeptPage& page) {
   row->Update();
 }
 
+std::vector<PageInfo> HostPages::Kept(const Wrong& wrong) const {
+  std::vector<PageInfo> pages;
+  if (!HasTable(connection_, kPages)) return pages;
+  const auto rows =
+      Query(connection_,
+            "SELECT DisplayID, Name, PanelType, Width, Height, rowid AS RowNumber FROM HostPages "
+            "ORDER BY DisplayID, rowid");
+  for (; !rows->Eof(); rows->MoveNext()) {
+    try {
+      pages.push_back(InfoOf(*rows));
+    } catch (const AutomationError& error) {
+      wrong(To<std::string>(rows->Get("RowNumber")), error);
+    }
+  }
+  return pages;
+}
+
 std::vector<PageInfo> HostPages::All() const {
   std::map<Long, PageInfo> pages;
   const auto used = Query(connection_, "SELECT DISTINCT DisplayID FROM HMI_Elements");
@@ -100,13 +117,8 @@ std::vector<PageInfo> HostPages::All() const {
     info.number = To<Long>(number);
     pages[info.number] = info;
   }
-  if (HasTable(connection_, kPages)) {
-    const auto kept = Query(connection_, "SELECT DisplayID, Name, PanelType, Width, Height FROM HostPages");
-    for (; !kept->Eof(); kept->MoveNext()) {
-      const PageInfo info = InfoOf(*kept);
-      pages[info.number] = info;
-    }
-  }
+  const auto raise = [](const std::string&, const AutomationError& error) { throw error; };
+  for (const PageInfo& info : Kept(raise)) pages[info.number] = info;
   std::vector<PageInfo> all;
   for (const auto& [number, info] : pages) all.push_back(info);
   return all;

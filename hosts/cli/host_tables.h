@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -7,6 +8,7 @@
 #include "framework/element_contract.h"
 #include "hosts/cli/page_file.h"
 #include "platform/ado/connection.h"
+#include "platform/automation/automation_error.h"
 
 /// The tables that this host keeps in a project beside those of the library.
 namespace quenzel7::cli {
@@ -31,6 +33,10 @@ class HostPages {
   std::optional<KeptPage> Find(Long number) const;
   /// Keeps a page in place of the one that had its number.
   void Keep(const KeptPage& page);
+  /// What is told of a row that is no page: its number in the table and the error.
+  using Wrong = std::function<void(const std::string& row, const automation::AutomationError& error)>;
+  /// The pages that the table has, by number; rows that are none are told to `wrong` and left out.
+  std::vector<PageInfo> Kept(const Wrong& wrong) const;
   /// All pages of the project by number, those that another host made with their number only.
   std::vector<PageInfo> All() const;
 

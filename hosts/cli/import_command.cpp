@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "hosts/cli/commands.h"
+#include "hosts/cli/counted.h"
 #include "hosts/cli/page_store.h"
 #include "hosts/cli/text_file.h"
 #include "hosts/cli/user_error.h"
@@ -59,12 +60,9 @@ int ImportCommand(const std::string& pagePath, const std::string& projectPath, c
   }
   target.Commit();
 
-  const auto count = [](std::size_t number) {
-    return std::to_string(number) + (number == 1 ? " element" : " elements");
-  };
-  console.out << "page " << page.info.number << ": " << count(CountElements(page.elements))
+  console.out << "page " << page.info.number << ": " << Counted(CountElements(page.elements), "element")
               << " imported into " << projectPath;
-  if (result.replaced) console.out << ", in place of " << count(result.elementsBefore);
+  if (result.replaced) console.out << ", in place of " << Counted(result.elementsBefore, "element");
   console.out << '\n';
   return 0;
 }

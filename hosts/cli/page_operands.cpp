@@ -1,7 +1,6 @@
 #include "hosts/cli/page_operands.h"
 
 #include <memory>
-#include <string_view>
 
 #include "framework/operands.h"
 #include "hosts/cli/element_calls.h"
@@ -13,12 +12,6 @@ namespace {
 
 using automation::To;
 
-struct OperandProperty {
-  std::string_view name;
-  enOperandPurpose purpose;
-};
-
-/// The properties that hold the address of a memory bit.
 constexpr OperandProperty kOperandProperties[] = {
     {"TouchOprndAddr", eOP_TouchOperand},
     {"VisibleOpAddr", eOP_VisibleOperand},
@@ -34,6 +27,8 @@ std::shared_ptr<fennick1::Operand> OperandAt(Long type, Long address, Long netwo
 }
 
 }  // namespace
+
+std::span<const OperandProperty> OperandProperties() { return kOperandProperties; }
 
 PageOperands::PageOperands(ado::Connection& connection) : connection_(connection) {
   for (const Operand& used : Used()) {
@@ -60,7 +55,6 @@ void PageOperands::AddRows(ItfHmiElement& element) {
   for (const OperandProperty& property : kOperandProperties) {
     if (!element.Class().Default().Find(property.name)) continue;
     const Long address = To<Long>(automation::GetByName(element, property.name));
-    // Below 0 are no operand and touches without one of their own.
     if (address < 0) continue;
     AddOperandRow(IdOf(element), kMemoryBit, address, property.purpose, kLocalNetwork);
     added_.emplace_back(kMemoryBit, address, kLocalNetwork);

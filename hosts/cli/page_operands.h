@@ -1,14 +1,27 @@
 #pragma once
 
 #include <map>
+#include <span>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
 #include "framework/element_contract.h"
+#include "framework/enums.h"
 #include "platform/ado/connection.h"
 #include "platform/automation/property_bag.h"
 
 namespace quenzel7::cli {
+
+/// A property that holds the address of a memory bit, and what the bit is for.
+struct OperandProperty {
+  std::string_view name;
+  enOperandPurpose purpose;
+};
+
+/// The properties of that kind that have a row in HMI_Operands while the address is not below 0: no operand,
+/// or a touch without one of its own.
+std::span<const OperandProperty> OperandProperties();
 
 /// The operands of a page that is being imported. The library adds no operand rows for new assignments, and
 /// deleting an element takes its operands out of the project even when another page uses them: both is the

@@ -1,6 +1,5 @@
 #include "hosts/cli/page_store.h"
 
-#include <map>
 #include <optional>
 
 #include "hosts/cli/element_calls.h"
@@ -8,6 +7,7 @@
 #include "hosts/cli/host_tables.h"
 #include "hosts/cli/page_tree.h"
 #include "hosts/cli/progress_bar.h"
+#include "hosts/cli/row_loader.h"
 #include "hosts/cli/user_error.h"
 #include "shapes/element_columns.h"
 
@@ -21,23 +21,6 @@ std::string NumberList(const std::vector<PageInfo>& pages) {
   for (const PageInfo& page : pages) list += (list.empty() ? "" : ", ") + std::to_string(page.number);
   return list;
 }
-
-/// Finds the class of a row by the number that a new element of the class tells.
-class ClassesByType {
- public:
-  explicit ClassesByType(const ElementClasses& classes) : classes_(classes) {}
-
-  const automation::ClassInfo& Find(Long elementType) {
-    const auto [place, isNew] = found_.try_emplace(elementType, nullptr);
-    if (isNew) place->second = classes_.OfType(elementType);
-    if (!place->second) throw UserError("there is no class of element type " + std::to_string(elementType));
-    return *place->second;
-  }
-
- private:
-  const ElementClasses& classes_;
-  std::map<Long, const automation::ClassInfo*> found_;
-};
 
 /// All properties of the elements that a kept text describes, or none when this program cannot read it. Made
 /// anew from the text, since this program may know properties that the one that wrote it did not.
@@ -72,9 +55,8 @@ PageInfo ChoosePage(ProjectSession& project, Long number) {
 LoadedPage LoadPage(ProjectSession& project, const PageInfo& info, const Console& console,
                     const ElementClasses& classes) {
   std::vector<PageRow> loaded;
-  const HostProperties properties(project.Connection());
+  RowLoader loader(project.Connection(), classes);
   const HostGroups groups(project.Connection());
-  ClassesByType byType(classes);
   const auto rows = ado::OpenRecordset(
       project.Connection(),
       "SELECT * FROM HMI_Elements WHERE DisplayID=" + std::to_string(info.number) + " ORDER BY ID",
@@ -82,9 +64,7 @@ LoadedPage LoadPage(ProjectSession& project, const PageInfo& info, const Console
   ProgressBar progress(console, "loading", static_cast<std::size_t>(rows->RecordCount()));
   for (; !rows->Eof(); rows->MoveNext()) {
     AtPlace(project.Place() + ", row " + To<std::string>(rows->Get("ID")) + " of HMI_Elements", [&] {
-      ElementRef element = ElementClasses::Create(byType.Find(To<Long>(rows->Get("Type"))));
-      Call(*element, "LoadFromDB", {rows});
-      properties.Apply(*element);
+      ElementRef element = loader.Load(rows);
       const std::optional<Long> place =
           IsGroup(*element) ? groups.Find(IdOf(*element)) : To<Long>(Read(*element, "OrderIndex"));
       loaded.push_back({std::move(element), place});

@@ -95,6 +95,28 @@ TEST_F(HostPagesTest, TellOfAnElementThatStandsOnNoPage) {
             "project p.qz7: a row of HMI_Elements stands on no page");
 }
 
+TEST_F(HostPagesTest, KeptGoesOnAfterARowThatIsNoPage) {
+  HostPages pages(Connection());
+  const auto tell = [](const std::string& row, const automation::AutomationError& error) {
+    ADD_FAILURE() << row << ": " << error.Description();
+  };
+  EXPECT_TRUE(pages.Kept(tell).empty());
+  pages.Create();
+  for (const Long number : {7, 3, 5}) pages.Keep({{number, "", {}}, "", ""});
+  Connection().Execute("INSERT INTO HMI_Elements (DisplayID, Type) VALUES (9, 1)");
+  Connection().Execute("UPDATE HostPages SET Height=4097 WHERE DisplayID=3");
+  std::vector<std::string> wrong;
+  const std::vector<PageInfo> kept =
+      pages.Kept([&wrong](const std::string& row, const automation::AutomationError& error) {
+        wrong.push_back(row + ": " + error.Description());
+      });
+  EXPECT_EQ(wrong, (std::vector<std::string>{
+                       "2: page 3 of HostPages has a panel of 320 by 4097 pixels, 1 to 4096 are allowed"}));
+  ASSERT_EQ(kept.size(), 2u);
+  EXPECT_EQ(kept[0].number, 5);
+  EXPECT_EQ(kept[1].number, 7);
+}
+
 TEST_F(HostGroupsTest, KeepThePlaceOfAGroup) {
   HostGroups groups(Connection());
   groups.Create();

@@ -256,8 +256,10 @@ TEST_F(PageStoreTest, ARowThatDoesNotLoadIsNamed) {
   EXPECT_EQ(test::MessageOf([this] { Load(); }),
             "project p.qz7, row 2 of HMI_Elements: there is no class of element type 99");
   Connection().Execute("UPDATE HMI_Elements SET Type=Null WHERE ID=2");
-  EXPECT_EQ(test::MessageOf([this] { Load(); }).substr(0, 57),
-            "project p.qz7, row 2 of HMI_Elements: invalid use of Null");
+  EXPECT_EQ(test::MessageOf([this] { Load(); }),
+            "project p.qz7, row 2 of HMI_Elements: column 'Type' of HMI_Elements: invalid use of Null: a "
+            "number was "
+            "expected");
 }
 
 TEST_F(PageStoreTest, TheOnlyPageNeedsNoNumber) {

@@ -1,0 +1,28 @@
+#include "hosts/cli/row_loader.h"
+
+#include <string>
+
+#include "hosts/cli/element_calls.h"
+#include "hosts/cli/user_error.h"
+
+namespace quenzel7::cli {
+
+const automation::ClassInfo* RowLoader::ClassOf(Long elementType) {
+  if (const auto found = byType_.find(elementType); found != byType_.end()) return found->second;
+  const automation::ClassInfo* const elementClass = classes_.OfType(elementType);
+  byType_.emplace(elementType, elementClass);
+  return elementClass;
+}
+
+ElementRef RowLoader::Load(const ado::RecordsetRef& rows) {
+  const Long type =
+      AtPlace("column 'Type' of HMI_Elements", [&] { return automation::To<Long>(rows->Get("Type")); });
+  const automation::ClassInfo* elementClass = ClassOf(type);
+  if (!elementClass) throw UserError("there is no class of element type " + std::to_string(type));
+  ElementRef element = ElementClasses::Create(*elementClass);
+  Call(*element, "LoadFromDB", {rows});
+  properties_.Apply(*element);
+  return element;
+}
+
+}  // namespace quenzel7::cli

@@ -1,0 +1,46 @@
+#include "hosts/cli/row_loader.h"
+
+#include <gtest/gtest.h>
+
+#include "shapes/ellipse.h"
+#include "shapes/rectangle.h"
+#include "tests/hosts/cli/cli_project.h"
+
+namespace quenzel7::cli {
+namespace {
+
+class RowLoaderTest : public test::CliProjectTest {
+ protected:
+  ElementRef LoadRow(const ElementClasses& classes = ElementClasses::All()) {
+    const auto rows = ado::OpenRecordset(Connection(), "SELECT * FROM HMI_Elements", ado::adOpenStatic,
+                                         ado::adLockReadOnly);
+    return RowLoader(Connection(), classes).Load(rows);
+  }
+};
+
+TEST_F(RowLoaderTest, GivesTheElementOfTheRowWithWhatTheHostKeeps) {
+  Import(PageText(1, {ElementText(1, 2, 30, 40, "\"FillStyle\": \"eFS_Solid\"")}));
+  const ElementRef element = LoadRow();
+  EXPECT_EQ(&element->Class(), &clsRectangle::ClassOf());
+  EXPECT_EQ(element->Dx(), 30);
+  EXPECT_EQ(element->FillStyle(), eFS_Solid);
+}
+
+TEST_F(RowLoaderTest, ATypeWithoutAClassIsTold) {
+  Import(PageText(1, {ElementText(1, 2, 30, 40)}));
+  const automation::ClassInfo* const ellipseOnly[] = {&clsEllipse::ClassOf()};
+  EXPECT_EQ(test::MessageOf([&] { LoadRow(ElementClasses(ellipseOnly)); }),
+            "there is no class of element type 1");
+}
+
+TEST_F(RowLoaderTest, AClassIsFoundByTypeAlsoTheSecondTime) {
+  RowLoader loader(Connection(), ElementClasses::All());
+  for (int time = 0; time < 2; ++time) {
+    EXPECT_EQ(loader.ClassOf(1), &clsRectangle::ClassOf());
+    EXPECT_EQ(loader.ClassOf(6), &clsEllipse::ClassOf());
+    EXPECT_EQ(loader.ClassOf(99), nullptr);
+  }
+}
+
+}  // namespace
+}  // namespace quenzel7::cli
