@@ -21,6 +21,13 @@ int ExportCommand(const std::string& projectPath, Long page, const std::string& 
 int RenderCommand(const std::string& projectPath, Long page, const std::string& outputPath, int scale,
                   const Console& console);
 
+/// Exit status of a check that found something.
+inline constexpr int kFound = 1;
+
+/// Tells what is wrong in a project, one line each, and how much was looked at. Exit status kFound when
+/// something is.
+int CheckCommand(const std::string& projectPath, const Console& console);
+
 /// Tells the pages of a project and their elements.
 int ListCommand(const std::string& projectPath, const Console& console);
 

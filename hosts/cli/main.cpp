@@ -23,9 +23,10 @@ int main(int argc, char** argv) {
   const auto takeProject = [&project](CLI::App* command) {
     command->add_option("PROJECT", project, "The project file")->required();
   };
-  const auto takePage = [&page](CLI::App* command) {
-    command->add_option("--page", page, "The number of the page; not needed when the project has only one")
-        ->check(CLI::Range(Long{1}, std::numeric_limits<Long>::max()));
+  const auto takePage = [&page](CLI::App* command,
+                                const char* help =
+                                    "The number of the page; not needed when the project has only one") {
+    command->add_option("--page", page, help)->check(CLI::Range(Long{1}, std::numeric_limits<Long>::max()));
   };
 
   CLI::App* import = app.add_subcommand("import", "Bring a page file into a project");
@@ -47,6 +48,10 @@ int main(int argc, char** argv) {
   CLI::App* list = app.add_subcommand("list", "Tell the pages and elements of a project");
   takeProject(list);
 
+  CLI::App* check =
+      app.add_subcommand("check", "Tell what is wrong in a project; exit status 1 when something is");
+  takeProject(check);
+
   CLI::App* demo = app.add_subcommand("demo", "Build, paint, change and open again a project");
   demo->add_option("-o,--output", folder, "The folder to write to")->capture_default_str();
 
@@ -65,6 +70,7 @@ int main(int argc, char** argv) {
     if (*exportPage) return cli::ExportCommand(project, page, output, console);
     if (*render) return cli::RenderCommand(project, page, output, scale, console);
     if (*list) return cli::ListCommand(project, console);
+    if (*check) return cli::CheckCommand(project, console);
     return cli::DemoCommand(folder, console);
   });
 }

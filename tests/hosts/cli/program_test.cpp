@@ -67,7 +67,7 @@ TEST_F(ProgramTest, HelpTellsEveryCommand) {
   const auto run = Run({"--help"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
-  for (const char* command : {"import", "export", "render", "list", "demo"}) {
+  for (const char* command : {"import", "export", "render", "list", "check", "demo"}) {
     EXPECT_NE(run.out.find(command), std::string::npos) << command;
     const auto help = Run({command, "--help"});
     EXPECT_EQ(help.status, 0);
@@ -81,6 +81,7 @@ TEST_F(ProgramTest, WrongUseIsOneLine) {
   ExpectFailure({"import"}, "quenzel7: PAGE.json is required" + more);
   ExpectFailure({"import", "a"}, "quenzel7: PROJECT is required" + more);
   ExpectFailure({"render", "p"}, "quenzel7: --output is required" + more);
+  ExpectFailure({"check"}, "quenzel7: PROJECT is required" + more);
   ExpectFailure({"list", "p", "q"}, "quenzel7: The following argument was not expected: q" + more);
   for (const char* scale : {"0", "17", "1.5", "x"}) {
     EXPECT_EQ(Run({"render", "p", "-o", "x", "--scale", scale}).status, 2) << scale;
@@ -194,11 +195,26 @@ TEST_F(ProgramTest, ListsTheMembersOfGroupsBelowThem) {
             "   1      3   5  clsRoundRect  Pos: 0, 0 ; Size: 0, 0\n");
 }
 
+TEST_F(ProgramTest, ChecksAProject) {
+  ImportPages({1});
+  const auto sound = Run({"check", "p.qz7"});
+  EXPECT_EQ(sound.status, 0);
+  EXPECT_EQ(sound.out, "nothing found in 1 page, 1 element and 1 operand row\n");
+  InProject("UPDATE HMI_Elements SET Type=99");
+  const auto run = Run({"check", "p.qz7"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.out,
+            "page 1, row 1: there is no class of element type 99\n1 finding in 1 page, 1 element and 1 "
+            "operand row\n");
+}
+
 TEST_F(ProgramTest, ReadingAProjectLeavesItAsItIs) {
   ImportPages({1});
   const std::string before = TextOf("p.qz7");
   Run({"export", "p.qz7"});
   Run({"list", "p.qz7"});
+  Run({"check", "p.qz7"});
   Run({"render", "p.qz7", "-o", "x.png"});
   EXPECT_EQ(TextOf("p.qz7"), before);
   EXPECT_EQ(Files(), (std::vector<std::string>{"ok.json", "p.qz7", "x.png"}));
@@ -221,6 +237,7 @@ TEST_F(ProgramTest, PagesThatAreNotThereAreTold) {
 TEST_F(ProgramTest, ProjectsThatAreNotThereAreTold) {
   for (const std::vector<std::string>& command : {std::vector<std::string>{"export", "none.qz7"},
                                                   {"list", "none.qz7"},
+                                                  {"check", "none.qz7"},
                                                   {"render", "none.qz7", "-o", "x.png"}}) {
     ExpectFailure(command, "project file \"none.qz7\": there is no such file");
   }
@@ -235,6 +252,7 @@ TEST_F(ProgramTest, AFileThatIsNoProjectIsRefusedAndStays) {
   for (const std::vector<std::string>& command : {std::vector<std::string>{"import", "ok.json", "notes.txt"},
                                                   {"export", "notes.txt"},
                                                   {"list", "notes.txt"},
+                                                  {"check", "notes.txt"},
                                                   {"render", "notes.txt", "-o", "x.png"}}) {
     ExpectFailure(command, line);
   }

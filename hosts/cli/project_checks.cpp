@@ -1,0 +1,250 @@
+#include "hosts/cli/project_checks.h"
+
+#include <map>
+#include <optional>
+#include <set>
+#include <tuple>
+
+#include "framework/element_types.h"
+#include "framework/operands.h"
+#include "hosts/cli/element_calls.h"
+#include "hosts/cli/group_checks.h"
+#include "hosts/cli/page_operands.h"
+#include "hosts/cli/place_check.h"
+#include "hosts/cli/progress_bar.h"
+#include "hosts/cli/property_values.h"
+#include "hosts/cli/row_loader.h"
+#include "hosts/cli/user_error.h"
+#include "platform/automation/call_by_name.h"
+#include "platform/fennick1/operand_types.h"
+
+namespace quenzel7::cli {
+namespace {
+
+using automation::To;
+
+ado::RecordsetRef Query(ado::Connection& connection, const std::string& statement) {
+  return ado::OpenRecordset(connection, statement, ado::adOpenStatic, ado::adLockReadOnly);
+}
+
+/// What an action says when it cannot be done; empty when it can.
+template <class Action>
+std::string ErrorOf(const Action& action) {
+  try {
+    action();
+  } catch (const UserError& error) {
+    return error.what();
+  } catch (const automation::AutomationError& error) {
+    return error.Description();
+  }
+  return {};
+}
+
+/// A column of a row as a number, or nothing.
+std::optional<Long> NumberIn(const ado::Recordset& row, std::string_view column) {
+  std::optional<Long> number;
+  ErrorOf([&] { number = To<Long>(row.Get(column)); });
+  return number;
+}
+
+/// A row of HMI_Operands.
+struct OperandRow {
+  Long element, type, address, network, purpose;
+
+  friend auto operator<=>(const OperandRow&, const OperandRow&) = default;
+};
+
+std::string NameOf(enOperandPurpose purpose) {
+  const Json name = JsonFromValue(automation::TypeOf<enOperandPurpose>(), Long{purpose});
+  return name.is_string() ? name.get<std::string>() : "purpose " + name.dump();
+}
+
+OperandRow ReadOperandRow(const ado::Recordset& row) {
+  const auto number = [&row](const char* column) {
+    return AtPlace("column '" + std::string(column) + "' of HMI_Operands",
+                   [&] { return To<Long>(row.Get(column)); });
+  };
+  return {number("ElementID"), number("OprndType"), number("OprndAddr"), number("OprndNetID"),
+          number("OprndPurpose")};
+}
+
+/// One check of one project.
+class Check {
+ public:
+  Check(ProjectSession& project, const Console& console, const ElementClasses& classes)
+      : connection_(project.Connection()), console_(console), loader_(connection_, classes) {}
+
+  CheckResult Run() {
+    CheckPages();
+    ReadOperands();
+    ReadRows();
+    groupFindings_ = CheckGroups(rows_);
+    CheckElements();
+    CheckOperands();
+    result_.pages = pages_.size();
+    return std::move(result_);
+  }
+
+ private:
+  void CheckPages() {
+    const auto wrong = [this](const std::string& row, const automation::AutomationError& error) {
+      result_.findings.push_back("HostPages, row " + row + ": " + error.Description());
+    };
+    for (const PageInfo& page : HostPages(connection_).Kept(wrong)) pages_[page.number] = page.panel;
+  }
+
+  /// The rows that can be read, and what is wrong with the others.
+  void ReadOperands() {
+    const auto rows = Query(connection_, "SELECT *, rowid AS RowNumber FROM HMI_Operands ORDER BY rowid");
+    for (; !rows->Eof(); rows->MoveNext()) {
+      ++result_.operandRows;
+      const auto number = To<std::string>(rows->Get("RowNumber"));
+      std::optional<OperandRow> operand;
+      const std::string wrong = ErrorOf([&] { operand = ReadOperandRow(*rows); });
+      if (operand) used_.insert(*operand);
+      operands_.push_back({"HMI_Operands, row " + number, operand, wrong});
+    }
+  }
+
+  void ReadRows() {
+    elements_ = Query(connection_, "SELECT * FROM HMI_Elements ORDER BY DisplayID, ID");
+    for (; !elements_->Eof(); elements_->MoveNext()) {
+      ++result_.elements;
+      const auto id = NumberIn(*elements_, "ID");
+      if (!id) continue;
+      const auto page = NumberIn(*elements_, "DisplayID");
+      if (page) pages_.try_emplace(*page);
+      rows_.push_back({*id, page, NumberIn(*elements_, "Type"), NumberIn(*elements_, "GroupID")});
+      ids_.insert(*id);
+      if (rows_.back().type == kGroupElement) groups_.insert(*id);
+    }
+    for (const auto& [number, panel] : pages_) {
+      if (!panel) {
+        result_.notes.push_back("page " + std::to_string(number) +
+                                " is not in HostPages: how large it is and what lies off it is not known");
+      }
+    }
+  }
+
+  void CheckElements() {
+    ProgressBar progress(console_, "checking", result_.elements);
+    if (result_.elements > 0) elements_->MoveFirst();
+    for (; !elements_->Eof(); elements_->MoveNext()) {
+      CheckElement();
+      progress.Advance();
+    }
+  }
+
+  /// Checks the row on which the recordset stands.
+  void CheckElement() {
+    const auto page = NumberIn(*elements_, "DisplayID");
+    place_ = (page ? "page " + std::to_string(*page) : "no page") + ", row " +
+             To<std::string>(elements_->Get("ID"));
+    ElementRef element;
+    std::string wrong = ErrorOf([&] { element = loader_.Load(elements_); });
+    ErrorOf([&] {
+      const auto* known = loader_.ClassOf(To<Long>(elements_->Get("Type")));
+      if (known) place_ += " (" + std::string(known->name) + ")";
+    });
+    if (!page) {
+      Tell("column 'DisplayID' of HMI_Elements: " + ErrorOf([&] { To<Long>(elements_->Get("DisplayID")); }));
+    }
+    if (!wrong.empty()) Tell(wrong);
+    const auto id = NumberIn(*elements_, "ID");
+    if (id) {
+      if (const auto found = groupFindings_.find(*id); found != groupFindings_.end()) {
+        for (const std::string& finding : found->second) Tell(finding);
+      }
+      CheckGuid(*id);
+    }
+    if (!element) return;
+    wrong = ErrorOf([&] {
+      CheckTouch(*element);
+      const auto known = page ? pages_.find(*page) : pages_.end();
+      const std::string place =
+          places_.Check(*element, known == pages_.end() ? std::optional<Panel>() : known->second);
+      if (!place.empty()) Tell(place);
+      CheckOperandsOf(*element);
+    });
+    if (!wrong.empty()) Tell(wrong);
+  }
+
+  void CheckGuid(Long id) {
+    const automation::Variant guid = elements_->Get("GUID");
+    // Groups have none.
+    if (guid.IsNull()) return;
+    const auto [first, isNew] = guids_.try_emplace(To<std::string>(guid), id);
+    if (isNew) return;
+    Tell("GUID " + first->first + " is that of row " + std::to_string(first->second) +
+         ", too; a number of its own was expected");
+  }
+
+  void CheckTouch(ItfHmiElement& element) {
+    const Long group = To<Long>(Read(element, "GroupID"));
+    if (groups_.count(group) == 0 || !To<bool>(Read(element, "IsTouchable"))) return;
+    Tell("is touchable (TouchOprndAddr " + To<std::string>(Read(element, "TouchOprndAddr")) +
+         ") and stands in group " + std::to_string(group) + "; TouchOprndAddr -1 was expected in a group");
+  }
+
+  void CheckOperandsOf(ItfHmiElement& element) {
+    const Long id = IdOf(element);
+    for (const OperandProperty& property : OperandProperties()) {
+      if (!element.Class().Default().Find(property.name)) continue;
+      const Long address = To<Long>(automation::GetByName(element, property.name));
+      if (address < 0 || used_.count({id, kMemoryBit, address, kLocalNetwork, property.purpose})) continue;
+      Tell(std::string(property.name) + " " + std::to_string(address) +
+           " has no row in HMI_Operands; one of " +
+           fennick1::OperandText(kMemoryBit, address, kLocalNetwork, {}) + " with " +
+           NameOf(property.purpose) + " was expected");
+    }
+  }
+
+  void CheckOperands() {
+    for (const auto& [place, operand, wrong] : operands_) {
+      place_ = place;
+      if (!operand) {
+        Tell(wrong);
+      } else if (ids_.count(operand->element) == 0) {
+        const std::string text = fennick1::OperandText(operand->type, operand->address, operand->network, {});
+        place_ += " (" + text + ", " + NameOf(static_cast<enOperandPurpose>(operand->purpose)) + ")";
+        Tell("ElementID " + std::to_string(operand->element) +
+             " names no row; the ID of a row of HMI_Elements was expected");
+      }
+    }
+  }
+
+  void Tell(const std::string& wrong) { result_.findings.push_back(place_ + ": " + wrong); }
+
+  struct NumberedOperandRow {
+    std::string place;
+    std::optional<OperandRow> operand;
+    std::string wrong;
+  };
+
+  ado::Connection& connection_;
+  const Console& console_;
+  RowLoader loader_;
+  PlaceCheck places_;
+  CheckResult result_;
+  /// The panels of the pages that the project has, of those that the host knows.
+  std::map<Long, std::optional<Panel>> pages_;
+  std::vector<NumberedOperandRow> operands_;
+  std::set<OperandRow> used_;
+  ado::RecordsetRef elements_;
+  std::vector<GroupedRow> rows_;
+  std::set<Long> ids_;
+  std::set<Long> groups_;
+  std::map<Long, std::vector<std::string>> groupFindings_;
+  /// The first row that has each.
+  std::map<std::string, Long> guids_;
+  /// Where what is told now was found.
+  std::string place_;
+};
+
+}  // namespace
+
+CheckResult CheckProject(ProjectSession& project, const Console& console, const ElementClasses& classes) {
+  return Check(project, console, classes).Run();
+}
+
+}  // namespace quenzel7::cli

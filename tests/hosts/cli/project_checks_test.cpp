@@ -1,0 +1,331 @@
+#include "hosts/cli/project_checks.h"
+
+#include <gtest/gtest.h>
+
+#include "hosts/cli/demo_page.h"
+#include "platform/corvane1/settings.h"
+#include "tests/hosts/cli/cli_project.h"
+#include "tests/hosts/cli/every_kind_element.h"
+
+namespace quenzel7::cli {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class ProjectChecks : public test::CliProjectTest {
+ protected:
+  CheckResult Check() { return CheckProject(Session(), NoTerminal()); }
+  /// What is found after the statements.
+  Lines Findings(const Lines& statements) {
+    for (const std::string& statement : statements) Connection().Execute(statement);
+    return Check().findings;
+  }
+  /// Page 1 with rectangle 1, ellipse 2 with touch and hide operand, and group 5 of line 3 and round
+  /// rectangle 4.
+  void ImportFour() {
+    Import(R"({"page": 1, "panel": {"type": 1, "width": 320, "height": 240}, "elements": [
+      {"class": "clsRectangle", "Xs": 10, "Dx": 10, "Dy": 10},
+      {"class": "clsEllipse", "Dx": 10, "Dy": 10, "TouchOprndAddr": 5, "VisibleOpAddr": 6},
+      {"class": "clsGroup", "elements": [{"class": "clsLine", "Dx": 10},
+                                         {"class": "clsRoundRect", "Dx": 10, "Dy": 10}]}]})");
+  }
+};
+
+TEST_F(ProjectChecks, AnEmptyProjectIsSound) {
+  const CheckResult result = Check();
+  EXPECT_EQ(result.findings, Lines());
+  EXPECT_EQ(result.notes, Lines());
+  EXPECT_EQ(result.pages, 0u);
+  EXPECT_EQ(result.elements, 0u);
+  EXPECT_EQ(result.operandRows, 0u);
+}
+
+TEST_F(ProjectChecks, TheDemoPageIsSound) {
+  Import(std::string(DemoPage()));
+  const CheckResult result = Check();
+  EXPECT_EQ(result.findings, Lines());
+  EXPECT_EQ(result.notes, Lines());
+  EXPECT_EQ(result.pages, 1u);
+}
+
+TEST_F(ProjectChecks, CountsWhatItLooksAt) {
+  ImportFour();
+  Import(PageText(2, {}));
+  const CheckResult result = Check();
+  EXPECT_EQ(result.findings, Lines());
+  EXPECT_EQ(result.pages, 2u);
+  EXPECT_EQ(result.elements, 5u);
+  EXPECT_EQ(result.operandRows, 2u);
+}
+
+TEST_F(ProjectChecks, TellsOfTypesThatAreNone) {
+  ImportFour();
+  EXPECT_EQ(Findings({"UPDATE HMI_Elements SET Type=99 WHERE ID=1"}),
+            (Lines{"page 1, row 1: there is no class of element type 99"}));
+}
+
+TEST_F(ProjectChecks, TellsOfColumnsThatDoNotLoadWithTheirError) {
+  ImportFour();
+  EXPECT_EQ(
+      Findings(
+          {"UPDATE HMI_Elements SET PenWidth=Null WHERE ID=1", "UPDATE HMI_Elements SET Xs='left' WHERE ID=2",
+           "UPDATE HMI_Elements SET Type=Null WHERE ID=3", "UPDATE HMI_Elements SET Dx=5000000000 WHERE ID=4",
+           "UPDATE HMI_Elements SET GroupID=Null WHERE ID=5"}),
+      (Lines{
+          "page 1, row 1 (clsRectangle): column 'PenWidth' of HMI_Elements: invalid use of Null: a number "
+          "was expected",
+          "page 1, row 2 (clsEllipse): column 'Xs' of HMI_Elements: type mismatch: \"left\" is not a number",
+          "page 1, row 3: column 'Type' of HMI_Elements: invalid use of Null: a number was expected",
+          "page 1, row 4 (clsRoundRect): column 'Dx' of HMI_Elements: overflow: 5000000000.000000 does not "
+          "fit 32 bits",
+          "page 1, row 5 (clsGroup): column 'GroupID' of HMI_Elements: invalid use of Null: a number was "
+          "expected"}));
+}
+
+TEST_F(ProjectChecks, TellsOfPropertiesOfTheHostThatCannotBeSet) {
+  ImportFour();
+  EXPECT_EQ(
+      Findings({"INSERT INTO HostProperties (ElementID, Property, Value) VALUES (3, 'FillStile', '1')"}),
+      (Lines{"page 1, row 3 (clsLine): property \"FillStile\" in HostProperties: does not exist"}));
+}
+
+TEST_F(ProjectChecks, TellsOfElementsOnNoPage) {
+  ImportFour();
+  EXPECT_EQ(
+      Findings({"UPDATE HMI_Elements SET DisplayID=Null WHERE ID=2"}),
+      (Lines{"no page, row 2 (clsEllipse): column 'DisplayID' of HMI_Elements: invalid use of Null: a number "
+             "was expected"}));
+  EXPECT_EQ(
+      Findings({"UPDATE HMI_Elements SET DisplayID='first' WHERE ID=2"}),
+      (Lines{
+          "no page, row 2 (clsEllipse): column 'DisplayID' of HMI_Elements: type mismatch: \"first\" is not "
+          "a number"}));
+}
+
+TEST_F(ProjectChecks, TellsOfGroupIdsAtTheirRows) {
+  ImportFour();
+  const std::string expected = "; -1 or the ID of a group of its page was expected";
+  EXPECT_EQ(Findings({"UPDATE HMI_Elements SET GroupID=77 WHERE ID=1",
+                      "UPDATE HMI_Elements SET GroupID=1 WHERE ID=3"}),
+            (Lines{"page 1, row 1 (clsRectangle): GroupID 77 names no row" + expected,
+                   "page 1, row 3 (clsLine): GroupID 1 names row 1, which is no group" + expected}));
+}
+
+TEST_F(ProjectChecks, TellsOfGroupsOnAnotherPageAndInThemselves) {
+  ImportFour();
+  Import(
+      R"({"page": 2, "panel": {"type": 1, "width": 320, "height": 240}, "elements": [{"class": "clsGroup"}]})");
+  EXPECT_EQ(
+      Findings(
+          {"UPDATE HMI_Elements SET GroupID=6 WHERE ID=4", "UPDATE HMI_Elements SET GroupID=6 WHERE ID=6"}),
+      (Lines{
+          "page 1, row 4 (clsRoundRect): GroupID 6 names row 6, a group on page 2; -1 or the ID of a group "
+          "of "
+          "its page was expected",
+          "page 2, row 6 (clsGroup): groups lie in one another without end, 6 -> 6; GroupID -1 was expected "
+          "in one of them"}));
+}
+
+TEST_F(ProjectChecks, MembersOfARowThatDoesNotLoadAreFound) {
+  ImportFour();
+  // The group's row does not load, and is a group all the same.
+  EXPECT_EQ(
+      Findings({"UPDATE HMI_Elements SET GroupID='none' WHERE ID=5"}),
+      (Lines{"page 1, row 5 (clsGroup): column 'GroupID' of HMI_Elements: type mismatch: \"none\" is not a "
+             "number"}));
+}
+
+TEST_F(ProjectChecks, TellsOfTouchableMembersOfGroups) {
+  ImportFour();
+  EXPECT_EQ(
+      Findings({"UPDATE HMI_Elements SET GroupID=5 WHERE ID=2"}),
+      (Lines{
+          "page 1, row 2 (clsEllipse): is touchable (TouchOprndAddr 5) and stands in group 5; TouchOprndAddr "
+          "-1 was expected in a group"}));
+}
+
+TEST_F(ProjectChecks, TellsOfElementsOffThePage) {
+  ImportFour();
+  EXPECT_EQ(
+      Findings({"UPDATE HMI_Elements SET Xs=311 WHERE ID=1", "UPDATE HMI_Elements SET Ys=240 WHERE ID=4"}),
+      (Lines{"page 1, row 1 (clsRectangle): lies partly off the page, at (311, 0) with size (10, 10); a "
+             "place on "
+             "320 by 240 pixels was expected",
+             "page 1, row 4 (clsRoundRect): lies wholly off the page, at (0, 240) with size (10, 10); a "
+             "place on "
+             "320 by 240 pixels was expected"}));
+}
+
+TEST_F(ProjectChecks, TellsOfElementsOfSizeZero) {
+  ImportFour();
+  EXPECT_EQ(Findings({"UPDATE HMI_Elements SET Dx=0 WHERE ID=3"}),
+            (Lines{"page 1, row 3 (clsLine): has size (0, 0); another one than (0, 0) was expected"}));
+}
+
+TEST_F(ProjectChecks, TellsOfOperandsWithoutARow) {
+  ImportFour();
+  EXPECT_EQ(
+      Findings({"DELETE * FROM HMI_Operands"}),
+      (Lines{"page 1, row 2 (clsEllipse): TouchOprndAddr 5 has no row in HMI_Operands; one of MB 5 with "
+             "eOP_TouchOperand was expected",
+             "page 1, row 2 (clsEllipse): VisibleOpAddr 6 has no row in HMI_Operands; one of MB 6 with "
+             "eOP_VisibleOperand was expected"}));
+}
+
+TEST_F(ProjectChecks, ARowThatDiffersInAnythingIsNotTheOperands) {
+  const std::string line =
+      "page 1, row 2 (clsEllipse): TouchOprndAddr 5 has no row in HMI_Operands; one of MB 5 with "
+      "eOP_TouchOperand was "
+      "expected";
+  for (const char* change : {"ElementID=1", "OprndType=2", "OprndAddr=4", "OprndNetID=1", "OprndPurpose=4"}) {
+    Open();
+    ImportFour();
+    const std::string statement = std::string("UPDATE HMI_Operands SET ") + change + " WHERE OprndPurpose=2";
+    // Importing again gives new numbers.
+    const Lines found = Findings({statement});
+    ASSERT_EQ(found.size(), 1u) << change;
+    EXPECT_EQ(found[0].substr(found[0].find(" (")), line.substr(line.find(" ("))) << change;
+    Connection().Execute("DELETE * FROM HMI_Elements");
+    Connection().Execute("DELETE * FROM HMI_Operands");
+  }
+}
+
+TEST_F(ProjectChecks, NoOperandAndATouchWithoutOneNeedNoRow) {
+  ImportFour();
+  EXPECT_EQ(Findings({"UPDATE HMI_Elements SET TouchOprndAddr=-2 WHERE ID=1",
+                      "UPDATE HMI_Elements SET VisibleOpAddr=-2 WHERE ID=1"}),
+            Lines());
+  EXPECT_EQ(
+      Findings({"UPDATE HMI_Elements SET TouchOprndAddr=0 WHERE ID=1"}),
+      (Lines{"page 1, row 1 (clsRectangle): TouchOprndAddr 0 has no row in HMI_Operands; one of MB 0 with "
+             "eOP_TouchOperand was expected"}));
+}
+
+TEST_F(ProjectChecks, TellsOfOperandRowsWithoutAnElement) {
+  ImportFour();
+  EXPECT_EQ(
+      Findings({"INSERT INTO HMI_Operands VALUES (9, 1, 10, 0, 2)",
+                "INSERT INTO HMI_Operands VALUES (8, 3, 7, 4, 77)"}),
+      (Lines{
+          "HMI_Operands, row 3 (MB 10, eOP_TouchOperand): ElementID 9 names no row; the ID of a row of "
+          "HMI_Elements was expected",
+          "HMI_Operands, row 4 (MW 7, network 4, purpose 77): ElementID 8 names no row; the ID of a row of "
+          "HMI_Elements was expected"}));
+}
+
+TEST_F(ProjectChecks, TellsOfOperandRowsThatAreNoneAndGoesOn) {
+  ImportFour();
+  EXPECT_EQ(
+      Findings({"INSERT INTO HMI_Operands VALUES (Null, 1, 10, 0, 2)",
+                "INSERT INTO HMI_Operands VALUES (1, 'MB', 10, 0, 2)",
+                "INSERT INTO HMI_Operands VALUES (1, 1, Null, 0, 2)",
+                "INSERT INTO HMI_Operands VALUES (1, 1, 1, Null, 2)",
+                "INSERT INTO HMI_Operands VALUES (1, 1, 1, 1, Null)"}),
+      (Lines{"HMI_Operands, row 3: column 'ElementID' of HMI_Operands: invalid use of Null: a number was "
+             "expected",
+             "HMI_Operands, row 4: column 'OprndType' of HMI_Operands: type mismatch: \"MB\" is not a number",
+             "HMI_Operands, row 5: column 'OprndAddr' of HMI_Operands: invalid use of Null: a number was "
+             "expected",
+             "HMI_Operands, row 6: column 'OprndNetID' of HMI_Operands: invalid use of Null: a number was "
+             "expected",
+             "HMI_Operands, row 7: column 'OprndPurpose' of HMI_Operands: invalid use of Null: a number was "
+             "expected"}));
+}
+
+TEST_F(ProjectChecks, AnElementThatDoesNotLoadIsOneForItsOperands) {
+  ImportFour();
+  EXPECT_EQ(Findings({"UPDATE HMI_Elements SET Type=99 WHERE ID=2"}),
+            (Lines{"page 1, row 2: there is no class of element type 99"}));
+}
+
+TEST_F(ProjectChecks, TellsOfUniqueNumbersThatStandTwice) {
+  ImportFour();
+  EXPECT_EQ(
+      Findings({"UPDATE HMI_Elements SET GUID=3 WHERE ID<>5"}),
+      (Lines{
+          "page 1, row 2 (clsEllipse): GUID 3 is that of row 1, too; a number of its own was expected",
+          "page 1, row 3 (clsLine): GUID 3 is that of row 1, too; a number of its own was expected",
+          "page 1, row 4 (clsRoundRect): GUID 3 is that of row 1, too; a number of its own was expected"}));
+}
+
+TEST_F(ProjectChecks, GroupsNeedNoUniqueNumber) {
+  ImportFour();
+  EXPECT_EQ(Findings({"UPDATE HMI_Elements SET GUID=Null"}), Lines());
+}
+
+TEST_F(ProjectChecks, TellsOfPagesOfTheHostThatAreNone) {
+  ImportFour();
+  Import(PageText(2, {ElementText(310, 2, 30, 40)}));
+  const CheckResult result = [this] {
+    Connection().Execute("UPDATE HostPages SET Width=0 WHERE DisplayID=2");
+    return Check();
+  }();
+  EXPECT_EQ(result.findings,
+            (Lines{"HostPages, row 2: page 2 of HostPages has a panel of 0 by 240 pixels, 1 to 4096 "
+                   "are allowed"}));
+  EXPECT_EQ(result.notes,
+            (Lines{"page 2 is not in HostPages: how large it is and what lies off it is not known"}));
+  EXPECT_EQ(result.pages, 2u);
+}
+
+TEST_F(ProjectChecks, APageOfAnotherHostHasNoSizeToBeOff) {
+  ImportFour();
+  Connection().Execute("DROP TABLE HostPages");
+  Connection().Execute("DROP TABLE HostProperties");
+  Connection().Execute("UPDATE HMI_Elements SET Xs=5000 WHERE ID=1");
+  const CheckResult result = Check();
+  EXPECT_EQ(result.findings, Lines());
+  EXPECT_EQ(result.notes,
+            (Lines{"page 1 is not in HostPages: how large it is and what lies off it is not known"}));
+  EXPECT_EQ(result.pages, 1u);
+  EXPECT_EQ(
+      Findings({"UPDATE HMI_Elements SET Dx=0 WHERE ID=4"}),
+      (Lines{
+          "page 1, row 4 (clsRoundRect): has size (0, 10); a width and a height other than 0 was expected"}));
+}
+
+TEST_F(ProjectChecks, TellsEverythingOfEveryRowByPageAndId) {
+  Import(PageText(12, {ElementText(1, 1, 1, 1)}));
+  Import(PageText(3, {ElementText(1, 1, 1, 1), ElementText(1, 1, 1, 1)}));
+  EXPECT_EQ(
+      Findings({"UPDATE HMI_Elements SET GroupID=9, Xs=-1, GUID=3 WHERE ID=3",
+                "UPDATE HMI_Elements SET Xs=-1", "UPDATE HMI_Elements SET GUID=3 WHERE ID=1",
+                "UPDATE HMI_Elements SET Type=9, OrderIndex=3 WHERE ID=2",
+                "INSERT INTO HMI_Operands VALUES (4, 1, 10, 0, 2)"}),
+      (Lines{
+          "page 3, row 2: there is no class of element type 9",
+          "page 3, row 3 (clsRectangle): GroupID 9 names no row; -1 or the ID of a group of its page was "
+          "expected",
+          "page 3, row 3 (clsRectangle): lies wholly off the page, at (-1, 1) with size (1, 1); a place on "
+          "320 "
+          "by 240 pixels was expected",
+          "page 12, row 1 (clsRectangle): GUID 3 is that of row 3, too; a number of its own was expected",
+          "page 12, row 1 (clsRectangle): lies wholly off the page, at (-1, 1) with size (1, 1); a place on "
+          "320 by 240 pixels was expected",
+          "HMI_Operands, row 1 (MB 10, eOP_TouchOperand): ElementID 4 names no row; the ID of a row of "
+          "HMI_Elements was expected"}));
+}
+
+TEST_F(ProjectChecks, SettingsWithWhichNoElementCanBeMadeAreToldAtEachRow) {
+  Import(PageText(1, {ElementText(1, 2, 30, 40), ElementText(1, 2, 30, 40)}));
+  corvane1::LayeredSettings(Platform::Current().heldProject).SetInProject(6000, 6050, "broad");
+  Open();
+  EXPECT_EQ(Check().findings, (Lines{"page 1, row 1: type mismatch: \"broad\" is not a number",
+                                     "page 1, row 2: type mismatch: \"broad\" is not a number"}));
+}
+
+TEST_F(ProjectChecks, NothingOfTheProjectChanges) {
+  ImportFour();
+  Open(corvane1::ProjectMode::ReadOnly);
+  EXPECT_EQ(Check().findings, Lines());
+}
+
+TEST_F(ProjectChecks, ShowsProgressOnATerminal) {
+  ImportFour();
+  std::ostringstream out, err;
+  CheckProject(Session(), {out, err, true});
+  EXPECT_NE(err.str().find("checking [#########################] 100 %"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace quenzel7::cli
