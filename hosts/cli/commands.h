@@ -21,7 +21,7 @@ int ExportCommand(const std::string& projectPath, Long page, const std::string& 
 int RenderCommand(const std::string& projectPath, Long page, const std::string& outputPath, int scale,
                   const Console& console);
 
-/// Exit status of a check that found something.
+/// Exit status of a check that found something and of a comparison that found a difference.
 inline constexpr int kFound = 1;
 
 /// Tells what is wrong in a project, one line each, and how much was looked at. Exit status kFound when
@@ -30,6 +30,12 @@ int CheckCommand(const std::string& projectPath, const Console& console);
 
 /// Tells the pages of a project and their elements.
 int ListCommand(const std::string& projectPath, const Console& console);
+
+/// Tells how the pages of b differ from those of a, each a project or a page file, one line a difference, and
+/// paints the difference of the page that differs when `outputPath` is not empty. `page` 0 are all pages that
+/// both could have. Exit status kFound when something differs.
+int DiffCommand(const std::string& pathA, const std::string& pathB, Long page, const std::string& outputPath,
+                const Console& console);
 
 /// Shows in a folder what the library does: builds a project, paints it, drags elements, opens it again and
 /// compares. Exit status 1 when the page painted from the opened project differs from the one before.

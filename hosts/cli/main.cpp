@@ -12,7 +12,7 @@
 int main(int argc, char** argv) {
   using namespace quenzel7;
 
-  std::string pageFile, project, output;
+  std::string pageFile, project, projectB, output;
   std::string folder = "quenzel7-demo";
   Long page = 0;
   int scale = 1;
@@ -52,6 +52,13 @@ int main(int argc, char** argv) {
       app.add_subcommand("check", "Tell what is wrong in a project; exit status 1 when something is");
   takeProject(check);
 
+  CLI::App* diff =
+      app.add_subcommand("diff", "Tell how two projects or page files differ; exit status 1 when they do");
+  diff->add_option("A", project, "A project or a page file")->required();
+  diff->add_option("B", projectB, "Another one")->required();
+  diff->add_option("-o,--output", output, "A PNG file to paint the difference of a page into");
+  takePage(diff, "Compare only the page of this number");
+
   CLI::App* demo = app.add_subcommand("demo", "Build, paint, change and open again a project");
   demo->add_option("-o,--output", folder, "The folder to write to")->capture_default_str();
 
@@ -71,6 +78,7 @@ int main(int argc, char** argv) {
     if (*render) return cli::RenderCommand(project, page, output, scale, console);
     if (*list) return cli::ListCommand(project, console);
     if (*check) return cli::CheckCommand(project, console);
+    if (*diff) return cli::DiffCommand(project, projectB, page, output, console);
     return cli::DemoCommand(folder, console);
   });
 }

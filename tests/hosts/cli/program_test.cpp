@@ -67,7 +67,7 @@ TEST_F(ProgramTest, HelpTellsEveryCommand) {
   const auto run = Run({"--help"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
-  for (const char* command : {"import", "export", "render", "list", "check", "demo"}) {
+  for (const char* command : {"import", "export", "render", "list", "check", "diff", "demo"}) {
     EXPECT_NE(run.out.find(command), std::string::npos) << command;
     const auto help = Run({command, "--help"});
     EXPECT_EQ(help.status, 0);
@@ -82,6 +82,7 @@ TEST_F(ProgramTest, WrongUseIsOneLine) {
   ExpectFailure({"import", "a"}, "quenzel7: PROJECT is required" + more);
   ExpectFailure({"render", "p"}, "quenzel7: --output is required" + more);
   ExpectFailure({"check"}, "quenzel7: PROJECT is required" + more);
+  ExpectFailure({"diff", "a"}, "quenzel7: B is required" + more);
   ExpectFailure({"list", "p", "q"}, "quenzel7: The following argument was not expected: q" + more);
   for (const char* scale : {"0", "17", "1.5", "x"}) {
     EXPECT_EQ(Run({"render", "p", "-o", "x", "--scale", scale}).status, 2) << scale;
@@ -209,12 +210,33 @@ TEST_F(ProgramTest, ChecksAProject) {
             "operand row\n");
 }
 
+TEST_F(ProgramTest, TellsDifferences) {
+  ImportPages({1, 2});
+  fs::copy_file(File("p.qz7"), File("q.qz7"));
+  InProject("UPDATE HMI_Elements SET Xs=7");
+  const std::vector<std::string> command = {"diff", "q.qz7", "p.qz7", "--page", "2", "-o", "x.png"};
+  const auto run = Run(command);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.out, "page 2: element 1 (clsRectangle): Xs 2 -> 7\n1 difference on 1 page\n");
+  EXPECT_EQ(test::ReadPng(File("x.png")).width, 320);
+  const auto same = Run({"diff", "p.qz7", "p.qz7"});
+  EXPECT_EQ(same.status, 0);
+  EXPECT_EQ(same.out, "nothing differs in 2 pages with 2 elements\n");
+  ExpectFailure({"diff", "q.qz7", "p.qz7", "-o", "y.png"},
+                "several pages differ (1, 2): choose one for the picture with --page");
+  ExpectFailure({"diff", "q.qz7", "p.qz7", "--page", "2", "-o", "none/y.png"},
+                "picture none/y.png cannot be written: No such file or directory");
+}
+
 TEST_F(ProgramTest, ReadingAProjectLeavesItAsItIs) {
   ImportPages({1});
   const std::string before = TextOf("p.qz7");
   Run({"export", "p.qz7"});
   Run({"list", "p.qz7"});
   Run({"check", "p.qz7"});
+  Run({"diff", "p.qz7", "ok.json", "-o", "y.png"});
+  Run({"diff", "p.qz7", "p.qz7"});
   Run({"render", "p.qz7", "-o", "x.png"});
   EXPECT_EQ(TextOf("p.qz7"), before);
   EXPECT_EQ(Files(), (std::vector<std::string>{"ok.json", "p.qz7", "x.png"}));
@@ -258,6 +280,25 @@ TEST_F(ProgramTest, AFileThatIsNoProjectIsRefusedAndStays) {
   }
   EXPECT_EQ(TextOf("notes.txt"), "These are notes.\n");
   EXPECT_EQ(Files(), (std::vector<std::string>{"notes.txt", "ok.json"}));
+}
+
+TEST_F(ProgramTest, WhatCannotBeComparedIsTold) {
+  ImportPages({1});
+  Write("notes.txt", "These are notes.\n");
+  ExpectFailure(
+      {"diff", "p.qz7", "notes.txt"},
+      "file notes.txt is neither a project nor a page file: it begins neither as a database file nor with {");
+  ExpectFailure({"diff", "none.qz7", "p.qz7"}, "file none.qz7 cannot be read: No such file or directory");
+  Write("panel.json", "{\n  \"page\": 1,\n  \"elements\": [}");
+  ExpectFailure({"diff", "p.qz7", "panel.json"},
+                "page file panel.json, line 3, column 16: malformed JSON: syntax error while parsing value - "
+                "unexpected "
+                "'}'; expected '[', '{', or a literal");
+  ExpectFailure({"diff", "p.qz7", "ok.json", "--page", "5"},
+                "neither project p.qz7 nor page file ok.json has a page 5");
+  InProject("UPDATE HMI_Elements SET Type=99");
+  ExpectFailure({"diff", "ok.json", "p.qz7"},
+                "project p.qz7, row 1 of HMI_Elements: there is no class of element type 99");
 }
 
 TEST_F(ProgramTest, AnEmptyFileIsNoProject) {

@@ -1,0 +1,158 @@
+#include "hosts/cli/diff_side.h"
+
+#include <gtest/gtest.h>
+
+#include "hosts/cli/text_file.h"
+#include "platform/corvane1/settings.h"
+#include "tests/hosts/cli/cli_project.h"
+#include "tests/hosts/cli/messages.h"
+
+namespace quenzel7::cli {
+namespace {
+
+class DiffSideTest : public test::CliProjectTest {
+ protected:
+  std::string Write(const std::string& name, const std::string& text) {
+    WriteTextFile(folder_.File(name), text, "file");
+    return folder_.File(name);
+  }
+  std::string File(const std::string& name) const { return folder_.File(name); }
+  /// The value of a property of the first element.
+  static std::string ValueOf(const PageSnapshot& page, std::string_view property) {
+    const ElementSnapshot& element = page.elements.at(0);
+    for (std::size_t at = 0; at < element.values.size(); ++at) {
+      if (element.properties[at]->name == property) return element.values[at];
+    }
+    return "none";
+  }
+
+ private:
+  quenzel7::test::TemporaryFolder folder_;
+};
+
+TEST_F(DiffSideTest, ContentsTellProjectAndPageFileApart) {
+  EXPECT_FALSE(DiffSource(Path()).File());
+  EXPECT_EQ(DiffSource(Path()).Place(), "project " + Path());
+  for (const char* before : {"", " \t\r\n", "\xef\xbb\xbf", "\xef\xbb\xbf\n "}) {
+    const std::string path = Write("page.qz7", before + PageText(4, {}));
+    const DiffSource source(path);
+    ASSERT_TRUE(source.File());
+    EXPECT_EQ(source.File()->info.number, 4);
+    EXPECT_EQ(source.Path(), path);
+    EXPECT_EQ(source.Place(), "page file " + path);
+  }
+}
+
+TEST_F(DiffSideTest, WhatIsNeitherIsRefused) {
+  for (const char* text :
+       {"", "  ", "[]", "SQLite format 3", "SQLite format 4", "\xef\xbb{", "\xef\xbb\xbf"}) {
+    const std::string path = Write("x", text);
+    EXPECT_EQ(test::MessageOf([&] { DiffSource{path}; }),
+              "file " + path +
+                  " is neither a project nor a page file: it begins neither as a database file nor with {")
+        << text;
+  }
+}
+
+TEST_F(DiffSideTest, WhatCannotBeReadIsTold) {
+  EXPECT_EQ(test::MessageOf([&] { DiffSource{File("none")}; }),
+            "file " + File("none") + " cannot be read: No such file or directory");
+}
+
+TEST_F(DiffSideTest, APageFileWithErrorsIsTold) {
+  const std::string path = Write("x", "{}");
+  EXPECT_EQ(test::MessageOf([&] { DiffSource{path}; }), "page file " + path + ": \"page\" is missing");
+}
+
+TEST_F(DiffSideTest, ADamagedProjectIsRefusedWhenItIsOpened) {
+  const DiffSource source(Write("x", std::string("SQLite format 3\0and no more", 28)));
+  EXPECT_EQ(test::MessageOf([&] { DiffSide(source, source); }).substr(0, 12), "project file");
+}
+
+TEST_F(DiffSideTest, GivesThePagesOfAProjectAndOfAPageFile) {
+  Import(PageText(3, {ElementText(1, 2, 3, 4)}));
+  Import(PageText(1, {}));
+  const DiffSource project(Path()), file(Write("x", PageText(8, {})));
+  const auto numbers = [](const std::vector<PageInfo>& pages) {
+    std::vector<Long> found;
+    for (const PageInfo& page : pages) found.push_back(page.number);
+    return found;
+  };
+  EXPECT_EQ(numbers(DiffSide(project, file).Pages()), (std::vector<Long>{1, 3}));
+  EXPECT_EQ(numbers(DiffSide(file, project).Pages()), (std::vector<Long>{8}));
+}
+
+TEST_F(DiffSideTest, ElementsOfAProjectHaveAnIdentity) {
+  const std::string text = PageText(3, {ElementText(1, 2, 3, 4)});
+  Import(text);
+  Connection().Execute("UPDATE HMI_Elements SET GUID=77");
+  const DiffSource project(Path()), file(Write("x", text));
+  const PageInfo info = DiffSide(file, project).Pages().at(0);
+  EXPECT_EQ(DiffSide(project, file).Snapshot(info, NoTerminal()).elements.at(0).identity, "1 77");
+  EXPECT_EQ(DiffSide(file, project).Snapshot(info, NoTerminal()).elements.at(0).identity, std::nullopt);
+  Connection().Execute("UPDATE HMI_Elements SET GUID=Null");
+  EXPECT_EQ(DiffSide(project, file).Snapshot(info, NoTerminal()).elements.at(0).identity, "1 ");
+}
+
+TEST_F(DiffSideTest, WhatAPageFileLeavesOutIsThatOfTheOtherProject) {
+  corvane1::LayeredSettings(Platform::Current().heldProject).SetInProject(6000, 6050, "7");
+  const DiffSource project(Path());
+  const DiffSource file(Write("x", PageText(1, {ElementText(1, 2, 3, 4, "\"TouchOprndAddr\": 5")})));
+  Platform::Current() = Platform();
+  DiffSide beside(file, project);
+  EXPECT_EQ(ValueOf(beside.Snapshot(file.File()->info, NoTerminal()), "PenWidth"), "7");
+}
+
+TEST_F(DiffSideTest, TwoPageFilesNeedNoProject) {
+  const DiffSource file(Write("x", PageText(1, {ElementText(1, 2, 3, 4, "\"TouchOprndAddr\": 5")})));
+  Platform::Current() = Platform();
+  DiffSide side(file, file);
+  const PageSnapshot page = side.Snapshot(file.File()->info, NoTerminal());
+  EXPECT_EQ(ValueOf(page, "PenWidth"), "1");
+  EXPECT_EQ(ValueOf(page, "TouchOprndAddr"), "5");
+  EXPECT_EQ(page.info.name, "Boiler");
+}
+
+TEST_F(DiffSideTest, ARowThatDoesNotLoadIsTold) {
+  Import(PageText(1, {ElementText(1, 2, 3, 4)}));
+  Connection().Execute("UPDATE HMI_Elements SET Type=99");
+  const DiffSource project(Path());
+  EXPECT_EQ(test::MessageOf([&] { DiffSide(project, project).Snapshot({}, NoTerminal()); }),
+            "project " + Path() + ", row 1 of HMI_Elements: there is no class of element type 99");
+}
+
+TEST_F(DiffSideTest, ATableThatCannotBeReadIsToldWithTheSide) {
+  Import(PageText(1, {ElementText(1, 2, 3, 4)}));
+  Connection().Execute("UPDATE HostPages SET Width=0");
+  const DiffSource project(Path());
+  EXPECT_EQ(
+      test::MessageOf([&] { DiffSide(project, project).Pages(); }),
+      "project " + Path() + ": page 1 of HostPages has a panel of 0 by 240 pixels, 1 to 4096 are allowed");
+}
+
+TEST_F(DiffSideTest, PaintsThePageAndTellsWhatSomeElementsCover) {
+  // What covers is what paints, in whatever colour.
+  const auto box = [](Long xs, int colour) {
+    return "{\"class\": \"clsRectangle\", \"Xs\": " + std::to_string(xs) +
+           ", \"Dx\": 1, \"Dy\": 1, \"ColorBack\": " + std::to_string(colour) +
+           ", \"ColorFore\": " + std::to_string(colour) + "}";
+  };
+  constexpr std::uint32_t W = 0xFFFFFF, K = 0x000000;
+  const DiffSource file(
+      Write("x", R"({"page": 1, "panel": {"type": 1, "width": 5, "height": 1}, "elements": [)" + box(0, 9) +
+                     ", {\"class\": \"clsGroup\", \"elements\": [" + box(1, -1) + ", " + box(2, 9) + "]}, " +
+                     box(3, 9) + "]}"));
+  const auto paint = [&](const std::vector<bool>& differs) {
+    return DiffSide(file, file).Paint(file.File()->info, differs, NoTerminal());
+  };
+  const PaintedPage page = paint({true, false, true, true, false});
+  EXPECT_EQ(page.picture.width, 5);
+  EXPECT_EQ(page.picture.pixels, (std::vector<std::uint32_t>{K, W, K, K, W}));
+  EXPECT_EQ(page.covered, (std::vector<bool>{true, true, true, false, false}));
+  // A group paints nothing itself.
+  EXPECT_EQ(paint({false, true, false, false, true}).covered,
+            (std::vector<bool>{false, false, false, true, false}));
+}
+
+}  // namespace
+}  // namespace quenzel7::cli
