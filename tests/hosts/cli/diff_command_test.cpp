@@ -63,6 +63,12 @@ TEST_F(DiffCommandTest, AProjectDoesNotDifferFromItself) {
   EXPECT_EQ(run.out, "nothing differs in 2 pages with 3 elements\n");
 }
 
+TEST_F(DiffCommandTest, EmptyProjectsDoNotDiffer) {
+  const Run run = Diff(Path(), Path());
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "nothing differs in 0 pages with 0 elements\n");
+}
+
 TEST_F(DiffCommandTest, TellsDifferencesPageByPage) {
   ImportAll({kTwo, kOne});
   const Run run = Diff(Path(), Changed({"UPDATE HMI_Elements SET PenWidth=3 WHERE Xs<>5"}));

@@ -144,6 +144,11 @@ TEST_F(ElementMatchingTest, AnElementThatMovedIntoAGroupIsAPartner) {
   EXPECT_EQ(Partners(List({Line(1), Group(Box(2))}), Group(List({Box(2), Line(1)}))), (Indexes{2, 0, 1}));
 }
 
+TEST_F(ElementMatchingTest, AnEqualOneInAnotherGroupComesBeforeALikeOneInTheSame) {
+  EXPECT_EQ(Partners(List({Line(1), Group(Box(2))}), List({Line(3), Group(List({Box(2), Line(1)}))})),
+            (Indexes{3, 1, 2}));
+}
+
 TEST_F(ElementMatchingTest, AmongEqualOnesThatOfTheSameGroupIsThePartner) {
   // The line of the group has become a box; both lines stand elsewhere in the order.
   EXPECT_EQ(Partners(List({Group(List({Line(1), Box(2), Box(3)})), Line(1), Box(4)}),
