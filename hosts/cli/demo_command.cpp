@@ -70,7 +70,7 @@ std::string Told(enCollisionStatus status) {
 }
 
 void DragElements(ProjectSession& project, const LoadedPage& page, const Console& console) {
-  automation::Variant map = FreeMap(page.info.panel);
+  automation::Variant map = FreeMap(page.info.panel.width, page.info.panel.height);
   for (const DemoDrag& demo : kDrags) {
     ItfHmiElement& element = UserOf(page, demo.operand, demo.memoryBit);
     const DragResult result = PerformDrag(element, demo.drag, map);

@@ -42,8 +42,8 @@ Descriptor AtRest(ItfHmiElement& element) {
 
 }  // namespace
 
-Variant FreeMap(const Panel& panel) {
-  return automation::Array(automation::VariantKind::Byte, {0, panel.width - 1}, {0, panel.height - 1});
+Variant FreeMap(Long width, Long height) {
+  return automation::Array(automation::VariantKind::Byte, {0, width}, {0, height});
 }
 
 DragResult PerformDrag(ItfHmiElement& element, const Drag& drag, Variant& map) {

@@ -28,8 +28,10 @@ struct DragResult {
   Descriptor after;
 };
 
-/// A map with one cell for each pixel of the panel, all free.
-automation::Variant FreeMap(const Panel& panel);
+/// A map for elements to be judged on, all of its cells free. An element's corners are judged with those just
+/// beyond its last pixels, so the map has a column and a row beyond the panel's last pixels, too: an element
+/// that fills the page stands on it.
+automation::Variant FreeMap(Long width, Long height);
 
 /// Drags an element as a host does, by call by name: what a step proposes is shown and accepted when it is
 /// legal, else the element stays at its last legal place. The element is not saved.

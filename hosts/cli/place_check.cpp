@@ -4,8 +4,8 @@
 #include <cstdint>
 
 #include "framework/element_types.h"
+#include "hosts/cli/drag.h"
 #include "hosts/cli/element_calls.h"
-#include "platform/automation/array.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -43,9 +43,7 @@ std::string PlaceCheck::Check(ItfHmiElement& element, const std::optional<Panel>
   const auto [width, height] =
       panel ? std::pair(panel->width, panel->height) : std::pair(kLargestPanel, kLargestPanel);
   const auto [map, isNew] = maps_.try_emplace({width, height});
-  // An element's corners are judged with those just beyond its last pixels, so the map ends beyond the page's
-  // last pixel, too: an element that fills the page stands on it.
-  if (isNew) map->second = automation::Array(automation::VariantKind::Byte, {0, width}, {0, height});
+  if (isNew) map->second = FreeMap(width, height);
   const enCollisionStatus state = StateOf(element, map->second);
   const auto [xs, ys, dx, dy] = BoundsOf(element);
   if (state == eCS_OutOfRAnge && panel) {

@@ -13,7 +13,7 @@ namespace {
 
 class DragTest : public ::testing::Test {
  protected:
-  DragTest() : map_(FreeMap({1, 100, 80})) {
+  DragTest() : map_(FreeMap(100, 80)) {
     rectangle_.Xs(10);
     rectangle_.Ys(20);
     rectangle_.Dx(30);
@@ -32,14 +32,14 @@ class DragTest : public ::testing::Test {
   automation::Variant map_;
 };
 
-TEST_F(DragTest, TheMapHasOneFreeCellForEachPixel) {
+TEST_F(DragTest, TheMapIsFreeAndEndsJustBeyondTheLastPixels) {
   const automation::Array& cells = map_.Elements();
   EXPECT_EQ(cells.Dimensions(), 2);
   EXPECT_EQ(cells.LowerBound(1), 0);
-  EXPECT_EQ(cells.UpperBound(1), 99);
+  EXPECT_EQ(cells.UpperBound(1), 100);
   EXPECT_EQ(cells.LowerBound(2), 0);
-  EXPECT_EQ(cells.UpperBound(2), 79);
-  EXPECT_EQ(cells.At(99, 79), automation::Variant(Byte{0}));
+  EXPECT_EQ(cells.UpperBound(2), 80);
+  EXPECT_EQ(cells.At(100, 80), automation::Variant(Byte{0}));
 }
 
 TEST_F(DragTest, AMoveEndsWhereItsLastLegalStepWas) {
@@ -51,10 +51,16 @@ TEST_F(DragTest, AMoveEndsWhereItsLastLegalStepWas) {
 }
 
 TEST_F(DragTest, AStepOutOfRangeLeavesTheElementAtItsLastLegalPlace) {
-  const DragResult result = Perform(ePD_None, {{5, 5}, {60, 0}});
+  const DragResult result = Perform(ePD_None, {{5, 5}, {61, 0}});
   EXPECT_EQ(result.status, eCS_OutOfRAnge);
   EXPECT_EQ(result.after, (Descriptor{15, 25, 30, 10}));
   EXPECT_EQ(At(4), result.after);
+}
+
+TEST_F(DragTest, AnElementReachesTheLastPixelsOfThePage) {
+  EXPECT_EQ(Perform(ePD_None, {{60, 50}}).after, (Descriptor{70, 70, 30, 10}));
+  EXPECT_EQ(Perform(ePD_None, {{1, 0}, {0, 1}}).status, eCS_OutOfRAnge);
+  EXPECT_EQ(At(1), (Descriptor{70, 70, 30, 10}));
 }
 
 TEST_F(DragTest, AStretchMovesTheEdgeOfItsHandle) {
@@ -73,7 +79,7 @@ TEST_F(DragTest, ADragWithoutLegalStepsChangesNothing) {
 
 class GroupDragTest : public ::testing::Test {
  protected:
-  GroupDragTest() : map_(FreeMap({1, 100, 80})) {
+  GroupDragTest() : map_(FreeMap(100, 80)) {
     Place(*rectangle_, 10, 20, 30, 10);
     Place(*line_, 50, 35, -8, -20);
     AddMember(*inner_, line_);
