@@ -1,8 +1,90 @@
 #include "platform/corvane1/color_service.h"
 
+#include <algorithm>
+#include <initializer_list>
+#include <limits>
+
+#include "platform/automation/arithmetic.h"
+#include "platform/corvane1/bevel_shades.h"
 #include "platform/corvane1/panel_palette.h"
+#include "platform/gdi/gdi.h"
+#include "platform/gdi/selected.h"
 
 namespace quenzel7::corvane1 {
+namespace {
+
+using automation::Add;
+using automation::Subtract;
+
+void Fill(gdi::HDC dc, std::uint32_t color, std::initializer_list<gdi::RECT> areas) {
+  const gdi::OwnedObject brush(gdi::CreateSolidBrush(color));
+  for (const gdi::RECT& area : areas) gdi::FillRect(dc, &area, brush.Get());
+}
+
+}  // namespace
+
+std::uint32_t ColorService::Get3DShadeColor(Long level, Long colorNumber) {
+  return BevelShade(Get3DFaceColor(colorNumber), level);
+}
+
+std::uint32_t ColorService::Get3DFaceColor(Long colorNumber) { return GetColor(colorNumber); }
+
+void ColorService::DrawPressed3DRect(Long x, Long y, Long width, Long height, Long colorNumber, Long pressed,
+                                     gdi::HDC dc) {
+  if (width <= 0 || height <= 0) return;
+  const gdi::RECT all{x, y, Add(x, width), Add(y, height)};
+  Fill(dc, GetColor(colorNumber), {all});
+  const Long lines = std::min({kBevelLines, width / 2, height / 2});
+  for (Long line = 0; line < lines; ++line) {
+    const Long left = all.left + line, top = all.top + line;
+    const Long right = all.right - line, bottom = all.bottom - line;
+    const Long dark = line + 1, light = dark + kBevelLines;
+    // The near sides come second: the corners between a dark and a light side are theirs.
+    Fill(dc, Get3DShadeColor(pressed != 0 ? light : dark, colorNumber),
+         {{left, bottom - 1, right, bottom}, {right - 1, top, right, bottom}});
+    Fill(dc, Get3DShadeColor(pressed != 0 ? dark : light, colorNumber),
+         {{left, top, right, top + 1}, {left, top, left + 1, bottom}});
+  }
+}
+
+void ColorService::DrawFlatRect(Long x1, Long y1, Long x2, Long y2, Long colorNumber, gdi::HDC dc) {
+  Fill(dc, GetColor(colorNumber), {{x1, y1, x2, y2}});
+}
+
+void ColorService::DrawCircle(Long centerX, Long centerY, Long radius, Long colorNumber, gdi::HDC dc) {
+  if (radius <= 0) return;
+  const gdi::RECT box{Subtract(centerX, radius), Subtract(centerY, radius), Add(centerX, radius),
+                      Add(centerY, radius)};
+  const std::uint32_t color = GetColor(colorNumber);
+  const gdi::LOGPEN line{gdi::PS_SOLID, {1, 0}, color};
+  const gdi::SelectedPen pen(dc, gdi::CreatePenIndirect(&line));
+  const gdi::SelectedBrush brush(dc, gdi::CreateSolidBrush(color));
+  gdi::Ellipse(dc, box.left, box.top, box.right, box.bottom);
+}
+
+Long ColorService::GetClosestGradientColor(Long colorNumber) {
+  const auto reads = [this](Long number) {
+    return ReadsAsBevel(Get3DFaceColor(number), Get3DShadeColor(1, number),
+                        Get3DShadeColor(kBevelLines + 1, number));
+  };
+  if (reads(colorNumber)) return colorNumber;
+  const std::uint32_t wanted = GetColor(colorNumber);
+  Long nearest = colorNumber, least = std::numeric_limits<Long>::max();
+  for (Long number = 0; number < kPaletteSize; ++number) {
+    const Long distance = ColorDistance(GetColor(number), wanted);
+    if (distance >= least || !reads(number)) continue;
+    nearest = number;
+    least = distance;
+  }
+  return nearest;
+}
+
+automation::Array ColorService::GetPalette() {
+  auto palette = automation::Array::OfSize(automation::VariantKind::Long, kPaletteSize);
+  Long number = 0;
+  for (Long& color : palette.Cells<Long>()) color = static_cast<Long>(GetColor(number++));
+  return palette;
+}
 
 std::uint32_t PaletteColorService::GetColor(Long colorNumber) {
   constexpr std::uint32_t kPageWhite = 0xFFFFFF;

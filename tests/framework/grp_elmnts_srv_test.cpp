@@ -276,11 +276,7 @@ TEST_F(LibraryServiceObject, TheCrcOfALibraryPictureIsTheTypeNumberOfAByteArray)
 TEST_F(LibraryServiceObject, StartsWorkAsTheDocumentationShows) {
   clsGrpElmntsSrv service;
   service.ChangeHMIPanel(7);
-  automation::Array colors = automation::Array::OfSize(automation::VariantKind::Long, 256);
-  for (Long number = 0; number < 256; ++number) {
-    colors.Set(number, static_cast<Long>(Platform::Current().colorService->GetColor(number)));
-  }
-  automation::Variant palette = colors;
+  automation::Variant palette = Platform::Current().colorService->GetPalette();
   service.InitImageLibrary("plant", palette);
   EXPECT_EQ(StateLine(), "7 8 9 1");
   EXPECT_EQ(service.ImageLibrary()->Name(), "plant");
