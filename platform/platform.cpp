@@ -1,9 +1,24 @@
 #include "platform/platform.h"
 
+#include "platform/corvane1/ansi_code_page.h"
+#include "platform/corvane1/panel_font_list.h"
 #include "platform/corvane1/panel_font_service.h"
+#include "platform/corvane1/panel_text_painter.h"
 #include "platform/corvane1/project_string_library.h"
 
 namespace quenzel7 {
+namespace {
+
+/// The code page that the settings tell which the thread has at that time.
+corvane1::AnsiCodePage CurrentCodePage() { return corvane1::AnsiCodePageOf(*Platform::Current().settings); }
+
+/// Texts are painted in the fonts that they are measured in.
+const corvane1::PanelFontList& Fonts() {
+  static const corvane1::PanelFontList fonts;
+  return fonts;
+}
+
+}  // namespace
 
 Platform::Platform()
     : heldProject(std::make_shared<corvane1::HeldProjectDatabase>()),
@@ -13,7 +28,8 @@ Platform::Platform()
       numberGenerator(std::make_shared<corvane1::ProjectNumberGenerator>(heldProject)),
       changeTracker(std::make_shared<corvane1::CollectedChanges>(heldProject)),
       globalValues(std::make_shared<corvane1::HeldGlobalValues>()),
-      fontService(std::make_shared<corvane1::PanelFontService>()),
+      fontService(std::make_shared<corvane1::PanelFontService>(Fonts(), CurrentCodePage)),
+      newTextPainter([] { return std::make_shared<corvane1::PanelTextPainter>(Fonts(), CurrentCodePage); }),
       stringLibrary(std::make_shared<corvane1::ProjectStringLibrary>()),
       panelService(std::make_shared<corvane1::ListedPanels>()),
       messageService(std::make_shared<corvane1::CollectedMessages>()),

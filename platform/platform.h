@@ -16,6 +16,7 @@
 #include "platform/corvane1/project_database.h"
 #include "platform/corvane1/settings.h"
 #include "platform/corvane1/string_library.h"
+#include "platform/corvane1/text_painter.h"
 #include "platform/fennick1/operand.h"
 #include "platform/loomis2/image_library.h"
 
@@ -55,6 +56,9 @@ struct Platform {
   std::shared_ptr<corvane1::GlobalValues> globalValues;
   /// The fonts of the panel.
   std::shared_ptr<corvane1::FontService> fontService;
+  /// Makes the text painter that an element keeps for its life. A host that replaces the fonts replaces this
+  /// too, so that texts are painted as they are measured.
+  std::function<std::shared_ptr<corvane1::TextPainter>()> newTextPainter;
   /// The texts of the project in its languages.
   std::shared_ptr<corvane1::StringLibrary> stringLibrary;
   /// The panel models, and which of them the project is for.

@@ -1,39 +1,42 @@
 #pragma once
 
 #include <array>
+#include <memory>
 #include <string>
-#include <vector>
 
+#include "platform/corvane1/ansi_code_page.h"
 #include "platform/corvane1/font_service.h"
-#include "platform/corvane1/panel_fonts.h"
+#include "platform/corvane1/panel_font_list.h"
+
+namespace quenzel7::gdi {
+class Font;
+}
 
 namespace quenzel7::corvane1 {
 
-/// The embedded default: the fonts of a list, measured as the graphics interface paints them.
+/// The embedded default: the fonts of a list, measured as the graphics interface paints them. What measures
+/// raises the errors of the code page's source.
 ///
-/// A number that is not in the list is the default font: a project from a host with more fonts can so be
-/// shown and measured, and keeps its numbers. Characters are those of code page 1252 where a code is asked
-/// for. Bytes that are no UTF-8 count as U+FFFD. An empty text takes no rectangle, 0 x 0; a text that ends in
-/// a line break has an empty last line.
+/// Where a code is asked for, characters are those of the code page. A text is measured in whatever
+/// characters it has, so that texts of all languages can be compared; bytes that are no UTF-8 count as
+/// U+FFFD. An empty text takes no rectangle, 0 x 0; a text that ends in a line break has an empty last line.
 class PanelFontService final : public FontService {
  public:
-  /// A host can give a list of its own. Throws std::invalid_argument if one of the two defaults is not in it.
-  explicit PanelFontService(std::vector<PanelFont> fonts = PanelFonts(), Long defaultFont = kDefaultFont,
-                            Long defaultDescriptionFont = kDefaultDescriptionFont);
+  explicit PanelFontService(
+      PanelFontList fonts = PanelFontList(), AnsiCodePageSource codePage = [] { return AnsiCodePage(); });
 
-  Long GetDefaultFontNumber() override { return defaultFont_; }
-  Long GetDefaultDescriptionFontNumber() override { return defaultDescriptionFont_; }
+  Long GetDefaultFontNumber() override { return fonts_.DefaultNumber(); }
+  Long GetDefaultDescriptionFontNumber() override { return fonts_.DefaultDescriptionNumber(); }
   Long GetCharHeight(Long fontNumber) override;
   std::array<Long, 256> GetCharWidths(Long fontNumber) override;
   TextExtent GetTextRect(const std::string& text, Long fontNumber) override;
-  std::string GetFontName(Long fontNumber) override { return FontOf(fontNumber).name; }
+  std::string GetFontName(Long fontNumber) override { return fonts_.FontOf(fontNumber).name; }
 
  private:
-  const PanelFont* Find(Long fontNumber) const;
-  const PanelFont& FontOf(Long fontNumber) const;
+  std::shared_ptr<gdi::Font> Realized(Long fontNumber) const;
 
-  const std::vector<PanelFont> fonts_;
-  const Long defaultFont_, defaultDescriptionFont_;
+  const PanelFontList fonts_;
+  const AnsiCodePageSource codePage_;
 };
 
 }  // namespace quenzel7::corvane1

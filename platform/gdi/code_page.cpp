@@ -2,30 +2,46 @@
 
 #include <iconv.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <mutex>
 #include <string>
+#include <vector>
 
 namespace quenzel7::gdi {
 namespace {
 
 struct PageOfSet {
   std::uint8_t charSet;
-  const char* page;
+  std::int32_t page;
 };
 
 /// The first one serves every character set that is not in the list.
-constexpr std::array<PageOfSet, 11> kPages{{{0, "CP1252"},
-                                            {161, "CP1253"},
-                                            {162, "CP1254"},
-                                            {163, "CP1258"},
-                                            {177, "CP1255"},
-                                            {178, "CP1256"},
-                                            {186, "CP1257"},
-                                            {204, "CP1251"},
-                                            {222, "CP874"},
-                                            {238, "CP1250"},
-                                            {255, "CP437"}}};
+constexpr std::array<PageOfSet, 11> kPages{{{0, 1252},
+                                            {161, 1253},
+                                            {162, 1254},
+                                            {163, 1258},
+                                            {177, 1255},
+                                            {178, 1256},
+                                            {186, 1257},
+                                            {204, 1251},
+                                            {222, 874},
+                                            {238, 1250},
+                                            {255, 437}}};
+
+/// Below this one the bytes are the characters of the same numbers in all pages.
+constexpr char32_t kFirstOfPage = 128;
+
+struct ByteOfCharacter {
+  char32_t character;
+  std::uint8_t byte;
+};
+
+/// A page in both directions.
+struct LoadedPage {
+  CodePage characters;
+  std::vector<ByteOfCharacter> bytes;  ///< from kFirstOfPage on, sorted by character
+};
 
 constexpr char32_t kUnknown = 0xFFFD;
 
@@ -47,9 +63,9 @@ char32_t Convert(iconv_t converter, unsigned byte) {
   return isKnown && room == 0 ? FromBigEndian(out) : kUnknown;
 }
 
-CodePage Load(const char* name) {
+CodePage Characters(std::int32_t number) {
   CodePage page;
-  const iconv_t converter = iconv_open("UTF-32BE", name);
+  const iconv_t converter = iconv_open("UTF-32BE", ("CP" + std::to_string(number)).c_str());
   const bool isThere = converter != reinterpret_cast<iconv_t>(-1);
   for (unsigned byte = 0; byte < page.size(); ++byte) {
     page[byte] = isThere ? Convert(converter, byte) : byte;
@@ -58,10 +74,21 @@ CodePage Load(const char* name) {
   return page;
 }
 
-}  // namespace
+bool IsLess(const ByteOfCharacter& entry, char32_t character) { return entry.character < character; }
 
-const CodePage& CodePageOf(std::uint8_t charSet) {
-  static std::array<CodePage, kPages.size()> pages;
+LoadedPage Load(std::int32_t number) {
+  LoadedPage page{Characters(number), {}};
+  for (char32_t byte = kFirstOfPage; byte < page.characters.size(); ++byte) {
+    const char32_t character = page.characters[byte];
+    if (character != kUnknown) page.bytes.push_back({character, static_cast<std::uint8_t>(byte)});
+  }
+  std::sort(page.bytes.begin(), page.bytes.end(),
+            [](const ByteOfCharacter& a, const ByteOfCharacter& b) { return IsLess(a, b.character); });
+  return page;
+}
+
+const LoadedPage& PageOf(std::uint8_t charSet) {
+  static std::array<LoadedPage, kPages.size()> pages;
   static std::array<std::once_flag, kPages.size()> loaded;
   std::size_t found = 0;
   for (std::size_t i = 1; i < kPages.size(); ++i) {
@@ -69,6 +96,25 @@ const CodePage& CodePageOf(std::uint8_t charSet) {
   }
   std::call_once(loaded[found], [&] { pages[found] = Load(kPages[found].page); });
   return pages[found];
+}
+
+}  // namespace
+
+const CodePage& CodePageOf(std::uint8_t charSet) { return PageOf(charSet).characters; }
+
+std::optional<std::uint8_t> CharSetOfCodePage(std::int32_t number) {
+  for (const PageOfSet& entry : kPages) {
+    if (entry.page == number) return entry.charSet;
+  }
+  return {};
+}
+
+std::optional<std::uint8_t> ByteOf(char32_t character, std::uint8_t charSet) {
+  if (character < kFirstOfPage) return static_cast<std::uint8_t>(character);
+  const auto& bytes = PageOf(charSet).bytes;
+  const auto found = std::lower_bound(bytes.begin(), bytes.end(), character, IsLess);
+  if (found == bytes.end() || found->character != character) return {};
+  return found->byte;
 }
 
 }  // namespace quenzel7::gdi

@@ -42,6 +42,33 @@ TEST_F(PlatformServices, MakeANewImageLibraryEachTime) {
   EXPECT_NE(first, second);
 }
 
+TEST_F(PlatformServices, MakeANewTextPainterEachTime) {
+  const auto first = Platform::Current().newTextPainter();
+  const auto second = Platform::Current().newTextPainter();
+  ASSERT_NE(first, nullptr);
+  ASSERT_NE(second, nullptr);
+  EXPECT_NE(first, second);
+  EXPECT_EQ(first->GetTextSize("a", 0), (corvane1::TextExtent{8, 16}));
+}
+
+TEST_F(PlatformServices, MeasureAndPaintInTheCodePageOfTheSettings) {
+  Platform& platform = Platform::Current();
+  const auto painter = platform.newTextPainter();
+  const Long western = platform.fontService->GetTextRect("\xC3\xB9", 7).width;
+  const Long greek = platform.fontService->GetTextRect("\xCF\x89", 7).width;
+  ASSERT_NE(western, greek);
+  EXPECT_EQ(platform.fontService->GetCharWidths(7)[0xF9], western);
+  EXPECT_EQ(painter->GetTextSize("\xCF\x89", 7), painter->GetTextSize("?", 7));
+  // Also when a host brings settings of its own later.
+  const auto settings = std::make_shared<corvane1::LayeredSettings>(platform.heldProject);
+  settings->Set(7000, 1, "1253");
+  platform.settings = settings;
+  EXPECT_EQ(platform.fontService->GetCharWidths(7)[0xF9], greek);
+  EXPECT_EQ(painter->GetTextSize("\xCF\x89", 7).width, greek);
+  settings->Set(7000, 1, "1");
+  EXPECT_EQ(test::ErrorOf([&] { platform.fontService->GetCharWidths(7); }), 5);
+}
+
 TEST_F(PlatformServices, ThatStandOnTheProjectSayWhenNoneIsOpen) {
   Platform& platform = Platform::Current();
   EXPECT_EQ(test::ErrorOf([&] { platform.projectDatabase->OpenConnection(); }), 91);

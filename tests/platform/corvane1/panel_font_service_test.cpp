@@ -3,12 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <stdexcept>
 
 #include "platform/gdi/font.h"
 #include "platform/gdi/gdi.h"
 #include "platform/gdi/selected.h"
 #include "platform/gdi/surface.h"
+#include "tests/support/raises.h"
 
 namespace quenzel7::corvane1 {
 namespace {
@@ -115,7 +115,8 @@ TEST(PanelFontService, ReadsUtf8) {
 
 TEST(PanelFontService, ATextBeyondAllNumbersIsAsLargeAsTheLargest) {
   // Lines of 993 pixels come to exactly one below the largest number.
-  PanelFontService fonts({{1, "Lines", "Unifont", 993, 400}, {2, "Words", "Unifont", 1024, 400}}, 1, 1);
+  PanelFontService fonts(
+      PanelFontList({{1, "Lines", "Unifont", 993, 400}, {2, "Words", "Unifont", 1024, 400}}, 1, 1));
   constexpr std::size_t kLines = 2162622;
   std::string breaks;
   for (std::size_t line = 1; line < kLines; ++line) breaks += "\r\n";
@@ -128,24 +129,30 @@ TEST(PanelFontService, ATextBeyondAllNumbersIsAsLargeAsTheLargest) {
 }
 
 TEST(PanelFontService, TakesAListOfTheHosts) {
-  PanelFontService fonts({{7, "Large", "Unifont", 32, 700}, {9, "Small", "Unifont", 16, 400}}, 9, 7);
+  PanelFontService fonts(
+      PanelFontList({{7, "Large", "Unifont", 32, 700}, {9, "Small", "Unifont", 16, 400}}, 9, 7));
   EXPECT_EQ(fonts.GetDefaultFontNumber(), 9);
   EXPECT_EQ(fonts.GetDefaultDescriptionFontNumber(), 7);
   EXPECT_EQ(fonts.GetFontName(0), "Small");
   EXPECT_EQ(fonts.GetTextRect("ab", 7), (Extent{34, 32}));
 }
 
-TEST(PanelFontService, RefusesAListWithoutItsDefaults) {
-  const std::vector<PanelFont> fonts{{7, "Large", "Unifont", 32, 700}};
-  EXPECT_NO_THROW(PanelFontService(fonts, 7, 7));
-  EXPECT_THROW(PanelFontService(fonts, 7, 8), std::invalid_argument);
-  EXPECT_THROW(PanelFontService(fonts, 8, 7), std::invalid_argument);
-  EXPECT_THROW(PanelFontService({}, 7, 7), std::invalid_argument);
-  try {
-    const PanelFontService service(fonts, 8, 7);
-  } catch (const std::invalid_argument& error) {
-    EXPECT_STREQ(error.what(), "the list of panel fonts has no font of number 8");
-  }
+TEST(PanelFontService, WidthsAreThoseOfTheCharactersOfTheCodePage) {
+  Long number = 1253;
+  PanelFontService fonts(PanelFontList(), [&] { return AnsiCodePage(number); });
+  // Code 249 is omega there, and the letter u with a grave accent in the western page.
+  EXPECT_EQ(fonts.GetCharWidths(7)[0xF9], fonts.GetTextRect("\xCF\x89", 7).width);
+  EXPECT_NE(fonts.GetCharWidths(7)[0xF9], fonts.GetTextRect("\xC3\xB9", 7).width);
+  number = 1252;
+  EXPECT_EQ(fonts.GetCharWidths(7)[0xF9], fonts.GetTextRect("\xC3\xB9", 7).width);
+}
+
+TEST(PanelFontService, PassesOnTheErrorsOfTheCodePage) {
+  PanelFontService fonts(PanelFontList(), [] { return AnsiCodePage(1); });
+  EXPECT_EQ(test::ErrorOf([&] { fonts.GetCharWidths(0); }), 5);
+  EXPECT_EQ(test::ErrorOf([&] { fonts.GetCharHeight(0); }), 5);
+  EXPECT_EQ(test::ErrorOf([&] { fonts.GetTextRect("a", 0); }), 5);
+  EXPECT_EQ(fonts.GetFontName(0), "Unifont 16");
 }
 
 }  // namespace

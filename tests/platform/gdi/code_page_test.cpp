@@ -51,5 +51,49 @@ TEST(CodePage, IsWorkedOutOnce) {
   EXPECT_NE(&CodePageOf(161), &CodePageOf(162));
 }
 
+TEST(CharSetOfCodePage, IsTheOneWhoseTextsAreInThePage) {
+  struct Case {
+    int page, set;
+  };
+  for (const Case& test :
+       {Case{437, 255}, Case{874, 222}, Case{1250, 238}, Case{1251, 204}, Case{1252, 0}, Case{1253, 161},
+        Case{1254, 162}, Case{1255, 177}, Case{1256, 178}, Case{1257, 186}, Case{1258, 163}}) {
+    EXPECT_EQ(CharSetOfCodePage(test.page), test.set) << test.page;
+  }
+}
+
+TEST(CharSetOfCodePage, IsNoneForOtherNumbers) {
+  for (const int page : {-1, 0, 1, 436, 438, 873, 875, 932, 1249, 1259, 65001}) {
+    EXPECT_EQ(CharSetOfCodePage(page), std::nullopt) << page;
+  }
+}
+
+TEST(ByteOf, FindsEveryCharacterOfEveryPage) {
+  for (const int set : {0, 161, 162, 163, 177, 178, 186, 204, 222, 238, 255, 77}) {
+    const auto charSet = static_cast<std::uint8_t>(set);
+    const CodePage& page = CodePageOf(charSet);
+    for (unsigned byte = 0; byte < 256; ++byte) {
+      if (page[byte] == 0xFFFD) continue;
+      EXPECT_EQ(ByteOf(page[byte], charSet), byte) << set;
+    }
+  }
+}
+
+TEST(ByteOf, IsNoneForWhatThePageDoesNotHave) {
+  EXPECT_EQ(ByteOf(0x20AC, 0), 0x80);
+  EXPECT_EQ(ByteOf(0x20AC, 255), std::nullopt);
+  EXPECT_EQ(ByteOf(0x03B1, 161), 0xE1);
+  EXPECT_EQ(ByteOf(0x03B1, 0), std::nullopt);
+  EXPECT_EQ(ByteOf(0x00E4, 161), std::nullopt);
+  EXPECT_EQ(ByteOf(127, 0), 127);
+  EXPECT_EQ(ByteOf(128, 0), std::nullopt);
+  EXPECT_EQ(ByteOf(0x10FFFF, 0), std::nullopt);
+}
+
+TEST(ByteOf, BytesThatThePageLeavesOpenStandForNothing) {
+  EXPECT_EQ(ByteOf(0xFFFD, 0), std::nullopt);
+  EXPECT_EQ(ByteOf(0xFFFD, 161), std::nullopt);
+}
+
 }  // namespace
 }  // namespace quenzel7::gdi

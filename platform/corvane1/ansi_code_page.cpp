@@ -1,0 +1,48 @@
+#include "platform/corvane1/ansi_code_page.h"
+
+#include "platform/automation/automation_error.h"
+#include "platform/automation/convert.h"
+#include "platform/corvane1/utf8.h"
+#include "platform/gdi/code_page.h"
+
+namespace quenzel7::corvane1 {
+namespace {
+
+using automation::AutomationError;
+using automation::ErrorNumber;
+
+std::uint8_t RequiredCharSet(Long number) {
+  if (const auto charSet = gdi::CharSetOfCodePage(number)) return *charSet;
+  throw AutomationError(ErrorNumber::InvalidProcedureCall, "code page " + std::to_string(number) +
+                                                               ": one of 437, 874, 1250 to 1258 is expected");
+}
+
+}  // namespace
+
+AnsiCodePage::AnsiCodePage(Long number) : number_(number), charSet_(RequiredCharSet(number)) {}
+
+std::optional<std::uint8_t> AnsiCodePage::CodeOf(char32_t character) const {
+  return gdi::ByteOf(character, charSet_);
+}
+
+std::string AnsiCodePage::Encoded(std::string_view text) const {
+  std::string encoded;
+  encoded.reserve(text.size());
+  while (!text.empty()) {
+    const auto code = CodeOf(TakeCharacter(text));
+    encoded += code ? static_cast<char>(*code) : kSubstitute;
+  }
+  return encoded;
+}
+
+AnsiCodePage AnsiCodePageOf(Settings& settings) {
+  const std::string text =
+      settings.GetSetting(kTextSection, kCodePageKey, std::to_string(AnsiCodePage::kDefault));
+  try {
+    return AnsiCodePage(automation::To<Long>(automation::Variant(text)));
+  } catch (const AutomationError& error) {
+    throw error.In("setting " + std::to_string(kTextSection) + "/" + std::to_string(kCodePageKey));
+  }
+}
+
+}  // namespace quenzel7::corvane1

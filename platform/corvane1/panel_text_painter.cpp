@@ -1,0 +1,97 @@
+#include "platform/corvane1/panel_text_painter.h"
+
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <string_view>
+#include <utility>
+
+#include "platform/corvane1/text_lines.h"
+#include "platform/gdi/font.h"
+#include "platform/gdi/gdi.h"
+#include "platform/gdi/selected.h"
+
+namespace quenzel7::corvane1 {
+namespace {
+
+/// The colour of a pen, of which an extended one is described at greater length.
+gdi::COLORREF ColorOf(gdi::HGDIOBJ pen) {
+  gdi::EXTLOGPEN extended{};
+  if (gdi::GetObjectA(pen, sizeof extended, &extended) == sizeof extended) return extended.elpColor;
+  gdi::LOGPEN plain;
+  std::memcpy(&plain, &extended, sizeof plain);
+  return plain.lopnColor;
+}
+
+/// How a context paints texts, for as long as this lives.
+class TextManner {
+ public:
+  TextManner(gdi::HDC dc, gdi::COLORREF color, gdi::BackgroundMode background)
+      : dc_(dc), colorBefore_(gdi::SetTextColor(dc, color)), modeBefore_(gdi::SetBkMode(dc, background)) {}
+  TextManner(const TextManner&) = delete;
+  TextManner& operator=(const TextManner&) = delete;
+  ~TextManner() {
+    gdi::SetBkMode(dc_, modeBefore_);
+    gdi::SetTextColor(dc_, colorBefore_);
+  }
+
+ private:
+  gdi::HDC dc_;
+  gdi::COLORREF colorBefore_;
+  std::int32_t modeBefore_;
+};
+
+}  // namespace
+
+PanelTextPainter::PanelTextPainter(PanelFontList fonts, AnsiCodePageSource codePage)
+    : fonts_(std::move(fonts)), codePage_(std::move(codePage)) {}
+
+void PanelTextPainter::DrawText(Long x, Long y, const std::string& line, gdi::HDC dc, Long fontNumber) {
+  Paint(x, y, line, dc, fontNumber, gdi::OPAQUE);
+}
+
+void PanelTextPainter::DrawTextTransparent(Long x, Long y, const std::string& line, gdi::HDC dc,
+                                           Long fontNumber) {
+  Paint(x, y, line, dc, fontNumber, gdi::TRANSPARENT);
+}
+
+void PanelTextPainter::DrawStorageText(Long x, Long y, const std::string& text, gdi::HDC dc,
+                                       Long fontNumber) {
+  Paint(x, y, text, dc, fontNumber, gdi::OPAQUE);
+}
+
+void PanelTextPainter::DrawStorageTextTransparent(Long x, Long y, const std::string& text, gdi::HDC dc,
+                                                  Long fontNumber, Long) {
+  Paint(x, y, text, dc, fontNumber, gdi::TRANSPARENT);
+}
+
+TextExtent PanelTextPainter::GetTextSize(const std::string& text, Long fontNumber) {
+  const AnsiCodePage codePage = codePage_();
+  const auto font = gdi::FontFor(fonts_.DescriptionOf(fontNumber, codePage));
+  return ExtentOfLines(codePage.Encoded(text), font->Height(), [&](std::string_view line) {
+    std::int64_t width = 0;
+    for (const char code : line) width += font->MeasuresOfByte(static_cast<unsigned char>(code)).advance;
+    return width;
+  });
+}
+
+void PanelTextPainter::Paint(Long x, Long y, const std::string& text, gdi::HDC dc, Long fontNumber,
+                             gdi::BackgroundMode background) const {
+  const AnsiCodePage codePage = codePage_();
+  const std::string encoded = codePage.Encoded(text);
+  const gdi::LOGFONT description = fonts_.DescriptionOf(fontNumber, codePage);
+  const gdi::HGDIOBJ pen = gdi::GetCurrentObject(dc, gdi::OBJ_PEN);
+  if (pen == 0) return;
+  const TextManner manner(dc, ColorOf(pen), background);
+  const gdi::SelectedFont font(dc, gdi::CreateFontIndirectA(&description));
+  const Long lineHeight = gdi::FontFor(description)->Height();
+  std::int64_t top = y;
+  ForEachLine(encoded, [&](std::string_view line) {
+    // Lines below all coordinates do not show.
+    if (top > std::numeric_limits<Long>::max()) return;
+    gdi::TextOutA(dc, x, static_cast<Long>(top), line.data(), static_cast<std::int32_t>(line.size()));
+    top += lineHeight;
+  });
+}
+
+}  // namespace quenzel7::corvane1
