@@ -37,6 +37,12 @@ int ListCommand(const std::string& projectPath, const Console& console);
 int DiffCommand(const std::string& pathA, const std::string& pathB, Long page, const std::string& outputPath,
                 const Console& console);
 
+/// Brings the texts of a CSV file into the string library of a project, all or none.
+int ImportStringsCommand(const std::string& projectPath, const std::string& filePath, const Console& console);
+
+/// Writes the string library of a project as a CSV file.
+int ExportStringsCommand(const std::string& projectPath, const std::string& filePath);
+
 /// Shows in a folder what the library does: builds a project, paints it, drags elements, opens it again and
 /// compares. Exit status 1 when the page painted from the opened project differs from the one before.
 int DemoCommand(const std::string& folder, const Console& console);

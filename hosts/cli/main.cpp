@@ -12,7 +12,7 @@
 int main(int argc, char** argv) {
   using namespace quenzel7;
 
-  std::string pageFile, project, projectB, output;
+  std::string direction, pageFile, project, projectB, output;
   std::string folder = "quenzel7-demo";
   Long page = 0;
   int scale = 1;
@@ -59,6 +59,14 @@ int main(int argc, char** argv) {
   diff->add_option("-o,--output", output, "A PNG file to paint the difference of a page into");
   takePage(diff, "Compare only the page of this number");
 
+  CLI::App* strings =
+      app.add_subcommand("strings", "Bring texts into a project's string library, or out of it");
+  takeProject(strings);
+  strings->add_option("DIRECTION", direction, "import or export")
+      ->required()
+      ->check(CLI::IsMember({"import", "export"}));
+  strings->add_option("FILE.csv", output, "The file with the texts")->required();
+
   CLI::App* demo = app.add_subcommand("demo", "Build, paint, change and open again a project");
   demo->add_option("-o,--output", folder, "The folder to write to")->capture_default_str();
 
@@ -79,6 +87,8 @@ int main(int argc, char** argv) {
     if (*list) return cli::ListCommand(project, console);
     if (*check) return cli::CheckCommand(project, console);
     if (*diff) return cli::DiffCommand(project, projectB, page, output, console);
+    if (*strings && direction == "import") return cli::ImportStringsCommand(project, output, console);
+    if (*strings) return cli::ExportStringsCommand(project, output);
     return cli::DemoCommand(folder, console);
   });
 }

@@ -1,5 +1,7 @@
 #include "platform/corvane1/project_string_library.h"
 
+#include <optional>
+
 #include "platform/ado/row_for.h"
 #include "platform/automation/automation_error.h"
 #include "platform/automation/convert.h"
@@ -17,6 +19,18 @@ constexpr Long kNoFont = -1;
 std::string StringCondition(Long number, Long language) {
   return "LibraryStrings WHERE Number=" + std::to_string(number) +
          " AND Language=" + std::to_string(language);
+}
+
+constexpr const char* kOfLanguages = "Language IN (SELECT Language FROM StringLanguages)";
+
+/// The text and font of a row; nothing when its text is Null or empty.
+std::optional<LibraryString> StringOf(ado::Recordset& row) {
+  const Variant text = row.Get("Text");
+  if (text.IsNull() || text == Variant("")) return {};
+  LibraryString string = {To<std::string>(text), kNoFont};
+  const Variant font = row.Get("FontNumber");
+  if (!font.IsNull()) string.fontNumber = To<Long>(font);
+  return string;
 }
 
 void RequireLanguage(Long language, Long last) {
@@ -50,19 +64,27 @@ Long ProjectStringLibrary::GetCount() {
 
 LibraryString ProjectStringLibrary::GetString(Long number) {
   const ado::ConnectionRef project = Project();
-  const auto row = ado::OpenRecordset(*project,
-                                      "SELECT * FROM " + StringCondition(number, language_) +
-                                          " AND Language IN (SELECT Language FROM StringLanguages)",
-                                      ado::adOpenStatic, ado::adLockReadOnly);
-  LibraryString string = {kEmptyLibraryString, kNoFont};
-  const Variant text = row->Eof() ? Variant() : row->Get("Text");
-  if (!text.IsEmpty() && !text.IsNull() && text != Variant("")) {
-    string.text = To<std::string>(text);
-    const Variant font = row->Get("FontNumber");
-    if (!font.IsNull()) string.fontNumber = To<Long>(font);
-  }
+  const auto row = ado::OpenRecordset(
+      *project, "SELECT * FROM " + StringCondition(number, language_) + " AND " + kOfLanguages,
+      ado::adOpenStatic, ado::adLockReadOnly);
+  const auto string = row->Eof() ? std::nullopt : StringOf(*row);
   row->Close();
-  return string;
+  return string.value_or(LibraryString{kEmptyLibraryString, kNoFont});
+}
+
+std::vector<NumberedString> ProjectStringLibrary::AllStrings() {
+  const ado::ConnectionRef project = Project();
+  const auto rows = ado::OpenRecordset(
+      *project,
+      std::string("SELECT * FROM LibraryStrings WHERE ") + kOfLanguages + " ORDER BY Number, Language",
+      ado::adOpenStatic, ado::adLockReadOnly);
+  std::vector<NumberedString> strings;
+  for (; !rows->Eof(); rows->MoveNext()) {
+    const auto string = StringOf(*rows);
+    if (string) strings.push_back({To<Long>(rows->Get("Number")), To<Long>(rows->Get("Language")), *string});
+  }
+  rows->Close();
+  return strings;
 }
 
 void ProjectStringLibrary::SetLanguage(Long language, const std::string& name) {

@@ -2,10 +2,19 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/corvane1/string_library.h"
 
 namespace quenzel7::corvane1 {
+
+/// A text and where in the library it stands.
+struct NumberedString {
+  Long number = 0, language = 0;
+  LibraryString string;
+
+  friend bool operator==(const NumberedString&, const NumberedString&) = default;
+};
 
 /// The embedded default: languages and texts in the project's tables StringLanguages and LibraryStrings. The
 /// current language belongs to this object and is 1 for every project that is opened; opening the project
@@ -32,6 +41,8 @@ class ProjectStringLibrary final : public StringLibrary {
   /// Keeps a text for a language of the open project; an empty one takes the text away. Error 5 when there is
   /// no such language.
   void SetString(Long number, Long language, const LibraryString& string);
+  /// All texts of the library's languages, by number and then by language, without the empty ones.
+  std::vector<NumberedString> AllStrings();
 
  private:
   ado::ConnectionRef Project() const;

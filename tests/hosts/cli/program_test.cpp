@@ -67,12 +67,29 @@ TEST_F(ProgramTest, HelpTellsEveryCommand) {
   const auto run = Run({"--help"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
-  for (const char* command : {"import", "export", "render", "list", "check", "diff", "demo"}) {
+  for (const char* command : {"import", "export", "render", "list", "check", "diff", "strings", "demo"}) {
     EXPECT_NE(run.out.find(command), std::string::npos) << command;
     const auto help = Run({command, "--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_NE(help.out.find(command), std::string::npos);
   }
+}
+
+TEST_F(ProgramTest, BringsTextsInAndOut) {
+  ImportPages({1});
+  const std::string texts = "number,language,text,font\r\n,1,English,\r\n5,1,boiler,3\r\n";
+  Write("in.csv", texts);
+  const auto in = Run({"strings", "p.qz7", "import", "in.csv"});
+  EXPECT_EQ(in.status, 0);
+  EXPECT_EQ(in.out, "1 text and 1 language imported into p.qz7\n");
+  const auto out = Run({"strings", "p.qz7", "export", "out.csv"});
+  EXPECT_EQ(out.status, 0);
+  EXPECT_EQ(out.out, "");
+  EXPECT_EQ(TextOf("out.csv"), texts);
+  ExpectFailure({"strings", "p.qz7", "import", "none.csv"},
+                "strings file none.csv cannot be read: No such file or directory");
+  EXPECT_EQ(Run({"strings", "p.qz7", "both", "in.csv"}).status, 2);
+  EXPECT_EQ(Run({"strings", "p.qz7", "import"}).status, 2);
 }
 
 TEST_F(ProgramTest, WrongUseIsOneLine) {

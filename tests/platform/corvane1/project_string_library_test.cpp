@@ -32,6 +32,7 @@ TEST(StringLibraryBeforeOpen, HasNoTextsAndStandsOnTheFirstLanguage) {
   EXPECT_RAISES(91, "the string library is not open", library.SetLanguage(1, "English"));
   EXPECT_RAISES(91, "the string library is not open", library.LanguageName(1));
   EXPECT_RAISES(91, "the string library is not open", library.SetString(1, 1, {"a", 2}));
+  EXPECT_RAISES(91, "the string library is not open", library.AllStrings());
   library.Language(0);
   EXPECT_RAISES(91, "the string library is not open", library.GetString(1));
 }
@@ -192,6 +193,26 @@ TEST_F(StringLibraryTest, ReadsWithoutLockingAndWritesInPlaceAndCloses) {
   EXPECT_EQ(recorder->Take(),
             (CallLog{count, "get Languages", "Close",
                      "execute DELETE * FROM LibraryStrings WHERE Number=7 AND Language=1"}));
+}
+
+TEST_F(StringLibraryTest, ListsAllTextsByNumberAndLanguage) {
+  EXPECT_EQ(library_.AllStrings(), std::vector<NumberedString>{});
+  library_.SetString(10, 2, {"Kessel", -1});
+  library_.SetString(10, 1, {"boiler", 3});
+  library_.SetString(9, 2, {"EMPTY STRING", 0});
+  library_.SetString(-1, 1, {"first", 1});
+  EXPECT_EQ(library_.AllStrings(), (std::vector<NumberedString>{{-1, 1, {"first", 1}},
+                                                                {9, 2, {"EMPTY STRING", 0}},
+                                                                {10, 1, {"boiler", 3}},
+                                                                {10, 2, {"Kessel", -1}}}));
+}
+
+TEST_F(StringLibraryTest, ListsNoEmptyTextsAndNoneWithoutALanguage) {
+  for (const char* row : {"1, 1, NULL, 4", "2, 1, '', 4", "3, 1, 'text', NULL", "4, 3, 'lost', 4"}) {
+    connection_->Execute("INSERT INTO LibraryStrings (Number, Language, Text, FontNumber) VALUES (" +
+                         std::string(row) + ")");
+  }
+  EXPECT_EQ(library_.AllStrings(), (std::vector<NumberedString>{{3, 1, {"text", -1}}}));
 }
 
 TEST_F(StringLibraryTest, DoesNotKeepTheProjectOpen) {
