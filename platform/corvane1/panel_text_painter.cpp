@@ -1,7 +1,7 @@
 #include "platform/corvane1/panel_text_painter.h"
 
+#include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <limits>
 #include <string_view>
 #include <utility>
@@ -14,13 +14,13 @@
 namespace quenzel7::corvane1 {
 namespace {
 
-/// The colour of a pen, of which an extended one is described at greater length.
+static_assert(offsetof(gdi::LOGPEN, lopnColor) == offsetof(gdi::EXTLOGPEN, elpColor));
+
+/// The colour of a pen, which stands at the same place in both descriptions that there are.
 gdi::COLORREF ColorOf(gdi::HGDIOBJ pen) {
-  gdi::EXTLOGPEN extended{};
-  if (gdi::GetObjectA(pen, sizeof extended, &extended) == sizeof extended) return extended.elpColor;
-  gdi::LOGPEN plain;
-  std::memcpy(&plain, &extended, sizeof plain);
-  return plain.lopnColor;
+  gdi::EXTLOGPEN description{};
+  gdi::GetObjectA(pen, sizeof description, &description);
+  return description.elpColor;
 }
 
 /// How a context paints texts, for as long as this lives.

@@ -72,7 +72,7 @@ TEST(ReadCsv, PassesOverAByteOrderMark) {
 TEST(ReadCsv, RefusesWhatIsNotUtf8) {
   EXPECT_EQ(RefusalOf("a\r\nb\r\n\"\xE4\"\r\n"), "file x, line 3: the text is not UTF-8");
   EXPECT_EQ(RefusalOf("\xC3"), "file x, line 1: the text is not UTF-8");
-  EXPECT_EQ(RecordsOf("\xEF\xBF\xBD"), (Records{{"\xEF\xBF\xBD"}}));
+  EXPECT_EQ(RecordsOf("a\xEF\xBF\xBD,b"), (Records{{"a\xEF\xBF\xBD", "b"}}));
 }
 
 TEST(ReadCsv, RefusesAFieldInQuotesWithoutEnd) {

@@ -57,6 +57,7 @@ TEST(BevelShade, OppositeLinesAreEquallyFarApartOnEveryFace) {
 TEST(ReadsAsBevel, TakesTwelveStepsOfBrightnessOnBothSides) {
   EXPECT_TRUE(ReadsAsBevel(Grey(100), Grey(88), Grey(112)));
   EXPECT_TRUE(ReadsAsBevel(Grey(100), Grey(87), Grey(113)));
+  EXPECT_TRUE(ReadsAsBevel(Grey(12), 0, Grey(24)));
   EXPECT_FALSE(ReadsAsBevel(Grey(100), Grey(89), Grey(112)));
   EXPECT_FALSE(ReadsAsBevel(Grey(100), Grey(88), Grey(111)));
 }
@@ -69,6 +70,16 @@ TEST(ReadsAsBevel, WeighsGreenMostAndBlueLeast) {
   EXPECT_FALSE(ReadsAsBevel(0x001400, 0, 0xFFFFFF));
   EXPECT_TRUE(ReadsAsBevel(0x6A0000, 0, 0xFFFFFF));
   EXPECT_FALSE(ReadsAsBevel(0x690000, 0, 0xFFFFFF));
+}
+
+TEST(ReadsAsBevel, DropsFractionsOfBrightness) {
+  // Red 107 is 31.993 bright, green 109 is 63.983, blue 114 is 12.996.
+  EXPECT_TRUE(ReadsAsBevel(0x00006B, Grey(19), 0xFFFFFF));
+  EXPECT_FALSE(ReadsAsBevel(0x00006B, Grey(20), 0xFFFFFF));
+  EXPECT_TRUE(ReadsAsBevel(0x006D00, Grey(51), 0xFFFFFF));
+  EXPECT_FALSE(ReadsAsBevel(0x006D00, Grey(52), 0xFFFFFF));
+  EXPECT_TRUE(ReadsAsBevel(0x720000, Grey(0), 0xFFFFFF));
+  EXPECT_FALSE(ReadsAsBevel(0x720000, Grey(1), 0xFFFFFF));
 }
 
 TEST(ColorDistance, AddsTheSquaresOfAllThreeChannels) {

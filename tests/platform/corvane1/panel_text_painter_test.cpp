@@ -26,7 +26,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-constexpr Long kUnifont = 0, kSans = 1, kLarge = 7, kOption = 255;
+constexpr Long kUnifont = 0, kLarge = 7, kOption = 255;
 constexpr Long kMost = std::numeric_limits<Long>::max();
 
 /// A white surface with a blue pen on a red background.
