@@ -4,9 +4,10 @@
 #include <array>
 #include <cstddef>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 
 #include "platform/ado/recordset.h"
 #include "platform/automation/automation_error.h"
@@ -21,9 +22,9 @@ namespace quenzel7 {
 template <class Element>
 struct Column {
   std::string_view name;
-  /// What saving writes; nullptr in a table for loading.
+  /// What saving writes; nullptr when the column is only read.
   automation::Variant (*value)(const Element&) = nullptr;
-  /// What loading does with the value; nullptr in a table for saving.
+  /// What loading does with the value; nullptr when the column is only written.
   void (*assign)(Element&, const automation::Variant&) = nullptr;
 };
 
@@ -79,9 +80,7 @@ struct ColumnTable {
  private:
   constexpr std::size_t PlaceOf(std::string_view name) const {
     std::size_t place = 0;
-    while (columns[place].name != name) {
-      if (++place == N) throw std::out_of_range("no such column");
-    }
+    while (columns.at(place).name != name) ++place;
     return place;
   }
 };

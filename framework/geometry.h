@@ -11,7 +11,8 @@ namespace quenzel7 {
 bool PointInRect(Long x, Long y, Long rx, Long ry, Long rdx, Long rdy);
 
 /// Whether two rectangles meet: a corner of one lies in the other, or they cross like the bars of a plus
-/// sign.
+/// sign. A far corner beyond 16 bits is error 6 only when it is tried: when no corner before it has met the
+/// other rectangle.
 bool RectsMeet(Long ax, Long ay, Long adx, Long ady, Long bx, Long by, Long bdx, Long bdy);
 
 }  // namespace quenzel7

@@ -1,6 +1,7 @@
 #include "framework/transform_state.h"
 
 #include "framework/element_types.h"
+#include "framework/position.h"
 #include "platform/automation/arithmetic.h"
 #include "platform/automation/array.h"
 
@@ -9,17 +10,13 @@ namespace {
 
 using automation::Add;
 
-struct Proposal {
-  Long xs, ys, dx, dy;
-};
-
 struct Limits {
   Long w, h;
 };
 
 enCollisionStatus LegalIf(bool inside) { return inside ? eCS_Legall : eCS_OutOfRAnge; }
 
-enCollisionStatus JudgeRectangle(const Proposal& p, const Limits& limits) {
+enCollisionStatus JudgeRectangle(const Descriptor& p, const Limits& limits) {
   const auto inside = [&limits](Long x, Long y) {
     return x >= 0 && x <= limits.w && y >= 0 && y <= limits.h;
   };
@@ -33,7 +30,7 @@ enCollisionStatus JudgeRectangle(const Proposal& p, const Limits& limits) {
 
 /// By the signs of the vector. The limits differ by one from case to case: the panel takes lines so, and a
 /// rule that made them alike would refuse lines that stand in projects.
-enCollisionStatus JudgeLine(const Proposal& p, const Limits& limits) {
+enCollisionStatus JudgeLine(const Descriptor& p, const Limits& limits) {
   const auto [xs, ys, dx, dy] = p;
   const auto [w, h] = limits;
   if (dx == 0 && dy == 0) return eCS_Overlap;
@@ -61,11 +58,10 @@ enCollisionStatus GetElementTransformState(const ItfHmiElement& element,
                                            const automation::Variant& collisionMap) {
   const automation::Array& map = collisionMap.Elements();
   const Limits limits{map.UpperBound(1), map.UpperBound(2)};
-  constexpr Long kProposed = 3;
-  Proposal proposal{};
-  element.GetBoundingRect(proposal.xs, proposal.ys, proposal.dx, proposal.dy, kProposed);
-  return element.ElementType() == kLineElement ? JudgeLine(proposal, limits)
-                                               : JudgeRectangle(proposal, limits);
+  Descriptor proposed;
+  element.GetBoundingRect(proposed.xs, proposed.ys, proposed.dx, proposed.dy, kTransformed);
+  return element.ElementType() == kLineElement ? JudgeLine(proposed, limits)
+                                               : JudgeRectangle(proposed, limits);
 }
 
 }  // namespace quenzel7

@@ -8,9 +8,10 @@ namespace quenzel7 {
 /// map, a two-dimensional array with one cell per panel pixel, addressed (x, y); its cells are not looked at.
 ///
 /// An element of size 0 overlaps; one with a corner outside (0, 0) to the upper bounds, limits included, is
-/// out of range, whatever its size. Lines (`kLineElement`) are judged by the signs of their vector instead.
-/// Errors: 13 when the map is no array, 9 when it has no second dimension, 6 when a corner does not fit 32
-/// bits.
+/// out of range, whatever its size. Lines (`kLineElement`) are judged by the signs of their vector instead:
+/// one of length 0 overlaps wherever it lies, and the limits of the others differ by a pixel from case to
+/// case. Errors: 13 when the map is no array, 9 when it has no second dimension, 6 when a corner does not fit
+/// 32 bits.
 enCollisionStatus GetElementTransformState(const ItfHmiElement& element,
                                            const automation::Variant& collisionMap);
 

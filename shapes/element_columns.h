@@ -8,7 +8,7 @@
 /// Entries of column tables that elements of all classes share.
 namespace quenzel7 {
 
-/// ID, address or group that is not there.
+/// ID, address, group or colour that is not there.
 inline constexpr Long kNone = -1;
 
 /// The number of the class.
@@ -23,11 +23,12 @@ constexpr Column<Element> DisplayColumn() {
   return {"DisplayID", [](const Element&) { return automation::Variant(CurrentDisplayID()); }, nullptr};
 }
 
-/// What an element without the property writes: 0 in 16 bits, or no operand.
+/// What an element without the property writes: 0 in 16 bits.
 template <class Element>
 constexpr Column<Element> ZeroColumn(std::string_view name) {
   return ConstantColumn<Element, Integer, 0>(name);
 }
+/// What an element without the operand writes: no address, in 32 bits.
 template <class Element>
 constexpr Column<Element> NoOperandColumn(std::string_view name) {
   return ConstantColumn<Element, Long, kNone>(name);

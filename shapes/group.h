@@ -22,6 +22,7 @@ namespace quenzel7 {
 /// error 28.
 class clsGroup : public ItfHmiElement {
  public:
+  /// The name under which hosts create it.
   static constexpr std::string_view kClassName = "clsGroup";
   /// A group of this nesting height cannot become a member of a new group.
   static constexpr Long kMaxDepth = 3;

@@ -1,11 +1,10 @@
 #include "shapes/line.h"
 
-#include <algorithm>
+#include <cstdint>
 
 #include "framework/geometry.h"
 #include "platform/automation/arithmetic.h"
 #include "platform/gdi/selected.h"
-#include "shapes/element_setting.h"
 #include "shapes/line_geometry.h"
 
 namespace quenzel7 {
@@ -31,12 +30,7 @@ struct Distance {
 
 }  // namespace
 
-clsLine::clsLine()
-    : ShapeClass([] {
-        const Long colorFore = ElementSetting(6022, "0");
-        const Long penWidth = ElementSetting(6049, "1");
-        return Stroke{.colorFore = colorFore, .colorForeTouch = colorFore, .penWidth = penWidth};
-      }()) {}
+clsLine::clsLine() : ShapeClass(StrokeFromSettings(ElementDefault::LineColor, ElementDefault::LineWidth)) {}
 
 void clsLine::WriteRow(ado::Recordset& row) const {
   WriteColumns<clsLine>(row, *this, Columns<clsLine>::kSave);
@@ -63,10 +57,10 @@ void clsLine::Paint(Long hdc) const {
 }
 
 enPickUpDirection clsLine::ItfHmiElement_GetPupDirection(Long pX, Long Py, Long pWidth) const {
-  const auto [xs, ys, dx, dy] = Initial();
-  if (dx == 1 && dy == 1) return PointInRect(pX, Py, xs, ys, dx, dy) ? ePD_LineTail : ePD_None;
   Long reach = IntDiv(Add(pWidth, 1), 2);
   if (reach == 0) reach = 1;
+  const auto [xs, ys, dx, dy] = Initial();
+  if (dx == 1 && dy == 1) return PointInRect(pX, Py, xs, ys, dx, dy) ? ePD_LineTail : ePD_None;
   const Long offsetX = Subtract(pX, xs);
   const Long offsetY = Subtract(Py, ys);
   const Distance fromHead(offsetX, offsetY);
@@ -94,6 +88,8 @@ void clsLine::ItfHmiElement_Stretch(Long pDx, Long pDy, Long pDirection) {
 
 bool clsLine::ItfHmiElement_HitTestByPoint(Long pX, Long Py) const {
   if (!PointNearBox(Initial(), penWidth_, pX, Py)) return false;
+  // The box is that of the line at rest, the distance that from the line on display: a hit in the middle of a
+  // drag depends on both, as hosts know it.
   const Single reach = static_cast<Single>(penWidth_) / 2 + 1.5f;
   return DistanceToLine(Displayed(), pX, Py) < reach;
 }

@@ -1,6 +1,7 @@
 #include "shapes/line_geometry.h"
 
 #include <cmath>
+#include <cstdint>
 
 #include "framework/geometry.h"
 #include "platform/automation/arithmetic.h"
@@ -73,9 +74,9 @@ Single DistanceToLine(const Descriptor& line, Long x, Long y) {
 }
 
 Long OutCode(const Descriptor& rectangle, LinePoint point) {
-  const auto [xs, ys, dx, dy] = rectangle;
-  const Long across = point.x < xs ? 8 : point.x > Add(xs, dx) ? 4 : 0;
-  const Long down = point.y > Add(ys, dy) ? 2 : point.y < ys ? 1 : 0;
+  const LinePoint far = TailOf(rectangle);
+  const Long across = point.x < rectangle.xs ? 8 : point.x > far.x ? 4 : 0;
+  const Long down = point.y > far.y ? 2 : point.y < rectangle.ys ? 1 : 0;
   return across + down;
 }
 

@@ -7,6 +7,7 @@
 /// (xs + dx, ys + dy), and dx, dy may be negative or 0.
 namespace quenzel7 {
 
+/// A point of the page, or the vector from one point to another, in panel pixels.
 struct LinePoint {
   Long x, y;
 };
@@ -24,7 +25,9 @@ bool PointNearBox(const Descriptor& line, Long penWidth, Long x, Long y);
 Single DistanceToLine(const Descriptor& line, Long x, Long y);
 
 /// On which sides of the rectangle a point lies beyond its limits: 8 left, 4 right, and 2 below or 1 above; 0
-/// inside, limits included (Cohen and Sutherland's codes). Error 6 when a far side does not fit 32 bits.
+/// inside, limits included (Cohen and Sutherland's codes). Of a rectangle with a negative size, left is tried
+/// before right and below before above. Error 6 when a far side does not fit 32 bits, wherever the point
+/// lies.
 Long OutCode(const Descriptor& rectangle, LinePoint point);
 
 /// Whether the segments a-b and c-d cross. An end that lies on the other segment does not count. Error 6 when

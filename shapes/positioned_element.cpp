@@ -84,9 +84,11 @@ bool PositionedElement::SaveToDB() {
 
 void PositionedElement::GiveOrder(ado::Recordset&) { orderIndex_ = NextOrderIndex(); }
 
-void PositionedElement::PutNextOrder(ado::Recordset& newRow) { newRow.Put("OrderIndex", NextOrderIndex()); }
-
-void PositionedElement::ReadBack(const ado::Recordset& row) { id_ = automation::To<Long>(row.Get("ID")); }
+void PositionedElement::ReadBack(const ado::Recordset& row) {
+  static constexpr Column<PositionedElement> kColumns[] = {
+      FieldColumn<PositionedElement, &PositionedElement::id_>("ID")};
+  ReadColumns<PositionedElement>(row, *this, kColumns);
+}
 
 void PositionedElement::ItfHmiElement_DeleteFromDB() {
   const ado::ConnectionRef connection = ProjectConnection();

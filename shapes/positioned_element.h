@@ -37,7 +37,8 @@ class PositionedElement : public ItfHmiElement {
   PositionedElement() = default;
   ~PositionedElement() override;
 
-  /// Writes all columns of the row but "ID" and "GUID".
+  /// Writes the columns that the class keeps up to date, those of an old row and of a new one alike. "ID" is
+  /// the database's, and "GUID" is given once.
   virtual void WriteRow(ado::Recordset& row) const = 0;
   /// Takes all columns that the class reads from the row.
   virtual void ReadRow(const ado::Recordset& row) = 0;
@@ -45,9 +46,8 @@ class PositionedElement : public ItfHmiElement {
   /// Gives a new row its place in the drawing order of the page; here in the field, which is then written
   /// with the other columns.
   virtual void GiveOrder(ado::Recordset& newRow);
-  /// The same in the row alone, for classes that leave the field as it is.
-  static void PutNextOrder(ado::Recordset& newRow);
-  /// Takes from a row just written what only the database knows: its key.
+  /// Takes from a row just written what only the database knows: its key. Errors of ReadColumns; the row is
+  /// written by then.
   virtual void ReadBack(const ado::Recordset& row);
 
   /// Copies what every element has from another one through the writers of the default interface, in two

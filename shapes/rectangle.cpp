@@ -1,7 +1,6 @@
 #include "shapes/rectangle.h"
 
 #include "platform/gdi/gdi.h"
-#include "shapes/element_setting.h"
 
 namespace quenzel7 {
 namespace {
@@ -11,13 +10,8 @@ constexpr Long kLiquidColor = 96;
 }  // namespace
 
 clsRectangle::clsRectangle()
-    : ShapeClass(
-          [] {
-            const Long colorFore = ElementSetting(6051, "0");
-            const Long penWidth = ElementSetting(6050, "1");
-            return Stroke{.colorFore = colorFore, .colorForeTouch = colorFore, .penWidth = penWidth};
-          }(),
-          kLiquidColor) {}
+    : ShapeClass(StrokeFromSettings(ElementDefault::RectangleColor, ElementDefault::RectangleWidth),
+                 kLiquidColor) {}
 
 void clsRectangle::PaintFigure(Long hdc, Long x1, Long y1, Long x2, Long y2) const {
   gdi::Rectangle(hdc, x1, y1, x2, y2);

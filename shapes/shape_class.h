@@ -2,16 +2,18 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <type_traits>
 
+#include "framework/element_member_texts.h"
 #include "framework/element_types.h"
 #include "platform/automation/member.h"
 #include "shapes/filled_shape.h"
 
 namespace quenzel7 {
 
-#define QUENZEL7_SHAPE_PROPERTY(Type, Name, ...)                        \
-  automation::Property<Type>(#Name, {}, AUTOMATION_GETTER(Shape, Name), \
+#define QUENZEL7_SHAPE_PROPERTY(Type, Name, ...)                                              \
+  automation::Property<Type>(#Name, ElementMemberText(#Name), AUTOMATION_GETTER(Shape, Name), \
                              AUTOMATION_SETTER(Shape, Type, Name) __VA_OPT__(, ) __VA_ARGS__)
 
 /// The default interface of a shape, in slot order. A line has the slots of a body, too; it does not carry
@@ -27,7 +29,11 @@ struct ShapeMembers {
       automation::PutRefProperty<automation::CollectionRef>(
           "ColOpPropBag", "Operand bags of the element, taken by reference.",
           AUTOMATION_SETTER(Shape, automation::CollectionRef, ColOpPropBag)),
-      QUENZEL7_SHAPE_PROPERTY(Long, VisibleOpAddr),
+      automation::Property<Long>(
+          "VisibleOpAddr",
+          "Address of the memory bit that hides the element; -1 none. Writing only stores it: the operand's "
+          "row stays.",
+          AUTOMATION_GETTER(Shape, VisibleOpAddr), AUTOMATION_SETTER(Shape, Long, VisibleOpAddr)),
       QUENZEL7_SHAPE_PROPERTY(Long, TouchOprndAddr),
       QUENZEL7_SHAPE_PROPERTY(enHatchStyle, HatchStyle, kBody),
       QUENZEL7_SHAPE_PROPERTY(Long, PenWidth),
@@ -45,7 +51,7 @@ struct ShapeMembers {
       automation::Method<Shape, &Shape::SaveToDB>("SaveToDB", "Writes the element's row; always True."),
       automation::Method<Shape, &ItfHmiElement::CreateStaticElementPrinterReport>(
           "ItfHmiElement_CreateStaticElementPrinterReport",
-          "Writes the element's lines into a printed report."),
+          ElementMemberText("CreateStaticElementPrinterReport")),
       QUENZEL7_SHAPE_PROPERTY(Long, ColorForeTouch),
       QUENZEL7_SHAPE_PROPERTY(Long, ColorBackTouch),
       QUENZEL7_SHAPE_PROPERTY(Long, OrderIndex, automation::Mark::Identity),
@@ -59,6 +65,7 @@ struct ShapeMembers {
 template <class Shape, class Base, ElementTypeNumber Type>
 class ShapeClass : public Base {
  public:
+  /// What hosts see of the class: the default interface first, then the element contract.
   static const automation::ClassInfo& ClassOf() {
     static const std::string interfaceName = "_" + std::string(Shape::kClassName);
     static const automation::Interface interface(interfaceName, ShapeMembers<Shape>::kMembers);
@@ -67,6 +74,7 @@ class ShapeClass : public Base {
         Shape::kClassName, interfaces, []() -> automation::ObjectRef { return std::make_shared<Shape>(); }};
     return info;
   }
+  /// ClassOf, of any object of the class.
   const automation::ClassInfo& Class() const override { return ClassOf(); }
 
  protected:

@@ -11,6 +11,12 @@ StrokedShape::StrokedShape(const Stroke& stroke)
       penWidth_(stroke.penWidth),
       colorService_(Platform::Current().colorService) {}
 
+StrokedShape::Stroke StrokedShape::StrokeFromSettings(ElementDefault color, ElementDefault width) {
+  const Long colorFore = ElementSetting(color, "0");
+  const Long penWidth = ElementSetting(width, "1");
+  return {.colorFore = colorFore, .colorForeTouch = colorFore, .penWidth = penWidth};
+}
+
 void StrokedShape::CopyTo(StrokedShape& copy) const {
   copy.CopyIdentityAndPosition(*this);
   copy.ColorBack(ColorBack());

@@ -7,6 +7,7 @@
 #include "platform/corvane1/color_service.h"
 #include "platform/gdi/gdi.h"
 #include "shapes/element_columns.h"
+#include "shapes/element_setting.h"
 #include "shapes/positioned_element.h"
 
 namespace quenzel7 {
@@ -25,6 +26,10 @@ class StrokedShape : public PositionedElement {
   };
 
   explicit StrokedShape(const Stroke& stroke);
+
+  /// Colour and width from the settings, asked in this order; the touch colour follows the border's. Errors
+  /// of ElementSetting.
+  static Stroke StrokeFromSettings(ElementDefault color, ElementDefault width);
 
   /// Paints the shape at descriptor 4; the one routine behind Draw and DrawToPrinter.
   virtual void Paint(Long hdc) const = 0;

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <sstream>
 
 #include "tests/support/raises.h"
 #include "tests/support/saved_shape.h"
@@ -14,30 +13,9 @@ using automation::Variant;
 using test::CallLog;
 using test::DescriptionOf;
 using test::ErrorOf;
-
-/// One call for each word, "Column=value:Kind" for columns that are written.
-CallLog Puts(const std::string& words) {
-  CallLog calls;
-  std::istringstream in(words);
-  for (std::string word; in >> word;) calls.push_back("put " + word);
-  return calls;
-}
-
-CallLog Joined(std::initializer_list<CallLog> parts) {
-  CallLog all;
-  for (const CallLog& part : parts) all.insert(all.end(), part.begin(), part.end());
-  return all;
-}
-
-const CallLog kNewRow = {
-    "open SELECT * FROM HMI_ELEMENTS WHERE ID=-1 [3,3,1]",
-    "AddNew",
-    "put GUID=9:Long",
-    "open SELECT MAX(OrderIndex) AS MaxOrderIndex FROM HMI_ELEMENTS WHERE DisplayID=7 [3,1,1]",
-    "get MaxOrderIndex",
-    "Close",
-};
-const CallLog kOldRow = {"open SELECT * FROM HMI_ELEMENTS WHERE ID=5 [3,3,1]"};
+using test::Joined;
+using test::kNewRow;
+using test::kOldRow;
 
 using SavedRectangle = test::SavedShape<clsRectangle>;
 using SavedEllipse = test::SavedShape<clsEllipse>;
@@ -45,14 +23,7 @@ using SavedRoundRect = test::SavedShape<clsRoundRect>;
 
 // --- Rectangle ---
 
-const CallLog kPutsOfRectangle = Puts(
-    "Type=1:Long Xs=12:Long Ys=13:Long Dx=14:Long Dy=15:Long DisplayID=7:Long GroupID=11:Long "
-    "ColorBack=16:Long ColorFore=17:Long ColorBackTouch=18:Long ColorForeTouch=19:Long ColorHatch=20:Long "
-    "PenStyle=3:Long PenWidth=21:Long HatchStyle=4:Long TouchOprndAddr=22:Long VisibleOpAddr=23:Long "
-    "FontNumber=0:Integer DescriptionFontNumber=0:Integer Alignment=0:Integer Flat3D=0:Integer "
-    "VarType=0:Integer VarKeyPadEntry=0:Integer VarOprndType=0:Integer VarOprndAddr=0:Integer "
-    "GlobalVarID=0:Integer DefaultDisplay=0:Integer "
-    "KeypadSuccessOpAddr=-1:Long EnabledOpAddr=-1:Long HighlightOpAddr=-1:Long TabIndex=255:Byte");
+const CallLog kPutsOfRectangle = test::PutsOfDistinct("1");
 
 TEST_F(SavedRectangle, ANewRowIsMadeInThisOrder) {
   const auto r = Distinct();
@@ -90,14 +61,7 @@ TEST_F(SavedRectangle, NewOnesLieOnTopOfTheirPage) {
 
 // --- Ellipse ---
 
-const CallLog kPutsOfEllipse = Puts(
-    "Type=6:Long Xs=12:Long Ys=13:Long Dx=14:Long Dy=15:Long DisplayID=7:Long GroupID=11:Long "
-    "ColorBack=16:Long ColorFore=17:Long ColorBackTouch=18:Long ColorForeTouch=19:Long ColorHatch=20:Long "
-    "PenStyle=3:Long PenWidth=21:Long HatchStyle=4:Long TouchOprndAddr=22:Long VisibleOpAddr=23:Long "
-    "FontNumber=0:Integer DescriptionFontNumber=0:Integer Alignment=0:Integer Flat3D=0:Integer "
-    "VarType=0:Integer VarKeyPadEntry=0:Integer VarOprndType=0:Integer VarOprndAddr=0:Integer "
-    "GlobalVarID=0:Integer DefaultDisplay=0:Integer "
-    "KeypadSuccessOpAddr=-1:Long EnabledOpAddr=-1:Long HighlightOpAddr=-1:Long TabIndex=255:Byte");
+const CallLog kPutsOfEllipse = test::PutsOfDistinct("6");
 
 TEST_F(SavedEllipse, ANewRowIsMadeInThisOrder) {
   const auto e = Distinct();
@@ -177,10 +141,30 @@ TEST_F(SavedEllipse, ARowWithoutAnOrderIsAnErrorAfterItIsWritten) {
   Connection().Execute("UPDATE HMI_Elements SET OrderIndex=NULL");
   Changes().Clear();
   e->Xs(500);
-  EXPECT_EQ(ErrorOf([&] { e->SaveToDB(); }), 94);
+  EXPECT_RAISES(94, "column 'OrderIndex' of HMI_Elements: invalid use of Null: a number was expected",
+                e->SaveToDB());
   EXPECT_EQ(e->OrderIndex(), 1);
   EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"Xs", "OrderIndex"}), std::vector<std::string>{"500 Null"});
   EXPECT_TRUE(Changes().ChangedElements().empty());
+}
+
+TEST_F(SavedEllipse, ARowWithAnOrderThatIsNoLongIsAnErrorAfterItIsWritten) {
+  const auto e = Distinct();
+  e->SaveToDB();
+  struct Case {
+    const char* order;
+    Long error;
+  };
+  Long place = 500;
+  for (const Case& c : {Case{"3000000000", 6}, {"2147483648", 6}, {"'top'", 13}}) {
+    Connection().Execute(std::string("UPDATE HMI_Elements SET OrderIndex=") + c.order);
+    Changes().Clear();
+    e->Xs(++place);
+    EXPECT_EQ(ErrorOf([&] { e->SaveToDB(); }), c.error) << c.order;
+    EXPECT_EQ(e->OrderIndex(), 1) << c.order;
+    EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"Xs"}), std::vector<std::string>{std::to_string(place)});
+    EXPECT_TRUE(Changes().ChangedElements().empty()) << c.order;
+  }
 }
 
 TEST_F(SavedEllipse, ADeletionUndoneTakesANewOrder) {
@@ -197,14 +181,7 @@ TEST_F(SavedEllipse, ADeletionUndoneTakesANewOrder) {
 
 // --- Round rectangle ---
 
-const CallLog kPutsOfRoundRect = Puts(
-    "Type=7:Long Xs=12:Long Ys=13:Long Dx=14:Long Dy=15:Long DisplayID=7:Long GroupID=11:Long "
-    "ColorBack=16:Long ColorFore=17:Long ColorBackTouch=18:Long ColorForeTouch=19:Long ColorHatch=20:Long "
-    "PenStyle=3:Long PenWidth=21:Long HatchStyle=4:Long TouchOprndAddr=22:Long VisibleOpAddr=23:Long "
-    "FontNumber=0:Integer Alignment=0:Integer Flat3D=0:Integer "
-    "VarType=0:Integer VarKeyPadEntry=0:Integer VarOprndType=0:Integer VarOprndAddr=0:Integer "
-    "GlobalVarID=0:Integer DefaultDisplay=0:Integer "
-    "KeypadSuccessOpAddr=-1:Long EnabledOpAddr=-1:Long HighlightOpAddr=-1:Long TabIndex=255:Byte");
+const CallLog kPutsOfRoundRect = test::PutsOfDistinct("7", {{"DescriptionFontNumber", ""}});
 
 TEST_F(SavedRoundRect, ANewRowIsMadeInThisOrder) {
   const auto r = Distinct();

@@ -17,6 +17,7 @@
 #include "shapes/rectangle.h"
 #include "shapes/round_rect.h"
 #include "tests/support/element_double.h"
+#include "tests/support/placed_shape.h"
 #include "tests/support/project_fixture.h"
 #include "tests/support/raises.h"
 
@@ -34,6 +35,7 @@ using test::Enter;
 using test::ErrorOf;
 using test::GroupOf;
 using test::MemberAt;
+using test::Placed;
 
 using Lines = std::vector<std::string>;
 
@@ -68,16 +70,6 @@ class SavedGroup : public test::ProjectTest {
   std::shared_ptr<ElementDouble> Make(const std::string& name, Long type = kRectangleElement) {
     return std::make_shared<ElementDouble>(name, type,
                                            [this](const std::string& note) { Recorder().Note(note); });
-  }
-
-  template <class Shape>
-  static std::shared_ptr<Shape> Placed(Long xs, Long ys, Long dx, Long dy) {
-    auto shape = std::make_shared<Shape>();
-    shape->Xs(xs);
-    shape->Ys(ys);
-    shape->Dx(dx);
-    shape->Dy(dy);
-    return shape;
   }
 
   /// The rows of the elements that tests save: ID, type, group, place.

@@ -216,6 +216,20 @@ TEST(OutCode, OverflowsWhenAFarSideDoes) {
   EXPECT_EQ(ErrorOf([] { OutCode({kMost, 0, 1, 5}, {kMost, 0}); }), 6);
   EXPECT_EQ(ErrorOf([] { OutCode({0, kMost, 5, 1}, {0, kMost}); }), 6);
   EXPECT_EQ(OutCode({kMost - 1, 0, 1, 5}, {kMost, 0}), 0);
+  // Also for a point on the near side, where the far one does not decide.
+  EXPECT_EQ(ErrorOf([] { OutCode({kMost, 0, 1, 5}, {0, 0}); }), 6);
+  EXPECT_EQ(ErrorOf([] { OutCode({0, kMost, 5, 1}, {0, 0}); }), 6);
+}
+
+/// The near limits are tried first from left to right, the far ones from below.
+TEST(OutCode, OfANegativeSizeTriesLeftBeforeRightAndBelowBeforeAbove) {
+  const Descriptor turned{40, 60, -30, -40};
+  EXPECT_EQ(OutCode(turned, {25, 40}), 10);
+  EXPECT_EQ(OutCode(turned, {39, 21}), 10);
+  EXPECT_EQ(OutCode(turned, {40, 21}), 6);
+  EXPECT_EQ(OutCode(turned, {39, 20}), 9);
+  EXPECT_EQ(OutCode(turned, {40, 20}), 5);
+  EXPECT_EQ(OutCode(turned, {10, 60}), 10);
 }
 
 // --- Crossing segments ---
@@ -319,6 +333,14 @@ TEST(LineMeetsRect, NotByTouchingACornerOrRunningAlongASide) {
   // Through two opposite corners: the ends of all sides lie on the line or on one side of it.
   EXPECT_FALSE(LineMeetsRect({0, 0, 50, 50}, rectangle));
   EXPECT_TRUE(LineMeetsRect({0, 1, 50, 50}, rectangle));
+}
+
+TEST(LineMeetsRect, ARectangleOfNegativeSizesHasNoInside) {
+  const Descriptor turned{40, 60, -30, -40};
+  EXPECT_FALSE(LineMeetsRect({20, 30, 5, 5}, turned));
+  EXPECT_FALSE(LineMeetsRect({0, 40, 80, 0}, turned));
+  // Codes 6 and 9 have nothing in common, so its sides are tried.
+  EXPECT_TRUE(LineMeetsRect({45, 25, -40, -7}, turned));
 }
 
 TEST(LineMeetsRect, ARectangleWithoutSizeOnlyWithAnEndOrAcrossItsLength) {

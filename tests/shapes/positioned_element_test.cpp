@@ -8,7 +8,6 @@
 #include "platform/automation/array.h"
 #include "platform/automation/call_by_name.h"
 #include "tests/support/raises.h"
-#include "tests/support/report_double.h"
 #include "tests/support/shape_fixture.h"
 
 namespace quenzel7 {
@@ -216,26 +215,6 @@ TYPED_TEST(PositionedElements, ToolTipTellsDescriptor4) {
   EXPECT_EQ(r->GetToolTipText(), "Pos: 1, -2 ; Size: 30, 40");
   r->UpdateDisplayWithTransx();
   EXPECT_EQ(r->GetToolTipText(), "Pos: 6, 3 ; Size: 30, 40");
-}
-
-TYPED_TEST(PositionedElements, ReportHasItsLinesFromDescriptor1) {
-  const auto r = Placed<TypeParam>(1, 2, 30, 40);
-  r->PenWidth(3);
-  r->Move(5, 5);
-  r->UpdateDisplayWithTransx();
-  test::ReportDouble report;
-  r->CreateStaticElementPrinterReport(report);
-  EXPECT_EQ(report.Lines(),
-            (std::vector<std::string>{"Coordinates (Left,Top,Width,Height): (1,2,30,40)", "Pen Width: 3"}));
-}
-
-TYPED_TEST(PositionedElements, ReportTellsTheHideOperand) {
-  const auto r = Placed<TypeParam>(1, 2, 30, 40);
-  r->VisibleOpAddr(17);
-  const auto report = std::make_shared<test::ReportDouble>();
-  automation::InvokeByName(*r, "ItfHmiElement_CreateStaticElementPrinterReport", {report});
-  EXPECT_EQ(report->Lines(), (std::vector<std::string>{"Coordinates (Left,Top,Width,Height): (1,2,30,40)",
-                                                       "Pen Width: 1", "Hide Operand: MB 17"}));
 }
 
 }  // namespace

@@ -6,18 +6,14 @@
 #include <vector>
 
 #include "tests/shapes/region_sweep.h"
-#include "tests/support/raises.h"
 #include "tests/support/shape_fixture.h"
 
 namespace quenzel7 {
 namespace {
 
 using test::CallsOfDraw;
-using test::ErrorOf;
 using test::Placed;
 using test::WithFourPositions;
-
-constexpr Long kMost = 2147483647;
 
 using RoundRect = test::ShapeTest<clsRoundRect>;
 
@@ -67,6 +63,15 @@ TEST_F(RoundRect, CornersAreComputedInSinglePrecision) {
   // The side becomes 33554432 before it is halved.
   EXPECT_EQ(CallsOfDraw(*Placed<clsRoundRect>(0, 0, 33554434, 2))[6],
             "RoundRect(dc:1, 0, 0, 33554434, 2, 16777216, 1)");
+  EXPECT_EQ(CallsOfDraw(*Placed<clsRoundRect>(0, 0, 2, 33554434))[6],
+            "RoundRect(dc:1, 0, 0, 2, 33554434, 1, 16777216)");
+}
+
+TEST_F(RoundRect, CornersOfTheLargestSizesFit32Bits) {
+  EXPECT_EQ(CallsOfDraw(*Placed<clsRoundRect>(0, 0, 2147483647, 2147483647))[6],
+            "RoundRect(dc:1, 0, 0, 2147483647, 2147483647, 1073741824, 1073741824)");
+  EXPECT_EQ(CallsOfDraw(*Placed<clsRoundRect>(0, 0, -2147483647 - 1, -2147483647 - 1))[6],
+            "RoundRect(dc:1, 0, 0, -2147483648, -2147483648, -1073741824, -1073741824)");
 }
 
 TEST_F(RoundRect, CornersOfADraggedOneAreThoseOfItsPlaceOnDisplay) {
@@ -78,33 +83,6 @@ TEST_F(RoundRect, CornersOfADraggedOneAreThoseOfItsPlaceOnDisplay) {
 /// The region with which a round rectangle at rest is hit.
 gdi::HRGN RegionAtRest(Long xs, Long ys, Long dx, Long dy, Long width, Long height) {
   return gdi::CreateRoundRectRgn(xs, ys, xs + dx + 1, ys + dy + 1, width, height);
-}
-
-/// Half of a side in whole numbers, ties to even.
-Long HalfToEven(Long side) { return side / 2 + (side % 4 == 3); }
-
-TEST_F(RoundRect, IsHitWhereTheRegionOfTheLargerBoxIs) {
-  int hits = 0;
-  for (Long dx = 0; dx <= 40; ++dx) {
-    for (Long dy = 0; dy <= 40; ++dy) {
-      const auto r = Placed<clsRoundRect>(7, -4, dx, dy);
-      const gdi::OwnedObject region(RegionAtRest(7, -4, dx, dy, HalfToEven(dx), HalfToEven(dy)));
-      hits += test::ComparePoints(*r, {7, -4, dx, dy}, region.Get());
-    }
-  }
-  EXPECT_GT(hits, 100000);
-}
-
-TEST_F(RoundRect, MeetsTheRectanglesThatTheRegionOfTheLargerBoxMeets) {
-  int hits = 0;
-  for (const Long dx : {0, 1, 2, 3, 7, 12, 25, 40}) {
-    for (const Long dy : {0, 1, 2, 3, 8, 13, 26, 39}) {
-      const auto r = Placed<clsRoundRect>(7, -4, dx, dy);
-      const gdi::OwnedObject region(RegionAtRest(7, -4, dx, dy, HalfToEven(dx), HalfToEven(dy)));
-      hits += test::CompareRects(*r, {7, -4, dx, dy}, region.Get());
-    }
-  }
-  EXPECT_GT(hits, 10000);
 }
 
 TEST_F(RoundRect, HitTestsTakeTheBoxOfDescriptor1AndTheCornersOfDescriptor4) {
@@ -149,25 +127,6 @@ TEST_F(RoundRect, DuringADragTheCornersOfTheBoxAtRestAreThoseOnDisplay) {
   EXPECT_GT(test::ComparePoints(*r, {10, 20, 4, 2}, region.Get()), 0);
 }
 
-TEST_F(RoundRect, IsHitBeyond16Bits) {
-  const auto r = Placed<clsRoundRect>(40000, -70000, 20, 10);
-  EXPECT_TRUE(r->HitTestByPoint(40010, -69995));
-  EXPECT_TRUE(r->HitTestByRect(40010, -69995, 50000, 50000));
-  EXPECT_FALSE(r->HitTestByRect(0, 0, 50000, 50000));
-}
-
-TEST_F(RoundRect, HitTestsOverflowWhereACornerDoesAndLeaveNoRegion) {
-  const std::size_t before = gdi::LiveObjects();
-  for (const auto& r : {Placed<clsRoundRect>(kMost, 0, 0, 5), Placed<clsRoundRect>(0, kMost, 5, 0)}) {
-    EXPECT_EQ(ErrorOf([&] { r->HitTestByPoint(0, 0); }), 6);
-    EXPECT_EQ(ErrorOf([&] { r->HitTestByRect(0, 0, 1, 1); }), 6);
-  }
-  const auto r = Placed<clsRoundRect>(0, 0, 20, 10);
-  EXPECT_EQ(ErrorOf([&] { r->HitTestByRect(kMost, 0, 1, 0); }), 6);
-  EXPECT_EQ(ErrorOf([&] { r->HitTestByRect(0, kMost, 0, 1); }), 6);
-  EXPECT_EQ(gdi::LiveObjects(), before);
-}
-
 // --- Pixels ---
 
 TEST_F(RoundRect, PaintsBodyAndHatchInTheColourOfTheBorder) {
@@ -192,10 +151,7 @@ TEST_F(RoundRect, PaintsBodyAndHatchInTheColourOfTheBorder) {
   EXPECT_EQ(painted(), "..11111111111111111111....");
   r->FillStyle(eFS_Hollow);
   r->HatchStyle(eHS_Vertical);
-  const std::string hatched = painted();
-  EXPECT_EQ(hatched.find('3'), std::string::npos) << hatched;
-  EXPECT_NE(hatched.substr(3, 18).find('1'), std::string::npos) << hatched;
-  EXPECT_NE(hatched.find('2'), std::string::npos) << hatched;
+  EXPECT_EQ(painted(), "..12122222221222222211....");
 }
 
 TEST_F(RoundRect, LeavesTheCornersOfItsBox) {

@@ -160,6 +160,16 @@ TEST_F(EveryShapeClass, NamesItsDefaultInterfaceAfterTheClass) {
   }
 }
 
+TEST_F(EveryShapeClass, DocumentsEveryMember) {
+  for (const ClassInfo* info : ShapeClasses()) {
+    for (const Interface* interface : info->interfaces) {
+      for (const Member& member : interface->Members()) {
+        EXPECT_FALSE(member.documentation.empty()) << interface->Name() << '.' << member.name;
+      }
+    }
+  }
+}
+
 /// FNV-1a over all slots of all interfaces: a published member that moves, changes its type or goes by
 /// accident shows here.
 TEST_F(EveryShapeClass, ThePublishedSurfaceIsUnchanged) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <initializer_list>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,6 +14,70 @@
 #include "tests/support/shape_fixture.h"
 
 namespace quenzel7::test {
+
+/// What saving Distinct writes, in order, as it is noted: "put Column=value:Kind". `changes` tells in what
+/// the class differs from the rectangle, by column: "value:Kind", or nothing for a column that it does not
+/// write.
+inline CallLog PutsOfDistinct(const std::string& type,
+                              const std::map<std::string, std::string>& changes = {}) {
+  static const char* const kOfRectangle[][2] = {
+      {"Xs", "12:Long"},
+      {"Ys", "13:Long"},
+      {"Dx", "14:Long"},
+      {"Dy", "15:Long"},
+      {"DisplayID", "7:Long"},
+      {"GroupID", "11:Long"},
+      {"ColorBack", "16:Long"},
+      {"ColorFore", "17:Long"},
+      {"ColorBackTouch", "18:Long"},
+      {"ColorForeTouch", "19:Long"},
+      {"ColorHatch", "20:Long"},
+      {"PenStyle", "3:Long"},
+      {"PenWidth", "21:Long"},
+      {"HatchStyle", "4:Long"},
+      {"TouchOprndAddr", "22:Long"},
+      {"VisibleOpAddr", "23:Long"},
+      {"FontNumber", "0:Integer"},
+      {"DescriptionFontNumber", "0:Integer"},
+      {"Alignment", "0:Integer"},
+      {"Flat3D", "0:Integer"},
+      {"VarType", "0:Integer"},
+      {"VarKeyPadEntry", "0:Integer"},
+      {"VarOprndType", "0:Integer"},
+      {"VarOprndAddr", "0:Integer"},
+      {"GlobalVarID", "0:Integer"},
+      {"DefaultDisplay", "0:Integer"},
+      {"KeypadSuccessOpAddr", "-1:Long"},
+      {"EnabledOpAddr", "-1:Long"},
+      {"HighlightOpAddr", "-1:Long"},
+      {"TabIndex", "255:Byte"},
+  };
+  CallLog puts = {"put Type=" + type + ":Long"};
+  for (const auto& [column, value] : kOfRectangle) {
+    const auto change = changes.find(column);
+    const std::string written = change == changes.end() ? value : change->second;
+    if (!written.empty()) puts.push_back("put " + std::string(column) + "=" + written);
+  }
+  return puts;
+}
+
+/// The calls of several logs in a row.
+inline CallLog Joined(std::initializer_list<CallLog> parts) {
+  CallLog all;
+  for (const CallLog& part : parts) all.insert(all.end(), part.begin(), part.end());
+  return all;
+}
+
+/// What opens a new row of SavedShape's before its columns are written, and an old one.
+inline const CallLog kNewRow = {
+    "open SELECT * FROM HMI_ELEMENTS WHERE ID=-1 [3,3,1]",
+    "AddNew",
+    "put GUID=9:Long",
+    "open SELECT MAX(OrderIndex) AS MaxOrderIndex FROM HMI_ELEMENTS WHERE DisplayID=7 [3,1,1]",
+    "get MaxOrderIndex",
+    "Close",
+};
+inline const CallLog kOldRow = {"open SELECT * FROM HMI_ELEMENTS WHERE ID=5 [3,3,1]"};
 
 /// Shapes of one class in a project file on disk.
 template <class Shape>

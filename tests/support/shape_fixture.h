@@ -18,12 +18,14 @@
 #include "shapes/line.h"
 #include "shapes/rectangle.h"
 #include "shapes/round_rect.h"
+#include "tests/support/placed_shape.h"
 
 /// What the tests of the shapes share: the classes to run over, a platform of their own, shapes at a place,
 /// services that tell what they were asked.
 namespace quenzel7::test {
 
 using FilledShapeTypes = ::testing::Types<clsRectangle, clsEllipse, clsRoundRect>;
+using RegionShapeTypes = ::testing::Types<clsEllipse, clsRoundRect>;
 using StrokedShapeTypes = ::testing::Types<clsRectangle, clsEllipse, clsRoundRect, clsLine>;
 
 /// Names a typed test after its class.
@@ -41,22 +43,6 @@ class ShapeTest : public ::testing::Test {
   void SetUp() override { Platform::Current() = Platform(); }
   void TearDown() override { Platform::Current() = Platform(); }
 };
-
-template <class Shape>
-std::shared_ptr<Shape> Placed(Long xs, Long ys, Long dx, Long dy) {
-  auto shape = std::make_shared<Shape>();
-  shape->Xs(xs);
-  shape->Ys(ys);
-  shape->Dx(dx);
-  shape->Dy(dy);
-  return shape;
-}
-
-inline Descriptor DescriptorOf(const ItfHmiElement& element, Long location) {
-  Descriptor d;
-  element.GetBoundingRect(d.xs, d.ys, d.dx, d.dy, location);
-  return d;
-}
 
 /// Expects every readable member of the default interface, but the named ones, to read alike in both.
 template <class Shape>
@@ -103,18 +89,24 @@ class TracedColors final : public corvane1::ColorService {
   std::vector<Long> asked;
 };
 
-/// The platform calls of a drawing, which leaves no object behind and the context's own pen and brush in
-/// place.
-inline std::vector<std::string> CallsOfDraw(ItfHmiElement& element, bool frame = false) {
+/// The platform calls of what paints into a context, which has to leave no object behind and the context's
+/// own pen and brush in place.
+template <class Paint>
+std::vector<std::string> CallsOfPainting(Paint paint) {
   const gdi::Surface surface(60, 60);
   const std::size_t before = gdi::LiveObjects();
   gdi::Recorder recorder;
-  element.Draw(surface.Dc(), frame);
-  std::vector<std::string> calls = recorder.Calls();
+  paint(surface.Dc());
+  std::vector<std::string> calls = recorder.Take();
   EXPECT_EQ(gdi::LiveObjects(), before);
   EXPECT_EQ(gdi::GetCurrentObject(surface.Dc(), gdi::OBJ_PEN), gdi::GetStockObject(gdi::BLACK_PEN));
   EXPECT_EQ(gdi::GetCurrentObject(surface.Dc(), gdi::OBJ_BRUSH), gdi::GetStockObject(gdi::WHITE_BRUSH));
   return calls;
+}
+
+/// The platform calls of a drawing.
+inline std::vector<std::string> CallsOfDraw(ItfHmiElement& element, bool frame = false) {
+  return CallsOfPainting([&](Long dc) { element.Draw(dc, frame); });
 }
 
 }  // namespace quenzel7::test
