@@ -3,6 +3,7 @@
 /// stands, what comes after it is not done, and nothing is left open.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -63,15 +64,29 @@ class FailingGroup : public test::ProjectTest {
   }
   void RefuseNoMore() { Connection().Execute("DROP TRIGGER Refuse"); }
 
-  /// Expects the database error of Refuse, and nothing left open by what raised it.
+  /// Expects the action to leave no recordset and no transaction behind.
   template <class Action>
-  static void ExpectRefused(const Action& action) {
+  void ExpectNothingLeftOpen(const Action& action) {
     const auto users = [] { return Platform::Current().heldProject->Held().use_count(); };
     const auto before = users();
-    const test::Raised raised = RaisedBy(action);
-    EXPECT_EQ(raised.number, kDatabase);
-    EXPECT_NE(raised.description.find("refused"), std::string::npos) << raised;
+    action();
     EXPECT_EQ(users(), before);
+    // A transaction in a transaction would be an error.
+    EXPECT_EQ(ErrorOf([this] {
+                Connection().BeginTrans();
+                Connection().RollbackTrans();
+              }),
+              0);
+  }
+
+  /// Expects the database error of Refuse, and nothing left open by what raised it.
+  template <class Action>
+  void ExpectRefused(const Action& action) {
+    ExpectNothingLeftOpen([&action] {
+      const test::Raised raised = RaisedBy(action);
+      EXPECT_EQ(raised.number, kDatabase);
+      EXPECT_NE(raised.description.find("refused"), std::string::npos) << raised;
+    });
   }
 
   std::shared_ptr<ElementDouble> Make(const std::string& name) {
@@ -81,6 +96,15 @@ class FailingGroup : public test::ProjectTest {
 
   /// Types of the rows in the order in which they were made.
   Lines Types() { return Rows("SELECT * FROM HMI_Elements ORDER BY ID", {"Type"}); }
+
+  /// The same of any project.
+  static Lines RowsOf(ado::Connection& project) {
+    Lines types;
+    const auto rows = project.Execute("SELECT Type FROM HMI_Elements ORDER BY ID");
+    for (; !rows->Eof(); rows->MoveNext()) types.push_back(automation::To<std::string>(rows->Get("Type")));
+    rows->Close();
+    return types;
+  }
 
   const std::shared_ptr<corvane1::CollectedMessages> messages_ =
       std::make_shared<corvane1::CollectedMessages>(nullptr);
@@ -271,6 +295,47 @@ TEST_F(FailingGroup, AReadOnlyProjectRefusesEveryChange) {
   EXPECT_EQ(Types().size(), 6u);
 }
 
+TEST_F(FailingGroup, AGroupThatHoldsItselfSavesWhatComesBeforeItsRingAndNoGroup) {
+  const auto ring = GroupOf({rectangle_});
+  test::Enter(*ring, GroupOf({ellipse_, ring}));
+  test::Enter(*ring, line_);
+  ExpectNothingLeftOpen([&] { EXPECT_EQ(ErrorOf([&] { ring->SaveToDB(); }), 28); });
+  EXPECT_EQ(Types(), (Lines{"1", "6"}));
+  EXPECT_EQ(rectangle_->ID(), 1);
+  EXPECT_EQ(ellipse_->ID(), 2);
+  EXPECT_EQ(ring->ID(), -1);
+  EXPECT_EQ(line_->ID(), -1);
+  ring->ColGroup(nullptr);
+}
+
+TEST_F(FailingGroup, AGroupThatHoldsItselfDeletesItsRowsAndLeavesWhatComesAfterTheRing) {
+  const auto inner = GroupOf({});
+  const auto ring = GroupOf({inner, line_});
+  ring->SaveToDB();
+  EXPECT_EQ(Types(), (Lines{"8", "2", "8"}));
+  test::Enter(*inner, ring);
+  ExpectNothingLeftOpen([&] { EXPECT_EQ(ErrorOf([&] { ring->DeleteFromDB(); }), 28); });
+  EXPECT_EQ(Types(), Lines{"2"});
+  inner->ColGroup(nullptr);
+}
+
+TEST_F(FailingGroup, AFailureInAMemberGroupLeavesWhatCameBeforeItThereAndNoGroup) {
+  inner_ = GroupOf({ellipse_, line_});
+  group_ = GroupOf({rectangle_, inner_, roundRect_});
+  Refuse("INSERT", "NEW.Type=2");
+  TakeLog();
+  ExpectRefused([&] { group_->SaveToDB(); });
+  const CallLog log = TakeLog();
+  EXPECT_EQ(std::find(log.begin(), log.end(), "put Type=7:Long"), log.end());
+  EXPECT_EQ(Types(), (Lines{"1", "6"}));
+  EXPECT_EQ(rectangle_->ID(), 1);
+  EXPECT_EQ(ellipse_->ID(), 2);
+  EXPECT_EQ(line_->ID(), -1);
+  EXPECT_EQ(inner_->ID(), -1);
+  EXPECT_EQ(roundRect_->ID(), -1);
+  EXPECT_EQ(group_->ID(), -1);
+}
+
 /// With no transaction around, what was written before the failing write stays, and saving once more makes
 /// the group whole.
 TEST_F(FailingGroup, ADiskThatFillsUpAtEachWriteInTurnLeavesAProjectThatCanBeMadeWhole) {
@@ -291,12 +356,23 @@ TEST_F(FailingGroup, ADiskThatFillsUpAtEachWriteInTurnLeavesAProjectThatCanBeMad
     disk.FailAt(write);
     const test::Raised raised = RaisedBy([&] { group_->SaveToDB(); });
     const bool failed = disk.Failures() > 0;
-    if (raised.number != 0) {
-      EXPECT_EQ(raised.number, kDatabase) << raised;
+    // No failure is passed over.
+    EXPECT_EQ(raised.number, failed ? kDatabase : 0) << write << ": " << raised;
+    if (failed) {
       EXPECT_NE(raised.description.find("full"), std::string::npos) << raised;
       failedOnce = true;
     }
     disk.Heal();
+    // What was written are the first ones of the order in which members are saved.
+    const Long ids[] = {rectangle_->ID(), ellipse_->ID(),   inner_->ID(),
+                        line_->ID(),      roundRect_->ID(), group_->ID()};
+    const Lines typesInOrder = {"1", "6", "8", "2", "7", "8"};
+    const Lines written = RowsOf(*project);
+    ASSERT_LE(written.size(), typesInOrder.size()) << write;
+    EXPECT_EQ(written, Lines(typesInOrder.begin(), typesInOrder.begin() + written.size())) << write;
+    for (std::size_t place = 0; place < typesInOrder.size(); ++place) {
+      EXPECT_EQ(ids[place], place < written.size() ? static_cast<Long>(place) + 1 : -1) << write;
+    }
     EXPECT_EQ(ErrorOf([&] { group_->SaveToDB(); }), 0) << write;
     Platform::Current().heldProject->Hold(nullptr);
     project->Close();

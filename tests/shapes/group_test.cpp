@@ -418,6 +418,17 @@ TEST_F(Group, CallOnMembersWritesArgumentsBack) {
   EXPECT_EQ(argument[0], Variant(Long{8}));
 }
 
+TEST_F(Group, CallOnMembersTakesTextsForNumbers) {
+  OpenGroup g;
+  Enter(g, Make("a"));
+  Variant texts[] = {"3", "-4"};
+  g.CallOnMembers("Move", texts);
+  EXPECT_EQ(Take(), Log{"a.Move(3, -4)"});
+  Variant comma[] = {"1,5", Long{1}};
+  EXPECT_EQ(ErrorOf([&] { g.CallOnMembers("Move", comma); }), 13);
+  EXPECT_TRUE(Take().empty());
+}
+
 TEST_F(Group, CallOnMembersRaisesWhatACallByNameRaises) {
   OpenGroup g;
   EXPECT_EQ(ErrorOf([&] { g.CallOnMembers("Mowe"); }), 0);
@@ -845,6 +856,10 @@ TEST_F(GroupOfVariables, ContainsGlobalVarsWhenOneHasAnIdAbove0) {
   EXPECT_FALSE(GroupOf({Variable("a", -1)})->IsContainsGlobalVars());
   EXPECT_FALSE(GroupOf({Variable("a", 0)})->IsContainsGlobalVars());
   EXPECT_TRUE(GroupOf({Variable("a", 1)})->IsContainsGlobalVars());
+  // In 32 bits.
+  EXPECT_TRUE(GroupOf({Variable("a", 40000)})->IsContainsGlobalVars());
+  EXPECT_TRUE(GroupOf({Variable("a", 2147483647)})->IsContainsGlobalVars());
+  EXPECT_FALSE(GroupOf({Variable("a", -2147483647 - 1)})->IsContainsGlobalVars());
   const auto g = GroupOf({Variable("a", 7)});
   EXPECT_EQ(automation::InvokeByName(*g, "IsContainsGlobalVars"), Variant(true));
 }
