@@ -99,6 +99,15 @@ TEST(StrokeLines, SquareEndsReachHalfTheWidthFurther) {
                   "............", "............", "............", "............"}));
 }
 
+TEST(StrokeLines, SquareEndsReachNoFurtherAtCorners) {
+  const std::uint32_t square = PS_GEOMETRIC | PS_ENDCAP_SQUARE | PS_JOIN_BEVEL;
+  EXPECT_EQ(Stroked({{3, 7}, {3, 3}, {8, 3}}, 4, square),
+            (Text{"............", "...#######..", "..########..", ".#########..", ".#########..",
+                  ".####.......", ".####.......", ".####.......", ".####......."}));
+  const std::vector<POINT> closed = {{3, 3}, {8, 3}, {8, 6}};
+  EXPECT_EQ(Stroked(closed, 4, square, true), Stroked(closed, 4, kFlat, true));
+}
+
 TEST(StrokeLines, OfNoLengthWithFlatEndsIsNothing) {
   EXPECT_EQ(Stroked({{5, 4}, {5, 4}}, 4, kFlat), kNothing);
   EXPECT_EQ(Stroked({{5, 4}}, 4, kFlat), kNothing);
