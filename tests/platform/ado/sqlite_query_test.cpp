@@ -202,6 +202,11 @@ TEST_F(SqliteQueryTest, OfManySetsOfWrittenColumnsTheLastEightStayCompiled) {
   EXPECT_EQ(compiled(), before + 8);
   for (unsigned set = 8; set < 16; ++set) insert(set);
   EXPECT_EQ(compiled(), before + 8);
+  // Without their table nothing can be compiled any more.
+  Run("DROP TABLE Wide");
+  for (unsigned set = 8; set < 16; ++set) EXPECT_NO_THROW(insert(set)) << set;
+  EXPECT_RAISES(kDatabaseError, "no such table: Wide; in: INSERT INTO \"Wide\"(\"A\",\"rowid\") VALUES(?,?)",
+                insert(1));
 }
 
 TEST_F(SqliteQueryTest, NamesWithAnyCharactersAreWritten) {
