@@ -225,5 +225,39 @@ TEST_F(ElementMatchingTest, ManyOthersAreMatchedInTheirOrder) {
   for (int at = 0; at < 600; ++at) ASSERT_EQ(partners[static_cast<std::size_t>(at)], at < 501 ? at : -1);
 }
 
+TEST_F(ElementMatchingTest, ManyOfWhichSomeAreKnownLeaveTheRestToTheirOrder) {
+  auto after = Many(300, 1000, 1);
+  const auto others = Many(600, 2000, 2);
+  after.insert(after.end(), others.begin() + 300, others.end());
+  const auto partners = Partners(List(Many(600, 0, 1)), List(after));
+  for (int at = 0; at < 600; ++at) ASSERT_EQ(partners[static_cast<std::size_t>(at)], at);
+}
+
+TEST_F(ElementMatchingTest, ManyThatDifferInMoreThanHalfAreNoPartners) {
+  std::vector<std::string> before, after;
+  for (int at = 0; at < 600; ++at) {
+    before.push_back(Line(at));
+    after.push_back(Line(1000 + at, Far(77)));
+  }
+  EXPECT_EQ(Partners(List(before), List(after)), Indexes(600, -1));
+}
+
+TEST_F(ElementMatchingTest, UpTo250000PairsAreComparedEachWithEach) {
+  ASSERT_EQ(kMostComparedPairs, 250'000u);
+  // Nearest to its partner by Ys and Dx, and known neither by look nor by spot.
+  std::vector<std::string> after;
+  for (int at = 499; at >= 0; --at) {
+    const std::string place = std::to_string(at);
+    after.push_back(Line(5000 + at, "\"Ys\": " + place + ", \"Dx\": " + place + ", \"ColorFore\": 2"));
+  }
+  const auto compared = Partners(List(Many(500, 0, 1)), List(after));
+  const auto inOrder = Partners(List(Many(501, 0, 1)), List(after));
+  for (int at = 0; at < 500; ++at) {
+    ASSERT_EQ(compared[static_cast<std::size_t>(at)], 499 - at);
+    ASSERT_EQ(inOrder[static_cast<std::size_t>(at)], at);
+  }
+  EXPECT_EQ(inOrder[500], -1);
+}
+
 }  // namespace
 }  // namespace quenzel7::cli
