@@ -119,6 +119,20 @@ TEST_F(ElementMatchingTest, AGroupThatWasPaintedAnewIsKnownByTheSpotsOfItsMember
             (Indexes{-1, -1, 0, 1}));
 }
 
+TEST_F(ElementMatchingTest, WhatTwoGroupsHaveNotInCommonKeepsThemApart) {
+  const auto group = [](std::initializer_list<int> values) {
+    std::vector<std::string> lines;
+    for (const int value : values) lines.push_back(Line(value, Far(value)));
+    return Group(List(lines));
+  };
+  EXPECT_EQ(Partners(group({1, 2, 3}), List({group({1, 7, 8}), group({1, 2, 3, 4, 5, 6})})),
+            (Indexes{4, 5, 6, 7}));
+  EXPECT_EQ(Partners(group({1, 2, 3}), List({group({1, 2, 3, 4, 5, 6, 7, 8, 9}), group({1, 2})})),
+            (Indexes{10, 11, 12, 3}));
+  EXPECT_EQ(Partners(List({group({1, 2, 3, 4, 5, 6, 7, 8, 9}), group({1, 2})}), group({1, 2, 3})),
+            (Indexes{-1, -1, -1, 3, -1, -1, -1, -1, -1, -1, 0, 1, 2}));
+}
+
 TEST_F(ElementMatchingTest, GroupsWithNothingInCommonAreNoPartners) {
   EXPECT_EQ(Partners(Group(Line(1, Far(1))), Group(Line(2, Far(2)))), (Indexes{-1, -1}));
   EXPECT_EQ(Partners(Group(Line(1)), Group("")), (Indexes{-1, -1}));
@@ -186,6 +200,17 @@ TEST_F(ElementMatchingTest, IdentitiesThatContradictMostEqualElementsDoNotCount)
   const PageSnapshot two = With(SnapshotOf(List({Box(1), Box(2), Line(7, Far(1))})), {"1 1", "2 2", "4 4"});
   EXPECT_EQ(Partners(two, With(SnapshotOf(List({Box(1), Box(2), Line(7, Far(2))})), {"1 1", "8 8", "4 4"})),
             (Indexes{0, 1, 2}));
+}
+
+TEST_F(ElementMatchingTest, IdentitiesThatOnlyOnePageHasContradictNothing) {
+  const auto page = [](int value) {
+    return With(SnapshotOf(List({Box(1), Box(2), Box(3), Line(7, Far(value))})),
+                {"1 1", "2 2", "3 3", "4 4"});
+  };
+  PageSnapshot a = page(1), b = page(2);
+  a.elements[1].identity.reset();
+  b.elements[2].identity.reset();
+  EXPECT_EQ(Partners(a, b), (Indexes{0, 1, 2, 3}));
 }
 
 TEST_F(ElementMatchingTest, IdentitiesAreOfTheClass) {
@@ -257,6 +282,31 @@ TEST_F(ElementMatchingTest, UpTo250000PairsAreComparedEachWithEach) {
     ASSERT_EQ(inOrder[static_cast<std::size_t>(at)], at);
   }
   EXPECT_EQ(inOrder[500], -1);
+}
+
+TEST_F(ElementMatchingTest, ManyAreKnownByTheirLookBeforeTheirSpots) {
+  std::vector<std::string> before, after;
+  for (int at = 0; at < 600; ++at) {
+    before.push_back(Line(at, "\"ColorFore\": " + std::to_string(at)));
+    after.push_back(Line(at, "\"ColorFore\": " + std::to_string((at + 1) % 600)));
+  }
+  const auto partners = Partners(List(before), List(after));
+  for (int at = 0; at < 600; ++at) ASSERT_EQ(partners[static_cast<std::size_t>(at)], (at + 599) % 600);
+}
+
+TEST_F(ElementMatchingTest, ManyGroupsThatWereDraggedAreKnownByTheLookOfTheirMembers) {
+  const auto groups = [](Long from) {
+    std::vector<std::string> all = Many(501, from, 1);
+    for (std::string& member : all) member = Group(member);
+    return all;
+  };
+  auto after = groups(1000);
+  std::rotate(after.begin(), after.begin() + 100, after.end());
+  const auto partners = Partners(List(groups(0)), List(after));
+  // Each group with its member right after it.
+  for (int at = 0; at < 1002; ++at) {
+    ASSERT_EQ(partners[static_cast<std::size_t>(at)], (at + 802) % 1002);
+  }
 }
 
 }  // namespace
