@@ -4,6 +4,7 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/counted.h"
 #include "hosts/cli/diff_side.h"
+#include "hosts/cli/distinct_output.h"
 #include "hosts/cli/page_diff.h"
 #include "hosts/cli/png_writer.h"
 #include "hosts/cli/renderer.h"
@@ -114,6 +115,7 @@ class Diff {
 
 int DiffCommand(const std::string& pathA, const std::string& pathB, Long page, const std::string& outputPath,
                 const Console& console) {
+  RequireDistinctOutput(PicturePlace(outputPath), outputPath, {pathA, pathB});
   Diff diff(pathA, pathB, console);
   diff.Compare(page);
   if (!outputPath.empty()) diff.Paint(outputPath);

@@ -69,7 +69,7 @@ class PngStream {
 }  // namespace
 
 void WritePng(const std::string& path, const Picture& picture, int scale) {
-  ReplacedFile file(path, "picture " + path);
+  ReplacedFile file(path, PicturePlace(path));
   const auto require = [&file](bool done) {
     if (!done) file.Raise(errno == 0 ? ENOMEM : errno);
   };

@@ -4,6 +4,7 @@
 
 #include "hosts/cli/commands.h"
 #include "hosts/cli/csv_document.h"
+#include "hosts/cli/distinct_output.h"
 #include "hosts/cli/project_session.h"
 #include "hosts/cli/text_file.h"
 #include "hosts/cli/user_error.h"
@@ -121,6 +122,8 @@ int ImportStringsCommand(const std::string& projectPath, const std::string& file
 }
 
 int ExportStringsCommand(const std::string& projectPath, const std::string& filePath) {
+  const std::string place = "strings file " + filePath;
+  RequireDistinctOutput(place, filePath, {projectPath});
   ProjectSession project(projectPath, corvane1::ProjectMode::ReadOnly);
   std::string text = CsvLine(Header());
   project.Do([&] {
@@ -135,7 +138,7 @@ int ExportStringsCommand(const std::string& projectPath, const std::string& file
                        font == kNoFont ? "" : std::to_string(font)});
     }
   });
-  WriteTextFile(filePath, text, "strings file " + filePath);
+  WriteTextFile(filePath, text, place);
   return 0;
 }
 

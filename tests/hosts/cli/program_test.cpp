@@ -259,6 +259,27 @@ TEST_F(ProgramTest, ReadingAProjectLeavesItAsItIs) {
   EXPECT_EQ(Files(), (std::vector<std::string>{"ok.json", "p.qz7", "x.png"}));
 }
 
+TEST_F(ProgramTest, NothingIsWrittenOverWhatIsRead) {
+  ImportPages({1});
+  fs::copy_file(File("ok.json"), File("b.json"));
+  fs::create_symlink("p.qz7", File("link"));
+  const std::string project = TextOf("p.qz7"), page = TextOf("ok.json");
+  for (const char* output : {"p.qz7", "./p.qz7", "link"}) {
+    const std::string refused = std::string(output) + " cannot be written: it is p.qz7, which is read";
+    ExpectFailure({"export", "p.qz7", "-o", output}, "page file " + refused);
+    ExpectFailure({"render", "p.qz7", "-o", output}, "picture " + refused);
+    ExpectFailure({"diff", "p.qz7", "b.json", "-o", output}, "picture " + refused);
+    ExpectFailure({"strings", "p.qz7", "export", output}, "strings file " + refused);
+  }
+  for (const auto& [a, b] : {std::pair("ok.json", "b.json"), std::pair("b.json", "ok.json")}) {
+    ExpectFailure({"diff", a, b, "-o", "ok.json"},
+                  "picture ok.json cannot be written: it is ok.json, which is read");
+  }
+  EXPECT_EQ(TextOf("p.qz7"), project);
+  EXPECT_EQ(TextOf("ok.json"), page);
+  EXPECT_EQ(Files(), (std::vector<std::string>{"b.json", "link", "ok.json", "p.qz7"}));
+}
+
 TEST_F(ProgramTest, PagesThatAreNotThereAreTold) {
   ImportPages({1});
   for (const char* command : {"export", "render"}) {
