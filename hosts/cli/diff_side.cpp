@@ -23,15 +23,25 @@ bool BeginsAnObject(std::string_view text) {
   return first != std::string_view::npos && text[first] == '{';
 }
 
-/// The GUIDs of the rows of a page by their IDs; "" for a row without.
+/// The GUID of a row; "" for a row without a readable one, which is no hindrance: others tell its element,
+/// too.
+std::string GuidOf(const ado::Recordset& row) {
+  try {
+    const automation::Variant guid = row.Get("GUID");
+    return guid.IsNull() ? "" : automation::To<std::string>(guid);
+  } catch (const automation::AutomationError&) {
+    return {};
+  }
+}
+
+/// The GUIDs of the rows of a page by their IDs.
 std::map<Long, std::string> GuidsOf(ado::Connection& connection, Long page) {
   std::map<Long, std::string> guids;
   const auto rows = ado::OpenRecordset(
       connection, "SELECT ID, GUID FROM HMI_Elements WHERE DisplayID=" + std::to_string(page),
       ado::adOpenStatic, ado::adLockReadOnly);
   for (; !rows->Eof(); rows->MoveNext()) {
-    const automation::Variant guid = rows->Get("GUID");
-    guids[automation::To<Long>(rows->Get("ID"))] = guid.IsNull() ? "" : automation::To<std::string>(guid);
+    guids[automation::To<Long>(rows->Get("ID"))] = GuidOf(*rows);
   }
   return guids;
 }

@@ -1,11 +1,13 @@
 #include "hosts/cli/host_tables.h"
 
+#include <algorithm>
 #include <map>
 
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/json_document.h"
 #include "hosts/cli/page_properties.h"
 #include "hosts/cli/property_values.h"
+#include "hosts/cli/table_column.h"
 #include "hosts/cli/user_error.h"
 #include "platform/automation/call_by_name.h"
 #include "platform/automation/convert.h"
@@ -36,24 +38,35 @@ bool HasTable(ado::Connection& connection, const std::string& table) {
               ->Eof();
 }
 
-PageInfo InfoOf(const ado::Recordset& row) {
-  PageInfo info;
-  info.number = To<Long>(row.Get("DisplayID"));
-  info.name = To<std::string>(row.Get("Name"));
-  info.panel = {To<Long>(row.Get("PanelType")), To<Long>(row.Get("Width")), To<Long>(row.Get("Height"))};
-  const auto fits = [](Long size) { return size >= 1 && size <= kLargestPanel; };
-  if (!fits(info.panel.width) || !fits(info.panel.height)) {
-    throw AutomationError(ErrorNumber::InvalidPropertyValue,
-                          "page " + std::to_string(info.number) + " of HostPages has a panel of " +
-                              std::to_string(info.panel.width) + " by " + std::to_string(info.panel.height) +
-                              " pixels, 1 to " + std::to_string(kLargestPanel) + " are allowed");
-  }
-  return info;
-}
-
 constexpr const char* kPages = "HostPages";
 constexpr const char* kGroups = "HostGroups";
 constexpr const char* kProperties = "HostProperties";
+
+Long PanelSize(const ado::Recordset& row, std::string_view column) {
+  const Long size = ReadColumn<Long>(row, kPages, column);
+  if (size >= 1 && size <= kLargestPanel) return size;
+  throw AutomationError(ErrorNumber::InvalidPropertyValue,
+                        "column '" + std::string(column) + "' of HostPages: " + std::to_string(size) +
+                            " was found; a number of pixels from 1 to " + std::to_string(kLargestPanel) +
+                            " was expected");
+}
+
+PageInfo InfoOf(const ado::Recordset& row) {
+  PageInfo info;
+  info.number = ReadColumn<Long>(row, kPages, "DisplayID");
+  info.name = ReadColumn<std::string>(row, kPages, "Name");
+  info.panel = {ReadColumn<Long>(row, kPages, "PanelType"), PanelSize(row, "Width"),
+                PanelSize(row, "Height")};
+  return info;
+}
+
+/// The properties of a class that HostProperties keeps.
+std::vector<const Member*> KeptProperties(const automation::ClassInfo& elementClass) {
+  std::vector<const Member*> properties = PageProperties(elementClass);
+  std::erase_if(properties,
+                [](const Member* property) { return property->mark != automation::Mark::NotStored; });
+  return properties;
+}
 
 std::string OfPage(Long number) { return " WHERE DisplayID=" + std::to_string(number); }
 
@@ -72,7 +85,26 @@ std::optional<KeptPage> HostPages::Find(Long number) const {
   if (!HasTable(connection_, kPages)) return {};
   const auto row = Query(connection_, "SELECT * FROM HostPages" + OfPage(number));
   if (row->Eof()) return {};
-  return KeptPage{InfoOf(*row), To<std::string>(row->Get("Source")), To<std::string>(row->Get("Imported"))};
+  try {
+    return KeptPage{InfoOf(*row), ReadColumn<std::string>(*row, kPages, "Source"),
+                    ReadColumn<std::string>(*row, kPages, "Imported")};
+  } catch (const AutomationError& error) {
+    throw error.In(PlaceOf(number));
+  }
+}
+
+bool HostPages::Has(Long number) const {
+  return HasTable(connection_, kPages) &&
+         !Query(connection_, "SELECT DisplayID FROM HostPages" + OfPage(number))->Eof();
+}
+
+std::string HostPages::PlaceOf(Long number) { return "page " + std::to_string(number) + " of HostPages"; }
+
+void HostPages::RequireSource(const KeptPage& page) {
+  const std::string place = PlaceOf(page.info.number) + ": column 'Source' of HostPages";
+  const Long number = ReadPageFile(page.source, place).info.number;
+  if (number == page.info.number) return;
+  throw UserError(place + ": holds page " + std::to_string(number));
 }
 
 void HostPages::Keep(const KeptPage& page) {
@@ -117,7 +149,9 @@ std::vector<PageInfo> HostPages::All() const {
     info.number = To<Long>(number);
     pages[info.number] = info;
   }
-  const auto raise = [](const std::string&, const AutomationError& error) { throw error; };
+  const auto raise = [](const std::string& row, const AutomationError& error) {
+    throw error.In("HostPages, row " + row);
+  };
   for (const PageInfo& info : Kept(raise)) pages[info.number] = info;
   std::vector<PageInfo> all;
   for (const auto& [number, info] : pages) all.push_back(info);
@@ -144,9 +178,9 @@ void HostGroups::Keep(Long groupId, Long orderIndex) {
 
 std::optional<Long> HostGroups::Find(Long groupId) const {
   if (!exists_) return {};
-  const auto row = Query(connection_, "SELECT OrderIndex FROM HostGroups" + OfElement(groupId));
+  const auto row = Query(connection_, "SELECT * FROM HostGroups" + OfElement(groupId));
   if (row->Eof()) return {};
-  return To<Long>(row->Get("OrderIndex"));
+  return ReadColumn<Long>(*row, kGroups, "OrderIndex");
 }
 
 void HostGroups::Forget(Long groupId) {
@@ -167,8 +201,7 @@ void HostProperties::Keep(ItfHmiElement& element) {
   const Long id = IdOf(element);
   Forget(id);
   ElementRef fresh;
-  for (const Member* property : PageProperties(element.Class())) {
-    if (property->mark != automation::Mark::NotStored) continue;
+  for (const Member* property : KeptProperties(element.Class())) {
     if (!fresh) fresh = ElementClasses::Create(element.Class());
     const automation::Variant value = automation::GetByName(element, property->name);
     if (value == automation::GetByName(*fresh, property->name)) continue;
@@ -182,14 +215,17 @@ void HostProperties::Keep(ItfHmiElement& element) {
 
 void HostProperties::Apply(ItfHmiElement& element) const {
   if (!exists_) return;
-  const auto row =
-      Query(connection_, "SELECT Property, Value FROM HostProperties" + OfElement(IdOf(element)));
+  const auto row = Query(connection_, "SELECT * FROM HostProperties" + OfElement(IdOf(element)));
+  const std::vector<const Member*> kept = KeptProperties(element.Class());
   for (; !row->Eof(); row->MoveNext()) {
-    const auto name = To<std::string>(row->Get("Property"));
+    const auto name = ReadColumn<std::string>(*row, kProperties, "Property");
     AtPlace("property " + Quoted(name) + " in HostProperties", [&] {
       const Member* property = element.Class().Default().Find(name);
       if (!property) throw UserError("does not exist");
-      const Json value = ParseJson(To<std::string>(row->Get("Value")), "value");
+      if (std::find(kept.begin(), kept.end(), property) == kept.end()) {
+        throw UserError("cannot be set: it is none of those that are kept there");
+      }
+      const Json value = ParseJson(ReadColumn<std::string>(*row, kProperties, "Value"), "value");
       automation::PutByName(element, name, ValueFromJson(property->type, value));
     });
   }

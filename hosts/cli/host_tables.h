@@ -29,8 +29,14 @@ class HostPages {
 
   /// Makes the table where it is not there yet.
   void Create();
-  /// The page of that number, if it was imported.
+  /// The page of that number, if it was imported. Errors of its row, with its place.
   std::optional<KeptPage> Find(Long number) const;
+  /// Whether there is a row of that number, good or not.
+  bool Has(Long number) const;
+  /// How messages call the row of that number.
+  static std::string PlaceOf(Long number);
+  /// Throws UserError when the page file of a kept page is none, or that of another page.
+  static void RequireSource(const KeptPage& page);
   /// Keeps a page in place of the one that had its number.
   void Keep(const KeptPage& page);
   /// What is told of a row that is no page: its number in the table and the error.

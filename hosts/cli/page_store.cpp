@@ -76,7 +76,10 @@ LoadedPage LoadPage(ProjectSession& project, const PageInfo& info, const Console
 
 std::string ExportPage(ProjectSession& project, const LoadedPage& page) {
   const auto kept = HostPages(project.Connection()).Find(page.info.number);
-  if (kept && Remade(*kept) == CompletePageText(page.info, page.elements)) return kept->source;
+  if (kept && Remade(*kept) == CompletePageText(page.info, page.elements)) {
+    AtPlace(project.Place(), [&] { HostPages::RequireSource(*kept); });
+    return kept->source;
+  }
   return CanonicalPageText(page.info, page.elements);
 }
 

@@ -7,6 +7,7 @@
 
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/element_tree.h"
+#include "shapes/element_columns.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -51,7 +52,8 @@ class Tree {
     std::map<Long, std::size_t> groups;
     for (std::size_t index = 0; index < nodes_.size(); ++index) {
       ItfHmiElement& element = *nodes_[index].element;
-      if (IsGroup(element)) groups.emplace(IdOf(element), index);
+      // A row that says of itself that it is none is not the group of all that are in none.
+      if (IsGroup(element) && IdOf(element) != kNone) groups.emplace(IdOf(element), index);
     }
     for (Node& node : nodes_) {
       const auto group = groups.find(automation::To<Long>(Read(*node.element, "GroupID")));

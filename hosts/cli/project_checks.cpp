@@ -8,15 +8,19 @@
 #include "framework/element_types.h"
 #include "framework/operands.h"
 #include "hosts/cli/element_calls.h"
+#include "hosts/cli/element_tree.h"
 #include "hosts/cli/group_checks.h"
+#include "hosts/cli/host_tables.h"
 #include "hosts/cli/page_operands.h"
 #include "hosts/cli/place_check.h"
 #include "hosts/cli/progress_bar.h"
 #include "hosts/cli/property_values.h"
 #include "hosts/cli/row_loader.h"
+#include "hosts/cli/table_column.h"
 #include "hosts/cli/user_error.h"
 #include "platform/automation/call_by_name.h"
 #include "platform/fennick1/operand_types.h"
+#include "shapes/element_columns.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -60,10 +64,7 @@ std::string NameOf(enOperandPurpose purpose) {
 }
 
 OperandRow ReadOperandRow(const ado::Recordset& row) {
-  const auto number = [&row](const char* column) {
-    return AtPlace("column '" + std::string(column) + "' of HMI_Operands",
-                   [&] { return To<Long>(row.Get(column)); });
-  };
+  const auto number = [&row](const char* column) { return ReadColumn<Long>(row, "HMI_Operands", column); };
   return {number("ElementID"), number("OprndType"), number("OprndAddr"), number("OprndNetID"),
           number("OprndPurpose")};
 }
@@ -72,7 +73,11 @@ OperandRow ReadOperandRow(const ado::Recordset& row) {
 class Check {
  public:
   Check(ProjectSession& project, const Console& console, const ElementClasses& classes)
-      : connection_(project.Connection()), console_(console), loader_(connection_, classes) {}
+      : connection_(project.Connection()),
+        console_(console),
+        hostPages_(connection_),
+        hostGroups_(connection_),
+        loader_(connection_, classes) {}
 
   CheckResult Run() {
     CheckPages();
@@ -90,7 +95,12 @@ class Check {
     const auto wrong = [this](const std::string& row, const automation::AutomationError& error) {
       result_.findings.push_back("HostPages, row " + row + ": " + error.Description());
     };
-    for (const PageInfo& page : HostPages(connection_).Kept(wrong)) pages_[page.number] = page.panel;
+    for (const PageInfo& page : hostPages_.Kept(wrong)) {
+      pages_[page.number] = page.panel;
+      const std::string unreadable =
+          ErrorOf([&] { HostPages::RequireSource(*hostPages_.Find(page.number)); });
+      if (!unreadable.empty()) result_.findings.push_back(unreadable);
+    }
   }
 
   /// The rows that can be read, and what is wrong with the others.
@@ -116,13 +126,13 @@ class Check {
       if (page) pages_.try_emplace(*page);
       rows_.push_back({*id, page, NumberIn(*elements_, "Type"), NumberIn(*elements_, "GroupID")});
       ids_.insert(*id);
-      if (rows_.back().type == kGroupElement) groups_.insert(*id);
+      if (rows_.back().type == kGroupElement && *id != kNone) groups_.emplace(page, *id);
     }
     for (const auto& [number, panel] : pages_) {
-      if (!panel) {
-        result_.notes.push_back("page " + std::to_string(number) +
-                                " is not in HostPages: how large it is and what lies off it is not known");
-      }
+      if (panel) continue;
+      result_.notes.push_back("page " + std::to_string(number) +
+                              (hostPages_.Has(number) ? " has a wrong row in" : " is not in") +
+                              " HostPages: how large it is and what lies off it is not known");
     }
   }
 
@@ -141,7 +151,7 @@ class Check {
     place_ = (page ? "page " + std::to_string(*page) : "no page") + ", row " +
              To<std::string>(elements_->Get("ID"));
     ElementRef element;
-    std::string wrong = ErrorOf([&] { element = loader_.Load(elements_); });
+    const std::string wrong = ErrorOf([&] { element = loader_.Load(elements_); });
     ErrorOf([&] {
       const auto* known = loader_.ClassOf(To<Long>(elements_->Get("Type")));
       if (known) place_ += " (" + std::string(known->name) + ")";
@@ -155,33 +165,34 @@ class Check {
       if (const auto found = groupFindings_.find(*id); found != groupFindings_.end()) {
         for (const std::string& finding : found->second) Tell(finding);
       }
-      CheckGuid(*id);
+      if (*id == kNone) Tell("has ID -1, which stands for no row; another one was expected");
+      TellErrorOf([&] { CheckGuid(*id); });
     }
     if (!element) return;
-    wrong = ErrorOf([&] {
-      CheckTouch(*element);
+    TellErrorOf([&] {
+      if (IsGroup(*element)) hostGroups_.Find(IdOf(*element));
+      CheckTouch(*element, page);
       const auto known = page ? pages_.find(*page) : pages_.end();
       const std::string place =
           places_.Check(*element, known == pages_.end() ? std::optional<Panel>() : known->second);
       if (!place.empty()) Tell(place);
       CheckOperandsOf(*element);
     });
-    if (!wrong.empty()) Tell(wrong);
   }
 
   void CheckGuid(Long id) {
-    const automation::Variant guid = elements_->Get("GUID");
     // Groups have none.
-    if (guid.IsNull()) return;
-    const auto [first, isNew] = guids_.try_emplace(To<std::string>(guid), id);
+    if (NumberIn(*elements_, "Type") == kGroupElement && elements_->Get("GUID").IsNull()) return;
+    const Long guid = ReadColumn<Long>(*elements_, "HMI_Elements", "GUID");
+    const auto [first, isNew] = guids_.try_emplace(guid, id);
     if (isNew) return;
-    Tell("GUID " + first->first + " is that of row " + std::to_string(first->second) +
+    Tell("GUID " + std::to_string(guid) + " is that of row " + std::to_string(first->second) +
          ", too; a number of its own was expected");
   }
 
-  void CheckTouch(ItfHmiElement& element) {
+  void CheckTouch(ItfHmiElement& element, const std::optional<Long>& page) {
     const Long group = To<Long>(Read(element, "GroupID"));
-    if (groups_.count(group) == 0 || !To<bool>(Read(element, "IsTouchable"))) return;
+    if (groups_.count({page, group}) == 0 || !To<bool>(Read(element, "IsTouchable"))) return;
     Tell("is touchable (TouchOprndAddr " + To<std::string>(Read(element, "TouchOprndAddr")) +
          ") and stands in group " + std::to_string(group) + "; TouchOprndAddr -1 was expected in a group");
   }
@@ -213,6 +224,12 @@ class Check {
     }
   }
 
+  template <class Action>
+  void TellErrorOf(const Action& action) {
+    const std::string wrong = ErrorOf(action);
+    if (!wrong.empty()) Tell(wrong);
+  }
+
   void Tell(const std::string& wrong) { result_.findings.push_back(place_ + ": " + wrong); }
 
   struct NumberedOperandRow {
@@ -223,6 +240,8 @@ class Check {
 
   ado::Connection& connection_;
   const Console& console_;
+  HostPages hostPages_;
+  HostGroups hostGroups_;
   RowLoader loader_;
   PlaceCheck places_;
   CheckResult result_;
@@ -233,10 +252,11 @@ class Check {
   ado::RecordsetRef elements_;
   std::vector<GroupedRow> rows_;
   std::set<Long> ids_;
-  std::set<Long> groups_;
+  /// By their pages: a group holds nothing of another page.
+  std::set<std::pair<std::optional<Long>, Long>> groups_;
   std::map<Long, std::vector<std::string>> groupFindings_;
   /// The first row that has each.
-  std::map<std::string, Long> guids_;
+  std::map<Long, Long> guids_;
   /// Where what is told now was found.
   std::string place_;
 };

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "hosts/cli/element_calls.h"
+#include "hosts/cli/table_column.h"
 #include "hosts/cli/user_error.h"
 
 namespace quenzel7::cli {
@@ -15,8 +16,7 @@ const automation::ClassInfo* RowLoader::ClassOf(Long elementType) {
 }
 
 ElementRef RowLoader::Load(const ado::RecordsetRef& rows) {
-  const Long type =
-      AtPlace("column 'Type' of HMI_Elements", [&] { return automation::To<Long>(rows->Get("Type")); });
+  const Long type = ReadColumn<Long>(*rows, "HMI_Elements", "Type");
   const automation::ClassInfo* elementClass = ClassOf(type);
   if (!elementClass) throw UserError("there is no class of element type " + std::to_string(type));
   ElementRef element = ElementClasses::Create(*elementClass);

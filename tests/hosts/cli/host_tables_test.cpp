@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "hosts/cli/element_calls.h"
 #include "shapes/rectangle.h"
 #include "tests/hosts/cli/cli_project.h"
 #include "tests/hosts/cli/every_kind_element.h"
@@ -82,11 +83,59 @@ TEST_F(HostPagesTest, RefuseAPanelOfAnImpossibleSize) {
   };
   EXPECT_EQ(error(1, 1), "");
   EXPECT_EQ(error(4096, 4096), "");
-  const std::string place = "project p.qz7: page 4 of HostPages has a panel of ";
-  EXPECT_EQ(error(0, 1), place + "0 by 1 pixels, 1 to 4096 are allowed");
-  EXPECT_EQ(error(1, 0), place + "1 by 0 pixels, 1 to 4096 are allowed");
-  EXPECT_EQ(error(4097, 1), place + "4097 by 1 pixels, 1 to 4096 are allowed");
-  EXPECT_EQ(error(1, 4097), place + "1 by 4097 pixels, 1 to 4096 are allowed");
+  const auto wrong = [](const std::string& column, Long size) {
+    return "project p.qz7: HostPages, row 1: column '" + column + "' of HostPages: " + std::to_string(size) +
+           " was found; a number of pixels from 1 to 4096 was expected";
+  };
+  EXPECT_EQ(error(0, 1), wrong("Width", 0));
+  EXPECT_EQ(error(1, 0), wrong("Height", 0));
+  EXPECT_EQ(error(4097, 1), wrong("Width", 4097));
+  EXPECT_EQ(error(1, 4097), wrong("Height", 4097));
+}
+
+TEST_F(HostPagesTest, ErrorsTellTheColumn) {
+  HostPages pages(Connection());
+  pages.Create();
+  for (const char* column : {"DisplayID", "PanelType", "Width", "Height", "Name"}) {
+    Connection().Execute("DELETE * FROM HostPages");
+    pages.Keep({{4, "", {}}, "", ""});
+    Connection().Execute(std::string("UPDATE HostPages SET ") + column + "=x'ff'");
+    EXPECT_EQ(test::MessageOf([&] { Session().Do([&] { pages.All(); }); }),
+              std::string("project p.qz7: HostPages, row 1: column '") + column +
+                  "' of HostPages: type mismatch: Array where a " +
+                  (column == std::string("Name") ? "text" : "number") + " was expected");
+  }
+}
+
+TEST_F(HostPagesTest, TellWhatAPageIsWithoutPageFile) {
+  HostPages pages(Connection());
+  pages.Create();
+  for (const char* column : {"Source", "Imported"}) {
+    pages.Keep({{4, "", {}}, "", ""});
+    Connection().Execute(std::string("UPDATE HostPages SET ") + column + "=x'ff'");
+    EXPECT_EQ(test::MessageOf([&] { Session().Do([&] { pages.Find(4); }); }),
+              std::string("project p.qz7: page 4 of HostPages: column '") + column +
+                  "' of HostPages: type mismatch: Array where a text was expected");
+  }
+}
+
+TEST_F(HostPagesTest, APageFileIsRequiredOfThePage) {
+  const std::string place = "page 4 of HostPages: column 'Source' of HostPages";
+  const auto error = [](const std::string& source) {
+    return test::MessageOf([&] { HostPages::RequireSource({{4, "", {}}, source, ""}); });
+  };
+  EXPECT_EQ(error(PageText(4, {})), "");
+  EXPECT_EQ(error(PageText(5, {})), place + ": holds page 5");
+  EXPECT_EQ(error("{}"), place + ": \"page\" is missing");
+}
+
+TEST_F(HostPagesTest, HaveRowsThatAreNoPageToo) {
+  HostPages pages(Connection());
+  EXPECT_FALSE(pages.Has(4));
+  pages.Create();
+  pages.Keep({{4, "", {1, 0, 0}}, "", ""});
+  EXPECT_TRUE(pages.Has(4));
+  EXPECT_FALSE(pages.Has(5));
 }
 
 TEST_F(HostPagesTest, TellOfAnElementThatStandsOnNoPage) {
@@ -111,7 +160,8 @@ TEST_F(HostPagesTest, KeptGoesOnAfterARowThatIsNoPage) {
         wrong.push_back(row + ": " + error.Description());
       });
   EXPECT_EQ(wrong, (std::vector<std::string>{
-                       "2: page 3 of HostPages has a panel of 320 by 4097 pixels, 1 to 4096 are allowed"}));
+                       "2: column 'Height' of HostPages: 4097 was found; a number of pixels from 1 to 4096 "
+                       "was expected"}));
   ASSERT_EQ(kept.size(), 2u);
   EXPECT_EQ(kept[0].number, 5);
   EXPECT_EQ(kept[1].number, 7);
@@ -127,6 +177,15 @@ TEST_F(HostGroupsTest, KeepThePlaceOfAGroup) {
   EXPECT_EQ(HostGroups(Connection()).Find(6), Long{8});
   EXPECT_EQ(groups.Find(7), std::nullopt);
   EXPECT_EQ(Rows("SELECT * FROM HostGroups", {"ElementID"}).size(), 2u);
+}
+
+TEST_F(HostGroupsTest, TellThePlaceThatIsNone) {
+  HostGroups groups(Connection());
+  groups.Create();
+  groups.Keep(5, 7);
+  Connection().Execute("UPDATE HostGroups SET OrderIndex='low'");
+  EXPECT_EQ(test::MessageOf([&] { Session().Do([&] { groups.Find(5); }); }),
+            "project p.qz7: column 'OrderIndex' of HostGroups: type mismatch: \"low\" is not a number");
 }
 
 TEST_F(HostGroupsTest, AreForgotten) {
@@ -215,12 +274,26 @@ TEST_F(HostPropertiesTest, TellWhatCannotBeSet) {
     return test::MessageOf([&] { properties.Apply(element); });
   };
   EXPECT_EQ(error("Gone", "1"), "property \"Gone\" in HostProperties: does not exist");
+  for (const char* name : {"ID", "Xs", "SaveToDB"}) {
+    EXPECT_EQ(error(name, "3"), std::string("property \"") + name +
+                                    "\" in HostProperties: cannot be set: it is none of those that are kept "
+                                    "there");
+  }
+  EXPECT_EQ(IdOf(element), 5);
   EXPECT_EQ(
       error("FillStyle", "1.5"),
       "property \"FillStyle\" in HostProperties: must be a member of enFillStyle or a whole number, 1.5 was "
       "given");
   EXPECT_EQ(error("FillStyle", "[").substr(0, 62),
             "property \"FillStyle\" in HostProperties: value, line 1, column ");
+  const auto damaged = [&](const std::string& column) {
+    error("FillStyle", "1");
+    Connection().Execute("UPDATE HostProperties SET " + column + "=x'ff'");
+    return test::MessageOf([&] { Session().Do([&] { properties.Apply(element); }); });
+  };
+  const std::string mismatch = " of HostProperties: type mismatch: Array where a text was expected";
+  EXPECT_EQ(damaged("Property"), "project p.qz7: column 'Property'" + mismatch);
+  EXPECT_EQ(damaged("Value"), "property \"FillStyle\" in HostProperties: column 'Value'" + mismatch);
 }
 
 TEST_F(HostPropertiesTest, AProjectOfAnotherHostHasNone) {

@@ -262,6 +262,26 @@ TEST_F(PageStoreTest, ARowThatDoesNotLoadIsNamed) {
             "expected");
 }
 
+TEST_F(PageStoreTest, APageFileThatIsNoneIsNotExported) {
+  Import(kTwo);
+  Connection().Execute("UPDATE HostPages SET Source='rubbish'");
+  EXPECT_EQ(test::MessageOf([this] { Export(); }).substr(0, 92),
+            "project p.qz7: page 1 of HostPages: column 'Source' of HostPages, line 1, column 1: malforme");
+  // The text is of no account once the page has changed.
+  Connection().Execute("UPDATE HMI_Elements SET Xs=2 WHERE ID=1");
+  EXPECT_EQ(Export().substr(0, 12), kTwo.substr(0, 12));
+}
+
+TEST_F(PageStoreTest, AGroupsPlaceThatIsNoneIsNamed) {
+  Import(
+      R"({"page": 1, "panel": {"type": 1, "width": 9, "height": 9}, "elements": [{"class": "clsGroup"}]})");
+  Connection().Execute("UPDATE HostGroups SET OrderIndex='low'");
+  EXPECT_EQ(test::MessageOf([this] { Load(); }),
+            "project p.qz7, row 1 of HMI_Elements: column 'OrderIndex' of HostGroups: type mismatch: \"low\" "
+            "is not "
+            "a number");
+}
+
 TEST_F(PageStoreTest, TheOnlyPageNeedsNoNumber) {
   Import(PageText(12, {}));
   EXPECT_EQ(ChoosePage(Session(), 0).number, 12);

@@ -81,6 +81,11 @@ TEST(PageTree, AnElementWhoseGroupIsNoGroupStandsAlone) {
   EXPECT_EQ(TreeText({Line(1, 2, 1), Line(2, 2, 2)}), "clsLine 1, clsLine 2");
 }
 
+TEST(PageTree, WhatIsInNoGroupIsNotInOneThatSaysItIsNoRow) {
+  EXPECT_EQ(TreeText({Group(-1, -1), Line(1, -1, 2), Group(4, -1), Line(2, 4, 1)}),
+            "clsGroup [clsLine 2], clsLine 1, clsGroup []");
+}
+
 TEST(PageTree, GroupsInThemselvesStandAloneWithTheirMembers) {
   EXPECT_EQ(TreeText({Group(1, 1)}), "clsGroup []");
   EXPECT_EQ(TreeText({Group(1, 1), Line(2, 1, 5)}), "clsGroup [clsLine 2]");

@@ -250,7 +250,81 @@ TEST_F(ProjectChecks, TellsOfUniqueNumbersThatStandTwice) {
 
 TEST_F(ProjectChecks, GroupsNeedNoUniqueNumber) {
   ImportFour();
-  EXPECT_EQ(Findings({"UPDATE HMI_Elements SET GUID=Null"}), Lines());
+  EXPECT_EQ(Findings({"UPDATE HMI_Elements SET GUID=Null WHERE Type=8"}), Lines());
+}
+
+TEST_F(ProjectChecks, TellsOfUniqueNumbersThatAreNoneAndGoesOn) {
+  ImportFour();
+  const std::string start = "): column 'GUID' of HMI_Elements: ";
+  EXPECT_EQ(
+      Findings({"UPDATE HMI_Elements SET GUID=x'00ff0a' WHERE ID IN (1, 5)",
+                "UPDATE HMI_Elements SET GUID=Null WHERE ID=2",
+                "UPDATE HMI_Elements SET GUID='abc' WHERE ID=3", "UPDATE HMI_Elements SET Dy=0 WHERE ID=4"}),
+      (Lines{"page 1, row 1 (clsRectangle" + start + "type mismatch: Array where a number was expected",
+             "page 1, row 2 (clsEllipse" + start + "invalid use of Null: a number was expected",
+             "page 1, row 3 (clsLine" + start + "type mismatch: \"abc\" is not a number",
+             "page 1, row 4 (clsRoundRect): has size (10, 0); a width and a height other than 0 was expected",
+             "page 1, row 5 (clsGroup" + start + "type mismatch: Array where a number was expected"}));
+}
+
+TEST_F(ProjectChecks, TellsOfPlacesOfGroupsThatAreNone) {
+  ImportFour();
+  const std::string place = "page 1, row 5 (clsGroup): column 'OrderIndex' of HostGroups: ";
+  EXPECT_EQ(
+      Findings({"DROP TABLE HostGroups", "CREATE TABLE HostGroups (ElementID INTEGER, OrderIndex INTEGER)",
+                "INSERT INTO HostGroups VALUES (5, Null)", "INSERT INTO HostGroups VALUES (1, Null)"}),
+      (Lines{place + "invalid use of Null: a number was expected"}));
+  EXPECT_EQ(Findings({"DROP TABLE HostGroups", "CREATE TABLE HostGroups (ElementID INTEGER)",
+                      "INSERT INTO HostGroups VALUES (5)"}),
+            (Lines{place + "the recordset has no column 'OrderIndex'"}));
+}
+
+TEST_F(ProjectChecks, TellsOfPageFilesThatAreNone) {
+  Import(PageText(1, {}));
+  Import(PageText(2, {}));
+  Import(PageText(3, {}));
+  Import(PageText(4, {}));
+  const std::string column = " of HostPages: column 'Source' of HostPages";
+  EXPECT_EQ(
+      Findings(
+          {"UPDATE HostPages SET Source=x'fffe' WHERE DisplayID=1",
+           "UPDATE HostPages SET Source='{' WHERE DisplayID=2",
+           "UPDATE HostPages SET Source=(SELECT Source FROM HostPages WHERE DisplayID=4) WHERE DisplayID=3",
+           "UPDATE HostPages SET Imported=x'fffe' WHERE DisplayID=4"}),
+      (Lines{
+          "page 1" + column + ": type mismatch: Array where a text was expected",
+          "page 2" + column +
+              ", line 1, column 2: malformed JSON: syntax error while parsing object key - unexpected end of "
+              "input; expected string literal",
+          "page 3" + column + ": holds page 4",
+          "page 4 of HostPages: column 'Imported' of HostPages: type mismatch: Array where a text was "
+          "expected"}));
+  EXPECT_EQ(Check().notes, Lines());
+}
+
+TEST_F(ProjectChecks, TellsOfPropertiesThatTheHostDoesNotKeep) {
+  ImportFour();
+  EXPECT_EQ(Findings({"INSERT INTO HostProperties (ElementID, Property, Value) VALUES (3, 'ID', '1')"}),
+            (Lines{"page 1, row 3 (clsLine): property \"ID\" in HostProperties: cannot be set: it is none of "
+                   "those that are kept there"}));
+}
+
+TEST_F(ProjectChecks, TellsOfARowThatSaysItIsNone) {
+  ImportFour();
+  // Nothing is in the group -1, the touchable ellipse neither.
+  EXPECT_EQ(
+      Findings({"DELETE * FROM HMI_Elements WHERE ID IN (3, 4)", "UPDATE HMI_Elements SET ID=-1 WHERE ID=5"}),
+      (Lines{"page 1, row -1 (clsGroup): has ID -1, which stands for no row; another one was expected"}));
+}
+
+TEST_F(ProjectChecks, AGroupOfAnotherPageDoesNotHoldWhatIsTouched) {
+  ImportFour();
+  Import(
+      R"({"page": 2, "panel": {"type": 1, "width": 320, "height": 240}, "elements": [{"class": "clsGroup"}]})");
+  EXPECT_EQ(
+      Findings({"UPDATE HMI_Elements SET GroupID=6 WHERE ID=2"}),
+      (Lines{"page 1, row 2 (clsEllipse): GroupID 6 names row 6, a group on page 2; -1 or the ID of a group "
+             "of its page was expected"}));
 }
 
 TEST_F(ProjectChecks, TellsOfPagesOfTheHostThatAreNone) {
@@ -261,10 +335,11 @@ TEST_F(ProjectChecks, TellsOfPagesOfTheHostThatAreNone) {
     return Check();
   }();
   EXPECT_EQ(result.findings,
-            (Lines{"HostPages, row 2: page 2 of HostPages has a panel of 0 by 240 pixels, 1 to 4096 "
-                   "are allowed"}));
-  EXPECT_EQ(result.notes,
-            (Lines{"page 2 is not in HostPages: how large it is and what lies off it is not known"}));
+            (Lines{"HostPages, row 2: column 'Width' of HostPages: 0 was found; a number of pixels from 1 to "
+                   "4096 was expected"}));
+  EXPECT_EQ(
+      result.notes,
+      (Lines{"page 2 has a wrong row in HostPages: how large it is and what lies off it is not known"}));
   EXPECT_EQ(result.pages, 2u);
 }
 
