@@ -608,8 +608,9 @@ TEST_F(Group, ARingOfManyGroupsEndsLikeARingOfOne) {
   ring.back()->ColGroup()->Remove(1);
   EXPECT_EQ(ErrorOf([&] { ring[4899]->Move(1, 1); }), 28);
   EXPECT_EQ(ErrorOf([&] { ring[4900]->Move(1, 1); }), 0);
-  // Taken apart from the end, so that the release of one does not release them all at once.
-  while (!ring.empty()) ring.pop_back();
+  // Taken apart from the beginning: the last of a chain is held by the one before, and the release of the
+  // first would release them all, one within the other.
+  for (auto& group : ring) group.reset();
 }
 
 TEST_F(Group, TheCountIsReadAfterTheTouchTest) {
