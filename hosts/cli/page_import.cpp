@@ -76,6 +76,33 @@ class ElementImport {
   Long order_ = 0;
 };
 
+/// Takes all elements of a page out of the project, as the library does it. It cannot do that to a row that
+/// is damaged: such rows, and what stands at them in other tables, are deleted as they are, since to replace
+/// a page is the way to repair it. Gives the number of rows that the page had.
+std::size_t RemoveElements(ProjectSession& project, const PageInfo& info, const Console& console) {
+  ado::Connection& connection = project.Connection();
+  const std::string rowsOfPage = " FROM HMI_Elements WHERE DisplayID=" + std::to_string(info.number);
+  const auto count = To<Long>(ado::OpenRecordset(connection, "SELECT COUNT(*) AS Rows" + rowsOfPage,
+                                                 ado::adOpenStatic, ado::adLockReadOnly)
+                                  ->Get("Rows"));
+  const LoadedPage good = LoadGoodRows(project, info, console);
+  // While the rows are still there to be named by.
+  for (const char* table : {"HostProperties", "HostGroups"}) {
+    connection.Execute(std::string("DELETE FROM ") + table + " WHERE ElementID IN (SELECT ID" + rowsOfPage +
+                       ")");
+  }
+  for (const ElementRef& element : good.elements) {
+    try {
+      DeleteElement(project, *element);
+    } catch (const automation::AutomationError&) {
+      // Its row goes below.
+    }
+  }
+  connection.Execute("DELETE FROM HMI_Operands WHERE ElementID IN (SELECT ID" + rowsOfPage + ")");
+  connection.Execute("DELETE" + rowsOfPage);
+  return static_cast<std::size_t>(count);
+}
+
 }  // namespace
 
 ImportResult ImportPage(ProjectSession& project, const PageFile& page, std::string_view source,
@@ -90,10 +117,8 @@ ImportResult ImportPage(ProjectSession& project, const PageFile& page, std::stri
   project.OpenPage(page.info.number);
   PageOperands operands(connection);
 
-  const LoadedPage before = LoadPage(project, page.info, console);
-  result.replaced = !before.elements.empty() || pages.Find(page.info.number).has_value();
-  result.elementsBefore = CountElements(before.elements);
-  for (const ElementRef& element : before.elements) DeleteElement(project, *element);
+  result.elementsBefore = RemoveElements(project, page.info, console);
+  result.replaced = result.elementsBefore > 0 || pages.Has(page.info.number);
 
   ElementImport(project, operands, CountElements(page.elements), console).Save(page.elements, place);
   operands.Settle();

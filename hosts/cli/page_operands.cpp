@@ -45,8 +45,12 @@ std::vector<PageOperands::Operand> PageOperands::Used() const {
                          ado::adOpenStatic, ado::adLockReadOnly);
   std::vector<Operand> used;
   for (; !rows->Eof(); rows->MoveNext()) {
-    used.emplace_back(To<Long>(rows->Get("OprndType")), To<Long>(rows->Get("OprndAddr")),
-                      To<Long>(rows->Get("OprndNetID")));
+    try {
+      used.emplace_back(To<Long>(rows->Get("OprndType")), To<Long>(rows->Get("OprndAddr")),
+                        To<Long>(rows->Get("OprndNetID")));
+    } catch (const automation::AutomationError&) {
+      // What is no number names no operand that could be lost.
+    }
   }
   return used;
 }

@@ -1,5 +1,6 @@
 #include "hosts/cli/page_store.h"
 
+#include <functional>
 #include <optional>
 
 #include "hosts/cli/element_calls.h"
@@ -35,6 +36,33 @@ std::optional<std::string> Remade(const KeptPage& kept) {
   }
 }
 
+/// Loads the rows of a page, and tells of those that do not load.
+LoadedPage LoadRows(ProjectSession& project, const PageInfo& info, const Console& console,
+                    const ElementClasses& classes, const std::function<void(const UserError&)>& wrong) {
+  std::vector<PageRow> loaded;
+  RowLoader loader(project.Connection(), classes);
+  const HostGroups groups(project.Connection());
+  const auto rows = ado::OpenRecordset(
+      project.Connection(),
+      "SELECT * FROM HMI_Elements WHERE DisplayID=" + std::to_string(info.number) + " ORDER BY ID",
+      ado::adOpenStatic, ado::adLockReadOnly);
+  ProgressBar progress(console, "loading", static_cast<std::size_t>(rows->RecordCount()));
+  for (; !rows->Eof(); rows->MoveNext()) {
+    try {
+      AtPlace(project.Place() + ", row " + To<std::string>(rows->Get("ID")) + " of HMI_Elements", [&] {
+        ElementRef element = loader.Load(rows);
+        const std::optional<Long> place =
+            IsGroup(*element) ? groups.Find(IdOf(*element)) : To<Long>(Read(*element, "OrderIndex"));
+        loaded.push_back({std::move(element), place});
+      });
+    } catch (const UserError& error) {
+      wrong(error);
+    }
+    progress.Advance();
+  }
+  return {info, TreeOf(loaded)};
+}
+
 }  // namespace
 
 PageInfo ChoosePage(ProjectSession& project, Long number) {
@@ -54,24 +82,11 @@ PageInfo ChoosePage(ProjectSession& project, Long number) {
 
 LoadedPage LoadPage(ProjectSession& project, const PageInfo& info, const Console& console,
                     const ElementClasses& classes) {
-  std::vector<PageRow> loaded;
-  RowLoader loader(project.Connection(), classes);
-  const HostGroups groups(project.Connection());
-  const auto rows = ado::OpenRecordset(
-      project.Connection(),
-      "SELECT * FROM HMI_Elements WHERE DisplayID=" + std::to_string(info.number) + " ORDER BY ID",
-      ado::adOpenStatic, ado::adLockReadOnly);
-  ProgressBar progress(console, "loading", static_cast<std::size_t>(rows->RecordCount()));
-  for (; !rows->Eof(); rows->MoveNext()) {
-    AtPlace(project.Place() + ", row " + To<std::string>(rows->Get("ID")) + " of HMI_Elements", [&] {
-      ElementRef element = loader.Load(rows);
-      const std::optional<Long> place =
-          IsGroup(*element) ? groups.Find(IdOf(*element)) : To<Long>(Read(*element, "OrderIndex"));
-      loaded.push_back({std::move(element), place});
-    });
-    progress.Advance();
-  }
-  return {info, TreeOf(loaded)};
+  return LoadRows(project, info, console, classes, [](const UserError& error) { throw error; });
+}
+
+LoadedPage LoadGoodRows(ProjectSession& project, const PageInfo& info, const Console& console) {
+  return LoadRows(project, info, console, ElementClasses::All(), [](const UserError&) {});
 }
 
 std::string ExportPage(ProjectSession& project, const LoadedPage& page) {

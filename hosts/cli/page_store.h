@@ -26,14 +26,19 @@ PageInfo ChoosePage(ProjectSession& project, Long number);
 LoadedPage LoadPage(ProjectSession& project, const PageInfo& info, const Console& console,
                     const ElementClasses& classes = ElementClasses::All());
 
+/// Loads those elements of a page whose rows load.
+LoadedPage LoadGoodRows(ProjectSession& project, const PageInfo& info, const Console& console);
+
 /// What an import did.
 struct ImportResult {
-  /// Whether the project had the page before, and with how many elements, the members of groups among them.
+  /// Whether the project had the page before, and with how many rows of elements, those that do not load
+  /// among them.
   bool replaced = false;
   std::size_t elementsBefore = 0;
 };
 
 /// Brings a page file into a project, in place of the page of its number if there is one, in one transaction.
+/// Rows of that page that do not load, or that the library cannot delete, go with it.
 /// `source` is the text of the file and `place` how messages call it. Throws UserError; the project is then
 /// as it was.
 ImportResult ImportPage(ProjectSession& project, const PageFile& page, std::string_view source,

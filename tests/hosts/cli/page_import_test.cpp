@@ -153,6 +153,45 @@ TEST_F(PageImportTest, ReplacingAPageTakesElementsOfDamagedGroupsToo) {
   EXPECT_EQ(ElementCount(), 0u);
 }
 
+class DamagedPage : public PageImportTest, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(DamagedPage, IsRepairedByReplacingIt) {
+  const std::string other =
+      R"({"page":2,"panel":{"type":1,"width":9,"height":9},"elements":[{"class":"clsGroup"},
+          {"class":"clsEllipse","FillStyle":"eFS_Solid","VisibleOpAddr":7}]})";
+  Import(Page(kNested));
+  Import(other);
+  Connection().Execute(GetParam());
+  const ImportResult result = Import(Page(R"({"class": "clsLine", "TouchOprndAddr": 9})"));
+  EXPECT_TRUE(result.replaced);
+  EXPECT_EQ(result.elementsBefore, 10u);
+  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements ORDER BY ID", {"ID", "Type", "GroupID"}),
+            (std::vector<std::string>{"11 8 -1", "12 6 -1", "13 2 -1"}));
+  EXPECT_EQ(Rows("SELECT * FROM HMI_Operands ORDER BY ElementID", {"ElementID", "OprndAddr", "OprndPurpose"}),
+            (std::vector<std::string>{"12 7 5", "13 9 2"}));
+  EXPECT_EQ(Rows("SELECT * FROM HostProperties", {"ElementID"}), std::vector<std::string>{"12"});
+  EXPECT_EQ(Rows("SELECT * FROM HostGroups", {"ElementID"}), std::vector<std::string>{"11"});
+  EXPECT_EQ(Rows("SELECT * FROM Operands WHERE Address IN (7, 9) ORDER BY Address", {"Address"}),
+            (std::vector<std::string>{"7", "9"}));
+  EXPECT_EQ(Tree(), "clsLine 0");
+  EXPECT_EQ(Export(2), other);
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryTable, DamagedPage,
+                         ::testing::Values("UPDATE HMI_Elements SET Type=99 WHERE DisplayID=1",
+                                           "UPDATE HMI_Elements SET Type=99 WHERE ID IN (1, 3, 10)",
+                                           "UPDATE HMI_Elements SET Xs='left' WHERE ID=7",
+                                           "UPDATE HMI_Elements SET GUID=Null WHERE DisplayID=1",
+                                           "UPDATE HMI_Elements SET GUID=x'00ff' WHERE ID=7",
+                                           "UPDATE HMI_Elements SET ID=-1 WHERE ID=8",
+                                           "UPDATE HMI_Elements SET ID=5000000000 WHERE ID=5",
+                                           "UPDATE HostGroups SET OrderIndex=x'ff' WHERE ElementID=1",
+                                           "UPDATE HostPages SET Width=0 WHERE DisplayID=1",
+                                           "UPDATE HostPages SET Source=x'ff' WHERE DisplayID=1",
+                                           "INSERT INTO HostProperties VALUES (10, 'Nope', '1')",
+                                           "INSERT INTO HostProperties VALUES (10, 'ID', '3')",
+                                           "INSERT INTO HMI_Operands VALUES (7, 1, Null, 0, 2)"));
+
 TEST_F(PageImportTest, AGroupOnAnotherPageHoldsNothingOfThisOne) {
   Import(Page(R"({"class": "clsGroup", "elements": [{"class": "clsLine", "Xs": 1}]})"));
   Connection().Execute("UPDATE HMI_Elements SET DisplayID=2 WHERE Type=8");

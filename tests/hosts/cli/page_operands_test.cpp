@@ -30,6 +30,17 @@ class PageOperandsTest : public test::CliProjectTest {
   }
 };
 
+TEST_F(PageOperandsTest, RowsThatNameNoOperandAreNoHindrance) {
+  Define(1, 8, "eight");
+  for (const char* row : {"1, Null, 8, 0, 2", "1, 1, 'x', 0, 2", "1, 1, 8, Null, 2", "1, 1, 8, 0, 2"}) {
+    Connection().Execute(std::string("INSERT INTO HMI_Operands VALUES (") + row + ")");
+  }
+  PageOperands operands(Connection());
+  Connection().Execute("DELETE * FROM Operands");
+  operands.Settle();
+  EXPECT_EQ(Operands(), std::vector<std::string>{"1 8 0 eight"});
+}
+
 TEST_F(PageOperandsTest, AddsRowsForTouchAndHideOperands) {
   PageOperands operands(Connection());
   clsRectangle element;

@@ -360,8 +360,10 @@ TEST_F(ProgramTest, RowsThatDoNotLoadAreNamed) {
   ExpectFailure({"export", "p.qz7"}, line);
   ExpectFailure({"list", "p.qz7"}, line);
   ExpectFailure({"render", "p.qz7", "-o", "x.png"}, line);
-  ExpectFailure({"import", "ok.json", "p.qz7"}, line);
   EXPECT_FALSE(fs::exists(File("x.png")));
+  EXPECT_EQ(Run({"import", "ok.json", "p.qz7"}).out,
+            "page 1: 1 element imported into p.qz7, in place of 1 element\n");
+  EXPECT_EQ(Run({"check", "p.qz7"}).out, "nothing found in 1 page, 1 element and 1 operand row\n");
 }
 
 TEST_F(ProgramTest, OutputsThatCannotBeWrittenAreTold) {
