@@ -243,8 +243,9 @@ TEST_F(PageStoreTest, AFailedImportLeavesNoTablesOfTheHost) {
 
 TEST_F(PageStoreTest, WrongSettingsAreToldWithTheElement) {
   SetInProject(6050, "thick");
-  EXPECT_EQ(test::MessageOf([this] { Import(kTwo); }),
-            "page file x, element 1 (clsRectangle): type mismatch: \"thick\" is not a number");
+  EXPECT_EQ(
+      test::MessageOf([this] { Import(kTwo); }),
+      "page file x, element 1 (clsRectangle): setting 6000/6050: type mismatch: \"thick\" is not a number");
 }
 
 TEST_F(PageStoreTest, ARowThatDoesNotLoadIsNamed) {

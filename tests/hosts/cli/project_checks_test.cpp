@@ -385,8 +385,9 @@ TEST_F(ProjectChecks, SettingsWithWhichNoElementCanBeMadeAreToldAtEachRow) {
   Import(PageText(1, {ElementText(1, 2, 30, 40), ElementText(1, 2, 30, 40)}));
   corvane1::LayeredSettings(Platform::Current().heldProject).SetInProject(6000, 6050, "broad");
   Open();
-  EXPECT_EQ(Check().findings, (Lines{"page 1, row 1: type mismatch: \"broad\" is not a number",
-                                     "page 1, row 2: type mismatch: \"broad\" is not a number"}));
+  EXPECT_EQ(Check().findings,
+            (Lines{"page 1, row 1: setting 6000/6050: type mismatch: \"broad\" is not a number",
+                   "page 1, row 2: setting 6000/6050: type mismatch: \"broad\" is not a number"}));
 }
 
 TEST_F(ProjectChecks, NothingOfTheProjectChanges) {
