@@ -47,13 +47,23 @@ void Measure(std::map<Long, Group>& groups) {
   }
 }
 
+/// The way around a circle; of a long one both ends.
 std::string Circle(Group& first, const std::map<const Group*, Long>& ids) {
-  std::string path;
+  constexpr std::size_t kMostNamed = 10;
+  std::vector<std::string> way;
   for (Group* group = &first; !group->told; group = group->owner) {
     group->told = true;
-    path += std::to_string(ids.at(group)) + " -> ";
+    way.push_back(std::to_string(ids.at(group)));
   }
-  return path + std::to_string(ids.at(&first));
+  way.push_back(way.front());
+  if (way.size() > kMostNamed) {
+    const auto begin = way.begin() + kMostNamed / 2, end = way.end() - kMostNamed / 2;
+    const std::string left = "(" + std::to_string(end - begin) + " more)";
+    way.insert(way.erase(begin, end), left);
+  }
+  std::string path;
+  for (const std::string& step : way) path += (path.empty() ? "" : " -> ") + step;
+  return path;
 }
 
 }  // namespace

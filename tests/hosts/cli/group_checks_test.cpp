@@ -93,6 +93,20 @@ TEST(GroupChecks, GroupsInOneAnotherAreToldOnceWithTheirWay) {
             (Findings{{2, {"groups lie in one another without end, 2 -> 9 -> 5 -> 2" + expected}}}));
 }
 
+TEST(GroupChecks, OfALongCircleBothEndsAreTold) {
+  const auto circle = [](Long count) {
+    std::vector<GroupedRow> rows;
+    for (Long id = 1; id <= count; ++id) rows.push_back(Group(id, id == count ? 1 : id + 1));
+    return CheckGroups(rows);
+  };
+  const std::string start = "groups lie in one another without end, 1 -> 2 -> 3 -> 4 -> 5 -> ";
+  const std::string expected = "; GroupID -1 was expected in one of them";
+  EXPECT_EQ(circle(9), (Findings{{1, {start + "6 -> 7 -> 8 -> 9 -> 1" + expected}}}));
+  EXPECT_EQ(circle(10), (Findings{{1, {start + "(1 more) -> 7 -> 8 -> 9 -> 10 -> 1" + expected}}}));
+  EXPECT_EQ(circle(20'000),
+            (Findings{{1, {start + "(19991 more) -> 19997 -> 19998 -> 19999 -> 20000 -> 1" + expected}}}));
+}
+
 TEST(GroupChecks, EachCircleIsTold) {
   const std::string expected = "; GroupID -1 was expected in one of them";
   EXPECT_EQ(CheckGroups({Group(1, 2), Group(2, 1), Group(3, 3)}),
