@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "hosts/cli/console.h"
@@ -12,14 +13,15 @@ namespace quenzel7::cli {
 /// Brings the page file at `pagePath` into the project at `projectPath`, which is made when it is not there.
 int ImportCommand(const std::string& pagePath, const std::string& projectPath, const Console& console);
 
-/// Writes the page file of a page to `outputPath`, to standard output when that is empty. `page` 0 is the
-/// only page.
-int ExportCommand(const std::string& projectPath, Long page, const std::string& outputPath,
+/// Writes the page file of a page to `outputPath`, to standard output when that is empty. Without `page` it
+/// is the only page. A project may hold what no page file can: one line on standard error tells why an import
+/// will refuse the file.
+int ExportCommand(const std::string& projectPath, std::optional<Long> page, const std::string& outputPath,
                   const Console& console);
 
-/// Paints a page into a PNG file, enlarged `scale` times. `page` 0 is the only page.
-int RenderCommand(const std::string& projectPath, Long page, const std::string& outputPath, int scale,
-                  const Console& console);
+/// Paints a page into a PNG file, enlarged `scale` times. Without `page` it is the only page.
+int RenderCommand(const std::string& projectPath, std::optional<Long> page, const std::string& outputPath,
+                  int scale, const Console& console);
 
 /// Exit status of a check that found something and of a comparison that found a difference.
 inline constexpr int kFound = 1;
@@ -32,10 +34,10 @@ int CheckCommand(const std::string& projectPath, const Console& console);
 int ListCommand(const std::string& projectPath, const Console& console);
 
 /// Tells how the pages of b differ from those of a, each a project or a page file, one line a difference, and
-/// paints the difference of the page that differs when `outputPath` is not empty. `page` 0 are all pages that
-/// both could have. Exit status kFound when something differs.
-int DiffCommand(const std::string& pathA, const std::string& pathB, Long page, const std::string& outputPath,
-                const Console& console);
+/// paints the difference of the page that differs when `outputPath` is not empty. Without `page` all pages
+/// are compared that both could have. Exit status kFound when something differs.
+int DiffCommand(const std::string& pathA, const std::string& pathB, std::optional<Long> page,
+                const std::string& outputPath, const Console& console);
 
 /// Brings the texts of a CSV file into the string library of a project, all or none.
 int ImportStringsCommand(const std::string& projectPath, const std::string& filePath, const Console& console);

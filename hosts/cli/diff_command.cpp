@@ -19,15 +19,16 @@ class Diff {
   Diff(const std::string& pathA, const std::string& pathB, const Console& console)
       : a_(pathA), b_(pathB), console_(console) {}
 
-  /// `page` 0 are all pages, or those of the page files when there are some.
-  void Compare(Long page) {
+  /// Without `page` it is all pages, or those of the page files when there are some.
+  void Compare(std::optional<Long> page) {
     const auto pagesA = TakeAll(a_, b_, page);
     const auto pagesB = TakeAll(b_, a_, page);
     std::set<Long> numbers;
     for (const auto& [number, snapshot] : pagesA) numbers.insert(number);
     for (const auto& [number, snapshot] : pagesB) numbers.insert(number);
-    if (page != 0 && numbers.empty()) {
-      throw UserError("neither " + a_.Place() + " nor " + b_.Place() + " has a page " + std::to_string(page));
+    if (page && numbers.empty()) {
+      throw UserError("neither " + a_.Place() + " nor " + b_.Place() + " has a page " +
+                      std::to_string(*page));
     }
     const auto find = [](const SnapshotsByNumber& pages, Long number) {
       const auto found = pages.find(number);
@@ -79,13 +80,14 @@ class Diff {
     PageDiff diff;
   };
 
-  bool IsCompared(Long number, Long page) const {
-    if (page != 0) return number == page;
+  bool IsCompared(Long number, std::optional<Long> page) const {
+    if (page) return number == *page;
     if (!a_.File() && !b_.File()) return true;
     return (a_.File() && a_.File()->info.number == number) || (b_.File() && b_.File()->info.number == number);
   }
 
-  SnapshotsByNumber TakeAll(const DiffSource& source, const DiffSource& other, Long page) const {
+  SnapshotsByNumber TakeAll(const DiffSource& source, const DiffSource& other,
+                            std::optional<Long> page) const {
     SnapshotsByNumber snapshots;
     DiffSide side(source, other);
     for (const PageInfo& info : side.Pages()) {
@@ -113,8 +115,8 @@ class Diff {
 
 }  // namespace
 
-int DiffCommand(const std::string& pathA, const std::string& pathB, Long page, const std::string& outputPath,
-                const Console& console) {
+int DiffCommand(const std::string& pathA, const std::string& pathB, std::optional<Long> page,
+                const std::string& outputPath, const Console& console) {
   RequireDistinctOutput(PicturePlace(outputPath), outputPath, {pathA, pathB});
   Diff diff(pathA, pathB, console);
   diff.Compare(page);

@@ -2,21 +2,36 @@
 #include "hosts/cli/distinct_output.h"
 #include "hosts/cli/page_store.h"
 #include "hosts/cli/text_file.h"
+#include "hosts/cli/user_error.h"
 
 namespace quenzel7::cli {
+namespace {
 
-int ExportCommand(const std::string& projectPath, Long page, const std::string& outputPath,
+/// A project holds what a page file may not: groups of any depth, touchable members, pages of any number.
+void TellWhetherRefused(const std::string& text, const std::string& place, const Console& console) {
+  try {
+    ReadPageFile(text, place);
+  } catch (const UserError& error) {
+    console.err << OneLine(std::string("note: import will refuse this page file: ") + error.what())
+                << std::endl;
+  }
+}
+
+}  // namespace
+
+int ExportCommand(const std::string& projectPath, std::optional<Long> page, const std::string& outputPath,
                   const Console& console) {
   const std::string place = "page file " + outputPath;
   RequireDistinctOutput(place, outputPath, {projectPath});
   ProjectSession project(projectPath, corvane1::ProjectMode::ReadOnly);
-  const std::string text =
-      project.Do([&] { return ExportPage(project, LoadPage(project, ChoosePage(project, page), console)); });
+  const PageInfo info = project.Do([&] { return ChoosePage(project, page); });
+  const std::string text = project.Do([&] { return ExportPage(project, LoadPage(project, info, console)); });
   if (outputPath.empty()) {
     console.out << text;
   } else {
     WriteTextFile(outputPath, text, place);
   }
+  TellWhetherRefused(text, "page " + std::to_string(info.number), console);
   return 0;
 }
 

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <limits>
+#include <optional>
 #include <string>
 
 #include "hosts/cli/commands.h"
@@ -14,7 +15,7 @@ int main(int argc, char** argv) {
 
   std::string direction, pageFile, project, projectB, output;
   std::string folder = "quenzel7-demo";
-  Long page = 0;
+  std::optional<Long> page;
   int scale = 1;
 
   CLI::App app("Pages of operator panels: page files in and out of projects, pictures of pages.", "quenzel7");
@@ -26,7 +27,7 @@ int main(int argc, char** argv) {
   const auto takePage = [&page](CLI::App* command,
                                 const char* help =
                                     "The number of the page; not needed when the project has only one") {
-    command->add_option("--page", page, help)->check(CLI::Range(Long{1}, std::numeric_limits<Long>::max()));
+    command->add_option("--page", page, help)->check(CLI::Range(Long{0}, std::numeric_limits<Long>::max()));
   };
 
   CLI::App* import = app.add_subcommand("import", "Bring a page file into a project");
@@ -74,8 +75,12 @@ int main(int argc, char** argv) {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     if (error.get_exit_code() == 0) return app.exit(error);
-    std::cerr << cli::OneLine(std::string("quenzel7: ") + error.what() + "; quenzel7 --help tells more")
-              << std::endl;
+    std::string wrong = error.what();
+    const auto isFirst = [&](const CLI::App* command) { return command->get_name() == argv[1]; };
+    if (argc > 1 && argv[1][0] != '-' && app.get_subcommands(isFirst).empty()) {
+      wrong = "there is no command " + cli::Quoted(argv[1]);
+    }
+    std::cerr << cli::OneLine("quenzel7: " + wrong + "; quenzel7 --help tells more") << std::endl;
     return cli::kFailed;
   }
 

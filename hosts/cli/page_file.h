@@ -24,7 +24,7 @@ inline constexpr Long kLargestPanel = 4096;
 
 /// A page without its elements.
 struct PageInfo {
-  /// The number of the page in its project, from 1.
+  /// The number of the page in its project, from 0.
   Long number = 1;
   std::string name;
   Panel panel;

@@ -28,13 +28,14 @@ void RequireObject(const Json& value) {
   if (!value.is_object()) throw UserError("must be an object, " + Shown(value) + " was given");
 }
 
-/// Throws for a key that is there twice, whatever its case. Asked when all keys are known to be good: so
-/// there are few before the first one that comes again.
-void RequireSingleKeys(const Json& object, const std::string& kind) {
+/// Throws for a key that is there twice, whatever its case; `kindOf` tells what it is. Asked when all keys
+/// are known to be good: so there are few before the first one that comes again.
+template <class KindOf>
+void RequireSingleKeys(const Json& object, const KindOf& kindOf) {
   std::vector<std::string_view> seen;
   for (const auto& [key, value] : object.items()) {
     for (const std::string_view other : seen) {
-      if (automation::EqualFolded(key, other)) throw UserError(kind + Quoted(key) + " is given twice");
+      if (automation::EqualFolded(key, other)) throw UserError(kindOf(key) + Quoted(key) + " is given twice");
     }
     seen.push_back(key);
   }
@@ -54,7 +55,7 @@ class Members {
                         Quoted(automation::NearestName(key, known)));
       }
     }
-    RequireSingleKeys(object, "");
+    RequireSingleKeys(object, [](std::string_view) { return std::string(); });
   }
 
   const Json* Find(std::string_view name) const {
@@ -101,6 +102,9 @@ bool IsElementsKey(std::string_view key) { return automation::EqualFolded(key, k
 
 bool IsClassKey(std::string_view key) { return automation::EqualFolded(key, "class"); }
 
+/// Whether the key is one of those that every object of its kind has, and no property.
+bool IsFixedKey(std::string_view key) { return IsClassKey(key) || IsElementsKey(key); }
+
 const ClassInfo& ReadClass(const Json& element, const ElementClasses& classes) {
   for (const auto& [key, value] : element.items()) {
     if (!IsClassKey(key)) continue;
@@ -115,9 +119,12 @@ const Member& FindProperty(const ClassInfo& elementClass, const std::vector<cons
   const Member* member = elementClass.Default().Find(name);
   const std::string named = "property " + Quoted(name);
   if (!member) {
+    if (IsGroupClass(elementClass)) {
+      throw UserError(named + " does not exist: a " + std::string(clsGroup::kClassName) +
+                      " has no properties, only " + Quoted(kElements));
+    }
     std::vector<std::string_view> names;
     for (const Member* property : properties) names.push_back(property->name);
-    if (IsGroupClass(elementClass)) names.push_back(kElements);
     throw UserError(named + " does not exist; nearest is " + Quoted(automation::NearestName(name, names)));
   }
   if (member->IsMethod()) throw UserError(Quoted(name) + " is a method, not a property");
@@ -204,7 +211,8 @@ class ElementReader {
     const Json* members = nullptr;
     PageElement element = AtPlace(elementPlace, [&] {
       PageElement read{&elementClass, ReadValues(json, elementClass)};
-      RequireSingleKeys(json, "property ");
+      RequireSingleKeys(json,
+                        [](std::string_view key) { return std::string(IsFixedKey(key) ? "" : "property "); });
       if (depth > 0) RequireNoTouch(read.values);
       if (IsGroupClass(elementClass)) {
         if (depth == clsGroup::kMaxDepth) throw UserError(NestsTooDeep());
@@ -237,7 +245,7 @@ PageFile ReadPageFile(std::string_view text, const std::string& place, const Ele
   const Json* elements = nullptr;
   AtPlace(place, [&] {
     const Members members(json, {"page", "name", "panel", kElements});
-    page.info.number = NumberMember(members, "page", 1, kHighest);
+    page.info.number = NumberMember(members, "page", 0, kHighest);
     if (const Json* name = members.Find("name")) {
       page.info.name = Named(Quoted("name"), [name] { return TextFromJson(*name); });
     }

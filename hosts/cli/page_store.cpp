@@ -65,10 +65,10 @@ LoadedPage LoadRows(ProjectSession& project, const PageInfo& info, const Console
 
 }  // namespace
 
-PageInfo ChoosePage(ProjectSession& project, Long number) {
+PageInfo ChoosePage(ProjectSession& project, std::optional<Long> number) {
   const std::vector<PageInfo> pages = HostPages(project.Connection()).All();
   if (pages.empty()) throw UserError(project.Place() + " has no pages");
-  if (number == 0) {
+  if (!number) {
     if (pages.size() == 1) return pages.front();
     throw UserError(project.Place() + " has several pages (" + NumberList(pages) +
                     "): choose one with --page");
@@ -76,7 +76,7 @@ PageInfo ChoosePage(ProjectSession& project, Long number) {
   for (const PageInfo& page : pages) {
     if (page.number == number) return page;
   }
-  throw UserError(project.Place() + " has no page " + std::to_string(number) + "; there " +
+  throw UserError(project.Place() + " has no page " + std::to_string(*number) + "; there " +
                   (pages.size() == 1 ? "is page " : "are pages ") + NumberList(pages));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,9 +18,9 @@ struct LoadedPage {
   std::vector<ElementRef> elements;
 };
 
-/// The page of that number, or the only page when `number` is 0. Throws UserError that tells the pages that
+/// The page of that number, or the only page without `number`. Throws UserError that tells the pages that
 /// there are.
-PageInfo ChoosePage(ProjectSession& project, Long number);
+PageInfo ChoosePage(ProjectSession& project, std::optional<Long> number);
 
 /// Loads the elements of a page, with the properties that the host keeps for them, and puts members into
 /// their groups. Throws UserError naming a row that does not load.

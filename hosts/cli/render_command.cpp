@@ -5,8 +5,8 @@
 
 namespace quenzel7::cli {
 
-int RenderCommand(const std::string& projectPath, Long page, const std::string& outputPath, int scale,
-                  const Console& console) {
+int RenderCommand(const std::string& projectPath, std::optional<Long> page, const std::string& outputPath,
+                  int scale, const Console& console) {
   RequireDistinctOutput(PicturePlace(outputPath), outputPath, {projectPath});
   ProjectSession project(projectPath, corvane1::ProjectMode::ReadOnly);
   const Picture picture =

@@ -112,7 +112,7 @@ TEST(Demo, LeavesAProjectInWhichTheChangesStand) {
   RunDemo(folder.File(""));
   ProjectSession project(folder.File("boiler.qz7"), corvane1::ProjectMode::ReadOnly);
   std::ostringstream out, err;
-  const LoadedPage page = LoadPage(project, ChoosePage(project, 0), {out, err});
+  const LoadedPage page = LoadPage(project, ChoosePage(project, {}), {out, err});
   std::map<Long, ElementRef> touched;
   std::size_t wagon = 0;
   for (std::size_t index = 0; index < page.elements.size(); ++index) {
@@ -159,7 +159,7 @@ TEST(Demo, ItsPageShowsEveryShapeInEveryStyle) {
   RunDemo(folder.File(""));
   ProjectSession project(folder.File("boiler.qz7"), corvane1::ProjectMode::ReadOnly);
   std::ostringstream out, err;
-  const LoadedPage page = LoadPage(project, ChoosePage(project, 0), {out, err});
+  const LoadedPage page = LoadPage(project, ChoosePage(project, {}), {out, err});
   std::map<std::string_view, int> classes;
   std::map<std::pair<Long, Long>, int> pens;
   std::map<Long, int> hatches, fills, lineWidths;

@@ -23,7 +23,8 @@ class DiffCommandTest : public test::CliProjectTest {
     int status;
     std::string out;
   };
-  Run Diff(const std::string& a, const std::string& b, Long page = 0, const std::string& picture = {}) {
+  Run Diff(const std::string& a, const std::string& b, std::optional<Long> page = {},
+           const std::string& picture = {}) {
     std::ostringstream out, err;
     const int status = DiffCommand(a, b, page, picture, {out, err});
     EXPECT_EQ(err.str(), "");
@@ -61,6 +62,17 @@ TEST_F(DiffCommandTest, AProjectDoesNotDifferFromItself) {
   const Run run = Diff(Path(), Path());
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.out, "nothing differs in 2 pages with 3 elements\n");
+}
+
+TEST_F(DiffCommandTest, Page0IsAPageLikeOthers) {
+  const std::string zero = PageText(0, {ElementText(1, 2, 30, 40)});
+  ImportAll({zero, kOne});
+  const std::string b = Changed({"UPDATE HMI_Elements SET PenWidth=3"});
+  EXPECT_EQ(Diff(Path(), b, 0).out,
+            "page 0: element 1 (clsRectangle): PenWidth 1 -> 3\n1 difference on 1 page\n");
+  EXPECT_EQ(Diff(Write("x", zero), Path()).out, "nothing differs in 1 page with 1 element\n");
+  EXPECT_EQ(test::MessageOf([&] { Diff(Write("x", kOne), Write("y", kOne), 0); }),
+            "neither page file " + File("x") + " nor page file " + File("y") + " has a page 0");
 }
 
 TEST_F(DiffCommandTest, EmptyProjectsDoNotDiffer) {
@@ -159,12 +171,12 @@ TEST_F(DiffCommandTest, PaintsThePageThatDiffers) {
   };
   ImportAll({page(1, 0), page(2, 0)});
   const std::string b = Changed({"UPDATE HMI_Elements SET Xs=2 WHERE DisplayID=2 AND Type=1"});
-  EXPECT_EQ(Diff(Path(), b, 0, File("x.png")).status, 1);
+  EXPECT_EQ(Diff(Path(), b, {}, File("x.png")).status, 1);
   constexpr std::uint32_t W = 0xFFFFFF;
   EXPECT_EQ(test::ReadPng(File("x.png")).pixels,
             (std::vector<std::uint32_t>{kDiffersInA, W, kDiffersInB, W}));
   // The other way round, and a page file.
-  Diff(Write("y", page(2, 2)), Path(), 0, File("x.png"));
+  Diff(Write("y", page(2, 2)), Path(), {}, File("x.png"));
   EXPECT_EQ(test::ReadPng(File("x.png")).pixels,
             (std::vector<std::uint32_t>{kDiffersInB, W, kDiffersInA, W}));
 }
@@ -175,16 +187,16 @@ TEST_F(DiffCommandTest, APageThatIsNotThereIsWhite) {
   ImportAll({page});
   const std::string b = Changed({"DELETE * FROM HMI_Elements", "DELETE * FROM HostPages"});
   constexpr std::uint32_t W = 0xFFFFFF;
-  Diff(Path(), b, 0, File("x.png"));
+  Diff(Path(), b, {}, File("x.png"));
   EXPECT_EQ(test::ReadPng(File("x.png")).pixels, (std::vector<std::uint32_t>{kDiffersInA, W}));
-  Diff(b, Path(), 0, File("x.png"));
+  Diff(b, Path(), {}, File("x.png"));
   EXPECT_EQ(test::ReadPng(File("x.png")).pixels, (std::vector<std::uint32_t>{kDiffersInB, W}));
 }
 
 TEST_F(DiffCommandTest, SeveralPagesThatDifferHaveToBeChosenFrom) {
   ImportAll({kOne, kTwo, PageText(3, {})});
   const std::string b = Changed({"UPDATE HMI_Elements SET PenWidth=3"});
-  EXPECT_EQ(test::MessageOf([&] { Diff(Path(), b, 0, File("x.png")); }),
+  EXPECT_EQ(test::MessageOf([&] { Diff(Path(), b, {}, File("x.png")); }),
             "several pages differ (1, 2): choose one for the picture with --page");
   EXPECT_FALSE(fs::exists(File("x.png")));
   Diff(Path(), b, 2, File("x.png"));
@@ -193,7 +205,7 @@ TEST_F(DiffCommandTest, SeveralPagesThatDifferHaveToBeChosenFrom) {
 
 TEST_F(DiffCommandTest, WhereNothingDiffersNothingIsPainted) {
   ImportAll({kOne});
-  EXPECT_EQ(Diff(Path(), Path(), 0, File("x.png")).status, 0);
+  EXPECT_EQ(Diff(Path(), Path(), {}, File("x.png")).status, 0);
   EXPECT_FALSE(fs::exists(File("x.png")));
 }
 
@@ -209,7 +221,7 @@ TEST_F(DiffCommandTest, ThePictureOfAChangedPageIsTheGoldenOne) {
   };
   const std::string line =
       R"(, {"class": "clsLine", "Xs": 14, "Ys": 68, "Dx": 40, "Dy": -20, "PenWidth": 3, "ColorFore": 9})";
-  Diff(Write("a", page("16", "40", "")), Write("b", page("36", "60", line)), 0, File("x.png"));
+  Diff(Write("a", page("16", "40", "")), Write("b", page("36", "60", line)), {}, File("x.png"));
   test::ExpectGolden(test::ReadPng(File("x.png")), "difference");
 }
 

@@ -127,10 +127,11 @@ TEST(PageFileReader, KnowsTheLimitsOfPageAndPanel) {
   };
   EXPECT_EQ(ErrorIn(page("1", "0", "1", "1")), "");
   EXPECT_EQ(ErrorIn(page("2147483647", "2147483647", "4096", "4096")), "");
-  EXPECT_EQ(ErrorIn(page("0", "1", "1", "1")),
-            "page file x.json: \"page\" must be a whole number from 1 to 2147483647, 0 was given");
+  EXPECT_EQ(ErrorIn(page("0", "1", "1", "1")), "");
+  EXPECT_EQ(ErrorIn(page("-1", "1", "1", "1")),
+            "page file x.json: \"page\" must be a whole number from 0 to 2147483647, -1 was given");
   EXPECT_EQ(ErrorIn(page("\"1\"", "1", "1", "1")),
-            "page file x.json: \"page\" must be a whole number from 1 to 2147483647, \"1\" was given");
+            "page file x.json: \"page\" must be a whole number from 0 to 2147483647, \"1\" was given");
   EXPECT_EQ(
       ErrorIn(page("1", "-1", "1", "1")),
       "page file x.json: \"panel\": \"type\" must be a whole number from 0 to 2147483647, -1 was given");
@@ -210,7 +211,9 @@ TEST(PageFileReader, RefusesAPropertyThatIsThereTwice) {
   EXPECT_EQ(ErrorInElement(R"({"class": "clsRectangle", "Xs": 1, "Ys": 2, "xs": 1})"),
             "page file x.json, element 1 (clsRectangle): property \"xs\" is given twice");
   EXPECT_EQ(ErrorInElement(R"({"class": "clsRectangle", "class": "clsRectangle"})"),
-            "page file x.json, element 1 (clsRectangle): property \"class\" is given twice");
+            "page file x.json, element 1 (clsRectangle): \"class\" is given twice");
+  EXPECT_EQ(ErrorInElement(R"({"CLASS": "clsGroup", "class": "clsGroup"})"),
+            "page file x.json, element 1 (clsGroup): \"class\" is given twice");
 }
 
 TEST(PageFileReader, NamesThePropertyThatTheClassRefuses) {
@@ -287,7 +290,7 @@ TEST(PageFileReader, OnlyAGroupHasElements) {
 TEST(PageFileReader, AGroupHasNothingButElements) {
   const std::string place = "page file x.json, element 1 (clsGroup): ";
   EXPECT_EQ(ErrorInElement(R"({"class": "clsGroup", "Xs": 1})"),
-            place + "property \"Xs\" does not exist; nearest is \"elements\"");
+            place + "property \"Xs\" does not exist: a clsGroup has no properties, only \"elements\"");
   for (const char* name : {"ID", "GroupID", "Depth", "Props"}) {
     EXPECT_EQ(ErrorInElement(std::string(R"({"class": "clsGroup", ")") + name + R"(": 1})"),
               place + "property \"" + name +
@@ -298,7 +301,7 @@ TEST(PageFileReader, AGroupHasNothingButElements) {
   EXPECT_EQ(ErrorInElement(R"({"class": "clsGroup", "elements": {}})"),
             place + "\"elements\" must be an array, {} was given");
   EXPECT_EQ(ErrorInElement(R"({"class": "clsGroup", "elements": [], "ELEMENTS": []})"),
-            place + "property \"ELEMENTS\" is given twice");
+            place + "\"ELEMENTS\" is given twice");
 }
 
 TEST(PageFileReader, RefusesATouchableMember) {

@@ -285,12 +285,12 @@ TEST_F(PageStoreTest, AGroupsPlaceThatIsNoneIsNamed) {
 
 TEST_F(PageStoreTest, TheOnlyPageNeedsNoNumber) {
   Import(PageText(12, {}));
-  EXPECT_EQ(ChoosePage(Session(), 0).number, 12);
+  EXPECT_EQ(ChoosePage(Session(), {}).number, 12);
   EXPECT_EQ(ChoosePage(Session(), 12).number, 12);
 }
 
 TEST_F(PageStoreTest, TellsThePagesThatThereAre) {
-  EXPECT_EQ(test::MessageOf([this] { ChoosePage(Session(), 0); }), "project p.qz7 has no pages");
+  EXPECT_EQ(test::MessageOf([this] { ChoosePage(Session(), {}); }), "project p.qz7 has no pages");
   EXPECT_EQ(test::MessageOf([this] { ChoosePage(Session(), 3); }), "project p.qz7 has no pages");
   Import(PageText(12, {}));
   EXPECT_EQ(test::MessageOf([this] { ChoosePage(Session(), 3); }),
@@ -298,7 +298,7 @@ TEST_F(PageStoreTest, TellsThePagesThatThereAre) {
   Import(PageText(4, {}));
   EXPECT_EQ(test::MessageOf([this] { ChoosePage(Session(), 3); }),
             "project p.qz7 has no page 3; there are pages 4, 12");
-  EXPECT_EQ(test::MessageOf([this] { ChoosePage(Session(), 0); }),
+  EXPECT_EQ(test::MessageOf([this] { ChoosePage(Session(), {}); }),
             "project p.qz7 has several pages (4, 12): choose one with --page");
   EXPECT_EQ(ChoosePage(Session(), 4).number, 4);
 }

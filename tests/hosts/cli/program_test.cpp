@@ -95,6 +95,8 @@ TEST_F(ProgramTest, BringsTextsInAndOut) {
 TEST_F(ProgramTest, WrongUseIsOneLine) {
   const std::string more = "; quenzel7 --help tells more";
   ExpectFailure({}, "quenzel7: A subcommand is required" + more);
+  ExpectFailure({"--scale", "2"}, "quenzel7: A subcommand is required" + more);
+  ExpectFailure({"exprot", "p.qz7"}, "quenzel7: there is no command \"exprot\"" + more);
   ExpectFailure({"import"}, "quenzel7: PAGE.json is required" + more);
   ExpectFailure({"import", "a"}, "quenzel7: PROJECT is required" + more);
   ExpectFailure({"render", "p"}, "quenzel7: --output is required" + more);
@@ -104,7 +106,7 @@ TEST_F(ProgramTest, WrongUseIsOneLine) {
   for (const char* scale : {"0", "17", "1.5", "x"}) {
     EXPECT_EQ(Run({"render", "p", "-o", "x", "--scale", scale}).status, 2) << scale;
   }
-  for (const char* page : {"0", "-1", "2147483648", "x"}) {
+  for (const char* page : {"-1", "2147483648", "x"}) {
     const auto run = Run({"export", "p", "--page", page});
     EXPECT_EQ(run.status, 2) << page;
     EXPECT_EQ(run.err.substr(0, 16), "quenzel7: --page");
@@ -292,6 +294,52 @@ TEST_F(ProgramTest, PagesThatAreNotThereAreTold) {
                   "project p.qz7 has several pages (1, 4): choose one with --page");
   }
   EXPECT_FALSE(fs::exists(File("x")));
+}
+
+TEST_F(ProgramTest, Page0IsAPageLikeOthers) {
+  ImportPages({0});
+  EXPECT_EQ(Run({"export", "p.qz7"}).out, TextOf("ok.json"));
+  ImportPages({4});
+  ImportPages({0});
+  for (const std::vector<std::string>& command :
+       {std::vector<std::string>{"export", "p.qz7"}, {"render", "p.qz7", "-o", "x"}}) {
+    ExpectFailure(command, "project p.qz7 has several pages (0, 4): choose one with --page");
+  }
+  const auto run = Run({"export", "p.qz7", "--page", "0"});
+  EXPECT_EQ(run.out, TextOf("ok.json"));
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(Run({"render", "p.qz7", "--page", "0", "-o", "x.png"}).status, 0);
+  EXPECT_EQ(Run({"diff", "p.qz7", "ok.json", "--page", "0"}).out,
+            "nothing differs in 1 page with 1 element\n");
+  EXPECT_EQ(Run({"check", "p.qz7"}).out, "nothing found in 2 pages, 2 elements and 2 operand rows\n");
+}
+
+TEST_F(ProgramTest, ExportTellsWhatNoPageFileCanHold) {
+  Write("ok.json", R"({"page": 1, "panel": {"type": 1, "width": 4, "height": 2}, "elements": [
+    {"class": "clsGroup"}, {"class": "clsGroup"}, {"class": "clsGroup"}, {"class": "clsGroup"},
+    {"class": "clsLine", "TouchOprndAddr": 5}]})");
+  ASSERT_EQ(Run({"import", "ok.json", "p.qz7"}).status, 0);
+  const std::string refused = "note: import will refuse this page file: ";
+  InProject("UPDATE HMI_Elements SET GroupID=ID-1 WHERE ID IN (2, 3, 4)");
+  const auto deep = Run({"export", "p.qz7"});
+  EXPECT_EQ(deep.status, 0);
+  EXPECT_EQ(deep.out.substr(0, 13), "{\n  \"page\": 1");
+  const std::string group = ", element 1 (clsGroup)";
+  EXPECT_EQ(deep.err, refused + "page 1" + group + group + group + group + ": groups nest at most 3 deep\n");
+  InProject("UPDATE HMI_Elements SET GroupID=-1 WHERE ID<5");
+  InProject("UPDATE HMI_Elements SET GroupID=1 WHERE ID=5");
+  const auto touchable = Run({"export", "p.qz7", "-o", "out.json"});
+  EXPECT_EQ(touchable.status, 0);
+  EXPECT_EQ(
+      touchable.err,
+      refused +
+          "page 1, element 4 (clsGroup), element 1 (clsLine): property \"TouchOprndAddr\" must be -1 in a "
+          "group, which holds no touchable element; 5 was given\n");
+  EXPECT_TRUE(fs::exists(File("out.json")));
+  InProject("UPDATE HMI_Elements SET GroupID=-1, DisplayID=-5");
+  InProject("DELETE * FROM HostPages");
+  EXPECT_EQ(Run({"export", "p.qz7"}).err,
+            refused + "page -5: \"page\" must be a whole number from 0 to 2147483647, -5 was given\n");
 }
 
 TEST_F(ProgramTest, ProjectsThatAreNotThereAreTold) {
