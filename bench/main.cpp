@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/canvas.h"
 #include "bench/ratios.h"
 
 namespace {
@@ -47,6 +48,9 @@ void KeepMemory() {
 /// Measures the subjects that are named, or all of them.
 int main(int count, char** names) {
   KeepMemory();
+  for (const Peer& peer : Peers()) {
+    if (!peer.make) std::printf("%s is not there: nothing is measured against it\n", peer.name.c_str());
+  }
   const std::vector<std::string> wanted(names + 1, names + count);
   std::printf("%-58s %10s %10s   %s\n", "work", "measured", "budget", "against");
   bool isMet = true;
