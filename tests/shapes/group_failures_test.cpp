@@ -18,7 +18,7 @@
 #include "shapes/round_rect.h"
 #include "tests/platform/ado/failing_vfs.h"
 #include "tests/support/element_double.h"
-#include "tests/support/project_fixture.h"
+#include "tests/support/group_fixture.h"
 #include "tests/support/raises.h"
 
 namespace quenzel7 {
@@ -30,7 +30,6 @@ using automation::ErrorNumber;
 using automation::Variant;
 using test::CallLog;
 using test::CollectionOf;
-using test::ElementDouble;
 using test::ErrorOf;
 using test::GroupOf;
 using test::RaisedBy;
@@ -39,10 +38,10 @@ using Lines = std::vector<std::string>;
 
 constexpr Long kDatabase = static_cast<Long>(ErrorNumber::Database);
 
-class FailingGroup : public test::ProjectTest {
+class FailingGroup : public test::GroupProjectTest {
  protected:
   void SetUp() override {
-    ProjectTest::SetUp();
+    GroupProjectTest::SetUp();
     Platform::Current().messageService = messages_;
     Rebuild();
   }
@@ -87,11 +86,6 @@ class FailingGroup : public test::ProjectTest {
       EXPECT_EQ(raised.number, kDatabase);
       EXPECT_NE(raised.description.find("refused"), std::string::npos) << raised;
     });
-  }
-
-  std::shared_ptr<ElementDouble> Make(const std::string& name) {
-    return std::make_shared<ElementDouble>(name, kRectangleElement,
-                                           [this](const std::string& note) { Recorder().Note(note); });
   }
 
   /// Types of the rows in the order in which they were made.

@@ -16,6 +16,7 @@
 #include "shapes/rectangle.h"
 #include "tests/platform/gdi/picture.h"
 #include "tests/support/element_double.h"
+#include "tests/support/placed_shape.h"
 
 namespace quenzel7 {
 namespace {
@@ -62,11 +63,7 @@ class GroupOfShapes : public ::testing::Test {
 
   template <class Shape>
   static std::shared_ptr<Shape> Placed(Long xs, Long ys, Long dx, Long dy, Long color) {
-    auto shape = std::make_shared<Shape>();
-    shape->Xs(xs);
-    shape->Ys(ys);
-    shape->Dx(dx);
-    shape->Dy(dy);
+    auto shape = test::Placed<Shape>(xs, ys, dx, dy);
     shape->ColorFore(color);
     return shape;
   }

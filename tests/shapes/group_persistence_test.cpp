@@ -17,8 +17,8 @@
 #include "shapes/rectangle.h"
 #include "shapes/round_rect.h"
 #include "tests/support/element_double.h"
+#include "tests/support/group_fixture.h"
 #include "tests/support/placed_shape.h"
-#include "tests/support/project_fixture.h"
 #include "tests/support/raises.h"
 
 namespace quenzel7 {
@@ -35,6 +35,7 @@ using test::Enter;
 using test::ErrorOf;
 using test::GroupOf;
 using test::MemberAt;
+using test::OfDepth;
 using test::Placed;
 
 using Lines = std::vector<std::string>;
@@ -52,42 +53,24 @@ class NotedMessages final : public corvane1::MessageService {
   test::RecordingConnection& recorder_;
 };
 
-class SavedGroup : public test::ProjectTest {
+class SavedGroup : public test::GroupProjectTest {
  protected:
   /// A row of another element, 40, which no test may touch; the next element gets the ID 41.
   void SetUp() override {
-    ProjectTest::SetUp();
+    GroupProjectTest::SetUp();
     Connection().Execute("INSERT INTO HMI_Elements (ID,GUID,Type,GroupID) VALUES (40,1000,99,77)");
     Platform::Current().messageService = std::make_shared<NotedMessages>(Recorder());
   }
   void TearDown() override {
     EXPECT_EQ(Rows("SELECT * FROM HMI_Elements WHERE ID=40", {"GUID", "Type", "GroupID"}),
               Lines{"1000 99 77"});
-    ProjectTest::TearDown();
-  }
-
-  /// A member that notes what it is told in the log of the connection.
-  std::shared_ptr<ElementDouble> Make(const std::string& name, Long type = kRectangleElement) {
-    return std::make_shared<ElementDouble>(name, type,
-                                           [this](const std::string& note) { Recorder().Note(note); });
+    GroupProjectTest::TearDown();
   }
 
   /// The rows of the elements that tests save: ID, type, group, place.
   Lines Elements() {
     return Rows("SELECT * FROM HMI_Elements WHERE ID<>40 ORDER BY ID",
                 {"ID", "Type", "GroupID", "Xs", "Ys", "Dx", "Dy"});
-  }
-
-  template <class Element>
-  std::shared_ptr<Element> Loaded(Long id) {
-    const auto row =
-        ado::OpenRecordset(*ProjectConnection(), "SELECT * FROM HMI_Elements WHERE ID=" + std::to_string(id),
-                           ado::adOpenStatic, ado::adLockReadOnly);
-    auto element = std::make_shared<Element>();
-    EXPECT_FALSE(element->LoadFromDB(*row));
-    // The recordset is still open and on the same row.
-    EXPECT_EQ(automation::To<Long>(row->Get("ID")), id);
-    return element;
   }
 
   /// The log with each saving of a row cut down to its query and its end.
@@ -417,11 +400,6 @@ TEST_F(SavedGroup, DepthGrowsByTheDeepestGroupOfEachCall) {
     g.AddObjectsToGroup(given);
     return g.Depth();
   };
-  const auto ofDepth = [](Long depth) {
-    auto group = GroupOf({});
-    group->Depth(depth);
-    return group;
-  };
   const auto one = GroupOf({});
   EXPECT_EQ(add(*one, CollectionOf({Make("a"), Make("b")})), 1);
   const auto two = GroupOf({});
@@ -432,16 +410,16 @@ TEST_F(SavedGroup, DepthGrowsByTheDeepestGroupOfEachCall) {
   EXPECT_TRUE(clsGroup().IsMaxDepth(given));
 
   // The deepest counts, wherever it stands; a second call adds to the first.
-  for (const auto& elements : {CollectionOf({ofDepth(3), ofDepth(2), Make("e"), ofDepth(1)}),
-                               CollectionOf({ofDepth(1), ofDepth(3), ofDepth(2)}),
-                               CollectionOf({ofDepth(1), ofDepth(2), ofDepth(3)})}) {
+  for (const auto& elements : {CollectionOf({OfDepth(3), OfDepth(2), Make("e"), OfDepth(1)}),
+                               CollectionOf({OfDepth(1), OfDepth(3), OfDepth(2)}),
+                               CollectionOf({OfDepth(1), OfDepth(2), OfDepth(3)})}) {
     EXPECT_EQ(add(*GroupOf({}), elements), 4);
   }
-  EXPECT_EQ(add(*one, CollectionOf({ofDepth(2)})), 3);
+  EXPECT_EQ(add(*one, CollectionOf({OfDepth(2)})), 3);
   EXPECT_EQ(add(*one, CollectionOf({Make("f")})), 3);
-  EXPECT_EQ(add(*one, CollectionOf({ofDepth(1)})), 4);
+  EXPECT_EQ(add(*one, CollectionOf({OfDepth(1)})), 4);
   // Depths below 0 are no deeper than no group.
-  EXPECT_EQ(add(*GroupOf({}), CollectionOf({ofDepth(-5)})), 1);
+  EXPECT_EQ(add(*GroupOf({}), CollectionOf({OfDepth(-5)})), 1);
 }
 
 TEST_F(SavedGroup, ADepthBeyond32BitsOverflowsWhenAllAreTaken) {
@@ -504,16 +482,17 @@ TEST_F(SavedNestedGroup, StandsInItsRowsAfterReopening) {
 
 TEST_F(SavedNestedGroup, IsLoadedByTheHostMemberByMemberAndSavedToTheSameRows) {
   Reopen();
-  const auto outer = Loaded<clsGroup>(47), middle = Loaded<clsGroup>(44), inner = Loaded<clsGroup>(41);
+  const auto outer = LoadedFrom<clsGroup>(47), middle = LoadedFrom<clsGroup>(44),
+             inner = LoadedFrom<clsGroup>(41);
   EXPECT_EQ(middle->GroupID(), outer->ID());
   EXPECT_EQ(inner->GroupID(), middle->ID());
   EXPECT_EQ(outer->ColGroup()->Count(), 0);
   for (const auto& [owner, member] : std::initializer_list<std::pair<std::shared_ptr<clsGroup>, ElementRef>>{
-           {inner, Loaded<clsEllipse>(42)},
-           {inner, Loaded<clsLine>(43)},
-           {middle, Loaded<clsRectangle>(45)},
+           {inner, LoadedFrom<clsEllipse>(42)},
+           {inner, LoadedFrom<clsLine>(43)},
+           {middle, LoadedFrom<clsRectangle>(45)},
            {middle, inner},
-           {middle, Loaded<clsRoundRect>(46)},
+           {middle, LoadedFrom<clsRoundRect>(46)},
            {outer, middle}}) {
     EXPECT_EQ(member->GroupID(), owner->ID());
     Enter(*owner, member);

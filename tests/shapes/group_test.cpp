@@ -35,6 +35,7 @@ using test::Enter;
 using test::ErrorOf;
 using test::GroupOf;
 using test::MemberAt;
+using test::OfDepth;
 
 using Log = std::vector<std::string>;
 
@@ -505,12 +506,6 @@ TEST_F(Group, AddObjectsToGroupOfNothingChangesNothing) {
   g.AddObjectsToGroup(given);
   EXPECT_EQ(g.ColGroup()->Count(), 0);
   EXPECT_EQ(g.Depth(), 1);
-}
-
-std::shared_ptr<clsGroup> OfDepth(Long depth) {
-  auto group = std::make_shared<clsGroup>();
-  group->Depth(depth);
-  return group;
 }
 
 /// An element that is added twice is refused the second time, when it is a member already.

@@ -201,6 +201,13 @@ inline std::shared_ptr<clsGroup> GroupOf(std::initializer_list<ElementRef> membe
   return group;
 }
 
+/// An empty group that tells this depth.
+inline std::shared_ptr<clsGroup> OfDepth(Long depth) {
+  auto group = std::make_shared<clsGroup>();
+  group->Depth(depth);
+  return group;
+}
+
 /// The member at a place, counted from 1, as a T; none when it is of another class.
 template <class T = ItfHmiElement>
 std::shared_ptr<T> MemberAt(const clsGroup& group, Long place) {

@@ -106,6 +106,18 @@ class ProjectTest : public ::testing::Test {
     }
     return lines;
   }
+  /// A new element of the class from its row. Loading leaves the recordset open and on the same row.
+  template <class Element>
+  std::shared_ptr<Element> LoadedFrom(Long id) {
+    const auto row = ado::OpenRecordset(*Platform::Current().projectDatabase->OpenConnection(),
+                                        "SELECT * FROM HMI_Elements WHERE ID=" + std::to_string(id),
+                                        ado::adOpenStatic, ado::adLockReadOnly);
+    auto element = std::make_shared<Element>();
+    EXPECT_FALSE(element->LoadFromDB(*row));
+    EXPECT_EQ(automation::To<Long>(row->Get("ID")), id);
+    return element;
+  }
+
   /// All operand rows: element, type, address, network, purpose.
   std::vector<std::string> OperandRows() {
     return Rows("SELECT * FROM HMI_Operands ORDER BY OprndPurpose",

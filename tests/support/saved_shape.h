@@ -117,16 +117,7 @@ class SavedShape : public ProjectTest {
     return shape;
   }
 
-  std::shared_ptr<Shape> Loaded(Long id) {
-    const auto row =
-        ado::OpenRecordset(*ProjectConnection(), "SELECT * FROM HMI_Elements WHERE ID=" + std::to_string(id),
-                           ado::adOpenStatic, ado::adLockReadOnly);
-    auto shape = std::make_shared<Shape>();
-    EXPECT_FALSE(shape->LoadFromDB(*row));
-    // The recordset is still open and on the same row.
-    EXPECT_EQ(automation::To<Long>(row->Get("ID")), id);
-    return shape;
-  }
+  std::shared_ptr<Shape> Loaded(Long id) { return LoadedFrom<Shape>(id); }
 
   std::vector<std::string> Elements() { return Rows("SELECT * FROM HMI_Elements ORDER BY ID", {"ID"}); }
 
