@@ -415,6 +415,9 @@ TEST_F(Line, PickUpsOverflowBeyond32Bits) {
   EXPECT_EQ(ErrorOf([&] { far->GetPupDirection(kMost, 1, 3); }), 6);
   EXPECT_EQ(ErrorOf([&] { far->GetPupDirection(kLeast, 0, 3); }), 6);
   EXPECT_EQ(ErrorOf([&] { At(0, 0, 1, 1)->GetPupDirection(32768, 0, 3); }), 6);
+  // The reach is computed for a vector of 1 and 1, too.
+  EXPECT_EQ(ErrorOf([&] { At(0, 0, 1, 1)->GetPupDirection(0, 0, kMost); }), 6);
+  EXPECT_EQ(At(0, 0, 1, 1)->GetPupDirection(0, 0, kMost - 1), ePD_LineTail);
 }
 
 }  // namespace
