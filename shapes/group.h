@@ -20,6 +20,9 @@ namespace quenzel7 {
 /// that tells type 8 without being a clsGroup where the group needs more of it than the contract. Groups
 /// nested more than 100 deep, which is how a group looks that a host has made a member of itself, raise
 /// error 28.
+///
+/// Members are saved twice by each group that holds them: what is nested n deep is saved 2^n times. A host
+/// that asks IsMaxDepth before it makes a group stays far from where that is felt.
 class clsGroup : public ItfHmiElement {
  public:
   /// The name under which hosts create it.

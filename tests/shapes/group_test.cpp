@@ -564,6 +564,20 @@ TEST_F(Group, AMemberGroupThatCannotBeSavedFailsWhenItsTurnComes) {
   }
 }
 
+/// A ring that does not hold the group itself is no ring of the group's: it fails where its turn comes.
+TEST_F(Group, ARingAmongTheGivenIsNotWalkedWithoutEnd) {
+  clsGroup g;
+  const auto a = GroupOf({Make("a")}), b = GroupOf({a});
+  a->ColGroup()->Add(b);
+  Take();
+  CollectionRef given = CollectionOf({Make("c"), a});
+  // There is no project.
+  EXPECT_EQ(ErrorOf([&] { g.AddObjectsToGroup(given); }), 91);
+  EXPECT_EQ(Take(), (Log{"c.IsTouchable?", "c.GroupID=-1", "c.SaveToDB()"}));
+  EXPECT_EQ(given->Count(), 1);
+  a->ColGroup()->Remove(2);
+}
+
 /// A host can hang a group into itself all the same.
 TEST_F(Group, AGroupThatHoldsItselfRaisesAnErrorInsteadOfNeverEnding) {
   const auto g = GroupOf({Make("a")});

@@ -137,8 +137,6 @@ TYPED_TEST(SavedElement, ANullColumnIsAnErrorThatNamesIt) {
 }
 
 TYPED_TEST(SavedElement, AMissingColumnIsAnError) {
-  const auto row = ado::OpenRecordset(this->Connection(), "SELECT ID,GroupID FROM HMI_Elements WHERE ID=5",
-                                      ado::adOpenStatic, ado::adLockReadOnly);
   this->Distinct()->SaveToDB();
   const auto narrow = ado::OpenRecordset(this->Connection(), "SELECT ID,GroupID FROM HMI_Elements WHERE ID=5",
                                          ado::adOpenStatic, ado::adLockReadOnly);
