@@ -64,15 +64,13 @@ class HandWritten {
   void Load() {
     HandStatement row(database_, "SELECT * FROM HMI_Elements WHERE ID=?");
     std::vector<int> places;
-    for (const char* column : {"ID", "GroupID", "Xs", "Ys", "Dx", "Dy", "ColorBack", "ColorFore",
-                               "ColorBackTouch", "ColorForeTouch", "ColorHatch", "PenStyle", "PenWidth",
-                               "HatchStyle", "TouchOprndAddr", "VisibleOpAddr", "OrderIndex"}) {
+    for (const std::string_view column : kColumnsRead) {
       places.push_back(row.Place(column));
     }
     database_.Run("BEGIN");
     for (const int id : ids_) {
       row.Bind(1, id).Step();
-      auto loaded = std::make_shared<std::array<int, 17>>();
+      auto loaded = std::make_shared<std::array<int, std::size(kColumnsRead)>>();
       for (std::size_t field = 0; field < loaded->size(); ++field) (*loaded)[field] = row.Int(places[field]);
       loaded_.push_back(std::move(loaded));
       row.Reset();
@@ -84,7 +82,7 @@ class HandWritten {
   HandDatabase database_;
   std::vector<int> ids_;
   /// A program that loads elements keeps what it read.
-  std::vector<std::shared_ptr<std::array<int, 17>>> loaded_;
+  std::vector<std::shared_ptr<std::array<int, std::size(kColumnsRead)>>> loaded_;
 };
 
 std::shared_ptr<clsRectangle> MakeRectangle(Long index) {

@@ -70,30 +70,13 @@ class PageByHand {
   /// Reads what elements keep of their rows, in the order of drawing; gives their number.
   std::size_t Load(int page) {
     HandStatement rows(database_, "SELECT * FROM HMI_Elements WHERE DisplayID=? ORDER BY OrderIndex");
-    constexpr std::string_view kNames[] = {"ID",
-                                           "GroupID",
-                                           "Xs",
-                                           "Ys",
-                                           "Dx",
-                                           "Dy",
-                                           "ColorBack",
-                                           "ColorFore",
-                                           "ColorBackTouch",
-                                           "ColorForeTouch",
-                                           "ColorHatch",
-                                           "PenStyle",
-                                           "PenWidth",
-                                           "HatchStyle",
-                                           "TouchOprndAddr",
-                                           "VisibleOpAddr",
-                                           "OrderIndex"};
-    std::array<int, std::size(kNames)> places{};
-    std::transform(std::begin(kNames), std::end(kNames), places.begin(),
+    std::array<int, std::size(kColumnsRead)> places{};
+    std::transform(std::begin(kColumnsRead), std::end(kColumnsRead), places.begin(),
                    [&](std::string_view name) { return rows.Place(name); });
     const int type = rows.Place("Type");
     for (rows.Bind(1, page); rows.Step();) {
       const std::size_t kept = WriterOf(rows.Int(type)).order == HandOrder::kNone ? 2 : places.size();
-      auto loaded = std::make_shared<std::array<int, std::size(kNames)>>();
+      auto loaded = std::make_shared<std::array<int, std::size(kColumnsRead)>>();
       for (std::size_t field = 0; field < kept; ++field) (*loaded)[field] = rows.Int(places[field]);
       loaded_.push_back(std::move(loaded));
     }

@@ -10,6 +10,25 @@
 
 namespace quenzel7::bench {
 
+/// The columns that a rectangle reads from its row, in its order; what loading by hand reads.
+inline constexpr std::string_view kColumnsRead[] = {"ID",
+                                                    "GroupID",
+                                                    "Xs",
+                                                    "Ys",
+                                                    "Dx",
+                                                    "Dy",
+                                                    "ColorBack",
+                                                    "ColorFore",
+                                                    "ColorBackTouch",
+                                                    "ColorForeTouch",
+                                                    "ColorHatch",
+                                                    "PenStyle",
+                                                    "PenWidth",
+                                                    "HatchStyle",
+                                                    "TouchOprndAddr",
+                                                    "VisibleOpAddr",
+                                                    "OrderIndex"};
+
 /// A fresh folder that goes with the object.
 class Folder {
  public:
