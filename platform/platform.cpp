@@ -33,6 +33,7 @@ Platform::Platform()
       stringLibrary(std::make_shared<corvane1::ProjectStringLibrary>()),
       panelService(std::make_shared<corvane1::ListedPanels>()),
       messageService(std::make_shared<corvane1::CollectedMessages>()),
+      messageBoxes(std::make_shared<corvane1::CollectedMessageBoxes>()),
       errorLog(std::make_shared<corvane1::CollectedErrors>()),
       crcService(std::make_shared<corvane1::StandardCrc>()),
       application(std::make_shared<corvane1::RunningProgram>()),

@@ -10,6 +10,7 @@
 #include "platform/corvane1/error_log.h"
 #include "platform/corvane1/font_service.h"
 #include "platform/corvane1/global_values.h"
+#include "platform/corvane1/message_boxes.h"
 #include "platform/corvane1/message_service.h"
 #include "platform/corvane1/number_generator.h"
 #include "platform/corvane1/panel_service.h"
@@ -65,6 +66,8 @@ struct Platform {
   std::shared_ptr<corvane1::PanelService> panelService;
   /// Shows numbered messages to the user.
   std::shared_ptr<corvane1::MessageService> messageService;
+  /// Shows boxes with texts of the library's own to the user.
+  std::shared_ptr<corvane1::MessageBoxes> messageBoxes;
   /// Takes down errors.
   std::shared_ptr<corvane1::ErrorLog> errorLog;
   /// Tells blocks of bytes apart.
