@@ -1,7 +1,5 @@
 #pragma once
 
-#include <algorithm>
-#include <array>
 #include <cstddef>
 #include <span>
 #include <string>
@@ -9,6 +7,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "framework/named_table.h"
 #include "platform/ado/recordset.h"
 #include "platform/automation/automation_error.h"
 #include "platform/automation/convert.h"
@@ -44,58 +43,36 @@ constexpr Column<Element> ConstantColumn(std::string_view name) {
   return {name, [](const Element&) { return automation::Variant(Constant); }, nullptr};
 }
 
-/// The columns of a class in their order. A class whose table differs from another one's by entries makes it
-/// from that one, so that only the difference is told; an entry that is not there does not compile.
+/// The columns of a class in their order.
 template <class Element, std::size_t N>
-struct ColumnTable {
-  std::array<Column<Element>, N> columns;
-
-  constexpr operator std::span<const Column<Element>>() const { return columns; }
-
-  /// The table without a column.
-  constexpr ColumnTable<Element, N - 1> Without(std::string_view name) const {
-    ColumnTable<Element, N - 1> table{};
-    const auto next = std::copy_n(columns.begin(), PlaceOf(name), table.columns.begin());
-    std::copy(columns.begin() + PlaceOf(name) + 1, columns.end(), next);
-    return table;
-  }
-
-  /// The table with a column in the place of the one of its name.
-  constexpr ColumnTable With(const Column<Element>& column) const {
-    ColumnTable table = *this;
-    table.columns[PlaceOf(column.name)] = column;
-    return table;
-  }
-
-  /// The table with one more column, right after the one of that name.
-  constexpr ColumnTable<Element, N + 1> WithAfter(std::string_view name,
-                                                  const Column<Element>& column) const {
-    ColumnTable<Element, N + 1> table{};
-    auto next = std::copy_n(columns.begin(), PlaceOf(name) + 1, table.columns.begin());
-    *next++ = column;
-    std::copy(columns.begin() + PlaceOf(name) + 1, columns.end(), next);
-    return table;
-  }
-
- private:
-  constexpr std::size_t PlaceOf(std::string_view name) const {
-    std::size_t place = 0;
-    while (columns.at(place).name != name) ++place;
-    return place;
-  }
-};
+using ColumnTable = NamedTable<Column<Element>, N>;
 
 /// A table of the given columns.
 template <class Element, class... Columns>
 constexpr ColumnTable<Element, 1 + sizeof...(Columns)> MakeColumnTable(const Column<Element>& first,
                                                                        const Columns&... others) {
-  return {{{first, others...}}};
+  return MakeNamedTable(first, others...);
 }
 
-/// Writes the columns into the recordset's current row, in the order of the table.
+/// The same error, telling the column.
+inline automation::AutomationError InColumn(const automation::AutomationError& error,
+                                            std::string_view column) {
+  return error.In("column '" + std::string(column) + "' of HMI_Elements");
+}
+
+/// Writes the columns into the recordset's current row, in the order of the table. Errors of the database,
+/// and those of a value that its column cannot hold, telling the column.
 template <class Element>
 void WriteColumns(ado::Recordset& row, const Element& element, std::span<const Column<Element>> columns) {
-  for (const Column<Element>& column : columns) row.Put(column.name, column.value(element));
+  for (const Column<Element>& column : columns) {
+    automation::Variant value;
+    try {
+      value = column.value(element);
+    } catch (const automation::AutomationError& error) {
+      throw InColumn(error, column.name);
+    }
+    row.Put(column.name, value);
+  }
 }
 
 /// Takes the columns of the recordset's current row into the element, in the order of the table. Errors: 3265
@@ -106,7 +83,7 @@ void ReadColumns(const ado::Recordset& row, Element& element, std::span<const Co
     try {
       column.assign(element, row.Get(column.name));
     } catch (const automation::AutomationError& error) {
-      throw error.In("column '" + std::string(column.name) + "' of HMI_Elements");
+      throw InColumn(error, column.name);
     }
   }
 }

@@ -5,7 +5,7 @@
 namespace quenzel7 {
 
 clsEllipse::clsEllipse()
-    : ShapeClass(
+    : ElementClass(
           [] {
             // Two reads: each colour asks for itself.
             const Long colorFore = ElementSetting(ElementDefault::EllipseColor, "0");
@@ -31,7 +31,7 @@ std::span<const Column<FilledShape>> clsEllipse::SaveColumns() const {
 void clsEllipse::ReadBack(const ado::Recordset& row) {
   static constexpr Column<FilledShape> kColumns[] = {Columns<FilledShape>::kOrderIndex};
   ReadColumns<FilledShape>(row, *this, kColumns);
-  ShapeClass::ReadBack(row);
+  ElementClass::ReadBack(row);
 }
 
 }  // namespace quenzel7

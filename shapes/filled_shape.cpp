@@ -15,7 +15,7 @@ std::span<const Column<FilledShape>> FilledShape::SaveColumns() const {
   return FilledColumns<FilledShape>::kSave;
 }
 
-void FilledShape::WriteRow(ado::Recordset& row) const { WriteColumns(row, *this, SaveColumns()); }
+void FilledShape::WriteRow(ado::Recordset& row) { WriteColumns(row, *this, SaveColumns()); }
 
 void FilledShape::ReadRow(const ado::Recordset& row) {
   ReadColumns<FilledShape>(row, *this, FilledColumns<FilledShape>::kLoad);

@@ -38,7 +38,7 @@ class FilledShape : public StrokedShape {
   virtual std::span<const Column<FilledShape>> SaveColumns() const;
 
   void Paint(Long hdc) const override;
-  void WriteRow(ado::Recordset& row) const override;
+  void WriteRow(ado::Recordset& row) override;
   void ReadRow(const ado::Recordset& row) override;
 
   Long ItfHmiElement_ColorHatch() const override { return colorHatch_; }

@@ -84,12 +84,6 @@ class Walk {
 
 thread_local Long Walk::underWay_ = 0;
 
-/// A property that is written by reference and read, the writer's slot first.
-constexpr automation::Member WithGetter(automation::Member member, Variant (*get)(automation::Object&)) {
-  member.get = get;
-  return automation::WriterFirst(member);
-}
-
 #define QUENZEL7_GROUP_PROPERTY(Type, Name, Documentation, ...)                       \
   automation::Property<Type>(#Name, Documentation, AUTOMATION_GETTER(clsGroup, Name), \
                              AUTOMATION_SETTER(clsGroup, Type, Name) __VA_OPT__(, ) __VA_ARGS__)
@@ -102,10 +96,11 @@ constexpr automation::Member kMembers[] = {
         Long, GroupID, "ID of the group that owns this one; -1 when it stands alone.", Mark::Identity)),
     automation::WriterFirst(QUENZEL7_GROUP_PROPERTY(
         Long, Depth, "Nesting height: 1 for a group of plain elements.", Mark::Identity)),
-    WithGetter(automation::PutRefProperty<CollectionRef>(
-                   "ColGroup", "The members, each under the decimal text of its address.",
-                   AUTOMATION_SETTER(clsGroup, CollectionRef, ColGroup)),
-               AUTOMATION_GETTER(clsGroup, ColGroup)),
+    automation::WriterFirst(automation::WithGetter(
+        automation::PutRefProperty<CollectionRef>("ColGroup",
+                                                  "The members, each under the decimal text of its address.",
+                                                  AUTOMATION_SETTER(clsGroup, CollectionRef, ColGroup)),
+        AUTOMATION_GETTER(clsGroup, ColGroup))),
     QUENZEL7_GROUP_PROPERTY(std::vector<Byte>, Props, "ID, GroupID and Depth as 12 bytes, low byte first.",
                             Mark::Identity),
     QUENZEL7_GROUP_METHOD(IsContainsGlobalVars,

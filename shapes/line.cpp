@@ -30,11 +30,9 @@ struct Distance {
 
 }  // namespace
 
-clsLine::clsLine() : ShapeClass(StrokeFromSettings(ElementDefault::LineColor, ElementDefault::LineWidth)) {}
+clsLine::clsLine() : ElementClass(StrokeFromSettings(ElementDefault::LineColor, ElementDefault::LineWidth)) {}
 
-void clsLine::WriteRow(ado::Recordset& row) const {
-  WriteColumns<clsLine>(row, *this, Columns<clsLine>::kSave);
-}
+void clsLine::WriteRow(ado::Recordset& row) { WriteColumns<clsLine>(row, *this, Columns<clsLine>::kSave); }
 
 void clsLine::ReadRow(const ado::Recordset& row) {
   ReadColumns<clsLine>(row, *this, Columns<clsLine>::kLoad);

@@ -22,7 +22,7 @@ class clsLine final : public ShapeClass<clsLine, StrokedShape, kLineElement> {
 
  private:
   void Paint(Long hdc) const override;
-  void WriteRow(ado::Recordset& row) const override;
+  void WriteRow(ado::Recordset& row) override;
   void ReadRow(const ado::Recordset& row) override;
 
   enPickUpDirection ItfHmiElement_GetPupDirection(Long pX, Long Py, Long pWidth) const override;

@@ -17,6 +17,10 @@ namespace quenzel7 {
 using automation::Add;
 using automation::Subtract;
 
+struct PositionedElement::Operands : PresentOperands<PositionedElement> {
+  static constexpr ElementOperand<PositionedElement> kTable[] = {kTouch, kHide};
+};
+
 PositionedElement::~PositionedElement() = default;
 
 void PositionedElement::VisibleOpAddr(Long pValue) {
@@ -41,22 +45,11 @@ void PositionedElement::ItfHmiElement_IsTouchable(bool pValue) {
 }
 
 automation::CollectionRef PositionedElement::BuildOpPropBag() const {
-  auto bags = std::make_shared<automation::Collection>();
-  if (HasTouchOperand()) bags->Add(NewOperandBag(kMemoryBit, touchOprndAddr_, kLocalNetwork));
-  if (HasHideOperand()) bags->Add(NewOperandBag(kMemoryBit, visibleOpAddr_, kLocalNetwork));
-  return bags;
+  return BagsOf<PositionedElement>(*this, Operands::kTable);
 }
 
 void PositionedElement::ItfHmiElement_RestoreAllOperands() {
-  Long place = 0;
-  const auto restore = [this, &place](Long& address, enOperandPurpose purpose) {
-    if (!operandBags_) automation::detail::RaiseObjectNotSet();
-    Long type = kMemoryBit;
-    RestoreOperand(type, address, operandBags_->ObjectAt<automation::PropertyBag>(++place));
-    AddOperandRow(id_, type, address, purpose, kLocalNetwork);
-  };
-  if (HasTouchOperand()) restore(touchOprndAddr_, eOP_TouchOperand);
-  if (HasHideOperand()) restore(visibleOpAddr_, eOP_VisibleOperand);
+  RestoreFromBags<PositionedElement>(*this, operandBags_, Operands::kTable);
 }
 
 bool PositionedElement::ItfHmiElement_LoadFromDB(ado::Recordset& pRsElement) {
@@ -67,7 +60,7 @@ bool PositionedElement::ItfHmiElement_LoadFromDB(ado::Recordset& pRsElement) {
 
 bool PositionedElement::SaveToDB() {
   const auto row = OpenRowsForWriting("SELECT * FROM HMI_ELEMENTS WHERE ID=" + std::to_string(id_));
-  const bool isNew = id_ == kNone;
+  const bool isNew = IsNew();
   if (isNew) {
     row->AddNew();
     row->Put("GUID", NewUniqueNumber());
@@ -84,9 +77,10 @@ bool PositionedElement::SaveToDB() {
 
 void PositionedElement::GiveOrder(ado::Recordset&) { orderIndex_ = NextOrderIndex(); }
 
+void PositionedElement::GiveOrderToRow(ado::Recordset& newRow) { newRow.Put("OrderIndex", NextOrderIndex()); }
+
 void PositionedElement::ReadBack(const ado::Recordset& row) {
-  static constexpr Column<PositionedElement> kColumns[] = {
-      FieldColumn<PositionedElement, &PositionedElement::id_>("ID")};
+  static constexpr auto kColumns = MakeColumnTable(PositionColumns<PositionedElement>::kId);
   ReadColumns<PositionedElement>(row, *this, kColumns);
 }
 
@@ -99,11 +93,23 @@ void PositionedElement::ItfHmiElement_DeleteFromDB() {
   connection->Execute("DELETE FROM DownloadDLUs WHERE GUID = " + std::to_string(guid));
   connection->Execute("DELETE * FROM HMI_Elements WHERE ID=" + id);
   RemoveAllOperandRows(id_);
+  ReleaseOperands();
+  NotifyPageChanged(CurrentDisplayID());
+}
+
+void PositionedElement::ReleaseOperands() const {
+  ReleaseTouchOperand();
+  ReleaseHideOperand();
+}
+
+void PositionedElement::ReleaseTouchOperand() const {
   if (HasTouchOperand()) ReleaseOperand(kMemoryBit, touchOprndAddr_);
+}
+
+void PositionedElement::ReleaseHideOperand() const {
   // Tests 0 where every other test of this field is against -1: an element without a hide operand releases
   // address -1. Hosts rely on it.
   if (visibleOpAddr_ != 0) ReleaseOperand(kMemoryBit, visibleOpAddr_);
-  NotifyPageChanged(CurrentDisplayID());
 }
 
 void PositionedElement::CopyIdentityAndPosition(const PositionedElement& source) {

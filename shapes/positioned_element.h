@@ -8,6 +8,7 @@
 #include "framework/position.h"
 #include "platform/automation/collection.h"
 #include "shapes/element_columns.h"
+#include "shapes/operand_table.h"
 
 namespace quenzel7 {
 
@@ -30,8 +31,9 @@ class PositionedElement : public ItfHmiElement {
   /// Writes the element's row, creating it when ID is -1, and tells the host of the change. Always true.
   bool SaveToDB();
 
-  /// A new collection with a bag for each operand that the element has: touch, then hide.
-  automation::CollectionRef BuildOpPropBag() const;
+  /// A new collection with a bag for each operand that the element has: touch, then hide, unless its class
+  /// tells otherwise.
+  virtual automation::CollectionRef BuildOpPropBag() const;
 
  protected:
   PositionedElement() = default;
@@ -39,16 +41,24 @@ class PositionedElement : public ItfHmiElement {
 
   /// Writes the columns that the class keeps up to date, those of an old row and of a new one alike. "ID" is
   /// the database's, and "GUID" is given once.
-  virtual void WriteRow(ado::Recordset& row) const = 0;
+  virtual void WriteRow(ado::Recordset& row) = 0;
   /// Takes all columns that the class reads from the row.
   virtual void ReadRow(const ado::Recordset& row) = 0;
 
+  /// Whether saving creates the row.
+  virtual bool IsNew() const { return id_ == kNone; }
   /// Gives a new row its place in the drawing order of the page; here in the field, which is then written
   /// with the other columns.
   virtual void GiveOrder(ado::Recordset& newRow);
+  /// GiveOrder of a class that gives the place to the row alone, whatever the field says.
+  static void GiveOrderToRow(ado::Recordset& newRow);
   /// Takes from a row just written what only the database knows: its key. Errors of ReadColumns; the row is
   /// written by then.
   virtual void ReadBack(const ado::Recordset& row);
+  /// Takes the operands of the deleted element out of the project.
+  virtual void ReleaseOperands() const;
+  void ReleaseTouchOperand() const;
+  void ReleaseHideOperand() const;
 
   /// Copies what every element has from another one through the writers of the default interface, in two
   /// parts, since the fields of the class come between them.
@@ -103,15 +113,44 @@ class PositionedElement : public ItfHmiElement {
   Long ItfHmiElement_OrderIndex() const override { return orderIndex_; }
   void ItfHmiElement_OrderIndex(Long pValue) override { orderIndex_ = pValue; }
 
-  /// An entry of column tables: one number of descriptor 1. Loading goes through the property's writer: it
-  /// sets all four descriptors.
-  template <class Element, Long Descriptor::*Number>
+  /// An entry of column tables: one number of descriptor 1. Loading goes through the property's writer.
+  template <class Element, Long Descriptor::*Number, void (ItfHmiElement::*Write)(Long)>
   static constexpr Column<Element> PositionColumn(std::string_view name) {
     return {name, [](const Element& element) { return automation::Variant(element.Initial().*Number); },
             [](Element& element, const automation::Variant& value) {
-              element.position_.SetAll(Number, automation::To<Long>(value));
+              (element.*Write)(automation::To<Long>(value));
             }};
   }
+
+  // clang-format off
+  /// Entries of column tables.
+  template <class Element>
+  struct PositionColumns {
+    static constexpr auto kId = FieldColumn<Element, &Element::id_>("ID");
+    static constexpr auto kGroupId = FieldColumn<Element, &Element::groupId_>("GroupID");
+    static constexpr auto kXs = PositionColumn<Element, &Descriptor::xs, &ItfHmiElement::Xs>("Xs");
+    static constexpr auto kYs = PositionColumn<Element, &Descriptor::ys, &ItfHmiElement::Ys>("Ys");
+    static constexpr auto kDx = PositionColumn<Element, &Descriptor::dx, &ItfHmiElement::Dx>("Dx");
+    static constexpr auto kDy = PositionColumn<Element, &Descriptor::dy, &ItfHmiElement::Dy>("Dy");
+    static constexpr auto kTouchOprndAddr = FieldColumn<Element, &Element::touchOprndAddr_>("TouchOprndAddr");
+    static constexpr auto kVisibleOpAddr = FieldColumn<Element, &Element::visibleOpAddr_>("VisibleOpAddr");
+    static constexpr auto kOrderIndex = FieldColumn<Element, &Element::orderIndex_>("OrderIndex");
+  };
+  // clang-format on
+
+  /// Entries of operand tables: each one there when the element has the operand.
+  template <class Element>
+  struct PresentOperands {
+    static constexpr ElementOperand<Element> kTouch = {
+        eOP_TouchOperand, &Element::touchOprndAddr_, nullptr,
+        [](const Element& element) { return element.HasTouchOperand(); },
+        [](const Element& element) { return element.HasTouchOperand(); }};
+    static constexpr ElementOperand<Element> kHide = {
+        eOP_VisibleOperand, &Element::visibleOpAddr_, nullptr,
+        [](const Element& element) { return element.HasHideOperand(); },
+        [](const Element& element) { return element.HasHideOperand(); }};
+  };
+
   Long id_ = kNone;
   Long groupId_ = kNone;
   Position position_;
@@ -120,6 +159,9 @@ class PositionedElement : public ItfHmiElement {
   automation::CollectionRef operandBags_;
   Long orderIndex_ = 0;
   bool isCanceled_ = false;
+
+ private:
+  struct Operands;
 };
 
 }  // namespace quenzel7

@@ -1,10 +1,8 @@
 #include "shapes/region_shape.h"
 
-#include "framework/project.h"
-
 namespace quenzel7 {
 
-void RegionShape::GiveOrder(ado::Recordset& newRow) { newRow.Put("OrderIndex", NextOrderIndex()); }
+void RegionShape::GiveOrder(ado::Recordset& newRow) { GiveOrderToRow(newRow); }
 
 bool RegionShape::ItfHmiElement_HitTestByPoint(Long pX, Long Py) const { return Region().HasPoint(pX, Py); }
 

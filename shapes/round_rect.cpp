@@ -12,7 +12,7 @@ Long CornerSize(Long side) { return automation::RoundHalfEven(static_cast<Single
 }  // namespace
 
 clsRoundRect::clsRoundRect()
-    : ShapeClass(
+    : ElementClass(
           [] {
             const Long colorFore = ElementSetting(ElementDefault::RoundRectColor, "0");
             return Stroke{.colorFore = colorFore, .colorForeTouch = colorFore, .penWidth = 1};

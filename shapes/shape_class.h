@@ -1,13 +1,10 @@
 #pragma once
 
-#include <memory>
-#include <string>
-#include <string_view>
 #include <type_traits>
 
 #include "framework/element_member_texts.h"
-#include "framework/element_types.h"
 #include "platform/automation/member.h"
+#include "shapes/element_class.h"
 #include "shapes/filled_shape.h"
 
 namespace quenzel7 {
@@ -60,33 +57,8 @@ struct ShapeMembers {
 
 #undef QUENZEL7_SHAPE_PROPERTY
 
-/// What every class of shapes that hosts create tells about itself: its name, its interfaces, its number, and
-/// how a replica is made. `Shape` is the class, `Base` the shape that it is.
+/// The classes of shapes that hosts create.
 template <class Shape, class Base, ElementTypeNumber Type>
-class ShapeClass : public Base {
- public:
-  /// What hosts see of the class: the default interface first, then the element contract.
-  static const automation::ClassInfo& ClassOf() {
-    static const std::string interfaceName = "_" + std::string(Shape::kClassName);
-    static const automation::Interface interface(interfaceName, ShapeMembers<Shape>::kMembers);
-    static const automation::Interface* const interfaces[] = {&interface, &ItfHmiElement::InterfaceOf()};
-    static const automation::ClassInfo info{
-        Shape::kClassName, interfaces, []() -> automation::ObjectRef { return std::make_shared<Shape>(); }};
-    return info;
-  }
-  /// ClassOf, of any object of the class.
-  const automation::ClassInfo& Class() const override { return ClassOf(); }
-
- protected:
-  using Base::Base;
-
- private:
-  Long ItfHmiElement_ElementType() const override { return Type; }
-  std::shared_ptr<ItfHmiElement> ItfHmiElement_Replica() override {
-    auto copy = std::make_shared<Shape>();
-    this->CopyTo(*copy);
-    return copy;
-  }
-};
+using ShapeClass = ElementClass<Shape, Base, Type, ShapeMembers>;
 
 }  // namespace quenzel7

@@ -1,15 +1,13 @@
 #include "shapes/stroked_shape.h"
 
-#include "platform/automation/call_by_name.h"
-#include "platform/platform.h"
+#include "shapes/element_report.h"
 
 namespace quenzel7 {
 
 StrokedShape::StrokedShape(const Stroke& stroke)
-    : colorFore_(stroke.colorFore),
-      colorForeTouch_(stroke.colorForeTouch),
-      penWidth_(stroke.penWidth),
-      colorService_(Platform::Current().colorService) {}
+    : ColoredElement(
+          {.back = kNone, .fore = stroke.colorFore, .backTouch = kNone, .foreTouch = stroke.colorForeTouch}),
+      penWidth_(stroke.penWidth) {}
 
 StrokedShape::Stroke StrokedShape::StrokeFromSettings(ElementDefault color, ElementDefault width) {
   const Long colorFore = ElementSetting(color, "0");
@@ -19,10 +17,7 @@ StrokedShape::Stroke StrokedShape::StrokeFromSettings(ElementDefault color, Elem
 
 void StrokedShape::CopyTo(StrokedShape& copy) const {
   copy.CopyIdentityAndPosition(*this);
-  copy.ColorBack(ColorBack());
-  copy.ColorFore(ColorFore());
-  copy.ColorBackTouch(ColorBackTouch());
-  copy.ColorForeTouch(ColorForeTouch());
+  copy.CopyColors(*this);
   copy.ColorHatch(ColorHatch());
   copy.FillStyle(FillStyle());
   copy.PenStyle(PenStyle());
@@ -31,25 +26,15 @@ void StrokedShape::CopyTo(StrokedShape& copy) const {
   copy.CopyOperands(*this);
 }
 
-gdi::LOGPEN StrokedShape::CurrentPen(Long hdc) {
-  gdi::LOGPEN pen{};
-  gdi::GetObjectA(gdi::GetCurrentObject(hdc, gdi::OBJ_PEN), sizeof pen, &pen);
-  return pen;
-}
-
 void StrokedShape::ItfHmiElement_Draw(Long pHdc, bool) { Paint(pHdc); }
 
 void StrokedShape::ItfHmiElement_DrawToPrinter(Long pHdc, const std::string&) { Paint(pHdc); }
 
 void StrokedShape::ItfHmiElement_CreateStaticElementPrinterReport(automation::Object& pVSPrinter) {
-  const auto paragraph = [&pVSPrinter](const std::string& line) {
-    automation::PutByName(pVSPrinter, "Paragraph", line);
-  };
-  const auto [xs, ys, dx, dy] = Initial();
-  paragraph("Coordinates (Left,Top,Width,Height): (" + std::to_string(xs) + "," + std::to_string(ys) + "," +
-            std::to_string(dx) + "," + std::to_string(dy) + ")");
-  paragraph("Pen Width: " + std::to_string(penWidth_));
-  if (HasHideOperand()) paragraph("Hide Operand: MB " + std::to_string(visibleOpAddr_));
+  ElementReport report(pVSPrinter);
+  report.Coordinates(Initial());
+  report.Line("Pen Width: " + std::to_string(penWidth_));
+  report.MemoryBit("Hide Operand: ", visibleOpAddr_);
 }
 
 }  // namespace quenzel7

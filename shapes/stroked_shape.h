@@ -1,19 +1,15 @@
 #pragma once
 
-#include <memory>
 #include <string>
 
 #include "framework/tab_index.h"
-#include "platform/corvane1/color_service.h"
-#include "platform/gdi/gdi.h"
-#include "shapes/element_columns.h"
+#include "shapes/colored_element.h"
 #include "shapes/element_setting.h"
-#include "shapes/positioned_element.h"
 
 namespace quenzel7 {
 
 /// What the filled shapes and the line share: a pen, four panel colours, their columns and their report.
-class StrokedShape : public PositionedElement {
+class StrokedShape : public ColoredElement {
  public:
   ~StrokedShape() override = default;
 
@@ -38,22 +34,9 @@ class StrokedShape : public PositionedElement {
   /// What the class does not carry reads 0 and goes nowhere.
   void CopyTo(StrokedShape& copy) const;
 
-  /// The pen that is selected in the context.
-  static gdi::LOGPEN CurrentPen(Long hdc);
-  /// A panel colour as the graphics interface takes it.
-  std::uint32_t Rgb(Long panelColor) const { return colorService_->GetColor(panelColor); }
-
   void ItfHmiElement_Draw(Long pHdc, bool pDrawBoundingRect) override;
   void ItfHmiElement_DrawToPrinter(Long pHdc, const std::string& pVarAlias) override;
   void ItfHmiElement_CreateStaticElementPrinterReport(automation::Object& pVSPrinter) override;
-  Long ItfHmiElement_ColorBack() const override { return colorBack_; }
-  void ItfHmiElement_ColorBack(Long pValue) override { colorBack_ = pValue; }
-  Long ItfHmiElement_ColorFore() const override { return colorFore_; }
-  void ItfHmiElement_ColorFore(Long pValue) override { colorFore_ = pValue; }
-  Long ItfHmiElement_ColorBackTouch() const override { return colorBackTouch_; }
-  void ItfHmiElement_ColorBackTouch(Long pValue) override { colorBackTouch_ = pValue; }
-  Long ItfHmiElement_ColorForeTouch() const override { return colorForeTouch_; }
-  void ItfHmiElement_ColorForeTouch(Long pValue) override { colorForeTouch_ = pValue; }
   Long ItfHmiElement_PenWidth() const override { return penWidth_; }
   void ItfHmiElement_PenWidth(Long pValue) override { penWidth_ = pValue; }
   enPenStyle ItfHmiElement_PenStyle() const override { return penStyle_; }
@@ -63,43 +46,27 @@ class StrokedShape : public PositionedElement {
   template <class Shape>
   struct Columns;
 
-  Long colorBack_ = kNone;
-  Long colorFore_;
-  Long colorBackTouch_ = kNone;
-  Long colorForeTouch_;
   enPenStyle penStyle_ = ePS_Solid;
   Long penWidth_;
-
- private:
-  std::shared_ptr<corvane1::ColorService> colorService_;
 };
 
 // clang-format off
 template <class Shape>
-struct StrokedShape::Columns {
-  static constexpr auto kGroupId = FieldColumn<Shape, &Shape::groupId_>("GroupID");
-  static constexpr auto kXs = PositionColumn<Shape, &Descriptor::xs>("Xs");
-  static constexpr auto kYs = PositionColumn<Shape, &Descriptor::ys>("Ys");
-  static constexpr auto kDx = PositionColumn<Shape, &Descriptor::dx>("Dx");
-  static constexpr auto kDy = PositionColumn<Shape, &Descriptor::dy>("Dy");
-  static constexpr auto kColorBack = FieldColumn<Shape, &Shape::colorBack_>("ColorBack");
-  static constexpr auto kColorFore = FieldColumn<Shape, &Shape::colorFore_>("ColorFore");
-  static constexpr auto kColorBackTouch = FieldColumn<Shape, &Shape::colorBackTouch_>("ColorBackTouch");
-  static constexpr auto kColorForeTouch = FieldColumn<Shape, &Shape::colorForeTouch_>("ColorForeTouch");
+struct StrokedShape::Columns : ColorColumns<Shape> {
+  using Common = ColorColumns<Shape>;
+
   static constexpr auto kPenStyle = FieldColumn<Shape, &Shape::penStyle_>("PenStyle");
   static constexpr auto kPenWidth = FieldColumn<Shape, &Shape::penWidth_>("PenWidth");
-  static constexpr auto kTouchOprndAddr = FieldColumn<Shape, &Shape::touchOprndAddr_>("TouchOprndAddr");
-  static constexpr auto kVisibleOpAddr = FieldColumn<Shape, &Shape::visibleOpAddr_>("VisibleOpAddr");
-  static constexpr auto kOrderIndex = FieldColumn<Shape, &Shape::orderIndex_>("OrderIndex");
 
   static constexpr auto kSave = MakeColumnTable(
       TypeColumn<Shape>(),
-      kXs, kYs, kDx, kDy,
+      Common::kXs, Common::kYs, Common::kDx, Common::kDy,
       DisplayColumn<Shape>(),
-      kGroupId,
-      kColorBack, kColorFore, kColorBackTouch, kColorForeTouch, ZeroColumn<Shape>("ColorHatch"),
+      Common::kGroupId,
+      Common::kColorBack, Common::kColorFore, Common::kColorBackTouch, Common::kColorForeTouch,
+      ZeroColumn<Shape>("ColorHatch"),
       kPenStyle, kPenWidth, ZeroColumn<Shape>("HatchStyle"),
-      kTouchOprndAddr, kVisibleOpAddr,
+      Common::kTouchOprndAddr, Common::kVisibleOpAddr,
       ZeroColumn<Shape>("FontNumber"), ZeroColumn<Shape>("DescriptionFontNumber"),
       ZeroColumn<Shape>("Alignment"), ZeroColumn<Shape>("Flat3D"),
       ZeroColumn<Shape>("VarType"), ZeroColumn<Shape>("VarKeyPadEntry"),
@@ -108,15 +75,15 @@ struct StrokedShape::Columns {
       NoOperandColumn<Shape>("KeypadSuccessOpAddr"), NoOperandColumn<Shape>("EnabledOpAddr"),
       NoOperandColumn<Shape>("HighlightOpAddr"),
       ConstantColumn<Shape, Byte, kNoTabIndex>("TabIndex"),
-      kOrderIndex);
+      Common::kOrderIndex);
 
   static constexpr auto kLoad = MakeColumnTable(
-      FieldColumn<Shape, &Shape::id_>("ID"), kGroupId,
-      kXs, kYs, kDx, kDy,
-      kColorBack, kColorFore, kColorBackTouch, kColorForeTouch,
+      Common::kId, Common::kGroupId,
+      Common::kXs, Common::kYs, Common::kDx, Common::kDy,
+      Common::kColorBack, Common::kColorFore, Common::kColorBackTouch, Common::kColorForeTouch,
       kPenStyle, kPenWidth,
-      kTouchOprndAddr, kVisibleOpAddr,
-      kOrderIndex);
+      Common::kTouchOprndAddr, Common::kVisibleOpAddr,
+      Common::kOrderIndex);
 };
 // clang-format on
 

@@ -15,8 +15,10 @@ using automation::Member;
 constexpr std::string_view kPosition[] = {"Xs", "Ys", "Dx", "Dy"};
 
 bool IsPageProperty(const Member& member) {
-  return member.get && member.put && member.mark != Mark::Identity && member.mark != Mark::NotCarried &&
-         IsPageFileType(member.type);
+  constexpr Mark kNotOfThePage[] = {Mark::Identity, Mark::NotCarried, Mark::Transient};
+  return member.get && member.put && IsPageFileType(member.type) &&
+         std::find(std::begin(kNotOfThePage), std::end(kNotOfThePage), member.mark) ==
+             std::end(kNotOfThePage);
 }
 
 }  // namespace

@@ -37,6 +37,12 @@ Long Subtract(Long a, Long b) {
   return difference;
 }
 
+Long Multiply(Long a, Long b) {
+  Long product;
+  if (__builtin_mul_overflow(a, b, &product)) RaiseOverflow(Text(a, " * ", b), "32 bits");
+  return product;
+}
+
 Long Negate(Long a) { return Subtract(0, a); }
 
 Long IntDiv(Long a, Long b) {

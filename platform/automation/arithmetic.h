@@ -9,6 +9,8 @@ namespace quenzel7::automation {
 Long Add(Long a, Long b);
 /// a - b; error 6 when it does not fit 32 bits.
 Long Subtract(Long a, Long b);
+/// a * b; error 6 when it does not fit 32 bits.
+Long Multiply(Long a, Long b);
 /// -a; error 6 for the smallest number.
 Long Negate(Long a);
 

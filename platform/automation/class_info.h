@@ -67,6 +67,8 @@ enum class Mark : Byte {
   NotStored = 2,
   /// Only the slot is there: reading gives 0 and writing does nothing.
   NotCarried = 3,
+  /// Belongs to the moment, not to the page: neither saving nor a page file keeps it.
+  Transient = 4,
 };
 
 /// One published member of an interface: what it is and the thunks that call it on an object of the

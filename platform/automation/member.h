@@ -181,6 +181,12 @@ constexpr Member PutRefProperty(std::string_view name, std::string_view document
   return member;
 }
 
+/// The same entry with a reader beside its writers.
+constexpr Member WithGetter(Member member, Variant (*get)(Object&)) {
+  member.get = get;
+  return member;
+}
+
 /// The same entry with the writer's slot before the reader's.
 constexpr Member WriterFirst(Member member) {
   member.writerFirst = true;

@@ -42,6 +42,22 @@ TEST(Subtract, RaisesOverflowOneBeyondTheLimits) {
   EXPECT_RAISES(6, "overflow: -2 - 2147483647 does not fit 32 bits", Subtract(-2, kMost));
 }
 
+TEST(Multiply, GivesTheProduct) {
+  EXPECT_EQ(Multiply(7, 5), 35);
+  EXPECT_EQ(Multiply(-7, 5), -35);
+  EXPECT_EQ(Multiply(0, kMost), 0);
+}
+
+TEST(Multiply, ReachesBothLimits) {
+  EXPECT_EQ(Multiply(kMost, 1), kMost);
+  EXPECT_EQ(Multiply(1073741824, -2), kLeast);
+}
+
+TEST(Multiply, RaisesOverflowOneBeyondTheLimits) {
+  EXPECT_RAISES(6, "overflow: 1073741824 * 2 does not fit 32 bits", Multiply(1073741824, 2));
+  EXPECT_RAISES(6, "overflow: 715827883 * -3 does not fit 32 bits", Multiply(715827883, -3));
+}
+
 TEST(Negate, TurnsTheSign) {
   EXPECT_EQ(Negate(5), -5);
   EXPECT_EQ(Negate(-5), 5);

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "framework/element_contract.h"
+#include "framework/element_types.h"
+#include "platform/automation/class_info.h"
+
+namespace quenzel7 {
+
+/// What every class of elements that hosts create tells about itself: its name, its interfaces, its number,
+/// and how a replica is made. `Element` is the class, `Base` what it is and gets its behaviour from;
+/// `Members<Element>::kMembers` is the default interface in slot order.
+template <class Element, class Base, ElementTypeNumber Type, template <class> class Members>
+class ElementClass : public Base {
+ public:
+  /// What hosts see of the class: the default interface first, then the element contract.
+  static const automation::ClassInfo& ClassOf() {
+    static const std::string interfaceName = "_" + std::string(Element::kClassName);
+    static const automation::Interface interface(interfaceName, Members<Element>::kMembers);
+    static const automation::Interface* const interfaces[] = {&interface, &ItfHmiElement::InterfaceOf()};
+    static const automation::ClassInfo info{Element::kClassName, interfaces, []() -> automation::ObjectRef {
+                                              return std::make_shared<Element>();
+                                            }};
+    return info;
+  }
+  /// ClassOf, of any object of the class.
+  const automation::ClassInfo& Class() const override { return ClassOf(); }
+
+ protected:
+  using Base::Base;
+
+ private:
+  Long ItfHmiElement_ElementType() const override { return Type; }
+  std::shared_ptr<ItfHmiElement> ItfHmiElement_Replica() override {
+    auto copy = std::make_shared<Element>();
+    this->CopyTo(*copy);
+    return copy;
+  }
+};
+
+}  // namespace quenzel7
