@@ -3,15 +3,20 @@
 #include <string>
 
 #include "platform/automation/types.h"
+#include "platform/corvane1/text_extent.h"
 
+/// What the string library has in several languages. Its current language stays what it was, also when an
+/// error of a service or of the project's connection passes through.
 namespace quenzel7 {
 
 /// The string of that number in the language in which it takes the largest area, and in `fontNumber` the
 /// number of its font, so that a layout made for it fits all languages. Among equals the first language
 /// counts; where no language has a text that takes any area, the answer is that of language 0.
-///
-/// The string library's current language stays what it was, also when an error of a service or of the
-/// project's connection passes through.
 std::string WidestLanguageString(Long number, Long& fontNumber);
+
+/// The room that the string of that number needs in all languages: the greatest width and the greatest
+/// height, each string measured in its own font. Where no language has a text it is that of the word "EMPTY"
+/// in font 0.
+corvane1::TextExtent RoomForAllLanguages(Long number);
 
 }  // namespace quenzel7

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "framework/position.h"
+#include "platform/automation/types.h"
+#include "platform/corvane1/color_service.h"
+
+/// The frames of elements that bear a text.
+namespace quenzel7 {
+
+/// What Flat3D says. Any other number is no style of its own: the classes tell what they make of it.
+enum FrameStyle : Long {
+  kFlat = 0,
+  kRaised = 1,
+  /// Flat, with room for a box that is not painted.
+  kBoxed = 2,
+  kSunken = 3,
+  kTransparent = 4,
+};
+
+/// Whether a frame of that style has a bevel: raised or sunken.
+constexpr bool HasBevel(Long style) { return style == kRaised || style == kSunken; }
+
+/// Paints a raised frame and its face over the place. Error 6 when an edge does not fit 32 bits.
+void DrawRaisedFrame(Long hdc, const Descriptor& place, Long panelColor, corvane1::ColorService& colors);
+
+/// Paints a sunken frame and its face over the place. Errors as above.
+void DrawSunkenFrame(Long hdc, const Descriptor& place, Long panelColor, corvane1::ColorService& colors);
+
+/// Fills the place in one colour, 0x00BBGGRR, edges to the right and below left out. Errors as above.
+void FillPlace(Long hdc, const Descriptor& place, std::uint32_t color);
+
+}  // namespace quenzel7
