@@ -1,0 +1,187 @@
+#include "shapes/frame.h"
+
+#include <optional>
+
+#include "platform/automation/arithmetic.h"
+#include "platform/gdi/gdi.h"
+#include "platform/gdi/selected.h"
+
+namespace quenzel7 {
+
+using automation::Add;
+
+// clang-format off
+struct clsFrame::Columns : TextColumns<clsFrame> {
+  using Frame = clsFrame;
+
+  static constexpr auto kSave = MakeColumnTable(
+      TypeColumn<Frame>(),
+      kXs, kYs, kDx, kDy,
+      DisplayColumn<Frame>(),
+      kGroupId,
+      kText,
+      kColorBack, kColorFore, kColorBackTouch, kColorForeTouch, ZeroColumn<Frame>("ColorHatch"),
+      ZeroColumn<Frame>("PenStyle"), ZeroColumn<Frame>("PenWidth"), ZeroColumn<Frame>("HatchStyle"),
+      kTouchOprndAddr,
+      kFontNumber, ZeroColumn<Frame>("DescriptionFontNumber"),
+      kAlignment, kFlat3D,
+      ZeroColumn<Frame>("VarType"), ZeroColumn<Frame>("VarKeyPadEntry"),
+      ZeroColumn<Frame>("VarOprndType"), ZeroColumn<Frame>("VarOprndAddr"),
+      ZeroColumn<Frame>("GlobalVarID"), ZeroColumn<Frame>("DefaultDisplay"),
+      NoOperandColumn<Frame>("KeypadSuccessOpAddr"), NoOperandColumn<Frame>("EnabledOpAddr"),
+      NoOperandColumn<Frame>("HighlightOpAddr"), NoOperandColumn<Frame>("VisibleOpAddr"));
+  /// Written once the place in the tab order is known.
+  static constexpr auto kSaveLast = MakeColumnTable(kTabIndex, kStorageStringType, kStorageStringId);
+
+  static constexpr auto kReadBack = MakeColumnTable(kId, kOrderIndex);
+
+  static constexpr auto kLoad = MakeColumnTable(
+      kId, kGroupId,
+      kXs, kYs, kDx, kDy,
+      kColorBack, kColorFore, kColorBackTouch, kColorForeTouch,
+      kText, kFontNumber, kAlignment,
+      kTouchOprndAddr,
+      kFlat3D,
+      kStorageStringType, kStorageStringId);
+  static constexpr auto kLoadLast = MakeColumnTable(kTabIndex, kOrderIndex);
+};
+// clang-format on
+
+struct clsFrame::Operands : TextOperands<clsFrame> {
+  /// A touch that opens a keypad has no operand of its own, and so nothing to bring back.
+  static constexpr Long kKeypad = -2;
+
+  static constexpr ElementOperand<clsFrame> kTouchWithBag = {
+      kTouch.purpose, kTouch.address, kTouch.type, Always<clsFrame>,
+      [](const clsFrame& frame) { return frame.HasTouchOperand() && frame.touchOprndAddr_ != kKeypad; }};
+
+  static constexpr ElementOperand<clsFrame> kTable[] = {kTouchWithBag, kStorageString};
+};
+
+clsFrame::clsFrame()
+    : ElementClass(
+          [] {
+            using enum ElementDefault;
+            const Long style = ElementSetting(FrameStyle, "1");
+            const Long back = ElementSetting(style != kFlat ? FrameColorBack : FlatFrameColorBack, "103");
+            const Long fore = ElementSetting(FrameColorFore, "5");
+            const auto alignment = ElementSetting<Integer>(FrameAlignment, "1");
+            return Manner{.flat3D = style,
+                          .colors = {.back = back, .fore = fore, .backTouch = back, .foreTouch = fore},
+                          .alignment = alignment};
+          }(),
+          "Frame") {}
+
+void clsFrame::GetOptimalDimensions(Long& pDx, Long& pDy) const {
+  constexpr Long kAllowance = 8;
+  const corvane1::TextExtent size = FullSize();
+  const Long width = Add(size.width, kAllowance), height = Add(size.height, kAllowance);
+  pDx = width;
+  pDy = height;
+}
+
+// --- Painting ---
+
+void clsFrame::ItfHmiElement_Draw(Long pHdc, bool) {
+  switch (flat3D_) {
+    case kFlat:
+    case kBoxed:
+      PaintBody(pHdc);
+      break;
+    case kRaised:
+      DrawRaisedFrame(pHdc, Displayed(), colorBack_, ColorsToPaint());
+      break;
+    case kSunken:
+      DrawSunkenFrame(pHdc, Displayed(), colorBack_, ColorsToPaint());
+      break;
+    default:
+      return;
+  }
+  if (HasText()) PaintCaption(pHdc);
+}
+
+void clsFrame::PaintBody(Long hdc) const {
+  const std::uint32_t color = Rgb(colorBack_);
+  std::optional<gdi::SelectedPen> pen;
+  if (flat3D_ == kFlat) {
+    const gdi::LOGPEN line{gdi::PS_SOLID, {1, 0}, color};
+    pen.emplace(hdc, gdi::CreatePenIndirect(&line));
+  }
+  const gdi::SelectedBrush brush(hdc, gdi::CreateSolidBrush(color));
+  const auto [xs, ys, dx, dy] = Displayed();
+  gdi::Rectangle(hdc, xs, ys, Add(xs, dx), Add(ys, dy));
+}
+
+void clsFrame::PaintCaption(Long hdc) const {
+  const TextColors colors(hdc, Rgb(colorFore_), Rgb(colorBack_));
+  using Painter = corvane1::TextPainter;
+  PaintBlockOrLines(
+      hdc, flat3D_,
+      [](Painter& painter, Long x, Long y, const std::string& text, Long dc, Long font) {
+        painter.DrawStorageText(x, y, text, dc, font);
+      },
+      [](Painter& painter, Long x, Long y, const std::string& text, Long dc, Long font) {
+        painter.DrawText(x, y, text, dc, font);
+      });
+}
+
+void clsFrame::DrawTransparent(Long pHdc) {
+  const Descriptor place = Displayed();
+  const gdi::OwnedContext memory(pHdc);
+  const gdi::SelectedBitmap bitmap(memory.Get(), gdi::CreateCompatibleBitmap(pHdc, place.dx, place.dy));
+  /// Shows the frame at the corner of the picture for as long as it lives.
+  struct AtCorner {
+    explicit AtCorner(Descriptor& displayed) : displayed_(displayed), before_(displayed) {
+      displayed_.xs = displayed_.ys = 0;
+    }
+    ~AtCorner() { displayed_ = before_; }
+    AtCorner(const AtCorner&) = delete;
+    AtCorner& operator=(const AtCorner&) = delete;
+
+    Descriptor& displayed_;
+    Descriptor before_;
+  };
+  {
+    const AtCorner atCorner(position_.At(kDisplayed));
+    Draw(memory.Get(), false);
+  }
+  constexpr gdi::BLENDFUNCTION kHalf{
+      .BlendOp = gdi::AC_SRC_OVER, .BlendFlags = 0, .SourceConstantAlpha = 128, .AlphaFormat = 0};
+  gdi::AlphaBlend(pHdc, place.xs, place.ys, place.dx, place.dy, memory.Get(), 0, 0, place.dx, place.dy,
+                  kHalf);
+}
+
+void clsFrame::ReportOperands(ElementReport& report) const { ReportLibraryString(report); }
+
+// --- Rows and operands ---
+
+void clsFrame::GiveOrder(ado::Recordset& newRow) { GiveOrderToRow(newRow); }
+
+void clsFrame::WriteRow(ado::Recordset& row) {
+  WriteColumns<clsFrame>(row, *this, Columns::kSave);
+  TakeTabIndex(row);
+  WriteColumns<clsFrame>(row, *this, Columns::kSaveLast);
+}
+
+void clsFrame::ReadBack(const ado::Recordset& row) { ReadColumns<clsFrame>(row, *this, Columns::kReadBack); }
+
+void clsFrame::ReadRow(const ado::Recordset& row) {
+  ReadColumns<clsFrame>(row, *this, Columns::kLoad);
+  ChooseLibraryText();
+  ReadColumns<clsFrame>(row, *this, Columns::kLoadLast);
+}
+
+automation::CollectionRef clsFrame::BuildOpPropBag() const {
+  return BagsOf<clsFrame>(*this, Operands::kTable);
+}
+
+void clsFrame::ItfHmiElement_RestoreAllOperands() {
+  RestoreFromBags<clsFrame>(*this, operandBags_, Operands::kTable);
+}
+
+void clsFrame::ReleaseOperands() const {
+  ReleaseTouchOperand();
+  ReleaseStorageOperand();
+}
+
+}  // namespace quenzel7
