@@ -29,7 +29,7 @@ namespace quenzel7 {
 struct Platform {
   /// The embedded defaults, all of them real: colours of the panel palette, fonts of the panel list, panel
   /// models, settings, operands, numbers and strings kept in the project that `heldProject` holds, changes,
-  /// messages and errors collected, global values held.
+  /// messages, boxes and errors collected, global values held.
   Platform();
 
   /// The services of the calling thread.

@@ -1,7 +1,5 @@
 #include "platform/corvane1/error_log.h"
 
-#include <iostream>
-
 #include "platform/corvane1/one_line.h"
 
 namespace quenzel7::corvane1 {
@@ -18,13 +16,6 @@ std::string ErrorLine(const ErrorReport& report) {
   }
   if (report.value != 0) line += "; " + std::to_string(report.value);
   return OneLine(line);
-}
-
-CollectedErrors::CollectedErrors() : CollectedErrors(&std::cerr) {}
-
-void CollectedErrors::Report(const ErrorReport& report) {
-  if (output_) *output_ << ErrorLine(report) << std::endl;
-  reports_.Add(report);
 }
 
 }  // namespace quenzel7::corvane1

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <deque>
-#include <iosfwd>
 #include <string>
 
 #include "platform/automation/types.h"
-#include "platform/corvane1/recent.h"
+#include "platform/corvane1/collected.h"
 
 namespace quenzel7::corvane1 {
 
@@ -41,25 +40,14 @@ class ErrorLog {
 std::string ErrorLine(const ErrorReport& report);
 
 /// The embedded default: prints each report as a line and keeps the latest `kMostRecent`.
-class CollectedErrors final : public ErrorLog {
+class CollectedErrors final : public ErrorLog, public Collected<ErrorReport> {
  public:
-  /// Prints on standard error.
-  CollectedErrors();
-  /// Prints on the stream, which has to outlive this object; nullptr prints nowhere.
-  explicit CollectedErrors(std::ostream* output) : output_(output) {}
+  using Collected::Collected;
 
-  void Report(const ErrorReport& report) override;
+  void Report(const ErrorReport& report) override { Take(ErrorLine(report), report); }
 
-  /// Where reports are printed from now on, as for the constructor.
-  void Output(std::ostream* output) { output_ = output; }
   /// What was reported, in order.
-  const std::deque<ErrorReport>& Reports() const { return reports_.Entries(); }
-  /// Forgets what was reported.
-  void Clear() { reports_.Clear(); }
-
- private:
-  std::ostream* output_;
-  Recent<ErrorReport> reports_;
+  const std::deque<ErrorReport>& Reports() const { return Entries(); }
 };
 
 }  // namespace quenzel7::corvane1

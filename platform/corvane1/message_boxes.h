@@ -1,12 +1,10 @@
 #pragma once
 
-#include <deque>
-#include <iosfwd>
 #include <string>
 
 #include "platform/automation/types.h"
-#include "platform/corvane1/message_service.h"
-#include "platform/corvane1/recent.h"
+#include "platform/corvane1/answers.h"
+#include "platform/corvane1/collected.h"
 
 namespace quenzel7::corvane1 {
 
@@ -33,28 +31,11 @@ struct ShownBox {
 
 /// The embedded default, for hosts without a window: prints each box as a line, "CAPTION: TEXT", keeps the
 /// latest `kMostRecent`, and answers what it was told to answer.
-class CollectedMessageBoxes final : public MessageBoxes {
+class CollectedMessageBoxes final : public MessageBoxes, public CollectedQuestions<ShownBox> {
  public:
-  /// Prints on standard error.
-  CollectedMessageBoxes();
-  /// Prints on the stream, which has to outlive this object; nullptr prints nowhere.
-  explicit CollectedMessageBoxes(std::ostream* output) : output_(output) {}
+  using CollectedQuestions::CollectedQuestions;
 
   Long Show(const std::string& text, Long buttons, const std::string& caption) override;
-
-  /// What Show gives from now on; `kAnswerOk` until then.
-  void Answer(Long answer) { answer_ = answer; }
-  /// Where boxes are printed from now on, as for the constructor.
-  void Output(std::ostream* output) { output_ = output; }
-  /// What was shown, in order.
-  const std::deque<ShownBox>& Shown() const { return shown_.Entries(); }
-  /// Forgets what was shown.
-  void Clear() { shown_.Clear(); }
-
- private:
-  std::ostream* output_;
-  Long answer_ = kAnswerOk;
-  Recent<ShownBox> shown_;
 };
 
 }  // namespace quenzel7::corvane1

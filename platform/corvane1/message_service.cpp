@@ -1,11 +1,9 @@
 #include "platform/corvane1/message_service.h"
 
 #include <algorithm>
-#include <iostream>
 #include <string_view>
 
 #include "platform/automation/convert.h"
-#include "platform/corvane1/one_line.h"
 
 namespace quenzel7::corvane1 {
 namespace {
@@ -48,13 +46,9 @@ std::string MessageText(Long number, const Variant& argument) {
   return text;
 }
 
-CollectedMessages::CollectedMessages() : CollectedMessages(&std::cerr) {}
-
 Long CollectedMessages::ShowMessage(Long number, Variant& argument) {
   const std::string text = MessageText(number, argument);
-  if (output_) *output_ << OneLine(text) << std::endl;
-  shown_.Add({number, text});
-  return answer_;
+  return Ask(text, {number, text});
 }
 
 }  // namespace quenzel7::corvane1

@@ -1,19 +1,13 @@
 #pragma once
 
-#include <deque>
-#include <iosfwd>
 #include <string>
 
 #include "platform/automation/types.h"
 #include "platform/automation/variant.h"
-#include "platform/corvane1/recent.h"
+#include "platform/corvane1/answers.h"
+#include "platform/corvane1/collected.h"
 
 namespace quenzel7::corvane1 {
-
-/// Answers of a user to a message.
-inline constexpr Long kAnswerOk = 1;
-inline constexpr Long kAnswerYes = 6;
-inline constexpr Long kAnswerNo = 7;
 
 /// Shows numbered messages, whose texts it keeps, to the user.
 class MessageService {
@@ -39,29 +33,12 @@ std::string MessageText(Long number, const automation::Variant& argument);
 
 /// The embedded default, for hosts without a window: prints each message as a line, keeps the latest
 /// `kMostRecent`, and answers what it was told to answer.
-class CollectedMessages final : public MessageService {
+class CollectedMessages final : public MessageService, public CollectedQuestions<ShownMessage> {
  public:
-  /// Prints on standard error.
-  CollectedMessages();
-  /// Prints on the stream, which has to outlive this object; nullptr prints nowhere.
-  explicit CollectedMessages(std::ostream* output) : output_(output) {}
+  using CollectedQuestions::CollectedQuestions;
 
   /// Leaves the argument alone; shows a number that it does not know too.
   Long ShowMessage(Long number, automation::Variant& argument) override;
-
-  /// What ShowMessage gives from now on; `kAnswerOk` until then.
-  void Answer(Long answer) { answer_ = answer; }
-  /// Where messages are printed from now on, as for the constructor.
-  void Output(std::ostream* output) { output_ = output; }
-  /// What was shown, in order.
-  const std::deque<ShownMessage>& Shown() const { return shown_.Entries(); }
-  /// Forgets what was shown.
-  void Clear() { shown_.Clear(); }
-
- private:
-  std::ostream* output_;
-  Long answer_ = kAnswerOk;
-  Recent<ShownMessage> shown_;
 };
 
 }  // namespace quenzel7::corvane1

@@ -29,6 +29,7 @@ TEST_F(PlatformServices, AreCompleteFromTheBeginning) {
   EXPECT_EQ(platform.stringLibrary->Language(), 1);
   EXPECT_EQ(platform.panelService->Model(1).width, 128);
   EXPECT_NE(dynamic_cast<corvane1::CollectedMessages*>(platform.messageService.get()), nullptr);
+  EXPECT_NE(dynamic_cast<corvane1::CollectedMessageBoxes*>(platform.messageBoxes.get()), nullptr);
   EXPECT_NE(dynamic_cast<corvane1::CollectedErrors*>(platform.errorLog.get()), nullptr);
   EXPECT_EQ(platform.crcService->Crc(std::vector<Byte>{'a', 'b', 'c'}), 0x352441C2);
   EXPECT_NE(platform.application->Path(), "");
