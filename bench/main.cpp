@@ -19,9 +19,11 @@ struct Subject {
   std::vector<Ratio> (*measure)();
 };
 
-constexpr Subject kSubjects[] = {
-    {"gdi", GdiRatios}, {"shapes", ShapeRatios},     {"text", TextRatios}, {"pictures", PictureRatios},
-    {"ado", AdoRatios}, {"elements", ElementRatios}, {"page", PageRatios}, {"threads", ThreadRatios}};
+constexpr Subject kSubjects[] = {{"gdi", GdiRatios},          {"shapes", ShapeRatios},
+                                 {"text", TextRatios},        {"text-painter", TextPainterRatios},
+                                 {"pictures", PictureRatios}, {"ado", AdoRatios},
+                                 {"elements", ElementRatios}, {"page", PageRatios},
+                                 {"threads", ThreadRatios}};
 
 /// Prints a line of the table; false if it is over its budget.
 bool Print(const Ratio& line) {

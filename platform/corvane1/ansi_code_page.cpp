@@ -36,10 +36,10 @@ std::string AnsiCodePage::Encoded(std::string_view text) const {
 }
 
 AnsiCodePage AnsiCodePageOf(Settings& settings) {
-  const std::string text =
-      settings.GetSetting(kTextSection, kCodePageKey, std::to_string(AnsiCodePage::kDefault));
+  static const std::string fallback = std::to_string(AnsiCodePage::kDefault);
+  const std::string text = settings.GetSetting(kTextSection, kCodePageKey, fallback);
   try {
-    return AnsiCodePage(automation::To<Long>(automation::Variant(text)));
+    return AnsiCodePage(automation::LongFromText(text));
   } catch (const AutomationError& error) {
     throw error.In("setting " + std::to_string(kTextSection) + "/" + std::to_string(kCodePageKey));
   }

@@ -18,12 +18,7 @@ std::shared_ptr<gdi::Font> PanelFontService::Realized(Long fontNumber) const {
 Long PanelFontService::GetCharHeight(Long fontNumber) { return Realized(fontNumber)->Height(); }
 
 std::array<Long, 256> PanelFontService::GetCharWidths(Long fontNumber) {
-  const auto font = Realized(fontNumber);
-  std::array<Long, 256> widths;
-  for (std::size_t code = 0; code < widths.size(); ++code) {
-    widths[code] = font->MeasuresOfByte(static_cast<unsigned char>(code)).advance;
-  }
-  return widths;
+  return Realized(fontNumber)->AdvancesOfBytes();
 }
 
 TextExtent PanelFontService::GetTextRect(const std::string& text, Long fontNumber) {

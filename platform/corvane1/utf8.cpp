@@ -26,7 +26,7 @@ Form FormOf(unsigned first) {
 
 }  // namespace
 
-char32_t TakeCharacter(std::string_view& text) {
+char32_t TakeLongCharacter(std::string_view& text) {
   const auto byteAt = [&](std::size_t i) {
     return static_cast<unsigned>(static_cast<unsigned char>(text[i]));
   };
@@ -34,8 +34,7 @@ char32_t TakeCharacter(std::string_view& text) {
   const Form form = FormOf(first);
   char32_t character = form.bits;
   std::size_t taken = 1;
-  bool isWhole = form.more > 0 || first < 0x80;
-  if (first < 0x80) character = first;
+  bool isWhole = form.more > 0;
   for (int i = 0; i < form.more; ++i) {
     const unsigned least = i == 0 ? form.least : 0x80, most = i == 0 ? form.most : 0xBF;
     if (taken == text.size() || byteAt(taken) < least || byteAt(taken) > most) {

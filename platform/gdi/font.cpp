@@ -102,6 +102,17 @@ const Glyph& Font::FindGlyphOfByte(unsigned char byte) {
   return glyph;
 }
 
+const std::array<std::int32_t, 256>& Font::AdvancesOfBytes() {
+  if (!advances_) {
+    std::array<std::int32_t, 256> advances{};
+    for (std::size_t byte = 0; byte < advances.size(); ++byte) {
+      advances[byte] = MeasuresOfByte(static_cast<unsigned char>(byte)).advance;
+    }
+    advances_ = advances;
+  }
+  return *advances_;
+}
+
 Glyph Font::MakeGlyph(char32_t character) {
   ++rasterizations_;
   FontFace* source = face_;

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 
@@ -86,6 +87,8 @@ class Font {
   const Glyph& MeasuresOfByte(unsigned char byte) {
     return measures_[byte] != nullptr ? *measures_[byte] : FindGlyphOfByte(byte);
   }
+  /// How far the next character is to the right of each byte, in pixels.
+  const std::array<std::int32_t, 256>& AdvancesOfBytes();
   /// The character that a byte of a text stands for.
   char32_t CharacterOf(unsigned char byte) const { return codePage_[byte]; }
 
@@ -110,9 +113,10 @@ class Font {
   bool isBold_ = false, isEmboldened_ = false, isLeaning_ = false;
 
   std::unordered_map<char32_t, Glyph> glyphs_;
-  std::array<const Glyph*, 256> quick_{};     ///< those of `glyphs_` below 256
-  std::array<const Glyph*, 256> byBytes_{};   ///< those of `glyphs_` that bytes stand for
-  std::array<const Glyph*, 256> measures_{};  ///< as `byBytes_`, with forgotten pictures too
+  std::array<const Glyph*, 256> quick_{};                  ///< those of `glyphs_` below 256
+  std::array<const Glyph*, 256> byBytes_{};                ///< those of `glyphs_` that bytes stand for
+  std::array<const Glyph*, 256> measures_{};               ///< as `byBytes_`, with forgotten pictures too
+  std::optional<std::array<std::int32_t, 256>> advances_;  ///< nothing until somebody asks for all of them
   std::size_t glyphBytes_ = 0;
   std::size_t rasterizations_ = 0;
 };

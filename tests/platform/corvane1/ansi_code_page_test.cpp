@@ -75,6 +75,8 @@ TEST_F(AnsiCodePageSetting, IsThePageOf1252WhenThereIsNone) {
 TEST_F(AnsiCodePageSetting, TellsTheNumber) {
   EXPECT_EQ(Set("1253").Number(), 1253);
   EXPECT_EQ(Set("1255").CharSet(), 177);
+  EXPECT_EQ(Set(" 1250 ").Number(), 1250);
+  EXPECT_EQ(Set("1250.6").Number(), 1251);
 }
 
 TEST_F(AnsiCodePageSetting, AnotherSectionOrKeyIsAnotherSetting) {

@@ -133,6 +133,19 @@ TEST(Font, BytesGoThroughTheCodePage) {
   EXPECT_NE(RowsOf(greek->GlyphOfByte(0xE1)), RowsOf(greek->GlyphOf(0xE1)));
 }
 
+TEST(Font, TellsTheAdvancesOfAllBytesAtOnce) {
+  LOGFONT description = Described("DejaVu Sans", 24);
+  description.lfCharSet = 161;
+  const auto greek = Made(description);
+  const auto* advances = &greek->AdvancesOfBytes();
+  for (std::size_t byte = 0; byte < 256; ++byte) {
+    EXPECT_EQ((*advances)[byte], greek->GlyphOfByte(static_cast<unsigned char>(byte)).advance) << byte;
+  }
+  EXPECT_NE((*advances)['i'], (*advances)['W']);
+  EXPECT_NE((*advances)[0xE1], greek->Advance(0xE1));
+  EXPECT_EQ(&greek->AdvancesOfBytes(), advances);
+}
+
 TEST(Font, ForgetsPicturesRatherThanFillTheMemory) {
   const auto font = Made("DejaVu Sans", 1024);
   std::size_t bytes = 0;
