@@ -25,13 +25,22 @@ std::optional<std::uint8_t> AnsiCodePage::CodeOf(char32_t character) const {
   return gdi::ByteOf(character, charSet_);
 }
 
+char AnsiCodePage::Shown(char32_t character) const {
+  const auto code = CodeOf(character);
+  return code ? static_cast<char>(*code) : kSubstitute;
+}
+
 std::string AnsiCodePage::Encoded(std::string_view text) const {
   std::string encoded;
   encoded.reserve(text.size());
-  while (!text.empty()) {
-    const auto code = CodeOf(TakeCharacter(text));
-    encoded += code ? static_cast<char>(*code) : kSubstitute;
-  }
+  while (!text.empty()) encoded += Shown(TakeCharacter(text));
+  return encoded;
+}
+
+std::string AnsiCodePage::Encoded(std::u32string_view text) const {
+  std::string encoded;
+  encoded.reserve(text.size());
+  for (const char32_t character : text) encoded += Shown(character);
   return encoded;
 }
 

@@ -31,8 +31,12 @@ class AnsiCodePage {
   /// A text in UTF-8 as a text of this page, one byte a character. `kSubstitute` stands for what has no code,
   /// and for bytes that are no UTF-8 as `TakeCharacter` counts them.
   std::string Encoded(std::string_view text) const;
+  /// The same for characters.
+  std::string Encoded(std::u32string_view text) const;
 
  private:
+  char Shown(char32_t character) const;
+
   Long number_;
   std::uint8_t charSet_;
 };

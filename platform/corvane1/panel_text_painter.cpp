@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/corvane1/text_lines.h"
+#include "platform/corvane1/visual_order.h"
 #include "platform/gdi/font.h"
 #include "platform/gdi/gdi.h"
 #include "platform/gdi/selected.h"
@@ -21,6 +22,12 @@ gdi::COLORREF ColorOf(gdi::HGDIOBJ pen) {
   gdi::EXTLOGPEN description{};
   gdi::GetObjectA(pen, sizeof description, &description);
   return description.elpColor;
+}
+
+/// A line as it is painted from left to right.
+std::string InCodePage(const AnsiCodePage& codePage, std::string_view line) {
+  const auto ordered = VisualOrder(line);
+  return ordered ? codePage.Encoded(*ordered) : codePage.Encoded(line);
 }
 
 /// How a context paints texts, for as long as this lives.
@@ -78,7 +85,6 @@ TextExtent PanelTextPainter::GetTextSize(const std::string& text, Long fontNumbe
 void PanelTextPainter::Paint(Long x, Long y, const std::string& text, gdi::HDC dc, Long fontNumber,
                              gdi::BackgroundMode background) const {
   const AnsiCodePage codePage = codePage_();
-  const std::string encoded = codePage.Encoded(text);
   const gdi::LOGFONT description = fonts_.DescriptionOf(fontNumber, codePage);
   const gdi::HGDIOBJ pen = gdi::GetCurrentObject(dc, gdi::OBJ_PEN);
   if (pen == 0) return;
@@ -86,10 +92,11 @@ void PanelTextPainter::Paint(Long x, Long y, const std::string& text, gdi::HDC d
   const gdi::SelectedFont font(dc, gdi::CreateFontIndirectA(&description));
   const Long lineHeight = gdi::FontFor(description)->Height();
   std::int64_t top = y;
-  ForEachLine(encoded, [&](std::string_view line) {
+  ForEachLine(text, [&](std::string_view line) {
     // Lines below all coordinates do not show.
     if (top > std::numeric_limits<Long>::max()) return;
-    gdi::TextOutA(dc, x, static_cast<Long>(top), line.data(), static_cast<std::int32_t>(line.size()));
+    const std::string shown = InCodePage(codePage, line);
+    gdi::TextOutA(dc, x, static_cast<Long>(top), shown.data(), static_cast<std::int32_t>(shown.size()));
     top += lineHeight;
   });
 }

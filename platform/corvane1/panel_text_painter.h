@@ -10,7 +10,8 @@ namespace quenzel7::corvane1 {
 
 /// The embedded default: paints by `TextOutA` in the fonts of a list, in black and white pixels without
 /// smoothing, with the characters of the code page; a character that it does not have shows as a question
-/// mark.
+/// mark. Each line is put into the order in which it is seen, see `VisualOrder`; Arabic letters are not
+/// joined, since the code page has one form of each.
 ///
 /// All four painting operations are alike but for the background: each takes a text of several lines, parted
 /// by "\r\n", one below the other at the height of the font, and options mean nothing. Text colour,

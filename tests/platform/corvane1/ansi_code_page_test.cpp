@@ -58,6 +58,12 @@ TEST(AnsiCodePage, EncodesOneByteACharacter) {
   EXPECT_EQ(AnsiCodePage().Encoded(""), "");
 }
 
+TEST(AnsiCodePage, EncodesCharactersAsItDoesTexts) {
+  EXPECT_EQ(AnsiCodePage().Encoded(U"5 \u20AC \u00E4\r\n\u03C9"), "5 \x80 \xE4\r\n?");
+  EXPECT_EQ(AnsiCodePage(1255).Encoded(U"\u05E5\u05D7"), "\xF5\xE7");
+  EXPECT_EQ(AnsiCodePage().Encoded(U""), "");
+}
+
 TEST(AnsiCodePage, PutsAQuestionMarkForWhatHasNoCode) {
   EXPECT_EQ(AnsiCodePage().Encoded("a\xD0\x90"
                                    "b\xE4\xB8\xAD"),

@@ -54,6 +54,15 @@ Lines PictureOfA(int width, int height, std::size_t x, std::size_t y, char ink, 
   return rows;
 }
 
+/// The calls that paint lines.
+Lines PaintedLines(const gdi::Recorder& recorder) {
+  Lines painted;
+  for (const std::string& call : recorder.Calls()) {
+    if (call.rfind("TextOutA", 0) == 0) painted.push_back(call);
+  }
+  return painted;
+}
+
 TEST_F(PaintedText, IsThePensColourOnTheBackgroundColour) {
   painter_.DrawText(3, 5, "A", Dc(), kUnifont);
   EXPECT_EQ(gdi::Rows(surface_), PictureOfA(24, 34, 3, 5, 'b', 'r'));
@@ -148,11 +157,7 @@ TEST_F(PaintedText, OnAWrongHandleIsNothing) {
 TEST_F(PaintedText, LinesBelowAllCoordinatesAreLeftOut) {
   gdi::Recorder recorder;
   painter_.DrawText(0, kMost - 16, "a\r\nb\r\nc", Dc(), kUnifont);
-  Lines painted;
-  for (const std::string& call : recorder.Calls()) {
-    if (call.rfind("TextOutA", 0) == 0) painted.push_back(call);
-  }
-  EXPECT_EQ(painted,
+  EXPECT_EQ(PaintedLines(recorder),
             (Lines{"TextOutA(dc:1, 0, 2147483631, \"a\", 1)", "TextOutA(dc:1, 0, 2147483647, \"b\", 1)"}));
 }
 
@@ -170,6 +175,15 @@ TEST_F(PaintedText, IsInTheCodePage) {
   number = 1251;
   EXPECT_EQ(painted("\xD0\x90"), PictureOfA(24, 34, 0, 0, 'b', 'r'));
   EXPECT_EQ(painted("\xCE\x91"), painted("?"));
+}
+
+TEST_F(PaintedText, IsInTheOrderInWhichItIsSeenLineByLine) {
+  PanelTextPainter painter(PanelFontList(), [] { return AnsiCodePage(1255); });
+  gdi::Recorder recorder;
+  painter.DrawText(3, 5, "\xD7\x90(\xD7\x91) 12\r\nbar \xD7\x90\xD7\x91\r\nbar", Dc(), kUnifont);
+  EXPECT_EQ(PaintedLines(recorder),
+            (Lines{"TextOutA(dc:1, 3, 5, \"12 (\\xe1)\\xe0\", 7)",
+                   "TextOutA(dc:1, 3, 21, \"bar \\xe1\\xe0\", 6)", "TextOutA(dc:1, 3, 37, \"bar\", 3)"}));
 }
 
 TEST_F(PaintedText, PassesOnTheErrorsOfTheCodePageAndPaintsNothing) {
@@ -270,7 +284,7 @@ TEST(PanelTextPainterPixels, AreThoseOfTheFontFilesInEveryScript) {
        {Script{1252, "Speed \xC3\xA4\xC3\x9F\xE2\x82\xAC 12.5", U"Speed \u00E4\u00DF\u20AC 12.5"},
         Script{1253, "\xCE\xA0\xCE\xAF\xCE\xB5\xCF\x83\xCE\xB7", U"\u03A0\u03AF\u03B5\u03C3\u03B7"},
         Script{1251, "\xD0\x9D\xD0\xB0\xD1\x81\xD0\xBE\xD1\x81", U"\u041D\u0430\u0441\u043E\u0441"},
-        Script{1255, "\xD7\x9C\xD7\x97\xD7\xA5", U"\u05DC\u05D7\u05E5"}}) {
+        Script{1255, "\xD7\x9C\xD7\x97\xD7\xA5", U"\u05E5\u05D7\u05DC"}}) {
     const AnsiCodePage codePage(script.codePage);
     PanelTextPainter painter(PanelFontList(), [&] { return codePage; });
     for (const Long number : {0, 1, 2, 3, 5, 6, 7, 10, 38}) {
