@@ -62,8 +62,8 @@ std::vector<Ratio> GdiRatios();
 std::vector<Ratio> ShapeRatios();
 /// Lines of text against other drawing libraries, and whether these write as much ink.
 std::vector<Ratio> TextRatios();
-/// Short texts, measured and painted by the services that elements use, against a plain loop over the font
-/// library's pictures, and whether both give the same pixels.
+/// Short texts, measured and painted by the services that elements use and by the elements themselves,
+/// against a plain loop over the font library's pictures, and whether all give the same pixels.
 std::vector<Ratio> TextPainterRatios();
 /// Pictures with a colour left out against other drawing libraries, and whether these paint the same.
 std::vector<Ratio> PictureRatios();

@@ -11,21 +11,26 @@ namespace quenzel7::corvane1 {
 PanelFontService::PanelFontService(PanelFontList fonts, AnsiCodePageSource codePage)
     : fonts_(std::move(fonts)), codePage_(std::move(codePage)) {}
 
-std::shared_ptr<gdi::Font> PanelFontService::Realized(Long fontNumber) const {
-  return gdi::FontFor(fonts_.DescriptionOf(fontNumber, codePage_()));
+gdi::Font& PanelFontService::Realized(Long fontNumber) {
+  const AnsiCodePage codePage = codePage_();
+  // Whoever asks for a font's height asks for its widths and its texts next.
+  if (!latest_.font || latest_.number != fontNumber || latest_.codePage != codePage.Number()) {
+    latest_ = {fontNumber, codePage.Number(), gdi::FontFor(fonts_.DescriptionOf(fontNumber, codePage))};
+  }
+  return *latest_.font;
 }
 
-Long PanelFontService::GetCharHeight(Long fontNumber) { return Realized(fontNumber)->Height(); }
+Long PanelFontService::GetCharHeight(Long fontNumber) { return Realized(fontNumber).Height(); }
 
 std::array<Long, 256> PanelFontService::GetCharWidths(Long fontNumber) {
-  return Realized(fontNumber)->AdvancesOfBytes();
+  return Realized(fontNumber).AdvancesOfBytes();
 }
 
 TextExtent PanelFontService::GetTextRect(const std::string& text, Long fontNumber) {
-  const auto font = Realized(fontNumber);
-  return ExtentOfLines(text, font->Height(), [&](std::string_view line) {
+  gdi::Font& font = Realized(fontNumber);
+  return ExtentOfLines(text, font.Height(), [&](std::string_view line) {
     std::int64_t width = 0;
-    while (!line.empty()) width += font->Advance(TakeCharacter(line));
+    while (!line.empty()) width += font.Advance(TakeCharacter(line));
     return width;
   });
 }

@@ -33,10 +33,17 @@ class PanelFontService final : public FontService {
   std::string GetFontName(Long fontNumber) override { return fonts_.FontOf(fontNumber).name; }
 
  private:
-  std::shared_ptr<gdi::Font> Realized(Long fontNumber) const;
+  /// The font that was asked for last.
+  struct Latest {
+    Long number = 0, codePage = 0;
+    std::shared_ptr<gdi::Font> font;
+  };
+
+  gdi::Font& Realized(Long fontNumber);
 
   const PanelFontList fonts_;
   const AnsiCodePageSource codePage_;
+  Latest latest_;
 };
 
 }  // namespace quenzel7::corvane1
