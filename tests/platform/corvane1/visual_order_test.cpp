@@ -58,6 +58,10 @@ TEST(VisualOrder, TurnsGroupsOfArabicDigitsAround) {
   EXPECT_EQ(VisualOrder("\xD9\xA1\xD9\xA2 \xD9\xA3"), Order(U"\u0663 \u0661\u0662"));
 }
 
+TEST(VisualOrder, BeginsOnTheLeftWithoutAStrongCharacter) {
+  EXPECT_EQ(VisualOrder("\xD9\xA1!"), Order(U"\u0661!"));
+}
+
 TEST(VisualOrder, ObeysMarksOfDirectionAndKeepsThem) {
   EXPECT_EQ(VisualOrder("\xE2\x80\x8F"
                         "a!"),
