@@ -21,6 +21,8 @@ LOGFONT Shown(const LOGFONT& description) {
   return shown;
 }
 
+bool IsSame(const LOGFONT& a, const LOGFONT& b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+
 }  // namespace
 
 FontCache::FontCache(const FontCatalog& catalog)
@@ -29,16 +31,18 @@ FontCache::FontCache(const FontCatalog& catalog)
 }
 
 std::shared_ptr<Font> FontCache::Find(const LOGFONT& description) {
+  // A text is measured several times before it is painted, always in the same words.
+  if (!entries_.empty() && IsSame(asked_, description)) return entries_.front().font;
   const LOGFONT shown = Shown(description);
-  const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
-    return std::memcmp(&entry.description, &shown, sizeof shown) == 0;
-  });
+  const auto found = std::find_if(entries_.begin(), entries_.end(),
+                                  [&](const Entry& entry) { return IsSame(entry.description, shown); });
   if (found != entries_.end()) {
     std::rotate(entries_.begin(), found, found + 1);
   } else {
     entries_.insert(entries_.begin(), {shown, std::make_shared<Font>(shown, catalog_, library_)});
     if (entries_.size() > kCapacity) entries_.pop_back();
   }
+  asked_ = description;
   return entries_.front().font;
 }
 

@@ -30,6 +30,7 @@ class FontCache {
   const FontCatalog& catalog_;
   std::shared_ptr<FaceLibrary> library_;
   std::vector<Entry> entries_;  ///< the one used last in front
+  LOGFONT asked_{};             ///< the words in which that one was asked for
 };
 
 }  // namespace quenzel7::gdi

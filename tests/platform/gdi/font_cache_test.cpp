@@ -42,6 +42,16 @@ TEST(FontCache, TellsFontsApartByAllThatShows) {
   EXPECT_FALSE(differs([](LOGFONT& f) { f.lfFaceName[8] = 'x'; }));
 }
 
+TEST(FontCache, ADescriptionOfNothingIsOneAsWell) {
+  FontCache cache(FontCatalog::OfMachine());
+  const auto plain = cache.Find(LOGFONT{});
+  const auto font = cache.Find(Described("Unifont", 32));
+  EXPECT_NE(font, plain);
+  EXPECT_EQ(cache.Find(LOGFONT{}), plain);
+  EXPECT_EQ(cache.Find(LOGFONT{}), plain);
+  EXPECT_EQ(plain->Height(), 16);
+}
+
 TEST(FontCache, AnyItalicIsItalic) {
   FontCache cache(FontCatalog::OfMachine());
   LOGFONT a = Described("Unifont", 16), b = a;
