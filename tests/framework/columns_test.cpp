@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -22,18 +21,27 @@ constexpr Column<Tank> kColumns[] = {
     FieldColumn<Tank, &Tank::level>("Ys"),
 };
 
-using Columns = test::ProjectTest;
+using test::CallLog;
+
+class Columns : public test::ProjectTest {
+ protected:
+  /// A row that is being made; only what is asked of it from now on is noted.
+  ado::RecordsetRef NewRow() {
+    auto row = ado::OpenRecordset(*Platform::Current().projectDatabase->OpenConnection(),
+                                  "SELECT * FROM HMI_Elements WHERE ID=-1", ado::adOpenStatic,
+                                  ado::adLockOptimistic);
+    row->AddNew();
+    TakeLog();
+    return row;
+  }
+};
 
 TEST_F(Columns, AreWrittenInTheOrderOfTheTableInTheWidthOfTheirFields) {
-  const auto row =
-      ado::OpenRecordset(*Platform::Current().projectDatabase->OpenConnection(),
-                         "SELECT * FROM HMI_Elements WHERE ID=-1", ado::adOpenStatic, ado::adLockOptimistic);
-  row->AddNew();
-  TakeLog();
+  const auto row = NewRow();
   static constexpr Column<Tank> columns[] = {kColumns[0], kColumns[1],
                                              ConstantColumn<Tank, Byte, 9>("TabIndex")};
   WriteColumns<Tank>(*row, Tank{}, columns);
-  EXPECT_EQ(TakeLog(), (test::CallLog{"put Xs=2:Integer", "put Ys=1:Long", "put TabIndex=9:Byte"}));
+  EXPECT_EQ(TakeLog(), (CallLog{"put Xs=2:Integer", "put Ys=1:Long", "put TabIndex=9:Byte"}));
 }
 
 TEST_F(Columns, AreReadInTheOrderOfTheTable) {
@@ -43,7 +51,7 @@ TEST_F(Columns, AreReadInTheOrderOfTheTable) {
   TakeLog();
   Tank tank;
   ReadColumns<Tank>(*row, tank, kColumns);
-  EXPECT_EQ(TakeLog(), (test::CallLog{"get Xs", "get Ys"}));
+  EXPECT_EQ(TakeLog(), (CallLog{"get Xs", "get Ys"}));
   EXPECT_EQ(tank.flag, 70);
   EXPECT_EQ(tank.level, 71);
 }
@@ -60,72 +68,65 @@ TEST_F(Columns, AnErrorNamesTheColumnAndKeepsItsNumber) {
   EXPECT_EQ(tank.level, 1);
 }
 
-// --- Tables made of tables ---
-
-constexpr auto kFirst = FieldColumn<Tank, &Tank::level>("First");
-constexpr auto kMiddle = FieldColumn<Tank, &Tank::level>("Middle");
-constexpr auto kLast = FieldColumn<Tank, &Tank::level>("Last");
-constexpr auto kThree = MakeColumnTable(kFirst, kMiddle, kLast);
-constexpr auto kOther = FieldColumn<Tank, &Tank::flag>("Other");
-
-/// The columns of a table in order, each with the value that it writes.
-template <std::size_t N>
-std::vector<std::string> Shown(const ColumnTable<Tank, N>& table) {
-  std::vector<std::string> columns;
-  for (const Column<Tank>& column : std::span<const Column<Tank>>(table)) {
-    columns.push_back(std::string(column.name) + "=" + test::Shown(column.value(Tank{})));
-  }
-  return columns;
+TEST_F(Columns, AValueThatCannotBeWrittenIsAnErrorThatNamesTheColumn) {
+  static constexpr Column<Tank> kNarrow = {
+      "TabIndex", [](const Tank& tank) { return automation::Variant(automation::To<Byte>(tank.level)); }};
+  static constexpr Column<Tank> columns[] = {kColumns[0], kNarrow, kColumns[1]};
+  const auto row = NewRow();
+  EXPECT_RAISES(6, "column 'TabIndex' of HMI_Elements: overflow: 256 does not fit a byte",
+                WriteColumns<Tank>(*row, Tank{.level = 256}, columns));
+  // What comes before it is written, the rest is not.
+  EXPECT_EQ(TakeLog(), CallLog{"put Xs=2:Integer"});
+  WriteColumns<Tank>(*row, Tank{.level = 255}, columns);
+  EXPECT_EQ(TakeLog(), (CallLog{"put Xs=2:Integer", "put TabIndex=255:Byte", "put Ys=255:Long"}));
 }
 
-using Names = std::vector<std::string>;
+TEST_F(Columns, AnErrorOfTheDatabaseEndsWriting) {
+  const auto row = NewRow();
+  Recorder().FailAt(1);
+  const test::Raised raised = test::RaisedBy([&] { WriteColumns<Tank>(*row, Tank{}, kColumns); });
+  EXPECT_EQ(raised.number, static_cast<Long>(automation::ErrorNumber::Database));
+  EXPECT_EQ(raised.description, "failed at put Xs=2:Integer");
+  EXPECT_EQ(TakeLog(), CallLog{"put Xs=2:Integer"});
+}
+
+TEST_F(Columns, AColumnThatTheRowLacksIsAnErrorThatNamesIt) {
+  Connection().Execute("INSERT INTO HMI_Elements (Xs,Ys) VALUES (70,71)");
+  const auto row =
+      ado::OpenRecordset(Connection(), "SELECT * FROM HMI_Elements", ado::adOpenStatic, ado::adLockReadOnly);
+  static constexpr Column<Tank> columns[] = {FieldColumn<Tank, &Tank::level>("Depth")};
+  Tank tank;
+  const test::Raised raised = test::RaisedBy([&] { ReadColumns<Tank>(*row, tank, columns); });
+  EXPECT_EQ(raised.number, 3265);
+  EXPECT_EQ(raised.description.find("column 'Depth' of HMI_Elements: "), 0u) << raised;
+}
+
+TEST_F(Columns, NullIsAnErrorThatNamesTheColumn) {
+  Connection().Execute("INSERT INTO HMI_Elements (Xs,Ys) VALUES (70,Null)");
+  const auto row =
+      ado::OpenRecordset(Connection(), "SELECT * FROM HMI_Elements", ado::adOpenStatic, ado::adLockReadOnly);
+  Tank tank;
+  const test::Raised raised = test::RaisedBy([&] { ReadColumns<Tank>(*row, tank, kColumns); });
+  EXPECT_EQ(raised.number, 94);
+  EXPECT_EQ(raised.description.find("column 'Ys' of HMI_Elements: "), 0u) << raised;
+  // What comes before it was read.
+  EXPECT_EQ(tank.flag, 70);
+  EXPECT_EQ(tank.level, 1);
+}
 
 TEST(ColumnTable, HoldsItsColumnsInTheOrderGiven) {
-  EXPECT_EQ(Shown(kThree), (Names{"First=1:Long", "Middle=1:Long", "Last=1:Long"}));
-  EXPECT_EQ(Shown(MakeColumnTable(kOther)), (Names{"Other=2:Integer"}));
+  constexpr auto table = MakeColumnTable(kColumns[1], ConstantColumn<Tank, Byte, 9>("TabIndex"), kColumns[0]);
+  std::vector<std::string> shown;
+  for (const Column<Tank>& column : std::span<const Column<Tank>>(table)) {
+    shown.push_back(std::string(column.name) + "=" + test::Shown(column.value(Tank{})));
+  }
+  EXPECT_EQ(shown, (std::vector<std::string>{"Ys=1:Long", "TabIndex=9:Byte", "Xs=2:Integer"}));
 }
 
-TEST(ColumnTable, WithoutLeavesOutThatColumnAndKeepsTheOthersInOrder) {
-  EXPECT_EQ(Shown(kThree.Without("First")), (Names{"Middle=1:Long", "Last=1:Long"}));
-  EXPECT_EQ(Shown(kThree.Without("Middle")), (Names{"First=1:Long", "Last=1:Long"}));
-  EXPECT_EQ(Shown(kThree.Without("Last")), (Names{"First=1:Long", "Middle=1:Long"}));
-}
-
-TEST(ColumnTable, WithPutsAColumnInThePlaceOfTheOneOfItsName) {
-  EXPECT_EQ(Shown(kThree.With(ConstantColumn<Tank, Byte, 9>("First"))),
-            (Names{"First=9:Byte", "Middle=1:Long", "Last=1:Long"}));
-  EXPECT_EQ(Shown(kThree.With(ConstantColumn<Tank, Byte, 9>("Middle"))),
-            (Names{"First=1:Long", "Middle=9:Byte", "Last=1:Long"}));
-  EXPECT_EQ(Shown(kThree.With(ConstantColumn<Tank, Byte, 9>("Last"))),
-            (Names{"First=1:Long", "Middle=1:Long", "Last=9:Byte"}));
-}
-
-TEST(ColumnTable, WithAfterInsertsAColumnRightAfterTheOneNamed) {
-  EXPECT_EQ(Shown(kThree.WithAfter("First", kOther)),
-            (Names{"First=1:Long", "Other=2:Integer", "Middle=1:Long", "Last=1:Long"}));
-  EXPECT_EQ(Shown(kThree.WithAfter("Middle", kOther)),
-            (Names{"First=1:Long", "Middle=1:Long", "Other=2:Integer", "Last=1:Long"}));
-  EXPECT_EQ(Shown(kThree.WithAfter("Last", kOther)),
-            (Names{"First=1:Long", "Middle=1:Long", "Last=1:Long", "Other=2:Integer"}));
-}
-
-TEST(ColumnTable, LeavesTheTableThatItIsMadeFrom) {
-  auto table = kThree;
-  static_cast<void>(table.With(ConstantColumn<Tank, Byte, 9>("First")));
-  EXPECT_EQ(Shown(table), Shown(kThree));
-}
-
-TEST(ColumnTable, AColumnThatIsNotThereIsRefused) {
-  // In a constant table this does not compile.
-  EXPECT_THROW(kThree.Without("None"), std::out_of_range);
-  EXPECT_THROW(kThree.With(kOther), std::out_of_range);
-  EXPECT_THROW(kThree.WithAfter("None", kOther), std::out_of_range);
-  EXPECT_THROW(MakeColumnTable(kOther).With(kFirst), std::out_of_range);
-}
-
-TEST(ColumnTable, ItsColumnsAreFoundByTheirExactNames) {
-  EXPECT_THROW(kThree.Without("first"), std::out_of_range);
-  EXPECT_THROW(kThree.Without("Firs"), std::out_of_range);
+TEST(ColumnTable, AConstantIsOnlyWritten) {
+  constexpr auto constant = ConstantColumn<Tank, Byte, 9>("TabIndex");
+  EXPECT_EQ(constant.name, "TabIndex");
+  EXPECT_EQ(constant.assign, nullptr);
 }
 
 }  // namespace

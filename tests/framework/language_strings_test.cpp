@@ -14,6 +14,7 @@ namespace quenzel7 {
 namespace {
 
 using corvane1::LibraryString;
+using corvane1::TextExtent;
 using test::CallLog;
 using test::ErrorOf;
 
@@ -81,7 +82,8 @@ class FailingFonts final : public test::FontDouble {
   Calls& calls_;
 };
 
-class WidestLanguage : public ::testing::Test {
+/// A library and fonts that note and fail.
+class LanguageStrings : public ::testing::Test {
  protected:
   void SetUp() override {
     Platform::Current() = Platform();
@@ -98,11 +100,35 @@ class WidestLanguage : public ::testing::Test {
     library_->texts.push_back({text, font});
     fonts_->Measures(text, {width, height});
   }
-  std::string Widest() { return WidestLanguageString(kAskedFor, font_); }
+  /// Lets each service call of `look` fail in turn, and expects the calls up to that one, and then the
+  /// language put back if it is known. `lastLanguage` is the one that is current before it is put back.
+  template <class Look>
+  void FailEachCallOf(Look look, Long lastLanguage) {
+    look();
+    const CallLog whole = *calls_.log;
+    ASSERT_GT(whole.size(), 3u);
+    for (calls_.failAt = 1; calls_.failAt <= whole.size(); ++calls_.failAt) {
+      calls_.log->clear();
+      library_->language = 3;
+      EXPECT_EQ(ErrorOf(look), static_cast<Long>(1000 + calls_.failAt));
+      CallLog expected(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(calls_.failAt));
+      // Until the language is known there is none to put back, and putting it back is tried once.
+      const bool isLast = calls_.failAt == whole.size();
+      if (calls_.failAt > 2 && !isLast) expected.push_back("language 3");
+      EXPECT_EQ(*calls_.log, expected) << "failing at " << calls_.failAt;
+      EXPECT_EQ(library_->language, isLast ? lastLanguage : 3) << "failing at " << calls_.failAt;
+    }
+  }
 
   Calls calls_;
   const std::shared_ptr<StringLibraryDouble> library_ = std::make_shared<StringLibraryDouble>(calls_);
   const std::shared_ptr<FailingFonts> fonts_ = std::make_shared<FailingFonts>(calls_);
+};
+
+class WidestLanguage : public LanguageStrings {
+ protected:
+  std::string Widest() { return WidestLanguageString(kAskedFor, font_); }
+
   Long font_ = kFontBefore;
 };
 
@@ -219,22 +245,16 @@ TEST_F(WidestLanguage, WithoutAProjectAsksTheLibraryNothing) {
 TEST_F(WidestLanguage, PutsTheLanguageBackWhicheverCallFails) {
   Add("one", 11, 10, 8);
   Add("two", 12, 30, 8);
-  Widest();
-  const CallLog whole = *calls_.log;
-  ASSERT_EQ(whole.size(), 12u);
-  for (calls_.failAt = 1; calls_.failAt <= whole.size(); ++calls_.failAt) {
+  FailEachCallOf([this] { Widest(); }, 2);
+}
+
+TEST_F(WidestLanguage, TellsNoFontUntilTheStringIsFound) {
+  Add("one", 11, 10, 8);
+  for (calls_.failAt = 1; calls_.failAt <= 8; ++calls_.failAt) {
     calls_.log->clear();
     font_ = kFontBefore;
-    library_->language = 3;
     EXPECT_EQ(ErrorOf([this] { Widest(); }), static_cast<Long>(1000 + calls_.failAt));
-    CallLog expected(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(calls_.failAt));
-    // Until the language is known there is none to put back, and putting it back is tried once.
-    const bool isRemembered = calls_.failAt > 2 && calls_.failAt < whole.size();
-    if (isRemembered) expected.push_back("language 3");
-    EXPECT_EQ(*calls_.log, expected) << "failing at " << calls_.failAt;
-    const bool isLast = calls_.failAt == whole.size();
-    EXPECT_EQ(library_->language, isLast ? 2 : 3);
-    EXPECT_EQ(font_, isLast ? 12 : kFontBefore);
+    EXPECT_EQ(font_, kFontBefore) << "failing at " << calls_.failAt;
   }
 }
 
@@ -244,6 +264,116 @@ TEST_F(WidestLanguage, RaisesTheFirstOfTwoErrors) {
   calls_.keepsFailing = true;
   EXPECT_EQ(ErrorOf([this] { Widest(); }), 1005);
   EXPECT_EQ(calls_.log->back(), "language 3");
+}
+
+class RoomForLanguages : public LanguageStrings {
+ protected:
+  void SetUp() override {
+    LanguageStrings::SetUp();
+    fonts_->Measures("EMPTY", {40, 16});
+  }
+  static TextExtent Room() { return RoomForAllLanguages(kAskedFor); }
+};
+
+TEST_F(RoomForLanguages, IsFoundByTheseCallsInThisOrder) {
+  Add("one", 11, 10, 8);
+  Add("two", 12, 30, 8);
+  Add("three", 13, 20, 9);
+  EXPECT_EQ(Room(), (TextExtent{30, 9}));
+  EXPECT_EQ(*calls_.log, (CallLog{"open project -1", "language?", "measure EMPTY in font 0", "count",  //
+                                  "language 1", "string 70", "measure one in font 11",                 //
+                                  "language 2", "string 70", "measure two in font 12",                 //
+                                  "language 3", "string 70", "measure three in font 13",               //
+                                  "language 3"}));
+  EXPECT_EQ(library_->language, 3);
+}
+
+TEST_F(RoomForLanguages, GrowsInWidthAndHeightSeparately) {
+  Add("wide", 1, 100, 8);
+  Add("tall", 2, 30, 50);
+  Add("small", 3, 10, 4);
+  EXPECT_EQ(Room(), (TextExtent{100, 50}));
+}
+
+TEST_F(RoomForLanguages, GrowsInOneMeasureAlone) {
+  Add("one", 1, 20, 20);
+  Add("wider", 2, 21, 19);
+  EXPECT_EQ(Room(), (TextExtent{21, 20}));
+  library_->texts.pop_back();
+  Add("higher", 2, 19, 21);
+  EXPECT_EQ(Room(), (TextExtent{20, 21}));
+}
+
+TEST_F(RoomForLanguages, OfOneTextSmallerThanTheWordForNoneIsThatOfTheText) {
+  Add("one", 1, 39, 15);
+  EXPECT_EQ(Room(), (TextExtent{39, 15}));
+}
+
+TEST_F(RoomForLanguages, TheFirstTextReplacesTheWordAlsoBehindEmptyLanguages) {
+  Add("EMPTY STRING", 1, 500, 500);
+  Add("two", 2, 3, 2);
+  Add("EMPTY STRING", 3, 500, 500);
+  Add("four", 4, 2, 5);
+  EXPECT_EQ(Room(), (TextExtent{3, 5}));
+  EXPECT_EQ(*calls_.log, (CallLog{"open project -1", "language?", "measure EMPTY in font 0", "count",  //
+                                  "language 1", "string 70",                                           //
+                                  "language 2", "string 70", "measure two in font 2",                  //
+                                  "language 3", "string 70",                                           //
+                                  "language 4", "string 70", "measure four in font 4", "language 3"}));
+}
+
+TEST_F(RoomForLanguages, ATextWithoutSizeReplacesTheWordToo) {
+  Add("", 1, 0, 0);
+  EXPECT_EQ(Room(), (TextExtent{0, 0}));
+}
+
+TEST_F(RoomForLanguages, OfATextThatOnlyResemblesTheEmptyStringIsMeasured) {
+  Add("Empty String", 1, 2, 3);
+  EXPECT_EQ(Room(), (TextExtent{2, 3}));
+}
+
+TEST_F(RoomForLanguages, WithEveryLanguageEmptyIsThatOfTheWord) {
+  Add("EMPTY STRING", 1, 500, 500);
+  Add("EMPTY STRING", 2, 500, 500);
+  EXPECT_EQ(Room(), (TextExtent{40, 16}));
+  EXPECT_EQ(*calls_.log, (CallLog{"open project -1", "language?", "measure EMPTY in font 0", "count",
+                                  "language 1", "string 70", "language 2", "string 70", "language 3"}));
+}
+
+TEST_F(RoomForLanguages, WithoutLanguagesIsThatOfTheWord) {
+  EXPECT_EQ(Room(), (TextExtent{40, 16}));
+  EXPECT_EQ(*calls_.log,
+            (CallLog{"open project -1", "language?", "measure EMPTY in font 0", "count", "language 3"}));
+}
+
+TEST_F(RoomForLanguages, LeavesTheCurrentLanguageAsItWas) {
+  Add("one", 1, 1, 1);
+  Add("two", 2, 2, 2);
+  for (const Long language : {0, 1, 2, 9}) {
+    library_->language = language;
+    EXPECT_EQ(Room(), (TextExtent{2, 2}));
+    EXPECT_EQ(library_->language, language);
+  }
+}
+
+TEST_F(RoomForLanguages, WithoutAProjectAsksNothing) {
+  Platform::Current().projectDatabase = std::make_shared<corvane1::HeldProjectDatabase>();
+  EXPECT_EQ(ErrorOf([] { Room(); }), 91);
+  EXPECT_TRUE(calls_.log->empty());
+}
+
+TEST_F(RoomForLanguages, PutsTheLanguageBackWhicheverCallFails) {
+  Add("one", 11, 10, 8);
+  Add("two", 12, 30, 8);
+  FailEachCallOf([] { Room(); }, 2);
+}
+
+TEST_F(RoomForLanguages, RaisesTheFirstOfTwoErrors) {
+  Add("one", 11, 10, 8);
+  calls_.failAt = 3;
+  calls_.keepsFailing = true;
+  EXPECT_EQ(ErrorOf([] { Room(); }), 1003);
+  EXPECT_EQ(*calls_.log, (CallLog{"open project -1", "language?", "measure EMPTY in font 0", "language 3"}));
 }
 
 }  // namespace
