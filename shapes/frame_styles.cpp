@@ -67,7 +67,8 @@ void DrawAngle(Long hdc, const Angle& angle, std::uint32_t color) {
 void DrawRaisedFrame(Long hdc, const Descriptor& place, Long panelColor, corvane1::ColorService& colors) {
   const gdi::RECT frame = BoxOf(place);
   for (Long level = 1; level <= kBevelLevels; ++level) {
-    DrawAngle(hdc, AngleOf(level, frame), colors.Get3DShadeColor(level, panelColor));
+    const Angle angle = AngleOf(level, frame);
+    DrawAngle(hdc, angle, colors.Get3DShadeColor(level, panelColor));
   }
   FillFace(hdc, frame, kFaceInset, colors.Get3DFaceColor(panelColor));
 }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "tests/support/raises.h"
+#include "tests/support/shape_fixture.h"
 
 namespace quenzel7 {
 namespace {
@@ -51,6 +52,55 @@ TEST_F(ElementSettings, AnErrorTellsSectionAndKey) {
   EXPECT_EQ(raised.number, 13);
   EXPECT_EQ(raised.description.find("setting 6000/6053: "), 0u) << raised;
   EXPECT_NE(raised.description.find("thick"), std::string::npos) << raised;
+}
+
+TEST_F(ElementSettings, AsA16BitNumberGoFromTheLeastToTheMostOfThose) {
+  const auto taken = [](const std::string& text) {
+    Platform::Current().settings = std::make_shared<OneText>(text);
+    const auto value = ElementSetting<Integer>(ElementDefault::TextAlignment, "4");
+    static_assert(std::is_same_v<decltype(value), const Integer>);
+    return value;
+  };
+  EXPECT_EQ(taken("32767"), 32767);
+  EXPECT_EQ(taken("-32768"), -32768);
+  EXPECT_EQ(taken("2.5"), 2);
+  EXPECT_RAISES(6, "setting 6000/6040: overflow: 32768 does not fit 16 bits", taken("32768"));
+  EXPECT_RAISES(6, "setting 6000/6040: overflow: -32769 does not fit 16 bits", taken("-32769"));
+  EXPECT_RAISES(6, "setting 6000/6040: overflow: 3000000000.000000 does not fit 32 bits",
+                taken("3000000000"));
+  EXPECT_EQ(test::ErrorOf([&] { taken("centre"); }), 13);
+}
+
+TEST_F(ElementSettings, AsA16BitNumberAreTheFallBackWhereNothingIsSet) {
+  EXPECT_EQ(ElementSetting<Integer>(ElementDefault::TextAlignment, "-7"), -7);
+  EXPECT_RAISES(6, "setting 6000/6039: overflow: 70000 does not fit 16 bits",
+                ElementSetting<Integer>(ElementDefault::FrameAlignment, "70000"));
+}
+
+TEST_F(ElementSettings, AskForTheirKeyInTheSectionOfDefaultsWithTheFallBack) {
+  const auto settings = std::make_shared<test::TracedSettings>();
+  Platform::Current().settings = settings;
+  ElementSetting(ElementDefault::TextStyle, "3");
+  ElementSetting<Integer>(ElementDefault::FrameAlignment, "1");
+  EXPECT_EQ(settings->asked, (std::vector<std::string>{"6000/6043/3", "6000/6039/1"}));
+}
+
+TEST_F(ElementSettings, HaveTheseKeys) {
+  using enum ElementDefault;
+  struct Row {
+    ElementDefault key;
+    Long number;
+  };
+  for (const Row& row :
+       {Row{FrameColorBack, 6018}, Row{FrameColorFore, 6019}, Row{TextColorBack, 6020},
+        Row{TextColorFore, 6021}, Row{LineColor, 6022}, Row{FrameAlignment, 6039}, Row{TextAlignment, 6040},
+        Row{FrameStyle, 6042}, Row{TextStyle, 6043}, Row{FlatFrameColorBack, 6045},
+        Row{FlatTextColorBack, 6046}, Row{LineWidth, 6049}, Row{RectangleWidth, 6050},
+        Row{RectangleColor, 6051}, Row{RoundRectColor, 6052}, Row{EllipseColor, 6053},
+        Row{FlatTextColorBackTouch, 6057}, Row{TextColorBackTouch, 6058}, Row{TextColorForeTouch, 6059}}) {
+    EXPECT_EQ(static_cast<Long>(row.key), row.number);
+  }
+  EXPECT_EQ(kElementDefaults, 6000);
 }
 
 TEST_F(ElementSettings, AnErrorOfTheServiceComesThroughAsItIs) {

@@ -13,7 +13,7 @@
 #include "platform/gdi/recorder.h"
 #include "platform/gdi/selected.h"
 #include "platform/gdi/surface.h"
-#include "tests/platform/gdi/picture.h"
+#include "tests/platform/corvane1/bevel_picture.h"
 #include "tests/support/raises.h"
 
 namespace quenzel7::corvane1 {
@@ -36,32 +36,6 @@ class HostColors final : public ColorService {
  private:
   std::map<Long, std::uint32_t> colors_;
 };
-
-/// A surface as text: '.' what was not painted, '0' the face of a colour, '1' to '8' the levels of its bevel,
-/// '?' anything else.
-Calls LevelsOn(const gdi::Surface& surface, Long colorNumber) {
-  PaletteColorService colors;
-  Calls rows;
-  for (int y = 0; y < surface.Height(); ++y) {
-    std::string row;
-    for (int x = 0; x < surface.Width(); ++x) {
-      char letter = surface.At(x, y) == gdi::kRed ? '.' : '?';
-      for (Long level = 0; level <= 8; ++level) {
-        if (surface.At(x, y) == colors.Get3DShadeColor(level, colorNumber))
-          letter = static_cast<char>('0' + level);
-      }
-      row += letter;
-    }
-    rows.push_back(row);
-  }
-  return rows;
-}
-
-gdi::Surface Red(int width, int height) {
-  gdi::Surface surface(width, height);
-  surface.Clear(gdi::kRed);
-  return surface;
-}
 
 TEST(ColorService, GivesThePaletteColourWithRedInTheLowByte) {
   PaletteColorService colors;

@@ -1,0 +1,84 @@
+#include "shapes/element_report.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "platform/automation/collection.h"
+#include "tests/support/raises.h"
+#include "tests/support/report_double.h"
+
+namespace quenzel7 {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr Long kLeast = std::numeric_limits<Long>::min(), kMost = std::numeric_limits<Long>::max();
+
+TEST(ElementReport, WritesEachLineAsAParagraphInOrder) {
+  test::ReportDouble printer;
+  ElementReport report(printer);
+  report.Line("Text: one");
+  report.Line("");
+  report.Line("Font: two");
+  EXPECT_EQ(printer.Lines(), (Lines{"Text: one", "", "Font: two"}));
+}
+
+TEST(ElementReport, TellsCoordinatesFromLeftToHeight) {
+  test::ReportDouble printer;
+  ElementReport report(printer);
+  report.Coordinates({1, 2, 30, 40});
+  report.Coordinates({-1, kLeast, 0, kMost});
+  EXPECT_EQ(printer.Lines(), (Lines{"Coordinates (Left,Top,Width,Height): (1,2,30,40)",
+                                    "Coordinates (Left,Top,Width,Height): (-1,-2147483648,0,2147483647)"}));
+}
+
+TEST(ElementReport, TellsAMemoryBitUnlessThereIsNone) {
+  test::ReportDouble printer;
+  ElementReport report(printer);
+  report.MemoryBit("Hide Operand: ", 17);
+  report.MemoryBit("Hide Operand: ", 0);
+  report.MemoryBit("Hide Operand: ", -1);
+  report.MemoryBit("Touch: ", -2);
+  EXPECT_EQ(printer.Lines(), (Lines{"Hide Operand: MB 17", "Hide Operand: MB 0", "Touch: MB -2"}));
+}
+
+/// A printing control that takes no more than one paragraph.
+class ShortPaper final : public automation::Object {
+ public:
+  const automation::ClassInfo& Class() const override {
+    static const automation::Member members[] = {automation::Property<std::string>(
+        "Paragraph", "Appends a line.", nullptr, AUTOMATION_SETTER(ShortPaper, std::string, Append))};
+    static const automation::Interface interface("ShortPaper", members);
+    static const automation::Interface* const interfaces[] = {&interface};
+    static const automation::ClassInfo info{"ShortPaper", interfaces, nullptr};
+    return info;
+  }
+
+  void Append(const std::string& line) {
+    if (!lines.empty()) throw automation::AutomationError(automation::ErrorNumber::Database, "no paper");
+    lines.push_back(line);
+  }
+
+  Lines lines;
+};
+
+TEST(ElementReport, AnErrorOfThePrintingControlLeavesTheLinesBefore) {
+  ShortPaper printer;
+  ElementReport report(printer);
+  report.Line("first");
+  const Long error = static_cast<Long>(automation::ErrorNumber::Database);
+  EXPECT_EQ(test::ErrorOf([&] { report.Line("second"); }), error);
+  EXPECT_EQ(test::ErrorOf([&] { report.Coordinates({}); }), error);
+  EXPECT_EQ(test::ErrorOf([&] { report.MemoryBit("Touch: ", 5); }), error);
+  EXPECT_EQ(test::ErrorOf([&] { report.MemoryBit("Touch: ", -1); }), 0);
+  EXPECT_EQ(printer.lines, Lines{"first"});
+}
+
+TEST(ElementReport, APrintingControlWithoutParagraphsIsAnError) {
+  automation::Collection printer;
+  EXPECT_EQ(test::ErrorOf([&] { ElementReport(printer).Line("first"); }), 438);
+}
+
+}  // namespace
+}  // namespace quenzel7
