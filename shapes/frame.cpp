@@ -113,7 +113,7 @@ void clsFrame::PaintBody(Long hdc) const {
 }
 
 void clsFrame::PaintCaption(Long hdc) const {
-  const TextColors colors(hdc, Rgb(colorFore_), Rgb(colorBack_));
+  const TextColors colors = OwnTextColors(hdc);
   using Painter = corvane1::TextPainter;
   PaintBlockOrLines(
       hdc, flat3D_,

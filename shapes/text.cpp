@@ -152,7 +152,7 @@ void clsText::ItfHmiElement_Draw(Long pHdc, bool) {
 }
 
 void clsText::PaintText(Long hdc) const {
-  const TextColors colors(hdc, Rgb(colorFore_), Rgb(colorBack_));
+  const TextColors colors = OwnTextColors(hdc);
   const bool isTransparent = flat3D_ == kTransparent;
   const PaintOperation paint = ShowsLibraryText()
                                    ? (isTransparent ? PaintStoredTransparent : PaintStored)

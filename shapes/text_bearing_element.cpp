@@ -138,6 +138,11 @@ corvane1::TextPosition TextBearingElement::PositionOf(const std::string& text, L
   return Fonts().GetTextPosition(text, fontNumber_, xs, ys, dx, dy, alignment_, frameFlag);
 }
 
+TextBearingElement::TextColors TextBearingElement::OwnTextColors(Long hdc) const {
+  const std::uint32_t text = Rgb(colorFore_), background = Rgb(colorBack_);
+  return TextColors(hdc, text, background);
+}
+
 void TextBearingElement::PaintLines(Long hdc, Long frameFlag, PaintOperation paint) const {
   Long y = PositionOf(actualText_, frameFlag).y;
   corvane1::ForEachLine(actualText_, [&](std::string_view part) {

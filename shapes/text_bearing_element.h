@@ -80,6 +80,8 @@ class TextBearingElement : public ColoredElement {
 
   /// Pen and background colour of a context for the time of painting a text; both are put back.
   class TextColors;
+  /// Those of the element itself.
+  TextColors OwnTextColors(Long hdc) const;
 
   /// How a line, or all lines at once, are painted.
   using PaintOperation = void (*)(corvane1::TextPainter&, Long x, Long y, const std::string& text, Long hdc,

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "platform/automation/member.h"
@@ -90,13 +91,17 @@ class TracedColors final : public corvane1::ColorService {
 };
 
 /// The platform calls of what paints into a context, which has to leave no object behind and the context's
-/// own pen and brush in place.
+/// own pen and brush in place. What paints may take the recorder as well.
 template <class Paint>
 std::vector<std::string> CallsOfPainting(Paint paint) {
   const gdi::Surface surface(60, 60);
   const std::size_t before = gdi::LiveObjects();
   gdi::Recorder recorder;
-  paint(surface.Dc());
+  if constexpr (std::is_invocable_v<Paint, Long, gdi::Recorder&>) {
+    paint(surface.Dc(), recorder);
+  } else {
+    paint(surface.Dc());
+  }
   std::vector<std::string> calls = recorder.Take();
   EXPECT_EQ(gdi::LiveObjects(), before);
   EXPECT_EQ(gdi::GetCurrentObject(surface.Dc(), gdi::OBJ_PEN), gdi::GetStockObject(gdi::BLACK_PEN));
