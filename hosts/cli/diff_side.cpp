@@ -5,6 +5,8 @@
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/element_tree.h"
 #include "hosts/cli/host_tables.h"
+#include "hosts/cli/library_texts.h"
+#include "hosts/cli/quiet_boxes.h"
 #include "hosts/cli/renderer.h"
 #include "hosts/cli/text_file.h"
 #include "hosts/cli/user_error.h"
@@ -97,7 +99,8 @@ std::vector<PageInfo> DiffSide::Pages() {
 }
 
 LoadedPage DiffSide::Load(const PageInfo& info, const Console& console) {
-  if (!source_.File()) return Do([&] { return LoadPage(*project_, info, console); });
+  const QuietBoxes quiet;
+  if (!source_.File()) return Do([&] { return LoadPageAsFiled(*project_, info, console); });
   LoadedPage page{info, {}};
   for (const PageElement& element : source_.File()->elements) {
     AtPlace(ElementPlace(source_.Place(), page.elements.size() + 1, element.elementClass->name),
@@ -115,6 +118,9 @@ PageSnapshot DiffSide::Snapshot(const PageInfo& info, const Console& console) {
 PaintedPage DiffSide::Paint(const PageInfo& info, const std::vector<bool>& differs, const Console& console) {
   return Do([&] {
     const LoadedPage page = Load(info, console);
+    const QuietBoxes quiet;
+    WalkElements(page.elements,
+                 [](ItfHmiElement& element, const ElementPath&) { TakeLibrarysText(element); });
     return PaintedPage{RenderPage(page, console), Covered(page, differs)};
   });
 }

@@ -25,7 +25,8 @@ int ExportCommand(const std::string& projectPath, std::optional<Long> page, cons
   RequireDistinctOutput(place, outputPath, {projectPath});
   ProjectSession project(projectPath, corvane1::ProjectMode::ReadOnly);
   const PageInfo info = project.Do([&] { return ChoosePage(project, page); });
-  const std::string text = project.Do([&] { return ExportPage(project, LoadPage(project, info, console)); });
+  const std::string text =
+      project.Do([&] { return ExportPage(project, LoadPageAsFiled(project, info, console)); });
   if (outputPath.empty()) {
     console.out << text;
   } else {

@@ -1,4 +1,6 @@
 #include <memory>
+#include <optional>
+#include <utility>
 
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/element_tree.h"
@@ -6,6 +8,7 @@
 #include "hosts/cli/page_operands.h"
 #include "hosts/cli/page_store.h"
 #include "hosts/cli/progress_bar.h"
+#include "hosts/cli/quiet_boxes.h"
 #include "hosts/cli/user_error.h"
 #include "platform/automation/collection.h"
 #include "shapes/group.h"
@@ -117,13 +120,16 @@ ImportResult ImportPage(ProjectSession& project, const PageFile& page, std::stri
   project.OpenPage(page.info.number);
   PageOperands operands(connection);
 
+  // What the page shows boxes of, it shows when it is read back.
+  std::optional<QuietBoxes> quiet(std::in_place);
   result.elementsBefore = RemoveElements(project, page.info, console);
   result.replaced = result.elementsBefore > 0 || pages.Has(page.info.number);
 
   ElementImport(project, operands, CountElements(page.elements), console).Save(page.elements, place);
   operands.Settle();
+  quiet.reset();
   // What was saved is what is compared with later on, so it is read back.
-  const LoadedPage after = LoadPage(project, page.info, console);
+  const LoadedPage after = LoadPageAsFiled(project, page.info, console);
   pages.Keep({page.info, std::string(source), CompletePageText(page.info, after.elements)});
   transaction.Commit();
   return result;

@@ -12,10 +12,23 @@ namespace {
 
 using automation::To;
 
-constexpr OperandProperty kOperandProperties[] = {
-    {"TouchOprndAddr", eOP_TouchOperand},
-    {"VisibleOpAddr", eOP_VisibleOperand},
+/// A property that holds the address of an operand: of a memory bit, or of the type that another property
+/// tells, 0 for none.
+struct OperandProperty {
+  std::string_view name;
+  enOperandPurpose purpose;
+  std::string_view type;
 };
+
+constexpr OperandProperty kOperandProperties[] = {
+    {"TouchOprndAddr", eOP_TouchOperand, {}},
+    {"VisibleOpAddr", eOP_VisibleOperand, {}},
+    {"StorageStringID", eOP_StorageStringIdOperand, "StorageStringType"},
+};
+
+Long NumberOf(ItfHmiElement& element, std::string_view property) {
+  return To<Long>(automation::GetByName(element, property));
+}
 
 /// An operand of the project, entered in it or not.
 std::shared_ptr<fennick1::Operand> OperandAt(Long type, Long address, Long network) {
@@ -28,7 +41,16 @@ std::shared_ptr<fennick1::Operand> OperandAt(Long type, Long address, Long netwo
 
 }  // namespace
 
-std::span<const OperandProperty> OperandProperties() { return kOperandProperties; }
+std::vector<UsedOperand> OperandsOf(ItfHmiElement& element) {
+  std::vector<UsedOperand> used;
+  for (const auto& [name, purpose, typeName] : kOperandProperties) {
+    if (!element.Class().Default().Find(name)) continue;
+    const Long address = NumberOf(element, name);
+    const Long type = typeName.empty() ? kMemoryBit : NumberOf(element, typeName);
+    if (address >= 0 && type != 0) used.push_back({name, purpose, type, address});
+  }
+  return used;
+}
 
 PageOperands::PageOperands(ado::Connection& connection) : connection_(connection) {
   for (const Operand& used : Used()) {
@@ -56,12 +78,9 @@ std::vector<PageOperands::Operand> PageOperands::Used() const {
 }
 
 void PageOperands::AddRows(ItfHmiElement& element) {
-  for (const OperandProperty& property : kOperandProperties) {
-    if (!element.Class().Default().Find(property.name)) continue;
-    const Long address = To<Long>(automation::GetByName(element, property.name));
-    if (address < 0) continue;
-    AddOperandRow(IdOf(element), kMemoryBit, address, property.purpose, kLocalNetwork);
-    added_.emplace_back(kMemoryBit, address, kLocalNetwork);
+  for (const UsedOperand& used : OperandsOf(element)) {
+    AddOperandRow(IdOf(element), used.type, used.address, used.purpose, kLocalNetwork);
+    added_.emplace_back(used.type, used.address, kLocalNetwork);
   }
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <map>
-#include <span>
 #include <string_view>
 #include <tuple>
 #include <vector>
@@ -13,15 +12,16 @@
 
 namespace quenzel7::cli {
 
-/// A property that holds the address of a memory bit, and what the bit is for.
-struct OperandProperty {
-  std::string_view name;
+/// An operand that an element uses, by a property that holds its address.
+struct UsedOperand {
+  std::string_view property;
   enOperandPurpose purpose;
+  Long type, address;
 };
 
-/// The properties of that kind that have a row in HMI_Operands while the address is not below 0: no operand,
-/// or a touch without one of its own.
-std::span<const OperandProperty> OperandProperties();
+/// The operands that an element has to have rows in HMI_Operands for. An address below 0 is none: no operand,
+/// or a touch without one of its own. StorageStringID is an address where StorageStringType tells a type.
+std::vector<UsedOperand> OperandsOf(ItfHmiElement& element);
 
 /// The operands of a page that is being imported. The library adds no operand rows for new assignments, and
 /// deleting an element takes its operands out of the project even when another page uses them: both is the
@@ -31,7 +31,7 @@ class PageOperands {
   /// Takes a copy of every operand that the project's elements use, before elements are deleted.
   explicit PageOperands(ado::Connection& connection);
 
-  /// Adds the rows of a saved element's touch and hide operands.
+  /// Adds the rows of a saved element's operands.
   void AddRows(ItfHmiElement& element);
 
   /// When all elements are there: brings back the operands that elements still use and that deleting took

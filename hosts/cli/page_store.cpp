@@ -8,6 +8,7 @@
 #include "hosts/cli/host_tables.h"
 #include "hosts/cli/page_tree.h"
 #include "hosts/cli/progress_bar.h"
+#include "hosts/cli/quiet_boxes.h"
 #include "hosts/cli/row_loader.h"
 #include "hosts/cli/user_error.h"
 #include "shapes/element_columns.h"
@@ -26,6 +27,8 @@ std::string NumberList(const std::vector<PageInfo>& pages) {
 /// All properties of the elements that a kept text describes, or none when this program cannot read it. Made
 /// anew from the text, since this program may know properties that the one that wrote it did not.
 std::optional<std::string> Remade(const KeptPage& kept) {
+  // The page itself has shown its boxes.
+  const QuietBoxes quiet;
   try {
     const PageFile page = ReadPageFile(kept.imported, "page as imported");
     std::vector<ElementRef> elements;
@@ -36,11 +39,14 @@ std::optional<std::string> Remade(const KeptPage& kept) {
   }
 }
 
+void Raise(const UserError& error) { throw error; }
+
 /// Loads the rows of a page, and tells of those that do not load.
 LoadedPage LoadRows(ProjectSession& project, const PageInfo& info, const Console& console,
-                    const ElementClasses& classes, const std::function<void(const UserError&)>& wrong) {
+                    const ElementClasses& classes, TextsFrom texts,
+                    const std::function<void(const UserError&)>& wrong) {
   std::vector<PageRow> loaded;
-  RowLoader loader(project.Connection(), classes);
+  RowLoader loader(project.Connection(), classes, texts);
   const HostGroups groups(project.Connection());
   const auto rows = ado::OpenRecordset(
       project.Connection(),
@@ -82,11 +88,15 @@ PageInfo ChoosePage(ProjectSession& project, std::optional<Long> number) {
 
 LoadedPage LoadPage(ProjectSession& project, const PageInfo& info, const Console& console,
                     const ElementClasses& classes) {
-  return LoadRows(project, info, console, classes, [](const UserError& error) { throw error; });
+  return LoadRows(project, info, console, classes, TextsFrom::Library, Raise);
+}
+
+LoadedPage LoadPageAsFiled(ProjectSession& project, const PageInfo& info, const Console& console) {
+  return LoadRows(project, info, console, ElementClasses::All(), TextsFrom::Rows, Raise);
 }
 
 LoadedPage LoadGoodRows(ProjectSession& project, const PageInfo& info, const Console& console) {
-  return LoadRows(project, info, console, ElementClasses::All(), [](const UserError&) {});
+  return LoadRows(project, info, console, ElementClasses::All(), TextsFrom::Rows, [](const UserError&) {});
 }
 
 std::string ExportPage(ProjectSession& project, const LoadedPage& page) {

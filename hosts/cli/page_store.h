@@ -27,6 +27,10 @@ PageInfo ChoosePage(ProjectSession& project, std::optional<Long> number);
 LoadedPage LoadPage(ProjectSession& project, const PageInfo& info, const Console& console,
                     const ElementClasses& classes = ElementClasses::All());
 
+/// As LoadPage, but elements that show a string of the library have the text and font of their rows, as a
+/// page file tells them.
+LoadedPage LoadPageAsFiled(ProjectSession& project, const PageInfo& info, const Console& console);
+
 /// Loads those elements of a page whose rows load.
 LoadedPage LoadGoodRows(ProjectSession& project, const PageInfo& info, const Console& console);
 
@@ -45,8 +49,8 @@ struct ImportResult {
 ImportResult ImportPage(ProjectSession& project, const PageFile& page, std::string_view source,
                         const std::string& place, const Console& console);
 
-/// The page file of a page: the text that was imported when the page is still what it said, else the
-/// canonical one.
+/// The page file of a page, loaded by LoadPageAsFiled: the text that was imported when the page is still what
+/// it said, else the canonical one.
 std::string ExportPage(ProjectSession& project, const LoadedPage& page);
 
 /// Saves a changed element of the open page, with all that is in it when it is a group, and the properties

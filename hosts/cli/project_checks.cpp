@@ -199,14 +199,11 @@ class Check {
 
   void CheckOperandsOf(ItfHmiElement& element) {
     const Long id = IdOf(element);
-    for (const OperandProperty& property : OperandProperties()) {
-      if (!element.Class().Default().Find(property.name)) continue;
-      const Long address = To<Long>(automation::GetByName(element, property.name));
-      if (address < 0 || used_.count({id, kMemoryBit, address, kLocalNetwork, property.purpose})) continue;
-      Tell(std::string(property.name) + " " + std::to_string(address) +
-           " has no row in HMI_Operands; one of " +
-           fennick1::OperandText(kMemoryBit, address, kLocalNetwork, {}) + " with " +
-           NameOf(property.purpose) + " was expected");
+    for (const auto& [property, purpose, type, address] : OperandsOf(element)) {
+      if (used_.count({id, type, address, kLocalNetwork, purpose})) continue;
+      Tell(std::string(property) + " " + std::to_string(address) + " has no row in HMI_Operands; one of " +
+           fennick1::OperandText(type, address, kLocalNetwork, {}) + " with " + NameOf(purpose) +
+           " was expected");
     }
   }
 

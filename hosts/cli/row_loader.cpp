@@ -3,6 +3,7 @@
 #include <string>
 
 #include "hosts/cli/element_calls.h"
+#include "hosts/cli/library_texts.h"
 #include "hosts/cli/table_column.h"
 #include "hosts/cli/user_error.h"
 
@@ -22,6 +23,7 @@ ElementRef RowLoader::Load(const ado::RecordsetRef& rows) {
   ElementRef element = ElementClasses::Create(*elementClass);
   Call(*element, "LoadFromDB", {rows});
   properties_.Apply(*element);
+  if (texts_ == TextsFrom::Rows) TakeRowsText(*element, *rows);
   return element;
 }
 

@@ -9,11 +9,15 @@
 
 namespace quenzel7::cli {
 
+/// Which text an element has that shows a string of the library: that string, in order to be painted, or the
+/// one of its row, which is what page files hold.
+enum class TextsFrom { Library, Rows };
+
 /// Makes elements from the rows of HMI_Elements.
 class RowLoader {
  public:
-  RowLoader(ado::Connection& connection, const ElementClasses& classes)
-      : properties_(connection), classes_(classes) {}
+  RowLoader(ado::Connection& connection, const ElementClasses& classes, TextsFrom texts = TextsFrom::Library)
+      : properties_(connection), classes_(classes), texts_(texts) {}
 
   /// The class of elements of that type, or nullptr. Errors of making an element.
   const automation::ClassInfo* ClassOf(Long elementType);
@@ -25,6 +29,7 @@ class RowLoader {
  private:
   HostProperties properties_;
   const ElementClasses& classes_;
+  TextsFrom texts_;
   /// What was looked for, found or not.
   std::map<Long, const automation::ClassInfo*> byType_;
 };

@@ -64,7 +64,10 @@ class CliProjectTest : public ::testing::Test {
     return ImportPage(Session(), ReadPageFile(text, "page file x"), text, "page file x", console_);
   }
   LoadedPage Load(Long page = 1) { return LoadPage(Session(), ChoosePage(Session(), page), console_); }
-  std::string Export(Long page = 1) { return ExportPage(Session(), Load(page)); }
+  LoadedPage LoadAsFiled(Long page = 1) {
+    return LoadPageAsFiled(Session(), ChoosePage(Session(), page), console_);
+  }
+  std::string Export(Long page = 1) { return ExportPage(Session(), LoadAsFiled(page)); }
 
   /// The rows of a query, a line each, columns parted by blanks.
   std::vector<std::string> Rows(const std::string& query, const std::vector<std::string>& columns) {

@@ -182,6 +182,7 @@ TEST(Demo, ItsPageShowsEveryShapeInEveryStyle) {
     touchedAndHidden += element.IsTouchable() && element.VisibleOpAddr() != -1;
   });
   for (const automation::ClassInfo* shape : ElementClasses::All().Classes()) {
+    if (shape->Default().Find("ActualText")) continue;
     EXPECT_GT(classes[shape->name], 0) << shape->name;
   }
   EXPECT_EQ(deepest, 4u);

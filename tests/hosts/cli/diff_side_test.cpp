@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "hosts/cli/picture.h"
 #include "hosts/cli/text_file.h"
 #include "platform/corvane1/settings.h"
 #include "tests/hosts/cli/cli_project.h"
+#include "tests/hosts/cli/library_fixture.h"
 #include "tests/hosts/cli/messages.h"
 
 namespace quenzel7::cli {
@@ -133,6 +135,28 @@ TEST_F(DiffSideTest, ATableThatCannotBeReadIsToldWithTheSide) {
                 ": HostPages, row 1: column 'Width' of HostPages: 0 was found; a number of pixels from 1 to "
                 "4096 was "
                 "expected");
+}
+
+using DiffSideTexts = test::LibraryTest;
+
+TEST_F(DiffSideTexts, BothSidesAreComparedByTheirOwnTextsAndPaintedWithTheLibrarys) {
+  SetString(5, 1, "library", -1);
+  const std::string shown = PageOf(Text(R"("Txt": "library")"));
+  const std::string own = PageOf(Text("\"Txt\": \"\u0416\", \"StorageStringID\": 5"));
+  const quenzel7::test::TemporaryFolder folder;
+  WriteTextFile(folder.File("own"), own, "file");
+  WriteTextFile(folder.File("shown"), shown, "file");
+  Import(own);
+  Boxes();
+  const DiffSource project(Path()), file(folder.File("own")), expected(folder.File("shown"));
+  const PageInfo info = file.File()->info;
+  const Picture picture = DiffSide(expected, project).Paint(info, {true}, NoTerminal()).picture;
+  for (const auto& [source, other] : {std::pair(&project, &file), std::pair(&file, &project)}) {
+    DiffSide side(*source, *other);
+    EXPECT_EQ(side.Snapshot(info, NoTerminal()).elements.at(0).values.at(9), "\"\u0416\"");
+    EXPECT_EQ(DifferingPixels(side.Paint(info, {true}, NoTerminal()).picture, picture), 0u);
+  }
+  EXPECT_EQ(Boxes(), "");
 }
 
 TEST_F(DiffSideTest, PaintsThePageAndTellsWhatSomeElementsCover) {

@@ -5,6 +5,7 @@
 #include "framework/operands.h"
 #include "platform/fennick1/operand.h"
 #include "shapes/rectangle.h"
+#include "shapes/text.h"
 #include "tests/hosts/cli/cli_project.h"
 #include "tests/hosts/cli/every_kind_element.h"
 
@@ -67,6 +68,24 @@ TEST_F(PageOperandsTest, AddsNoRowForAClassWithoutOperands) {
   test::EveryKindElement element;
   operands.AddRows(element);
   EXPECT_TRUE(OperandRows().empty());
+}
+
+TEST_F(PageOperandsTest, AddsARowForTheOperandThatPicksAString) {
+  PageOperands operands(Connection());
+  clsText element;
+  static_cast<ItfHmiElement&>(element).ID(3);
+  element.StorageStringID(0);
+  operands.AddRows(element);
+  EXPECT_TRUE(OperandRows().empty());
+  element.StorageStringType(3);
+  operands.AddRows(element);
+  EXPECT_EQ(OperandRows(), std::vector<std::string>{"3 3 0 0 " + std::to_string(eOP_StorageStringIdOperand)});
+  operands.Settle();
+  EXPECT_EQ(Operands(), std::vector<std::string>{"3 0 0 "});
+  static_cast<ItfHmiElement&>(element).ID(-1);
+  element.StorageStringID(-1);
+  operands.AddRows(element);
+  EXPECT_EQ(OperandRows().size(), 1u);
 }
 
 TEST_F(PageOperandsTest, NewOperandsAreEnteredWhenThePageIsSettled) {

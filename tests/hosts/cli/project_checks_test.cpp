@@ -58,6 +58,15 @@ TEST_F(ProjectChecks, CountsWhatItLooksAt) {
   EXPECT_EQ(result.operandRows, 2u);
 }
 
+TEST_F(ProjectChecks, TellsOfAnOperandThatPicksAStringWithoutARow) {
+  Import(R"({"page": 1, "panel": {"type": 1, "width": 320, "height": 240}, "elements": [
+      {"class": "clsText", "Dx": 60, "Dy": 24, "StorageStringType": 3, "StorageStringID": 4}]})");
+  EXPECT_EQ(Check().findings, Lines());
+  EXPECT_EQ(Findings({"UPDATE HMI_Operands SET OprndType=1"}),
+            (Lines{"page 1, row 1 (clsText): StorageStringID 4 has no row in HMI_Operands; one of MW 4 with "
+                   "eOP_StorageStringIdOperand was expected"}));
+}
+
 TEST_F(ProjectChecks, TellsOfTypesThatAreNone) {
   ImportFour();
   EXPECT_EQ(Findings({"UPDATE HMI_Elements SET Type=99 WHERE ID=1"}),

@@ -26,6 +26,15 @@ TEST_F(RowLoaderTest, GivesTheElementOfTheRowWithWhatTheHostKeeps) {
   EXPECT_EQ(element->FillStyle(), eFS_Solid);
 }
 
+TEST_F(RowLoaderTest, TextsAreThoseOfTheLibraryOrOfTheRows) {
+  Import(R"({"page": 1, "panel": {"type": 1, "width": 9, "height": 9}, "elements": [
+    {"class": "clsText", "Txt": "own", "StorageStringID": 5}]})");
+  EXPECT_EQ(LoadRow()->Txt(), "EMPTY STRING");
+  const auto rows =
+      ado::OpenRecordset(Connection(), "SELECT * FROM HMI_Elements", ado::adOpenStatic, ado::adLockReadOnly);
+  EXPECT_EQ(RowLoader(Connection(), ElementClasses::All(), TextsFrom::Rows).Load(rows)->Txt(), "own");
+}
+
 TEST_F(RowLoaderTest, ATypeWithoutAClassIsTold) {
   Import(PageText(1, {ElementText(1, 2, 30, 40)}));
   const automation::ClassInfo* const ellipseOnly[] = {&clsEllipse::ClassOf()};
