@@ -27,7 +27,7 @@ struct Column {
   void (*assign)(Element&, const automation::Variant&) = nullptr;
 };
 
-/// A column kept in a 32-bit field of the element, both ways.
+/// A column kept in a field of the element, both ways, in the width of the field.
 template <class Element, auto Field>
 constexpr Column<Element> FieldColumn(std::string_view name) {
   using Value = std::remove_cvref_t<decltype(std::declval<Element&>().*Field)>;

@@ -43,12 +43,13 @@ LibraryString WidestOf(StringLibrary& library, Long number) {
   return StringIn(library, bestLanguage, number);
 }
 
-corvane1::TextExtent RoomOf(StringLibrary& library, Long number) {
+corvane1::TextExtent RoomOf(StringLibrary& library, Long number, Long fontNumber) {
   const auto fonts = Platform::Current().fontService;
   corvane1::TextExtent room = fonts->GetTextRect("EMPTY", 0);
   bool isFirst = true;
   ForEachLanguage(library, number, [&](Long, const LibraryString& string) {
-    const corvane1::TextExtent extent = fonts->GetTextRect(string.text, string.fontNumber);
+    const Long font = string.fontNumber == -1 ? fontNumber : string.fontNumber;
+    const corvane1::TextExtent extent = fonts->GetTextRect(string.text, font);
     // The word stands for what is not there: a text smaller than it needs no more than its own room.
     room = isFirst ? extent
                    : corvane1::TextExtent{std::max(room.width, extent.width),
@@ -93,8 +94,8 @@ std::string WidestLanguageString(Long number, Long& fontNumber) {
   });
 }
 
-corvane1::TextExtent RoomForAllLanguages(Long number) {
-  return FoundInLibrary([&](StringLibrary& library) { return RoomOf(library, number); });
+corvane1::TextExtent RoomForAllLanguages(Long number, Long fontNumber) {
+  return FoundInLibrary([&](StringLibrary& library) { return RoomOf(library, number, fontNumber); });
 }
 
 }  // namespace quenzel7

@@ -11,12 +11,13 @@ namespace quenzel7 {
 
 /// The string of that number in the language in which it takes the largest area, and in `fontNumber` the
 /// number of its font, so that a layout made for it fits all languages. Among equals the first language
-/// counts; where no language has a text that takes any area, the answer is that of language 0.
+/// counts; where no language has a text that takes any area, the answer is that of language 0. A string that
+/// leaves the font to whoever shows it is measured in what the font service takes for font -1.
 std::string WidestLanguageString(Long number, Long& fontNumber);
 
 /// The room that the string of that number needs in all languages: the greatest width and the greatest
-/// height, each string measured in its own font. Where no language has a text it is that of the word "EMPTY"
-/// in font 0.
-corvane1::TextExtent RoomForAllLanguages(Long number);
+/// height, each string measured in its own font, or in the given one when it leaves the font to whoever shows
+/// it. Where no language has a text it is that of the word "EMPTY" in font 0.
+corvane1::TextExtent RoomForAllLanguages(Long number, Long fontNumber);
 
 }  // namespace quenzel7

@@ -25,7 +25,8 @@ namespace quenzel7 {
 
 /// The services that the elements of one thread work with. A host replaces any of them by assigning its own;
 /// an element that keeps a service for its life keeps the one of its creation. None of them
-/// may be left without an object while elements are in use; only `newImageLibrary` may be empty.
+/// may be left without an object while elements are in use; only `newImageLibrary` and `newTextPainter` may
+/// be empty.
 struct Platform {
   /// The embedded defaults, all of them real: colours of the panel palette, fonts of the panel list, panel
   /// models, settings, operands, numbers and strings kept in the project that `heldProject` holds, changes,
@@ -58,7 +59,8 @@ struct Platform {
   /// The fonts of the panel.
   std::shared_ptr<corvane1::FontService> fontService;
   /// Makes the text painter that an element keeps for its life. A host that replaces the fonts replaces this
-  /// too, so that texts are painted as they are measured.
+  /// too, so that texts are painted as they are measured. One that is empty or gives nothing leaves elements
+  /// with a text uncreatable (error 429).
   std::function<std::shared_ptr<corvane1::TextPainter>()> newTextPainter;
   /// The texts of the project in its languages.
   std::shared_ptr<corvane1::StringLibrary> stringLibrary;

@@ -10,6 +10,10 @@
 
 namespace quenzel7 {
 
+/// What default interfaces say of their own VisibleOpAddr.
+inline constexpr std::string_view kOwnVisibleOpAddrText =
+    "Address of the memory bit that hides the element; -1 none. Writing leaves the operand's row alone.";
+
 /// What every class of elements that hosts create tells about itself: its name, its interfaces, its number,
 /// and how a replica is made. `Element` is the class, `Base` what it is and gets its behaviour from;
 /// `Members<Element>::kMembers` is the default interface in slot order.

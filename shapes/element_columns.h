@@ -28,6 +28,11 @@ template <class Element>
 constexpr Column<Element> ZeroColumn(std::string_view name) {
   return ConstantColumn<Element, Integer, 0>(name);
 }
+/// The same in 32 bits.
+template <class Element>
+constexpr Column<Element> LongZeroColumn(std::string_view name) {
+  return ConstantColumn<Element, Long, 0>(name);
+}
 /// What an element without the operand writes: no address, in 32 bits.
 template <class Element>
 constexpr Column<Element> NoOperandColumn(std::string_view name) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "framework/position.h"
 #include "platform/automation/types.h"
 #include "platform/corvane1/color_service.h"
@@ -11,11 +13,15 @@ namespace quenzel7 {
 enum FrameStyle : Long {
   kFlat = 0,
   kRaised = 1,
-  /// Flat, with room for a box that is not painted.
+  /// A text: flat, with room for a box that is not painted. A frame: plain, with a border.
   kBoxed = 2,
   kSunken = 3,
+  /// A text without background; no style of a frame.
   kTransparent = 4,
 };
+
+/// Paper, and what is behind the marker of a text of which nothing fits.
+inline constexpr std::uint32_t kWhite = 0xFFFFFF;
 
 /// Whether a frame of that style has a bevel: raised or sunken.
 constexpr bool HasBevel(Long style) { return style == kRaised || style == kSunken; }

@@ -25,10 +25,10 @@ class PositionedElement : public ItfHmiElement {
 
   /// Takes a collection of operand bags in place of the element's own; it is shared, not copied.
   void ColOpPropBag(automation::CollectionRef pValue) { operandBags_ = std::move(pValue); }
-  /// The element's operand bags; none until they are built. Hosts cannot read them.
+  /// The element's operand bags; none until they are built.
   const automation::CollectionRef& OperandBags() const { return operandBags_; }
 
-  /// Writes the element's row, creating it when ID is -1, and tells the host of the change. Always true.
+  /// Writes the element's row, creating it when IsNew, and tells the host of the change. Always true.
   bool SaveToDB();
 
   /// A new collection with a bag for each operand that the element has: touch, then hide, unless its class
@@ -45,7 +45,7 @@ class PositionedElement : public ItfHmiElement {
   /// Takes all columns that the class reads from the row.
   virtual void ReadRow(const ado::Recordset& row) = 0;
 
-  /// Whether saving creates the row.
+  /// Whether saving creates the row: the ID is -1, unless the class tells otherwise.
   virtual bool IsNew() const { return id_ == kNone; }
   /// Gives a new row its place in the drawing order of the page; here in the field, which is then written
   /// with the other columns.

@@ -26,11 +26,9 @@ struct ShapeMembers {
       automation::PutRefProperty<automation::CollectionRef>(
           "ColOpPropBag", "Operand bags of the element, taken by reference.",
           AUTOMATION_SETTER(Shape, automation::CollectionRef, ColOpPropBag)),
-      automation::Property<Long>(
-          "VisibleOpAddr",
-          "Address of the memory bit that hides the element; -1 none. Writing only stores it: the operand's "
-          "row stays.",
-          AUTOMATION_GETTER(Shape, VisibleOpAddr), AUTOMATION_SETTER(Shape, Long, VisibleOpAddr)),
+      automation::Property<Long>("VisibleOpAddr", kOwnVisibleOpAddrText,
+                                 AUTOMATION_GETTER(Shape, VisibleOpAddr),
+                                 AUTOMATION_SETTER(Shape, Long, VisibleOpAddr)),
       QUENZEL7_SHAPE_PROPERTY(Long, TouchOprndAddr),
       QUENZEL7_SHAPE_PROPERTY(enHatchStyle, HatchStyle, kBody),
       QUENZEL7_SHAPE_PROPERTY(Long, PenWidth),

@@ -18,8 +18,8 @@ struct clsText::Columns : TextColumns<clsText> {
       DisplayColumn<Text>(),
       kGroupId,
       kText,
-      kColorBack, kColorFore, kColorBackTouch, kColorForeTouch, ZeroColumn<Text>("ColorHatch"),
-      ZeroColumn<Text>("PenStyle"), ZeroColumn<Text>("PenWidth"), ZeroColumn<Text>("HatchStyle"),
+      kColorBack, kColorFore, kColorBackTouch, kColorForeTouch, LongZeroColumn<Text>("ColorHatch"),
+      LongZeroColumn<Text>("PenStyle"), LongZeroColumn<Text>("PenWidth"), LongZeroColumn<Text>("HatchStyle"),
       kTouchOprndAddr, kVisibleOpAddr,
       NoOperandColumn<Text>("EnabledOpAddr"), NoOperandColumn<Text>("HighlightOpAddr"),
       NoOperandColumn<Text>("KeypadSuccessOpAddr"),
@@ -41,7 +41,10 @@ struct clsText::Columns : TextColumns<clsText> {
       kText, kFontNumber, kAlignment, kFlat3D,
       kTouchOprndAddr, kVisibleOpAddr,
       kStorageStringType);
-  static constexpr auto kLoadString = MakeColumnTable(kStorageStringId);
+  /// Through the property's writer, so that an operand that picks the string has a bag of its own address.
+  static constexpr auto kLoadString = MakeColumnTable(Column<Text>{
+      "VarOprndAddr", nullptr,
+      [](Text& text, const automation::Variant& value) { text.StorageStringID(automation::To<Long>(value)); }});
   static constexpr auto kLoadLast = MakeColumnTable(kTabIndex, kOrderIndex);
 };
 
@@ -52,7 +55,6 @@ struct clsText::Operands : TextOperands<clsText> {
 
 namespace {
 
-constexpr std::uint32_t kWhite = 0xFFFFFF;
 /// The panel colours of the marker that shows where a text is of which nothing fits.
 constexpr Long kMarkerHatchColor = 2, kMarkerLineColor = 0;
 
@@ -184,8 +186,6 @@ void clsText::WriteRow(ado::Recordset& row) {
 
 void clsText::ReadRow(const ado::Recordset& row) {
   ReadColumns<clsText>(row, *this, Columns::kLoad);
-  // The bags come before the address of the operand that picks the string: its bag has the address that the
-  // element had until then, for a new one none.
   operandBags_ = BuildOpPropBag();
   ReadColumns<clsText>(row, *this, Columns::kLoadString);
   ChooseLibraryText();

@@ -13,13 +13,10 @@ template <class Element>
 struct TextElementMembers {
   static constexpr auto kMembers =
       TextMembers<Element>::kCommon
-          .WithAfter(
-              "FontNumber",
-              automation::Property<Long>(
-                  "VisibleOpAddr",
-                  "Address of the memory bit that hides the element; -1 none. Writing only stores it: "
-                  "the operand's row stays.",
-                  AUTOMATION_GETTER(Element, VisibleOpAddr), AUTOMATION_SETTER(Element, Long, VisibleOpAddr)))
+          .WithAfter("FontNumber",
+                     automation::Property<Long>("VisibleOpAddr", kOwnVisibleOpAddrText,
+                                                AUTOMATION_GETTER(Element, VisibleOpAddr),
+                                                AUTOMATION_SETTER(Element, Long, VisibleOpAddr)))
           .WithAfter("OrderIndex", automation::Property<bool>("IsCanceled", ElementMemberText("IsCanceled"),
                                                               AUTOMATION_GETTER(Element, IsCanceled),
                                                               AUTOMATION_SETTER(Element, bool, IsCanceled),

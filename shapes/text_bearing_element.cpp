@@ -7,6 +7,7 @@
 #include "framework/report_lines.h"
 #include "framework/tab_index.h"
 #include "platform/automation/arithmetic.h"
+#include "platform/automation/automation_error.h"
 #include "platform/corvane1/text_lines.h"
 #include "platform/platform.h"
 #include "shapes/text_fitting.h"
@@ -17,7 +18,7 @@ namespace {
 using automation::Add;
 using automation::Subtract;
 
-constexpr std::uint32_t kBlack = 0x000000, kWhite = 0xFFFFFF;
+constexpr std::uint32_t kBlack = 0x000000;
 constexpr Long kBevelInset = 7;
 
 corvane1::FontService& Fonts() { return *Platform::Current().fontService; }
@@ -27,19 +28,18 @@ FittedText Fitted(const std::string& text, const gdi::RECT& room, Long fontNumbe
   return FitTextToRect(text, room, lineHeight, Fonts().GetCharWidths(fontNumber));
 }
 
-gdi::LOGPEN InColor(gdi::LOGPEN pen, std::uint32_t color) {
-  pen.lopnColor = color;
-  return pen;
+/// A painter of the host's making. Error 429 when there is none to be had.
+std::shared_ptr<corvane1::TextPainter> NewTextPainter() {
+  const auto& make = Platform::Current().newTextPainter;
+  auto painter = make ? make() : nullptr;
+  if (!painter) {
+    throw automation::AutomationError(automation::ErrorNumber::ClassNotCreatable,
+                                      "the host makes no text painter");
+  }
+  return painter;
 }
 
-gdi::HGDIOBJ CreatePen(const gdi::LOGPEN& pen) { return gdi::CreatePenIndirect(&pen); }
-
 }  // namespace
-
-TextBearingElement::TextColors::TextColors(Long hdc, std::uint32_t text, std::uint32_t background)
-    : hdc_(hdc),
-      pen_(hdc, CreatePen(InColor(CurrentPen(hdc), text))),
-      backgroundBefore_(gdi::SetBkColor(hdc, background)) {}
 
 TextBearingElement::TextBearingElement(const Manner& manner, std::string text)
     : ColoredElement(manner.colors),
@@ -47,7 +47,7 @@ TextBearingElement::TextBearingElement(const Manner& manner, std::string text)
       fontNumber_(Fonts().GetDefaultFontNumber()),
       alignment_(manner.alignment),
       flat3D_(manner.flat3D),
-      textPainter_(Platform::Current().newTextPainter()) {
+      textPainter_(NewTextPainter()) {
   operandBags_ = std::make_shared<automation::Collection>();
 }
 
@@ -119,7 +119,7 @@ void TextBearingElement::ChooseLibraryText() {
 }
 
 corvane1::TextExtent TextBearingElement::FullSize() const {
-  if (ShowsLibraryText() && !HasStorageOperand()) return RoomForAllLanguages(storageStringId_);
+  if (ShowsLibraryText() && !HasStorageOperand()) return RoomForAllLanguages(storageStringId_, fontNumber_);
   const auto [xs, ys, dx, dy] = Displayed();
   return Fitted(text_, {xs, ys, Add(xs, dx), Add(ys, dy)}, fontNumber_).full;
 }
@@ -139,13 +139,15 @@ corvane1::TextPosition TextBearingElement::PositionOf(const std::string& text, L
 }
 
 TextBearingElement::TextColors TextBearingElement::OwnTextColors(Long hdc) const {
-  const std::uint32_t text = Rgb(colorFore_), background = Rgb(colorBack_);
-  return TextColors(hdc, text, background);
+  return TextColors(
+      hdc, [this] { return Rgb(colorFore_); }, [this] { return Rgb(colorBack_); });
 }
 
 void TextBearingElement::PaintLines(Long hdc, Long frameFlag, PaintOperation paint) const {
-  Long y = PositionOf(actualText_, frameFlag).y;
-  corvane1::ForEachLine(actualText_, [&](std::string_view part) {
+  // Services of the host may set the text anew meanwhile.
+  const std::string whole = actualText_;
+  Long y = PositionOf(whole, frameFlag).y;
+  corvane1::ForEachLine(whole, [&](std::string_view part) {
     const std::string line(part);
     paint(*textPainter_, PositionOf(line, frameFlag).x, y, line, hdc, fontNumber_);
     y = Add(y, Fonts().GetCharHeight(fontNumber_));
@@ -166,7 +168,8 @@ void TextBearingElement::ItfHmiElement_DrawToPrinter(Long pHdc, const std::strin
     gdi::Rectangle(pHdc, xs, ys, Add(xs, dx), Add(ys, dy));
   }
   if (!HasText()) return;
-  const TextColors colors(pHdc, kBlack, kWhite);
+  const TextColors colors(
+      pHdc, [] { return kBlack; }, [] { return kWhite; });
   // On paper a string of the library is a text like others.
   constexpr PaintOperation kPaint = [](corvane1::TextPainter& painter, Long x, Long y,
                                        const std::string& text, Long hdc,

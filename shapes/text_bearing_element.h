@@ -145,13 +145,24 @@ class TextBearingElement : public ColoredElement {
 
 class TextBearingElement::TextColors {
  public:
-  /// Both colours 0x00BBGGRR.
-  TextColors(Long hdc, std::uint32_t text, std::uint32_t background);
+  /// Each colour, 0x00BBGGRR, is asked for when it is needed. All else of the pen is that of the context's.
+  template <class Text, class Background>
+  TextColors(Long hdc, const Text& text, const Background& background)
+      : hdc_(hdc),
+        pen_(hdc, CreatePenLikeCurrent(hdc, text)),
+        backgroundBefore_(gdi::SetBkColor(hdc, background())) {}
   ~TextColors() { gdi::SetBkColor(hdc_, backgroundBefore_); }
   TextColors(const TextColors&) = delete;
   TextColors& operator=(const TextColors&) = delete;
 
  private:
+  template <class Color>
+  static gdi::HGDIOBJ CreatePenLikeCurrent(Long hdc, const Color& color) {
+    gdi::LOGPEN pen = CurrentPen(hdc);
+    pen.lopnColor = color();
+    return gdi::CreatePenIndirect(&pen);
+  }
+
   Long hdc_;
   gdi::SelectedPen pen_;
   std::uint32_t backgroundBefore_;
@@ -161,6 +172,7 @@ class TextBearingElement::TextColors {
 template <class Element>
 struct TextBearingElement::TextColumns : ColorColumns<Element> {
   static constexpr auto kText = FieldColumn<Element, &Element::text_>("Text");
+  /// Numbers of fonts, styles and operands need all 32 bits of their fields; only a constant is written short.
   static constexpr auto kFontNumber = FieldColumn<Element, &Element::fontNumber_>("FontNumber");
   static constexpr auto kAlignment = FieldColumn<Element, &Element::alignment_>("Alignment");
   static constexpr auto kFlat3D = FieldColumn<Element, &Element::flat3D_>("Flat3D");

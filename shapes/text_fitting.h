@@ -13,7 +13,7 @@
 /// long is cut, lines for which there is no room are dropped.
 ///
 /// A line with a character that the code page does not have cannot be measured: it is told to the user in a
-/// message box, each time, and counts as an empty line.
+/// message box, each time, and counts as an empty line of width 0.
 namespace quenzel7 {
 
 /// Widths of characters in pixels, indexed by their ANSI code.
@@ -35,7 +35,7 @@ FittedLine FitLineToWidth(std::string_view line, Long width, const CharWidths& w
 struct FittedText {
   std::string text;
   /// The sizes that the whole text and what fits of it take. A width is that of the widest line, also of one
-  /// for which there is no room.
+  /// for which there is no room; a rectangle without height has room for none.
   corvane1::TextExtent full, used;
 };
 

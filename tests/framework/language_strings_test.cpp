@@ -272,8 +272,21 @@ class RoomForLanguages : public LanguageStrings {
     LanguageStrings::SetUp();
     fonts_->Measures("EMPTY", {40, 16});
   }
-  static TextExtent Room() { return RoomForAllLanguages(kAskedFor); }
+  static constexpr Long kFontOfWhoShows = 77;
+  static TextExtent Room() { return RoomForAllLanguages(kAskedFor, kFontOfWhoShows); }
 };
+
+TEST_F(RoomForLanguages, MeasuresATextWithoutAFontOfItsOwnInThatOfWhoShowsIt) {
+  Add("none", -1, 10, 8);
+  Add("zero", 0, 30, 8);
+  Add("other", -2, 20, 9);
+  EXPECT_EQ(Room(), (TextExtent{30, 9}));
+  EXPECT_EQ(*calls_.log, (CallLog{"open project -1", "language?", "measure EMPTY in font 0", "count",  //
+                                  "language 1", "string 70", "measure none in font 77",                //
+                                  "language 2", "string 70", "measure zero in font 0",                 //
+                                  "language 3", "string 70", "measure other in font -2",               //
+                                  "language 3"}));
+}
 
 TEST_F(RoomForLanguages, IsFoundByTheseCallsInThisOrder) {
   Add("one", 11, 10, 8);

@@ -100,19 +100,22 @@ inline const Calls kPaper = {
     "DeleteObject(brush:1)",
 };
 
-/// A part of a log between colours of a text, in a pen of that name, and what was there before.
+/// A part of a log between colours of a text, in a pen of that name, and what was there before; with the
+/// questions for the colours.
 inline Calls InColors(const std::string& pen, const std::string& text, const std::string& back,
-                      const Calls& calls) {
-  return InARow({{"GetCurrentObject(dc:1, 1)", "GetObjectA(stock:7, 16)",
-                  "CreatePenIndirect({0, 0, " + text + "}) -> " + pen, "SelectObject(dc:1, " + pen + ")",
-                  "SetBkColor(dc:1, " + back + ")"},
+                      const Calls& calls, const Calls& textAsked = {}, const Calls& backAsked = {}) {
+  return InARow({{"GetCurrentObject(dc:1, 1)", "GetObjectA(stock:7, 16)"},
+                 textAsked,
+                 {"CreatePenIndirect({0, 0, " + text + "}) -> " + pen, "SelectObject(dc:1, " + pen + ")"},
+                 backAsked,
+                 {"SetBkColor(dc:1, " + back + ")"},
                  calls,
                  {"SetBkColor(dc:1, 0x00ff00)", "SelectObject(dc:1, stock:7)", "DeleteObject(" + pen + ")"}});
 }
 
 /// The same in the colours 6 on 7 of the element.
 inline Calls InOwnColors(const std::string& pen, const Calls& calls) {
-  return InARow({{"GetColor(6)", "GetColor(7)"}, InColors(pen, "0x0a0006", "0x0a0007", calls)});
+  return InColors(pen, "0x0a0006", "0x0a0007", calls, {"GetColor(6)"}, {"GetColor(7)"});
 }
 
 /// A question for the place of a text.
