@@ -9,6 +9,7 @@
 #include "platform/automation/automation_error.h"
 #include "platform/corvane1/project_file.h"
 #include "platform/platform.h"
+#include "shapes/text.h"
 #include "tests/platform/ado/failing_vfs.h"
 #include "tests/support/shape_fixture.h"
 #include "tests/support/temporary_folder.h"
@@ -82,7 +83,8 @@ class FailingProject : public ::testing::Test {
   const test::TemporaryFolder folder_;
   std::shared_ptr<Shape> kept_;
 };
-TYPED_TEST_SUITE(FailingProject, test::StrokedShapeTypes, test::ClassNameOfShape);
+using ShapeTypes = ::testing::Types<clsRectangle, clsEllipse, clsRoundRect, clsLine, clsText>;
+TYPED_TEST_SUITE(FailingProject, ShapeTypes, test::ClassNameOfShape);
 
 TYPED_TEST(FailingProject, AReadOnlyProjectLoadsAndRefusesEveryChange) {
   const auto project = this->Open(ProjectMode::ReadOnly);
