@@ -214,6 +214,20 @@ TYPED_TEST(TextBearing, KeepsWhatIsWrittenThroughEitherInterface) {
   }
 }
 
+TYPED_TEST(TextBearing, TheMarkOfTheHostsIsThatOfTheContract) {
+  TypeParam element;
+  PutByName(element, Contract(), "IsCanceled", true);
+  EXPECT_TRUE(element.IsCanceled());
+  EXPECT_EQ(GetByName(element, Contract(), "IsCanceled"), Variant(true));
+  if (std::is_same_v<TypeParam, clsText>) {
+    EXPECT_EQ(GetByName(element, "IsCanceled"), Variant(true));
+    PutByName(element, "IsCanceled", false);
+    EXPECT_FALSE(element.IsCanceled());
+  } else {
+    EXPECT_EQ(ErrorOf([&] { GetByName(element, "IsCanceled"); }), 438);
+  }
+}
+
 TYPED_TEST(TextBearing, ItsStyleIsWiderThanTheContractTells) {
   TypeParam element;
   element.Flat3D(Long{70000});

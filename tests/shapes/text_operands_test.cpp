@@ -407,6 +407,43 @@ TEST_F(OperandsOfText, TheOperandOfTheStringIsReleasedInItsOwnType) {
   EXPECT_TRUE(this->IsDefined(25));
 }
 
+TEST_F(OperandsOfText, ADeletionThatFailsHasOnlyDoneWhatCameBefore) {
+  const auto store = Platform::Current().operands;
+  const auto make = [&] {
+    Platform::Current().operands = store;
+    const auto text = this->Distinct();
+    text->SaveToDB();
+    AddOperandRow(text->ID(), 24, 25, eOP_StorageStringIdOperand, kLocalNetwork);
+    for (const auto& [type, address] : {std::pair<Long, Long>{1, 22}, {1, 23}, {24, 25}}) {
+      fennick1::Operand operand(store);
+      operand.OperandType(type);
+      operand.OperandAddress(address);
+      operand.AddToProject();
+    }
+    this->Changes().Clear();
+    this->NoteOperands();
+    return text;
+  };
+  make()->DeleteFromDB();
+  const CallLog calls = this->TakeLog();
+  ASSERT_EQ(calls.size(), 10u);
+  for (int step = 0; step < static_cast<int>(calls.size()); ++step) {
+    const auto text = make();
+    this->Recorder().FailAt(step + 1);
+    EXPECT_EQ(ErrorOf([&] { text->DeleteFromDB(); }), static_cast<Long>(automation::ErrorNumber::Database));
+    this->Recorder().FailAt(0);
+    Platform::Current().operands = store;
+    EXPECT_EQ(this->Elements().empty(), step > 4) << step;
+    EXPECT_EQ(this->OperandRows().empty(), step > 5) << step;
+    EXPECT_EQ(this->IsDefined(22), step <= 6) << step;
+    EXPECT_EQ(OperandDescription(24, 25, 0).empty(), step > 7) << step;
+    EXPECT_EQ(this->IsDefined(23), step <= 8) << step;
+    EXPECT_TRUE(this->Changes().ChangedPages().empty()) << step;
+    this->Connection().Execute("DELETE FROM HMI_Elements");
+    this->Connection().Execute("DELETE FROM HMI_Operands");
+  }
+}
+
 TEST_F(OperandsOfText, ADeletionIsUndoneWithANewRow) {
   const auto text = this->Distinct();
   text->SaveToDB();
