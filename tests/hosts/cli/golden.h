@@ -3,12 +3,13 @@
 #include <string>
 
 #include "hosts/cli/picture.h"
+#include "tests/support/golden.h"
 
 namespace quenzel7::cli::test {
 
-/// Compares with a picture under tests/golden, exactly. With QUENZEL7_RENEW_GOLDENS=1 in the environment the
-/// picture there is written anew. On a difference a picture of it is left in the working folder: what differs
-/// in red over the expected one in grey.
-void ExpectGolden(const Picture& picture, const std::string& name);
+/// Compares with a picture under tests/golden, as for any pixels.
+inline void ExpectGolden(const Picture& picture, const std::string& name) {
+  quenzel7::test::ExpectGolden({picture.width, picture.height, picture.pixels}, name);
+}
 
 }  // namespace quenzel7::cli::test
