@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "hosts/cli/console.h"
 #include "hosts/cli/picture.h"
@@ -44,6 +45,12 @@ int ImportStringsCommand(const std::string& projectPath, const std::string& file
 
 /// Writes the string library of a project as a CSV file.
 int ExportStringsCommand(const std::string& projectPath, const std::string& filePath);
+
+/// Makes the settings that `arguments` tell, "SECTION/KEY=TEXT" or "SECTION/KEY=" to take one away, all or
+/// none, in a project that is made when it is not there; then tells all settings that the project has.
+/// Without arguments the project has to be there. A setting that the library cannot work with is refused.
+int SettingsCommand(const std::string& projectPath, const std::vector<std::string>& arguments,
+                    const Console& console);
 
 /// Shows in a folder what the library does: builds a project, paints it, drags elements, opens it again and
 /// compares. Exit status 1 when the page painted from the opened project differs from the one before.

@@ -2,8 +2,10 @@
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/element_tree.h"
 #include "hosts/cli/host_tables.h"
+#include "hosts/cli/library_texts.h"
 #include "hosts/cli/page_store.h"
 #include "hosts/cli/text_table.h"
+#include "hosts/cli/user_error.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -23,7 +25,8 @@ int ListCommand(const std::string& projectPath, const Console& console) {
                       {"order", Side::Right},
                       {"ID", Side::Right},
                       {"class", Side::Left},
-                      {"tool tip", Side::Left}});
+                      {"tool tip", Side::Left},
+                      {"text", Side::Left}});
   ProjectSession project(projectPath, corvane1::ProjectMode::ReadOnly);
   project.Do([&] {
     for (const PageInfo& info : HostPages(project.Connection()).All()) {
@@ -37,8 +40,8 @@ int ListCommand(const std::string& projectPath, const Console& console) {
         const std::string order = IsGroup(element) ? "" : Text(Read(element, "OrderIndex"));
         const std::string indentation(2 * (path.size() - 1), ' ');
         elements.Add({number, order, std::to_string(IdOf(element)),
-                      indentation + std::string(element.Class().name),
-                      Text(Call(element, "GetToolTipText"))});
+                      indentation + std::string(element.Class().name), Text(Call(element, "GetToolTipText")),
+                      BearsText(element) ? Quoted(Text(Read(element, "Txt"))) : ""});
       });
     }
   });

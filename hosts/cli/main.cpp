@@ -5,6 +5,7 @@
 #include <limits>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "hosts/cli/commands.h"
 #include "hosts/cli/png_writer.h"
@@ -68,6 +69,14 @@ int main(int argc, char** argv) {
       ->check(CLI::IsMember({"import", "export"}));
   strings->add_option("FILE.csv", output, "The file with the texts")->required();
 
+  std::vector<std::string> changes;
+  CLI::App* settings = app.add_subcommand("settings", "Tell the settings of a project, and change them");
+  settings->add_option("PROJECT", project, "The project file; it is made when a setting is given")
+      ->required();
+  settings->add_option("SECTION/KEY=TEXT", changes,
+                       "Settings to make, such as 7000/1=1251 for a Cyrillic code page; an empty text takes "
+                       "one away");
+
   CLI::App* demo = app.add_subcommand("demo", "Build, paint, change and open again a project");
   demo->add_option("-o,--output", folder, "The folder to write to")->capture_default_str();
 
@@ -93,6 +102,7 @@ int main(int argc, char** argv) {
     if (*check) return cli::CheckCommand(project, console);
     if (*diff) return cli::DiffCommand(project, projectB, page, output, console);
     if (*strings && direction == "import") return cli::ImportStringsCommand(project, output, console);
+    if (*settings) return cli::SettingsCommand(project, changes, console);
     if (*strings) return cli::ExportStringsCommand(project, output);
     return cli::DemoCommand(folder, console);
   });

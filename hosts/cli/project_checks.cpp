@@ -15,8 +15,10 @@
 #include "hosts/cli/place_check.h"
 #include "hosts/cli/progress_bar.h"
 #include "hosts/cli/property_values.h"
+#include "hosts/cli/quiet_boxes.h"
 #include "hosts/cli/row_loader.h"
 #include "hosts/cli/table_column.h"
+#include "hosts/cli/text_check.h"
 #include "hosts/cli/user_error.h"
 #include "platform/automation/call_by_name.h"
 #include "platform/fennick1/operand_types.h"
@@ -137,6 +139,8 @@ class Check {
   }
 
   void CheckElements() {
+    // What the library would show boxes of is told as a finding.
+    const QuietBoxes quiet;
     ProgressBar progress(console_, "checking", result_.elements);
     if (result_.elements > 0) elements_->MoveFirst();
     for (; !elements_->Eof(); elements_->MoveNext()) {
@@ -176,6 +180,8 @@ class Check {
       const std::string place =
           places_.Check(*element, known == pages_.end() ? std::optional<Panel>() : known->second);
       if (!place.empty()) Tell(place);
+      const std::string text = CheckText(*element);
+      if (!text.empty()) Tell(text);
       CheckOperandsOf(*element);
     });
   }

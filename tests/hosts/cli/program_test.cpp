@@ -67,7 +67,8 @@ TEST_F(ProgramTest, HelpTellsEveryCommand) {
   const auto run = Run({"--help"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
-  for (const char* command : {"import", "export", "render", "list", "check", "diff", "strings", "demo"}) {
+  for (const char* command :
+       {"import", "export", "render", "list", "check", "diff", "strings", "settings", "demo"}) {
     EXPECT_NE(run.out.find(command), std::string::npos) << command;
     const auto help = Run({command, "--help"});
     EXPECT_EQ(help.status, 0);
@@ -90,6 +91,29 @@ TEST_F(ProgramTest, BringsTextsInAndOut) {
                 "strings file none.csv cannot be read: No such file or directory");
   EXPECT_EQ(Run({"strings", "p.qz7", "both", "in.csv"}).status, 2);
   EXPECT_EQ(Run({"strings", "p.qz7", "import"}).status, 2);
+}
+
+TEST_F(ProgramTest, ShowsTextsInTheCodePageOfTheProject) {
+  const std::string page =
+      R"({"page": 1, "panel": {"type": 1, "width": 100, "height": 60}, "elements": [
+    {"class": "clsText", "Dx": 90, "Dy": 50, "Flat3D": 0, "Txt": "\u0416\r\nx\r\n\u0428"}]})";
+  Write("panel.json", page);
+  const std::string box = "Language is not supported: Tessaline can't handle Multibyte chars\n";
+  EXPECT_EQ(Run({"import", "panel.json", "p.qz7"}).err, box + box);
+  const auto render = Run({"render", "p.qz7", "-o", "x.png"});
+  EXPECT_EQ(render.status, 0);
+  EXPECT_EQ(render.err, box + box);
+  EXPECT_EQ(Run({"check", "p.qz7"}).err, "");
+  const auto settings = Run({"settings", "p.qz7", "7000/1=1251", "6000/6022=1"});
+  EXPECT_EQ(settings.status, 0);
+  EXPECT_EQ(settings.out, "6000/6022=1\n7000/1=1251\n");
+  EXPECT_EQ(Run({"render", "p.qz7", "-o", "y.png"}).err, "");
+  EXPECT_NE(TextOf("x.png"), TextOf("y.png"));
+  EXPECT_EQ(Run({"check", "p.qz7"}).status, 0);
+  EXPECT_EQ(Run({"export", "p.qz7"}).out, page);
+  EXPECT_EQ(Run({"settings", "p.qz7"}).out, settings.out);
+  ExpectFailure({"settings", "p.qz7", "7000"},
+                "setting \"7000\": SECTION/KEY=TEXT is expected, with whole numbers for section and key");
 }
 
 TEST_F(ProgramTest, WrongUseIsOneLine) {
@@ -192,7 +216,7 @@ TEST_F(ProgramTest, ListsPagesAndElements) {
             "   3  Boiler      1  320x240         1\n"
             "  12  Boiler      1  320x240         1\n"
             "\n"
-            "page  order  ID  class         tool tip\n"
+            "page  order  ID  class         tool tip                                  text\n"
             "   3      1   2  clsRectangle  (Touch - MB 5) Pos: 3, 2 ; Size: 30, 40\n"
             "  12      1   1  clsRectangle  (Touch - MB 5) Pos: 12, 2 ; Size: 30, 40\n");
 }
@@ -200,18 +224,19 @@ TEST_F(ProgramTest, ListsPagesAndElements) {
 TEST_F(ProgramTest, ListsTheMembersOfGroupsBelowThem) {
   Write("panel.json", R"({"page": 1, "panel": {"type": 1, "width": 4, "height": 2}, "elements": [
     {"class": "clsGroup", "elements": [
-      {"class": "clsGroup", "elements": [{"class": "clsLine", "Dx": 3}]}, {"class": "clsEllipse"}]},
+      {"class": "clsGroup", "elements": [{"class": "clsText", "Dx": 60, "Dy": 9, "Txt": "12 \u00b0C\r\n\"x\""}]},
+      {"class": "clsFrame", "Dx": 300, "Dy": 200, "Txt": ""}]},
     {"class": "clsRoundRect"}]})");
   EXPECT_EQ(Run({"import", "panel.json", "p.qz7"}).out, "page 1: 5 elements imported into p.qz7\n");
   EXPECT_EQ(Run({"list", "p.qz7"}).out,
             "page  name  panel  size  elements\n"
             "   1            1  4x2          5\n"
             "\n"
-            "page  order  ID  class         tool tip\n"
+            "page  order  ID  class         tool tip                    text\n"
             "   1          4  clsGroup\n"
             "   1          2    clsGroup\n"
-            "   1      1   1      clsLine   Pos: 0, 0 ; Size: 3, 0\n"
-            "   1      2   3    clsEllipse  Pos: 0, 0 ; Size: 0, 0\n"
+            "   1      1   1      clsText   Pos: 0, 0 ; Size: 60, 9     \"12 \u00b0C\\r\\n\"x\"\"\n"
+            "   1      2   3    clsFrame    Pos: 0, 0 ; Size: 300, 200  \"\"\n"
             "   1      3   5  clsRoundRect  Pos: 0, 0 ; Size: 0, 0\n");
 }
 

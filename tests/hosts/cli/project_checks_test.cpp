@@ -67,6 +67,21 @@ TEST_F(ProjectChecks, TellsOfAnOperandThatPicksAStringWithoutARow) {
                    "eOP_StorageStringIdOperand was expected"}));
 }
 
+TEST_F(ProjectChecks, TellsOfTextsThatAreCutAndOfCharactersThatAreNoneWithoutABox) {
+  testing::internal::CaptureStderr();
+  Import(R"({"page": 1, "panel": {"type": 1, "width": 320, "height": 240}, "elements": [
+      {"class": "clsText", "Dx": 60, "Dy": 24, "Txt": "cut", "FontNumber": 10},
+      {"class": "clsFrame", "Dx": 60, "Dy": 24, "Txt": "\u0416"},
+      {"class": "clsText", "Dx": 60, "Dy": 24}]})");
+  EXPECT_NE(testing::internal::GetCapturedStderr(), "");
+  testing::internal::CaptureStderr();
+  const Lines findings = Check().findings;
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  ASSERT_EQ(findings.size(), 2u);
+  EXPECT_EQ(findings[0].substr(0, 56), "page 1, row 1 (clsText): shows only \"\" of its text \"cut\"");
+  EXPECT_EQ(findings[1].substr(0, 60), "page 1, row 2 (clsFrame): shows nothing of 1 line of its tex");
+}
+
 TEST_F(ProjectChecks, TellsOfTypesThatAreNone) {
   ImportFour();
   EXPECT_EQ(Findings({"UPDATE HMI_Elements SET Type=99 WHERE ID=1"}),
