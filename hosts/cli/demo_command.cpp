@@ -2,7 +2,7 @@
 #include <string_view>
 
 #include "hosts/cli/commands.h"
-#include "hosts/cli/demo_page.h"
+#include "hosts/cli/demo_files.h"
 #include "hosts/cli/drag.h"
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/element_tree.h"
@@ -111,9 +111,13 @@ int DemoCommand(const std::string& folder, const Console& console) {
   const std::string source(DemoPage());
   WriteTextFile(pagePath.string(), source, "page file " + pagePath.string());
   console.out << "quenzel7 demo\n";
+  const fs::path stringsPath = home / "strings.csv";
+  WriteTextFile(stringsPath.string(), std::string(DemoStrings()), "strings file " + stringsPath.string());
   console.out << "  page file  " << pagePath.string() << '\n';
   console.out << "  project    ";
   ImportCommand(pagePath.string(), projectPath.string(), console);
+  console.out << "  strings    ";
+  ImportStringsCommand(projectPath.string(), stringsPath.string(), console);
 
   const Long number = ReadPageFile(source, "demo page").info.number;
   Picture after;

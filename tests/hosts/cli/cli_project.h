@@ -7,8 +7,11 @@
 #include <string>
 #include <vector>
 
+#include "hosts/cli/commands.h"
+#include "hosts/cli/demo_files.h"
 #include "hosts/cli/page_store.h"
 #include "hosts/cli/project_session.h"
+#include "hosts/cli/text_file.h"
 #include "platform/automation/convert.h"
 #include "platform/platform.h"
 #include "tests/hosts/cli/messages.h"
@@ -62,6 +65,15 @@ class CliProjectTest : public ::testing::Test {
 
   ImportResult Import(const std::string& text) {
     return ImportPage(Session(), ReadPageFile(text, "page file x"), text, "page file x", console_);
+  }
+  /// Imports the page of the demo and its texts, and opens the project again.
+  void ImportDemo(corvane1::ProjectMode mode = corvane1::ProjectMode::Create) {
+    Import(std::string(DemoPage()));
+    session_.reset();
+    const std::string strings = folder_.File("strings.csv");
+    WriteTextFile(strings, std::string(DemoStrings()), "file");
+    ImportStringsCommand(Path(), strings, console_);
+    Open(mode);
   }
   LoadedPage Load(Long page = 1) { return LoadPage(Session(), ChoosePage(Session(), page), console_); }
   LoadedPage LoadAsFiled(Long page = 1) {

@@ -7,9 +7,11 @@
 
 #include "framework/enums.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/demo_page.h"
+#include "hosts/cli/demo_files.h"
 #include "hosts/cli/element_tree.h"
+#include "hosts/cli/library_texts.h"
 #include "hosts/cli/picture.h"
+#include "hosts/cli/text_check.h"
 #include "hosts/cli/text_file.h"
 #include "platform/automation/call_by_name.h"
 #include "tests/hosts/cli/cli_project.h"
@@ -32,8 +34,25 @@ DemoRun RunDemo(const std::string& folder) {
   return {status, out.str()};
 }
 
+std::vector<std::string> Texts(const LoadedPage& page) {
+  std::vector<std::string> texts;
+  WalkElements(page.elements, [&texts](ItfHmiElement& element, const ElementPath&) {
+    if (BearsText(element)) texts.push_back(element.Txt());
+  });
+  return texts;
+}
+
 TEST(Demo, ItsPageIsTheFileInTheDemoFolder) {
   EXPECT_EQ(DemoPage(), ReadTextFile(QUENZEL7_SOURCE_DIR "/demo/boiler.json", "demo page"));
+}
+
+TEST(Demo, ItsTextsAreTheFileInTheDemoFolderAndAreExportedByteForByte) {
+  EXPECT_EQ(DemoStrings(), ReadTextFile(QUENZEL7_SOURCE_DIR "/demo/strings.csv", "demo strings"));
+  const TemporaryFolder folder;
+  RunDemo(folder.File(""));
+  EXPECT_EQ(ReadTextFile(folder.File("strings.csv"), "file"), DemoStrings());
+  EXPECT_EQ(ExportStringsCommand(folder.File("boiler.qz7"), folder.File("out.csv")), 0);
+  EXPECT_EQ(ReadTextFile(folder.File("out.csv"), "file"), DemoStrings());
 }
 
 TEST(Demo, TellsWhatItMadeAndWhatBecameOfIt) {
@@ -47,7 +66,10 @@ TEST(Demo, TellsWhatItMadeAndWhatBecameOfIt) {
       "  page file  " +
           folder +
           "/boiler.json\n"
-          "  project    page 1: 701 elements imported into " +
+          "  project    page 1: 442 elements imported into " +
+          folder +
+          "/boiler.qz7\n"
+          "  strings    8 texts and 4 languages imported into " +
           folder +
           "/boiler.qz7\n"
           "  picture    " +
@@ -64,7 +86,7 @@ TEST(Demo, TellsWhatItMadeAndWhatBecameOfIt) {
           " last step eCS_Legall\n"
           "  drag       the wagon is pulled beyond the page: (170, 166, 64, 40) -> (162, 166, 64, 40),"
           " last step eCS_OutOfRAnge\n"
-          "  undo       element 688 is deleted and comes back as element 702\n"
+          "  undo       element 429 is deleted and comes back as element 443\n"
           "  picture    " +
           folder +
           "/after.png: after the drags, from the objects that were dragged\n"
@@ -138,12 +160,12 @@ TEST(Demo, LeavesAProjectInWhichTheChangesStand) {
   }
   EXPECT_EQ(automation::GetByName(*page.elements.at(wagon), "Depth"), automation::Variant(Long{3}));
   // The push button has a new row at its old place, still solid, and its operands again.
-  EXPECT_EQ(touched.at(104)->ID(), 702);
-  EXPECT_EQ(touched.at(104)->OrderIndex(), 653);
+  EXPECT_EQ(touched.at(104)->ID(), 443);
+  EXPECT_EQ(touched.at(104)->OrderIndex(), 401);
   EXPECT_EQ(touched.at(104)->FillStyle(), eFS_Solid);
   const auto rows =
       ado::OpenRecordset(project.Connection(),
-                         "SELECT OprndAddr, OprndPurpose FROM HMI_Operands WHERE ElementID=702 ORDER BY "
+                         "SELECT OprndAddr, OprndPurpose FROM HMI_Operands WHERE ElementID=443 ORDER BY "
                          "OprndPurpose",
                          ado::adOpenStatic, ado::adLockReadOnly);
   ASSERT_EQ(rows->RecordCount(), 2);
@@ -182,7 +204,6 @@ TEST(Demo, ItsPageShowsEveryShapeInEveryStyle) {
     touchedAndHidden += element.IsTouchable() && element.VisibleOpAddr() != -1;
   });
   for (const automation::ClassInfo* shape : ElementClasses::All().Classes()) {
-    if (shape->Default().Find("ActualText")) continue;
     EXPECT_GT(classes[shape->name], 0) << shape->name;
   }
   EXPECT_EQ(deepest, 4u);
@@ -200,6 +221,40 @@ TEST(Demo, ItsPageShowsEveryShapeInEveryStyle) {
   EXPECT_GT(fills[eFS_Hollow], 0);
   EXPECT_GT(fills[eFS_Solid], 0);
   EXPECT_GT(touchedAndHidden, 0);
+}
+
+TEST(Demo, ItsPageShowsTextsAndFramesOfEveryStyle) {
+  const TemporaryFolder folder;
+  RunDemo(folder.File(""));
+  ProjectSession project(folder.File("boiler.qz7"), corvane1::ProjectMode::ReadOnly);
+  std::ostringstream out, err;
+  const LoadedPage page = LoadPage(project, ChoosePage(project, {}), {out, err});
+  std::map<std::pair<std::string_view, Long>, int> styles;
+  std::map<std::string_view, int> ofLibrary;
+  int ofSeveralLines = 0, touchable = 0, framesInGroups = 0;
+  WalkElements(page.elements, [&](ItfHmiElement& element, const ElementPath& path) {
+    if (!BearsText(element)) return;
+    EXPECT_EQ(CheckText(element), "");
+    const std::string_view name = element.Class().name;
+    ++styles[{name, element.Flat3D()}];
+    ofLibrary[name] += ShowsLibraryString(element);
+    ofSeveralLines += element.Txt().find("\r\n") != std::string::npos;
+    touchable += element.IsTouchable();
+    framesInGroups += name == "clsFrame" && path.size() > 1;
+  });
+  for (const Long style : {0, 1, 2, 3, 4}) EXPECT_GT((styles[{"clsText", style}]), 0) << style;
+  for (const Long style : {0, 1, 2, 3}) EXPECT_GT((styles[{"clsFrame", style}]), 0) << style;
+  EXPECT_EQ(styles.size(), 9u);
+  EXPECT_GT(ofLibrary["clsText"], 0);
+  EXPECT_GT(ofLibrary["clsFrame"], 0);
+  EXPECT_GT(ofSeveralLines, 1);
+  EXPECT_GT(touchable, 1);
+  EXPECT_GT(framesInGroups, 1);
+  // What is shown is the text that takes the most room.
+  const auto texts = Texts(page);
+  for (const char* text : {"Quenzel", "7", "Calefacci\u00f3n", "Commande", "\u00b0C", "Feed water\r\n62 %"}) {
+    EXPECT_EQ(std::count(texts.begin(), texts.end(), text), 1) << text;
+  }
 }
 
 TEST(Demo, TellsWhenAnEarlierProjectCannotBeRemoved) {

@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "hosts/cli/commands.h"
-#include "hosts/cli/demo_page.h"
+#include "hosts/cli/demo_files.h"
 #include "hosts/cli/diff_picture.h"
 #include "hosts/cli/text_file.h"
 #include "tests/hosts/cli/cli_project.h"

@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "hosts/cli/demo_page.h"
+#include "hosts/cli/demo_files.h"
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/host_tables.h"
 #include "hosts/cli/json_document.h"
@@ -86,8 +86,8 @@ TEST_F(PageStoreTest, ACanonicalFileIsWhatIsExportedWithoutTheKeptSource) {
 }
 
 TEST_F(PageStoreTest, TheDemoPageIsCanonical) {
-  Import(std::string(DemoPage()));
-  const LoadedPage page = Load();
+  ImportDemo();
+  const LoadedPage page = LoadAsFiled();
   EXPECT_EQ(CanonicalPageText(page.info, page.elements), DemoPage());
 }
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "hosts/cli/demo_page.h"
+#include "hosts/cli/demo_files.h"
 #include "platform/corvane1/settings.h"
 #include "tests/hosts/cli/cli_project.h"
 #include "tests/hosts/cli/every_kind_element.h"
@@ -41,7 +41,7 @@ TEST_F(ProjectChecks, AnEmptyProjectIsSound) {
 }
 
 TEST_F(ProjectChecks, TheDemoPageIsSound) {
-  Import(std::string(DemoPage()));
+  ImportDemo();
   const CheckResult result = Check();
   EXPECT_EQ(result.findings, Lines());
   EXPECT_EQ(result.notes, Lines());

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "hosts/cli/demo_page.h"
+#include "hosts/cli/demo_files.h"
 #include "hosts/cli/element_tree.h"
 #include "platform/gdi/gdi.h"
 #include "shapes/group.h"
@@ -100,16 +100,26 @@ TEST_F(RendererTest, AGroupPaintsItsMembersOnTheirPlacesInThePage) {
   EXPECT_EQ(RenderPage(Load(), NoTerminal()).pixels, (std::vector<std::uint32_t>{R, B, R, R, W}));
 }
 
+TEST_F(RendererTest, AFrameInAGroupLiesBelowWhatIsLowerOnThePage) {
+  Import(R"({"page": 1, "panel": {"type": 1, "width": 5, "height": 1}, "elements": [
+    {"class": "clsRectangle", "Xs": 1, "Dx": 1, "Dy": 1, "FillStyle": 1, "ColorBack": 0, "ColorFore": 0},
+    {"class": "clsGroup", "elements": [
+      {"class": "clsFrame", "Dx": 4, "Dy": 1, "Flat3D": 0, "Txt": "", "ColorBack": 9},
+      {"class": "clsText", "Xs": 2, "Dx": 1, "Dy": 1, "Flat3D": 0, "Txt": " ", "ColorBack": 9}]}]})");
+  constexpr std::uint32_t W = 0xFFFFFF, R = 0xE00000, B = 0x000000;
+  // The text, which is blank, shows the red edge of its marker.
+  EXPECT_EQ(RenderPage(Load(), NoTerminal()).pixels, (std::vector<std::uint32_t>{B, R, R, B, W}));
+}
+
 TEST_F(RendererTest, LeavesNoGraphicsObjects) {
-  Import(std::string(DemoPage()));
+  ImportDemo();
   const std::size_t before = gdi::LiveObjects();
   RenderPage(Load(), NoTerminal());
   EXPECT_EQ(gdi::LiveObjects(), before);
 }
 
 TEST_F(RendererTest, TheDemoPageIsTheGoldenOne) {
-  Import(std::string(DemoPage()));
-  Open(corvane1::ProjectMode::ReadOnly);
+  ImportDemo(corvane1::ProjectMode::ReadOnly);
   test::ExpectGolden(RenderPage(Load(), NoTerminal()), "boiler");
 }
 
