@@ -31,7 +31,7 @@ Setting SettingFrom(const std::string& argument) {
   const std::string_view all = argument;
   const auto equals = all.find('='), slash = all.find('/');
   Setting setting;
-  if (equals == std::string::npos || slash > equals || !IsNumber(all.substr(0, slash), setting.section) ||
+  if (equals == std::string::npos || !IsNumber(all.substr(0, slash), setting.section) ||
       !IsNumber(all.substr(slash + 1, equals - slash - 1), setting.key)) {
     throw UserError("setting " + Quoted(argument) +
                     ": SECTION/KEY=TEXT is expected, with whole numbers for section and key");
