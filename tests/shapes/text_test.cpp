@@ -92,7 +92,8 @@ TEST_F(Text, AsksForItsDefaultsInThisOrderByItsStyle) {
   const struct {
     const char* style;
     bool isFlat;
-  } kStyles[] = {{"0", true}, {"4", true}, {"1", false}, {"2", false}, {"3", false}, {"5", false}, {"-1", false}};
+  } kStyles[] = {{"0", true},  {"4", true},  {"1", false}, {"2", false},
+                 {"3", false}, {"5", false}, {"-1", false}};
   for (const auto& [style, isFlat] : kStyles) {
     const auto settings = Told({{6043, style}});
     clsText text;
@@ -171,9 +172,7 @@ TEST_F(Text, ChangesColoursUnderATouchOnlyWhenTheyDiffer) {
 // --- The size that it would like ---
 
 TEST_F(Text, WouldLikeTheRoomOfItsWholeTextAndOfItsFrame) {
-  const struct {
-    Long style, allowance;
-  } kStyles[] = {{0, 0}, {1, 8}, {2, 2}, {3, 8}, {4, 0}};
+  const struct { Long style, allowance; } kStyles[] = {{0, 0}, {1, 8}, {2, 2}, {3, 8}, {4, 0}};
   for (const auto& [style, allowance] : kStyles) {
     const auto text = Small("abcd\r\nab");
     text->FontNumber(2);
