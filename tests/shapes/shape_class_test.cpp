@@ -35,8 +35,7 @@ TYPED_TEST(EachShapeClass, DocumentTheirMembersAsTheContractDoes) {
 TYPED_TEST(EachShapeClass, DocumentTheHideOperandOnTheirOwn) {
   EXPECT_EQ(
       TypeParam::ClassOf().Default().Find("VisibleOpAddr")->documentation,
-      "Address of the memory bit that hides the element; -1 none. Writing only stores it: the operand's "
-      "row stays.");
+      "Address of the memory bit that hides the element; -1 none. Writing leaves the operand's row alone.");
 }
 
 TYPED_TEST(EachShapeClass, MakeReplicasOfTheirOwnClass) {

@@ -150,6 +150,33 @@ TYPED_TEST(TextBearing, TakesItsServicesWhenItIsMade) {
   EXPECT_TRUE(heldColors.expired());
 }
 
+TYPED_TEST(TextBearing, CannotBeMadeWithoutATextPainter) {
+  Platform::Current().newTextPainter = nullptr;
+  EXPECT_RAISES(429, "the host makes no text painter", TypeParam());
+  Platform::Current().newTextPainter = [] { return nullptr; };
+  EXPECT_RAISES(429, "the host makes no text painter", TypeParam());
+}
+
+TYPED_TEST(TextBearing, PaintsAllLinesOfATextThatTheHostSetsAnewMeanwhile) {
+  class Meddling final : public test::FontDouble {
+   public:
+    explicit Meddling(std::shared_ptr<TypeParam>& element)
+        : FontDouble(std::make_shared<CallLog>()), element_(element) {}
+    Long GetCharHeight(Long) override {
+      element_->ActualText("");
+      return 1;
+    }
+
+   private:
+    std::shared_ptr<TypeParam>& element_;
+  };
+  auto element = std::make_shared<TypeParam>();
+  element->ActualText("the first of three lines\r\nand the second\r\nand the third");
+  Platform::Current().fontService = std::make_shared<Meddling>(element);
+  EXPECT_EQ(this->services_.ShownBy(*element), "the first of three lines|and the second|and the third");
+  EXPECT_EQ(this->services_.ShownBy(*element), "");
+}
+
 TYPED_TEST(TextBearing, KeepsNoFontServiceAndFitsWithTheOneOfTheTime) {
   const auto element = this->Small("abcdef");
   EXPECT_EQ(element->ActualText(), "abcdef");

@@ -219,9 +219,9 @@ TEST_F(PaintedText, ThePenOfTheContextKeepsItsStyleAndWidthInTheColourOfTheText)
     // Two calls of this test's own on either side.
     EXPECT_EQ(calls,
               InARow({{"CreatePenIndirect({" + kind + ", 0x123456}) -> pen:1", "SelectObject(dc:1, pen:1)",
-                       "GetColor(6)", "GetColor(7)", "GetCurrentObject(dc:1, 1)", "GetObjectA(pen:1, 16)",
+                       "GetCurrentObject(dc:1, 1)", "GetObjectA(pen:1, 16)", "GetColor(6)",
                        "CreatePenIndirect({" + kind + ", 0x0a0006}) -> pen:2", "SelectObject(dc:1, pen:2)",
-                       "SetBkColor(dc:1, 0x0a0007)"},
+                       "GetColor(7)", "SetBkColor(dc:1, 0x0a0007)"},
                       OneLine(0, "DrawTextTransparent"),
                       {"SetBkColor(dc:1, 0x00ff00)", "SelectObject(dc:1, pen:1)", "DeleteObject(pen:2)",
                        "SelectObject(dc:1, stock:7)", "DeleteObject(pen:1)"}}));

@@ -114,10 +114,10 @@ const CallLog kColumnsOfText = {
     "put ColorFore=17:Long",
     "put ColorBackTouch=18:Long",
     "put ColorForeTouch=19:Long",
-    "put ColorHatch=0:Integer",
-    "put PenStyle=0:Integer",
-    "put PenWidth=0:Integer",
-    "put HatchStyle=0:Integer",
+    "put ColorHatch=0:Long",
+    "put PenStyle=0:Long",
+    "put PenWidth=0:Long",
+    "put HatchStyle=0:Long",
     "put TouchOprndAddr=22:Long",
     "put VisibleOpAddr=23:Long",
     "put EnabledOpAddr=-1:Long",
@@ -337,7 +337,7 @@ TYPED_TEST(TextRows, EveryNumberIsKeptIn32Bits) {
                 this->Loaded(5));
 }
 
-TEST_F(RowsOfText, LoadsInThisOrderAndBuildsTheBagsBeforeTheAddressOfTheStringsOperand) {
+TEST_F(RowsOfText, LoadsInThisOrderAndBuildsTheBagsBeforeAndAfterTheAddressOfTheStringsOperand) {
   Distinct()->SaveToDB();
   const auto row = OpenedRow();
   clsText text;
@@ -369,15 +369,17 @@ TEST_F(RowsOfText, LoadsInThisOrderAndBuildsTheBagsBeforeTheAddressOfTheStringsO
                                 "operand 1 23",
                                 "operand 24 -1",
                                 "get VarOprndAddr",
+                                "operand 1 22",
+                                "operand 1 23",
+                                "operand 24 25",
                                 "get TabIndex",
                                 "get OrderIndex",
                                 "height of font 5",
                                 "widths of font 5"}));
-  EXPECT_EQ(OperandsIn(text.ColOpPropBag()), (CallLog{"1 22", "1 23", "24 -1"}));
-  // Loaded once more, the address of the first time is in the bag.
+  EXPECT_EQ(OperandsIn(text.ColOpPropBag()), (CallLog{"1 22", "1 23", "24 25"}));
   Connection().Execute("UPDATE HMI_Elements SET VarOprndAddr=26");
   text.LoadFromDB(*OpenedRow());
-  EXPECT_EQ(OperandsIn(text.ColOpPropBag()), (CallLog{"1 22", "1 23", "24 25"}));
+  EXPECT_EQ(OperandsIn(text.ColOpPropBag()), (CallLog{"1 22", "1 23", "24 26"}));
   EXPECT_EQ(text.StorageStringID(), 26);
 }
 

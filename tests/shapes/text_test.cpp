@@ -292,6 +292,12 @@ TEST_F(Text, AStringSmallerThanTheWordForNoneNeedsNoMoreThanItsOwnRoom) {
   EXPECT_EQ(Optimal(*OfString70({{"EMPTY STRING", 3}, {"a", 0}})), (Size{1, 2}));
 }
 
+TEST_F(Text, AStringWithoutAFontNeedsTheRoomThatItTakesInTheFontOfTheElement) {
+  const auto text = OfString70({{"abc", -1}});
+  text->FontNumber(6);
+  EXPECT_EQ(Optimal(*text), (Size{21, 14}));
+}
+
 TEST_F(Text, AStringWithoutAnyTextNeedsTheRoomOfTheWordForNone) {
   EXPECT_EQ(Optimal(*OfString70({})), (Size{5, 2}));
   EXPECT_EQ(Optimal(*OfString70({{"EMPTY STRING", 7}, {"EMPTY STRING", 7}})), (Size{5, 2}));
