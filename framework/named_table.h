@@ -40,6 +40,15 @@ struct NamedTable {
     return table;
   }
 
+  /// The table followed by another.
+  template <std::size_t M>
+  constexpr NamedTable<Entry, N + M> Then(const NamedTable<Entry, M>& others) const {
+    NamedTable<Entry, N + M> table{};
+    const auto next = std::copy(entries.begin(), entries.end(), table.entries.begin());
+    std::copy(others.entries.begin(), others.entries.end(), next);
+    return table;
+  }
+
  private:
   constexpr std::size_t PlaceOf(std::string_view name) const {
     std::size_t place = 0;

@@ -14,22 +14,13 @@ using automation::Add;
 struct clsFrame::Columns : TextColumns<clsFrame> {
   using Frame = clsFrame;
 
-  static constexpr auto kSave = MakeColumnTable(
-      TypeColumn<Frame>(),
-      kXs, kYs, kDx, kDy,
-      DisplayColumn<Frame>(),
-      kGroupId,
-      kText,
-      kColorBack, kColorFore, kColorBackTouch, kColorForeTouch, LongZeroColumn<Frame>("ColorHatch"),
-      LongZeroColumn<Frame>("PenStyle"), LongZeroColumn<Frame>("PenWidth"), LongZeroColumn<Frame>("HatchStyle"),
-      kTouchOprndAddr,
-      kFontNumber, ZeroColumn<Frame>("DescriptionFontNumber"),
-      kAlignment, kFlat3D,
-      ZeroColumn<Frame>("VarType"), ZeroColumn<Frame>("VarKeyPadEntry"),
-      ZeroColumn<Frame>("VarOprndType"), ZeroColumn<Frame>("VarOprndAddr"),
-      ZeroColumn<Frame>("GlobalVarID"), ZeroColumn<Frame>("DefaultDisplay"),
-      NoOperandColumn<Frame>("KeypadSuccessOpAddr"), NoOperandColumn<Frame>("EnabledOpAddr"),
-      NoOperandColumn<Frame>("HighlightOpAddr"), NoOperandColumn<Frame>("VisibleOpAddr"));
+  static constexpr auto kSave =
+      kHead
+          .Then(MakeColumnTable(kTouchOprndAddr))
+          .Then(kStyle)
+          .Then(MakeColumnTable(
+              NoOperandColumn<Frame>("KeypadSuccessOpAddr"), NoOperandColumn<Frame>("EnabledOpAddr"),
+              NoOperandColumn<Frame>("HighlightOpAddr"), NoOperandColumn<Frame>("VisibleOpAddr")));
   /// Written once the place in the tab order is known.
   static constexpr auto kSaveLast = MakeColumnTable(kTabIndex, kStorageStringType, kStorageStringId);
 

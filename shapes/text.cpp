@@ -12,22 +12,13 @@ using automation::Add;
 struct clsText::Columns : TextColumns<clsText> {
   using Text = clsText;
 
-  static constexpr auto kSave = MakeColumnTable(
-      TypeColumn<Text>(),
-      kXs, kYs, kDx, kDy,
-      DisplayColumn<Text>(),
-      kGroupId,
-      kText,
-      kColorBack, kColorFore, kColorBackTouch, kColorForeTouch, LongZeroColumn<Text>("ColorHatch"),
-      LongZeroColumn<Text>("PenStyle"), LongZeroColumn<Text>("PenWidth"), LongZeroColumn<Text>("HatchStyle"),
-      kTouchOprndAddr, kVisibleOpAddr,
-      NoOperandColumn<Text>("EnabledOpAddr"), NoOperandColumn<Text>("HighlightOpAddr"),
-      NoOperandColumn<Text>("KeypadSuccessOpAddr"),
-      kFontNumber, ZeroColumn<Text>("DescriptionFontNumber"),
-      kAlignment, kFlat3D,
-      ZeroColumn<Text>("VarType"), ZeroColumn<Text>("VarKeyPadEntry"),
-      ZeroColumn<Text>("VarOprndType"), ZeroColumn<Text>("VarOprndAddr"),
-      ZeroColumn<Text>("GlobalVarID"), ZeroColumn<Text>("DefaultDisplay"));
+  static constexpr auto kSave =
+      kHead
+          .Then(MakeColumnTable(
+              kTouchOprndAddr, kVisibleOpAddr,
+              NoOperandColumn<Text>("EnabledOpAddr"), NoOperandColumn<Text>("HighlightOpAddr"),
+              NoOperandColumn<Text>("KeypadSuccessOpAddr")))
+          .Then(kStyle);
   /// Written once the place in the tab order is known.
   static constexpr auto kSaveLast = MakeColumnTable(
       kTabIndex,

@@ -171,6 +171,8 @@ class TextBearingElement::TextColors {
 // clang-format off
 template <class Element>
 struct TextBearingElement::TextColumns : ColorColumns<Element> {
+  using Common = ColorColumns<Element>;
+
   static constexpr auto kText = FieldColumn<Element, &Element::text_>("Text");
   /// Numbers of fonts, styles and operands need all 32 bits of their fields; only a constant is written short.
   static constexpr auto kFontNumber = FieldColumn<Element, &Element::fontNumber_>("FontNumber");
@@ -183,6 +185,23 @@ struct TextBearingElement::TextColumns : ColorColumns<Element> {
       "TabIndex",
       [](const Element& element) { return automation::Variant(automation::To<Byte>(element.tabIndex_)); },
       [](Element& element, const automation::Variant& value) { element.tabIndex_ = automation::To<Long>(value); }};
+
+  /// The columns with which saving begins, and those of the style and of what only variables have.
+  static constexpr auto kHead = MakeColumnTable(
+      TypeColumn<Element>(),
+      Common::kXs, Common::kYs, Common::kDx, Common::kDy,
+      DisplayColumn<Element>(),
+      Common::kGroupId,
+      kText,
+      Common::kColorBack, Common::kColorFore, Common::kColorBackTouch, Common::kColorForeTouch,
+      LongZeroColumn<Element>("ColorHatch"),
+      LongZeroColumn<Element>("PenStyle"), LongZeroColumn<Element>("PenWidth"), LongZeroColumn<Element>("HatchStyle"));
+  static constexpr auto kStyle = MakeColumnTable(
+      kFontNumber, ZeroColumn<Element>("DescriptionFontNumber"),
+      kAlignment, kFlat3D,
+      ZeroColumn<Element>("VarType"), ZeroColumn<Element>("VarKeyPadEntry"),
+      ZeroColumn<Element>("VarOprndType"), ZeroColumn<Element>("VarOprndAddr"),
+      ZeroColumn<Element>("GlobalVarID"), ZeroColumn<Element>("DefaultDisplay"));
 };
 // clang-format on
 

@@ -57,6 +57,11 @@ TEST(NamedTable, LeavesTheTableThatItIsMadeFrom) {
   EXPECT_EQ(Shown(table), (Entries{"First=1", "Middle=2", "Last=3"}));
 }
 
+TEST(NamedTable, ThenPutsAnotherTableBehindIt) {
+  EXPECT_EQ(Shown(kThree.Then(MakeNamedTable(kOther, kFirst))),
+            (Entries{"First=1", "Middle=2", "Last=3", "Other=4", "First=1"}));
+}
+
 TEST(NamedTable, AnEntryThatIsNotThereIsRefused) {
   // In a constant table this does not compile.
   EXPECT_THROW(kThree.Without("None"), std::out_of_range);
