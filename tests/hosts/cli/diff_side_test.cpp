@@ -140,8 +140,9 @@ TEST_F(DiffSideTest, ATableThatCannotBeReadIsToldWithTheSide) {
 using DiffSideTexts = test::LibraryTest;
 
 TEST_F(DiffSideTexts, BothSidesAreComparedByTheirOwnTextsAndPaintedWithTheLibrarys) {
-  SetString(5, 1, "library", -1);
-  const std::string shown = PageOf(Text(R"("Txt": "library")"));
+  // The second line has no room, and cannot be measured.
+  SetString(5, 1, "library\r\n\u0416", -1);
+  const std::string shown = PageOf(Text("\"Txt\": \"library\\r\\n\u0416\""));
   const std::string own = PageOf(Text("\"Txt\": \"\u0416\", \"StorageStringID\": 5"));
   const quenzel7::test::TemporaryFolder folder;
   WriteTextFile(folder.File("own"), own, "file");

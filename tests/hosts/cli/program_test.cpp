@@ -93,6 +93,18 @@ TEST_F(ProgramTest, BringsTextsInAndOut) {
   EXPECT_EQ(Run({"strings", "p.qz7", "import"}).status, 2);
 }
 
+TEST_F(ProgramTest, ExportsAPageAsImportedWhenTheLibraryGivesItsTexts) {
+  const std::string page =
+      R"({"page": 1, "panel": {"type": 1, "width": 100, "height": 60}, "elements": [
+    {"class": "clsText", "Dx": 90, "Dy": 50, "Txt": "own", "StorageStringID": 5}]})";
+  Write("panel.json", page);
+  Run({"import", "panel.json", "p.qz7"});
+  Write("in.csv", "number,language,text,font\r\n,1,English,\r\n5,1,boiler,3\r\n");
+  Run({"strings", "p.qz7", "import", "in.csv"});
+  EXPECT_EQ(Run({"export", "p.qz7"}).out, page);
+  EXPECT_NE(Run({"list", "p.qz7"}).out.find("\"boiler\""), std::string::npos);
+}
+
 TEST_F(ProgramTest, ShowsTextsInTheCodePageOfTheProject) {
   const std::string page =
       R"({"page": 1, "panel": {"type": 1, "width": 100, "height": 60}, "elements": [
