@@ -122,15 +122,18 @@ void clsFrame::DrawTransparent(Long pHdc) {
   const gdi::SelectedBitmap bitmap(memory.Get(), gdi::CreateCompatibleBitmap(pHdc, place.dx, place.dy));
   /// Shows the frame at the corner of the picture for as long as it lives.
   struct AtCorner {
-    explicit AtCorner(Descriptor& displayed) : displayed_(displayed), before_(displayed) {
+    explicit AtCorner(Descriptor& displayed) : displayed_(displayed), xs_(displayed.xs), ys_(displayed.ys) {
       displayed_.xs = displayed_.ys = 0;
     }
-    ~AtCorner() { displayed_ = before_; }
+    ~AtCorner() {
+      displayed_.xs = xs_;
+      displayed_.ys = ys_;
+    }
     AtCorner(const AtCorner&) = delete;
     AtCorner& operator=(const AtCorner&) = delete;
 
     Descriptor& displayed_;
-    Descriptor before_;
+    Long xs_, ys_;
   };
   {
     const AtCorner atCorner(position_.At(kDisplayed));

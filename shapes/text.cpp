@@ -1,5 +1,8 @@
 #include "shapes/text.h"
 
+#include <optional>
+#include <string>
+
 #include "platform/automation/arithmetic.h"
 #include "platform/gdi/gdi.h"
 #include "platform/gdi/selected.h"
@@ -32,10 +35,7 @@ struct clsText::Columns : TextColumns<clsText> {
       kText, kFontNumber, kAlignment, kFlat3D,
       kTouchOprndAddr, kVisibleOpAddr,
       kStorageStringType);
-  /// Through the property's writer, so that an operand that picks the string has a bag of its own address.
-  static constexpr auto kLoadString = MakeColumnTable(Column<Text>{
-      "VarOprndAddr", nullptr,
-      [](Text& text, const automation::Variant& value) { text.StorageStringID(automation::To<Long>(value)); }});
+  static constexpr auto kLoadString = MakeColumnTable(kStorageStringId);
   static constexpr auto kLoadLast = MakeColumnTable(kTabIndex, kOrderIndex);
 };
 
@@ -179,6 +179,8 @@ void clsText::ReadRow(const ado::Recordset& row) {
   ReadColumns<clsText>(row, *this, Columns::kLoad);
   operandBags_ = BuildOpPropBag();
   ReadColumns<clsText>(row, *this, Columns::kLoadString);
+  // Once more, so that the operand that picks the string has a bag of its own address.
+  RenewBagsOfStorageOperand();
   ChooseLibraryText();
   ReadColumns<clsText>(row, *this, Columns::kLoadLast);
 }

@@ -23,7 +23,8 @@ constexpr Long kBevelInset = 7;
 
 corvane1::FontService& Fonts() { return *Platform::Current().fontService; }
 
-FittedText Fitted(const std::string& text, const gdi::RECT& room, Long fontNumber) {
+/// Takes a copy of the text: a host that is asked meanwhile, or shown a message box, may set it anew.
+FittedText Fitted(std::string text, const gdi::RECT& room, Long fontNumber) {
   const Long lineHeight = Fonts().GetCharHeight(fontNumber);
   return FitTextToRect(text, room, lineHeight, Fonts().GetCharWidths(fontNumber));
 }
@@ -63,16 +64,20 @@ void TextBearingElement::Flat3D(Long pValue) {
 
 void TextBearingElement::StorageStringType(Long pValue) {
   storageStringType_ = pValue;
-  if (id_ != kNone && HasStorageOperand()) operandBags_ = BuildOpPropBag();
+  RenewBagsOfStorageOperand();
 }
 
 void TextBearingElement::StorageStringID(Long pValue) {
   storageStringId_ = pValue;
-  if (id_ != kNone && HasStorageOperand()) operandBags_ = BuildOpPropBag();
+  RenewBagsOfStorageOperand();
 }
 
 void TextBearingElement::ColOpPropBag(automation::CollectionRef pValue) {
   operandBags_ = std::move(pValue);
+  RenewBagsOfStorageOperand();
+}
+
+void TextBearingElement::RenewBagsOfStorageOperand() {
   if (id_ != kNone && HasStorageOperand()) operandBags_ = BuildOpPropBag();
 }
 
@@ -157,8 +162,9 @@ void TextBearingElement::PaintLines(Long hdc, Long frameFlag, PaintOperation pai
 void TextBearingElement::PaintBlockOrLines(Long hdc, Long frameFlag, PaintOperation block,
                                            PaintOperation line) const {
   if (!ShowsLibraryText()) return PaintLines(hdc, frameFlag, line);
-  const corvane1::TextPosition place = PositionOf(actualText_, frameFlag);
-  block(*textPainter_, place.x, place.y, actualText_, hdc, fontNumber_);
+  const std::string whole = actualText_;
+  const corvane1::TextPosition place = PositionOf(whole, frameFlag);
+  block(*textPainter_, place.x, place.y, whole, hdc, fontNumber_);
 }
 
 void TextBearingElement::ItfHmiElement_DrawToPrinter(Long pHdc, const std::string&) {

@@ -25,7 +25,7 @@ class TextBearingElement : public ColoredElement {
   std::string ActualText();
   void ActualText(std::string pValue) { actualText_ = std::move(pValue); }
 
-  /// The frame style, as FrameStyle.
+  /// The frame style, as FrameStyle. Writing fits the text; errors as above.
   Long Flat3D() const { return flat3D_; }
   void Flat3D(Long pValue);
 
@@ -96,6 +96,8 @@ class TextBearingElement : public ColoredElement {
   void TakeTabIndex(ado::Recordset& row);
 
   void ReleaseStorageOperand() const;
+  /// Builds the bags anew when an operand picks the string and the element has a row.
+  void RenewBagsOfStorageOperand();
   void ReportLibraryString(ElementReport& report) const;
 
   /// Copies all that a replica takes over.

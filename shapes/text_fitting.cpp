@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/automation/arithmetic.h"
+#include "platform/automation/automation_error.h"
 #include "platform/corvane1/text_lines.h"
 #include "platform/corvane1/utf8.h"
 #include "platform/platform.h"
@@ -54,6 +55,10 @@ FittedText FitTextToRect(const std::string& text, const gdi::RECT& rectangle, Lo
   if (text.empty()) return {};
   const corvane1::AnsiCodePage codePage = corvane1::AnsiCodePageOf(*Platform::Current().settings);
   const Long width = Subtract(rectangle.right, rectangle.left);
+  if (lineHeight == 0) {
+    throw automation::AutomationError(automation::ErrorNumber::DivisionByZero,
+                                      "a text cannot be fitted into lines of height 0");
+  }
   const Long room = std::max(IntDiv(Subtract(rectangle.bottom, rectangle.top), lineHeight), Long{0});
   FittedText fitted{.text = {}, .full = {kNoFullWidth, 0}, .used = {kNoUsedWidth, 0}};
   Long lines = 0;

@@ -92,6 +92,11 @@ TYPED_TEST(TextBearing, MarksWhatIsNotKeptAndWhatSaysWhichElementItIs) {
     EXPECT_EQ(own.Find(name)->mark, Mark::Identity) << name;
   }
   EXPECT_EQ(own.Find("ActualText")->mark, Mark::Transient);
+  const automation::Member* canceled = own.Find("IsCanceled");
+  EXPECT_EQ(canceled != nullptr, (std::is_same_v<TypeParam, clsText>));
+  if (canceled) {
+    EXPECT_EQ(canceled->mark, Mark::Transient);
+  }
   for (const char* name : {"Txt", "Flat3D", "StorageStringType", "StorageStringID", "TabIndex"}) {
     EXPECT_EQ(own.Find(name)->mark, Mark::None) << name;
   }
@@ -174,6 +179,28 @@ TYPED_TEST(TextBearing, PaintsAllLinesOfATextThatTheHostSetsAnewMeanwhile) {
   element->ActualText("the first of three lines\r\nand the second\r\nand the third");
   Platform::Current().fontService = std::make_shared<Meddling>(element);
   EXPECT_EQ(this->services_.ShownBy(*element), "the first of three lines|and the second|and the third");
+  EXPECT_EQ(this->services_.ShownBy(*element), "");
+}
+
+TYPED_TEST(TextBearing, PaintsAStringOfTheLibraryThatTheHostSetsAnewMeanwhile) {
+  class Meddling final : public test::FontDouble {
+   public:
+    explicit Meddling(std::shared_ptr<TypeParam>& element)
+        : FontDouble(std::make_shared<CallLog>()), element_(element) {}
+    corvane1::TextPosition GetTextPosition(const std::string&, Long, Long, Long, Long, Long, Long,
+                                           Long) override {
+      element_->ActualText("");
+      return {};
+    }
+
+   private:
+    std::shared_ptr<TypeParam>& element_;
+  };
+  auto element = std::make_shared<TypeParam>();
+  element->ActualText("a string of the library of some length");
+  element->StorageStringID(5);
+  Platform::Current().fontService = std::make_shared<Meddling>(element);
+  EXPECT_EQ(this->services_.ShownBy(*element), "a string of the library of some length");
   EXPECT_EQ(this->services_.ShownBy(*element), "");
 }
 
@@ -458,7 +485,86 @@ TYPED_TEST(TextBearing, AFarEdgeBeyond32BitsIsAnErrorAndLeavesTheTextOfTheMoment
   EXPECT_EQ(element->Dx(), 60);
   EXPECT_EQ(ErrorOf([&] { element->Dy(60); }), 6);
   EXPECT_EQ(element->Dy(), 60);
-  EXPECT_EQ(this->services_.ShownBy(*this->Small("own")), "own");
+}
+
+TYPED_TEST(TextBearing, WhatIsShownStaysWhereFittingFails) {
+  const auto element = this->Small("own");
+  element->ActualText("seen");
+  element->Xs(2147483647);
+  EXPECT_EQ(ErrorOf([&] { element->Txt("other"); }), 6);
+  element->Xs(0);
+  EXPECT_EQ(this->services_.ShownBy(*element), "seen");
+}
+
+TYPED_TEST(TextBearing, TheInsetAndTheSumOfTheEdgesCanBeTooMuchAsWell) {
+  constexpr Long kLeast = -2147483647 - 1;
+  const auto element = this->Small("own");
+  element->Flat3D(Long{1});
+  element->Dx(7);
+  element->Xs(kLeast);
+  element->Ys(1);
+  static_cast<void>(element->ActualText());
+  EXPECT_EQ(ErrorOf([&] { element->Dx(6); }), 6);
+  EXPECT_EQ(ErrorOf([&] { element->Dx(0); }), 6);
+  // Each edge fits, their sum does not.
+  element->Xs(1500000000);
+  element->Ys(1500000000);
+  EXPECT_EQ(ErrorOf([&] { element->Dx(50); }), 6);
+  element->Ys(0);
+  EXPECT_NO_THROW(element->Dx(50));
+}
+
+TYPED_TEST(TextBearing, AsksForNothingWhereTheEdgesSumUpToZero) {
+  const auto boxes = std::make_shared<corvane1::CollectedMessageBoxes>(nullptr);
+  Platform::Current().messageBoxes = boxes;
+  TypeParam element;
+  element.Flat3D(Long{0});
+  CallLog log;
+  this->services_.NoteInto([&](const std::string& call) { log.push_back(call); });
+  element.Txt("\xE4\xBD\xA0");
+  element.FontNumber(3);
+  static_cast<void>(element.ActualText());
+  EXPECT_EQ(log, CallLog{});
+  EXPECT_TRUE(boxes->Shown().empty());
+  element.Dx(1);
+  EXPECT_EQ(log, (CallLog{"height of font 3", "widths of font 3"}));
+  EXPECT_EQ(boxes->Shown().size(), 1u);
+  this->services_.NoteInto(nullptr);
+}
+
+TYPED_TEST(TextBearing, MeasuresItsSizeInThePlaceOnDisplay) {
+  const auto element = this->Small("own");
+  element->Dx(1);
+  element->SaveInitialPosition();
+  element->Move(2147483647, 0);
+  element->UpdateDisplayWithTransx();
+  Long dx = 5, dy = 6;
+  EXPECT_EQ(ErrorOf([&] { element->GetOptimalDimensions(dx, dy); }), 6);
+  EXPECT_EQ(dx, 5);
+  EXPECT_EQ(dy, 6);
+}
+
+TYPED_TEST(TextBearing, AHostMaySetTheTextWhileItIsShownABox) {
+  /// Sets a long text while it tells of a short one.
+  class Meddling final : public corvane1::MessageBoxes {
+   public:
+    Long Show(const std::string&, Long, const std::string&) override {
+      if (++shown == 1) element->Txt("a text that is longer than the one that it takes the place of");
+      return corvane1::kAnswerOk;
+    }
+    std::shared_ptr<TypeParam> element;
+    int shown = 0;
+  };
+  const auto boxes = std::make_shared<Meddling>();
+  Platform::Current().messageBoxes = boxes;
+  boxes->element = this->Small("own");
+  boxes->element->Txt("\xE4\xBD\xA0 the first of two lines of some length\r\nsecond");
+  EXPECT_EQ(boxes->element->Txt(), "a text that is longer than the one that it takes the place of");
+  // What was being fitted is shown until the next fit.
+  EXPECT_EQ(this->services_.ShownBy(*boxes->element), "|second");
+  EXPECT_EQ(boxes->element->ActualText(), "a text that is longer than the one that it takes t");
+  EXPECT_EQ(boxes->shown, 1);
+  boxes->element.reset();
 }
 
 TYPED_TEST(TextBearing, TellsOfAForeignCharacterAtEveryFit) {
@@ -473,6 +579,12 @@ TYPED_TEST(TextBearing, TellsOfAForeignCharacterAtEveryFit) {
   EXPECT_EQ(boxes->Shown().size(), 6u);
   element->Xs(1);
   EXPECT_EQ(boxes->Shown().size(), 6u);
+  Long dx = 0, dy = 0;
+  element->GetOptimalDimensions(dx, dy);
+  EXPECT_EQ(boxes->Shown().size(), 8u);
+  // Text, font and style are set on the copy after its place.
+  static_cast<void>(element->Replica());
+  EXPECT_EQ(boxes->Shown().size(), 14u);
 }
 
 // --- What is not carried, and what is the reference element's own ---

@@ -260,6 +260,22 @@ TEST_F(PaintedText, KeepsThePainterAndTheColoursOfItsCreationAndAsksForTheFontsO
   EXPECT_EQ(CallsOfDrawing(*text), InOwnColors("pen:1", {"DrawTextTransparent(110, 45, \"ab\", dc:1, 3)"}));
 }
 
+TEST_F(PaintedText, ALineBelowAllNumbersIsAnErrorWithPenAndBackgroundPutBack) {
+  /// Begins at the lowest place that there is.
+  class Lowest final : public test::FontDouble {
+   public:
+    Lowest() : FontDouble(std::make_shared<Calls>()) {}
+    corvane1::TextPosition GetTextPosition(const std::string&, Long, Long, Long, Long, Long, Long,
+                                           Long) override {
+      return {0, 2147483647 - 7};
+    }
+  };
+  const auto text = Make(4, "ab\r\ncd");
+  Platform::Current().fontService = std::make_shared<Lowest>();
+  EXPECT_EQ(CallsOf([&](Long dc) { EXPECT_EQ(test::ErrorOf([&] { text->Draw(dc, false); }), 6); }),
+            InOwnColors("pen:1", {"DrawTextTransparent(0, 2147483640, \"ab\", dc:1, 3)"}));
+}
+
 // --- On paper ---
 
 TEST_F(PaintedText, OnPaperIsBlackLinesOnAWhiteBoxWithTheStyleItselfAsFlag) {

@@ -209,6 +209,16 @@ TEST_F(Text, LeavesTheSizeAloneForAStyleThatThereIsNot) {
   }
 }
 
+TEST_F(Text, MeasuresBeforeItLooksAtTheStyle) {
+  const auto text = Small("abcd");
+  text->Flat3D(Long{5});
+  CallLog log;
+  services_.NoteInto([&](const std::string& call) { log.push_back(call); });
+  Optimal(*text);
+  EXPECT_EQ(log, (CallLog{"height of font 0", "widths of font 0"}));
+  services_.NoteInto(nullptr);
+}
+
 TEST_F(Text, NeedsNoRoomWithoutAText) {
   const auto text = Small("");
   EXPECT_EQ(Optimal(*text), (Size{0, 0}));
