@@ -310,7 +310,8 @@ TEST_F(FrameInProject, ReportsPlaceTextFontAlignmentAndStyle) {
 
 TEST_F(FrameInProject, ReportsTheNumberOfALibraryString) {
   const auto frame = Placed<clsFrame>(1, 2, 30, 40);
-  for (const Long string : {0, 17}) {
+  // Every number but -1, also one that no library has.
+  for (const Long string : {0, 17, -2, -kMost - 1}) {
     frame->StorageStringID(string);
     const Lines lines = ReportOf(*frame);
     ASSERT_EQ(lines.size(), 6u);
@@ -321,18 +322,24 @@ TEST_F(FrameInProject, ReportsTheNumberOfALibraryString) {
 }
 
 TEST_F(FrameInProject, ReportsTheOperandThatPicksTheString) {
-  fennick1::Operand operand(Platform::Current().operands);
-  operand.OperandType(2);
-  operand.OperandAddress(17);
-  operand.OperandComment("which text");
-  operand.AddToProject();
   const auto frame = Placed<clsFrame>(1, 2, 30, 40);
   frame->StorageStringType(2);
   EXPECT_EQ(ReportOf(*frame).size(), 5u);
-  frame->StorageStringID(17);
-  const Lines lines = ReportOf(*frame);
-  ASSERT_EQ(lines.size(), 6u);
-  EXPECT_EQ(lines[5], "Operand for String Library ID: IB 17");
+  // -1 is no address here, but -2 is one.
+  for (const Long address : {17, 0, -2}) {
+    frame->StorageStringID(address);
+    Lines lines = ReportOf(*frame);
+    ASSERT_EQ(lines.size(), 6u) << address;
+    EXPECT_EQ(lines[5], "Operand for String Library ID: ") << "not yet in the project: " << address;
+    fennick1::Operand operand(Platform::Current().operands);
+    operand.OperandType(2);
+    operand.OperandAddress(address);
+    operand.OperandComment("which text");
+    operand.AddToProject();
+    lines = ReportOf(*frame);
+    ASSERT_EQ(lines.size(), 6u) << address;
+    EXPECT_EQ(lines[5], "Operand for String Library ID: IB " + std::to_string(address));
+  }
 }
 
 TEST_F(FrameInProject, HasNoHideLineInItsReport) {
