@@ -17,22 +17,9 @@
 namespace quenzel7 {
 namespace {
 
-using test::Block;
-using test::Calls;
+using namespace test::text_painting;
 using test::DescriptorOf;
-using test::ErrorOf;
-using test::InARow;
-using test::InColors;
-using test::InOwnColors;
-using test::kPaper;
-using test::kSunkenGround;
 using test::LettersOf;
-using test::OneLine;
-using test::Position;
-using test::RaisedGround;
-using test::TwoLines;
-
-constexpr Long kMost = 2147483647;
 
 const Calls kFlatGround = {"GetColor(7)",
                            "CreatePenIndirect({0, 1, 0x0a0007}) -> pen:1",
@@ -69,11 +56,6 @@ const std::vector<Ground>& Grounds() {
 
 class PaintedFrame : public test::TextPaintingTest<clsFrame> {
  protected:
-  Calls CallsOf(Long style, const std::string& text, Long string = -1) {
-    return CallsOfDrawing(*Make(style, text, string));
-  }
-  using TextPaintingTest::CallsOf;
-
   Calls CallsOfBlending(clsFrame& frame) {
     return CallsOf([&](Long dc) { frame.DrawTransparent(dc); });
   }
@@ -100,6 +82,21 @@ TEST_F(PaintedFrame, AStringOfTheLibraryIsPaintedInOneCall) {
   }
 }
 
+TEST_F(PaintedFrame, AStringThatAnOperandPicksIsPaintedInOneCallToo) {
+  for (const auto& [style, ground, pen] : Grounds()) {
+    for (const Long type : {3, -1}) {
+      const auto frame = Make(style, "ab\r\ncde", 5);
+      frame->StorageStringType(type);
+      EXPECT_EQ(CallsOfDrawing(*frame), InARow({ground, InOwnColors(pen, Block(style, "DrawStorageText"))}))
+          << style;
+      // Below 0 is no address of one.
+      frame->StorageStringID(-1);
+      EXPECT_EQ(CallsOfDrawing(*frame), InARow({ground, InOwnColors(pen, TwoLines(style, "DrawText"))}))
+          << style;
+    }
+  }
+}
+
 TEST_F(PaintedFrame, WithoutACaptionIsItsGroundAlone) {
   for (const auto& [style, ground, pen] : Grounds()) {
     for (const char* text : {"", " ", "   "}) {
@@ -113,10 +110,10 @@ TEST_F(PaintedFrame, WithoutACaptionIsItsGroundAlone) {
 TEST_F(PaintedFrame, LineBreaksAreNoBlanks) {
   EXPECT_EQ(
       CallsOf(2, "\r\n"),
-      InARow({kPlainGround,
-              InOwnColors("pen:1", {Position("\r\n", 2), Position("", 2), "DrawText(100, 202, \"\", dc:1, 3)",
-                                    "GetCharHeight(3)", Position("", 2), "DrawText(100, 210, \"\", dc:1, 3)",
-                                    "GetCharHeight(3)"})}));
+      InARow({kPlainGround, InOwnColors("pen:1", {PositionAsked("\r\n", 2), PositionAsked("", 2),
+                                                  "DrawText(100, 202, \"\", dc:1, 3)", "GetCharHeight(3)",
+                                                  PositionAsked("", 2), "DrawText(100, 210, \"\", dc:1, 3)",
+                                                  "GetCharHeight(3)"})}));
 }
 
 TEST_F(PaintedFrame, AnyOtherStylePaintsNothing) {
@@ -182,6 +179,8 @@ TEST_F(PaintedFrame, OnPaperIsBlackLinesOnAWhiteBoxWhateverItsStyle) {
     EXPECT_EQ(CallsOfPrinting(*Make(style, "  ", 5)), kPaper);
   }
 }
+
+TEST_F(PaintedFrame, OnPaperAStringThatAnOperandPicksIsOneConstantText) { ExpectPickedStringInOneOnPaper(); }
 
 // --- At half strength ---
 

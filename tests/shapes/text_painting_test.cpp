@@ -14,21 +14,8 @@
 namespace quenzel7 {
 namespace {
 
-using test::Block;
-using test::Calls;
-using test::ErrorOf;
-using test::InARow;
-using test::InColors;
-using test::InOwnColors;
-using test::kPaper;
-using test::kSunkenGround;
+using namespace test::text_painting;
 using test::LettersOf;
-using test::OneLine;
-using test::Position;
-using test::RaisedGround;
-using test::TwoLines;
-
-constexpr Long kMost = 2147483647;
 
 const Calls kFlatGround = {"GetColor(7)", "CreateSolidBrush(0x0a0007) -> brush:1",
                            "FillRect(dc:1, {10, 20, 110, 70}, brush:1)", "DeleteObject(brush:1)"};
@@ -51,13 +38,7 @@ Calls Marker(const std::string& brush) {
   };
 }
 
-class PaintedText : public test::TextPaintingTest<clsText> {
- protected:
-  Calls CallsOf(Long style, const std::string& text, Long string = -1) {
-    return CallsOfDrawing(*Make(style, text, string));
-  }
-  using TextPaintingTest::CallsOf;
-};
+using PaintedText = test::TextPaintingTest<clsText>;
 
 // --- Constant texts ---
 
@@ -154,18 +135,19 @@ TEST_F(PaintedText, EmptyOrBlankIsTheBareFrameWhereThereIsABevel) {
 }
 
 TEST_F(PaintedText, LineBreaksAndTabsAreNoBlanks) {
-  const Calls breaks = {Position("\r\n", 0), Position("", 0), "DrawTextTransparent(100, 202, \"\", dc:1, 3)",
-                        "GetCharHeight(3)",  Position("", 0), "DrawTextTransparent(100, 210, \"\", dc:1, 3)",
-                        "GetCharHeight(3)"};
+  const Calls breaks = {
+      PositionAsked("\r\n", 0), PositionAsked("", 0), "DrawTextTransparent(100, 202, \"\", dc:1, 3)",
+      "GetCharHeight(3)",       PositionAsked("", 0), "DrawTextTransparent(100, 210, \"\", dc:1, 3)",
+      "GetCharHeight(3)"};
   EXPECT_EQ(CallsOf(4, "\r\n"), InOwnColors("pen:1", breaks));
   EXPECT_EQ(CallsOf(4, "\t"),
-            InOwnColors("pen:1", {Position("\t", 0), Position("\t", 0),
+            InOwnColors("pen:1", {PositionAsked("\t", 0), PositionAsked("\t", 0),
                                   "DrawTextTransparent(101, 201, \"\t\", dc:1, 3)", "GetCharHeight(3)"}));
 }
 
 TEST_F(PaintedText, BlanksAroundATextArePaintedWithIt) {
   EXPECT_EQ(CallsOf(4, " a "),
-            InOwnColors("pen:1", {Position(" a ", 0), Position(" a ", 0),
+            InOwnColors("pen:1", {PositionAsked(" a ", 0), PositionAsked(" a ", 0),
                                   "DrawTextTransparent(103, 203, \" a \", dc:1, 3)", "GetCharHeight(3)"}));
 }
 
@@ -295,6 +277,8 @@ TEST_F(PaintedText, OnPaperAStringOfTheLibraryIsOneConstantText) {
     }
   }
 }
+
+TEST_F(PaintedText, OnPaperAStringThatAnOperandPicksIsOneConstantText) { ExpectPickedStringInOneOnPaper(); }
 
 TEST_F(PaintedText, OnPaperNothingToReadIsAWhiteBox) {
   for (const Long style : {0, 1, 3, 4}) {

@@ -119,31 +119,33 @@ inline Calls InOwnColors(const std::string& pen, const Calls& calls) {
 }
 
 /// A question for the place of a text.
-inline std::string Position(const std::string& text, Long frameFlag) {
+inline std::string PositionAsked(const std::string& text, Long frameFlag) {
   return "GetTextPosition(" + Quoted(text) + ", 3, 10, 20, 100, 50, 5, " + std::to_string(frameFlag) + ")";
 }
 
 /// The log of painting the text "ab" by an operation of the painter.
 inline Calls OneLine(Long frameFlag, const std::string& operation, const std::string& option = "") {
-  return {Position("ab", frameFlag), Position("ab", frameFlag),
+  return {PositionAsked("ab", frameFlag), PositionAsked("ab", frameFlag),
           operation + "(102, 202, \"ab\", dc:1, 3" + option + ")", "GetCharHeight(3)"};
 }
 
 /// The log of painting the lines of "ab\r\ncde", each where its own place across is.
 inline Calls TwoLines(Long frameFlag, const std::string& operation, const std::string& option = "") {
-  return {Position("ab\r\ncde", frameFlag),
-          Position("ab", frameFlag),
+  return {PositionAsked("ab\r\ncde", frameFlag),
+          PositionAsked("ab", frameFlag),
           operation + "(102, 207, \"ab\", dc:1, 3" + option + ")",
           "GetCharHeight(3)",
-          Position("cde", frameFlag),
+          PositionAsked("cde", frameFlag),
           operation + "(103, 215, \"cde\", dc:1, 3" + option + ")",
           "GetCharHeight(3)"};
 }
 
 /// The log of painting the same text in one call.
 inline Calls Block(Long frameFlag, const std::string& operation) {
-  return {Position("ab\r\ncde", frameFlag), operation + "(107, 207, \"ab\\r\\ncde\", dc:1, 3)"};
+  return {PositionAsked("ab\r\ncde", frameFlag), operation + "(107, 207, \"ab\\r\\ncde\", dc:1, 3)"};
 }
+
+inline constexpr Long kMost = 2147483647;
 
 /// Elements of one class whose services note what they are asked.
 template <class Element>
@@ -190,11 +192,27 @@ class TextPaintingTest : public ::testing::Test {
       for (const std::string& call : calls) recorder.Add(call);
     });
   }
+  Calls CallsOf(Long style, const std::string& text, Long string = -1) {
+    return CallsOfDrawing(*Make(style, text, string));
+  }
   Calls CallsOfDrawing(ItfHmiElement& element) {
     return CallsOf([&](Long dc) { element.Draw(dc, false); });
   }
   Calls CallsOfPrinting(ItfHmiElement& element) {
     return CallsOf([&](Long dc) { element.DrawToPrinter(dc, "alias"); });
+  }
+
+  /// On paper a string that an operand picks is one constant text, black on white, whatever the style.
+  void ExpectPickedStringInOneOnPaper() {
+    for (const Long style : {0, 1, 2, 3, 4}) {
+      for (const Long type : {3, -1}) {
+        const auto element = Make(style, "ab\r\ncde", 5);
+        element->StorageStringType(type);
+        EXPECT_EQ(CallsOfPrinting(*element),
+                  InARow({kPaper, InColors("pen:1", "0x000000", "0xffffff", Block(style, "DrawText"))}))
+            << style << ", " << type;
+      }
+    }
   }
 
   /// Lets each call of a service fail in turn: error 5 every time, what was done before it the same, the
@@ -226,3 +244,22 @@ class TextPaintingTest : public ::testing::Test {
 };
 
 }  // namespace quenzel7::test
+
+/// The words in which a test of painting is written, to be taken over as a whole.
+namespace quenzel7::test::text_painting {
+
+using test::Block;
+using test::Calls;
+using test::ErrorOf;
+using test::InARow;
+using test::InColors;
+using test::InOwnColors;
+using test::kMost;
+using test::kPaper;
+using test::kSunkenGround;
+using test::OneLine;
+using test::PositionAsked;
+using test::RaisedGround;
+using test::TwoLines;
+
+}  // namespace quenzel7::test::text_painting
