@@ -121,14 +121,14 @@ class SavedShape : public ProjectTest {
 
   std::vector<std::string> Elements() { return Rows("SELECT * FROM HMI_Elements ORDER BY ID", {"ID"}); }
 
-  /// Whether the project has the memory bit.
-  static bool IsDefined(Long address) {
-    return !OperandDescription(kMemoryBit, address, kLocalNetwork).empty();
+  /// Whether the project has the operand, which is a memory bit unless the type says otherwise.
+  static bool IsDefined(Long address, Long type = kMemoryBit) {
+    return !OperandDescription(type, address, kLocalNetwork).empty();
   }
 
-  static void Define(Long address, const std::string& comment = "") {
+  static void Define(Long address, const std::string& comment = "", Long type = kMemoryBit) {
     fennick1::Operand operand(Platform::Current().operands);
-    operand.OperandType(kMemoryBit);
+    operand.OperandType(type);
     operand.OperandAddress(address);
     operand.OperandComment(comment);
     operand.AddToProject();
