@@ -1,13 +1,11 @@
 /// The row of a frame, its operands and what is done with both.
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "shapes/frame.h"
 #include "tests/support/raises.h"
-#include "tests/support/saved_shape.h"
+#include "tests/support/text_fixture.h"
 
 namespace quenzel7 {
 namespace {
@@ -17,9 +15,7 @@ using test::ErrorOf;
 using test::Joined;
 using test::kNewRow;
 using test::kOldRow;
-
-/// A type of operand that holds no value of its own.
-constexpr Long kInputBit = 2;
+using test::OperandsIn;
 
 /// The columns up to the place in the tab order of a frame with everything.
 CallLog PutsWith(const std::string& touchAddress) {
@@ -31,7 +27,7 @@ CallLog PutsWith(const std::string& touchAddress) {
       "put Dy=150:Long",
       "put DisplayID=7:Long",
       "put GroupID=11:Long",
-      "put Text=Tank\r\n1:String",
+      "put Text=one\r\ntwo:String",
       "put ColorBack=16:Long",
       "put ColorFore=17:Long",
       "put ColorBackTouch=18:Long",
@@ -41,10 +37,10 @@ CallLog PutsWith(const std::string& touchAddress) {
       "put PenWidth=0:Long",
       "put HatchStyle=0:Long",
       "put TouchOprndAddr=" + touchAddress + ":Long",
-      "put FontNumber=4:Long",
+      "put FontNumber=5:Long",
       "put DescriptionFontNumber=0:Integer",
-      "put Alignment=2:Integer",
-      "put Flat3D=3:Long",
+      "put Alignment=6:Integer",
+      "put Flat3D=2:Long",
       "put VarType=0:Integer",
       "put VarKeyPadEntry=0:Integer",
       "put VarOprndType=0:Integer",
@@ -58,7 +54,7 @@ CallLog PutsWith(const std::string& touchAddress) {
   };
 }
 CallLog PutsLast(const std::string& tabIndex) {
-  return {"put TabIndex=" + tabIndex + ":Byte", "put VarOprndType=2:Long", "put VarOprndAddr=44:Long"};
+  return {"put TabIndex=" + tabIndex + ":Byte", "put VarOprndType=24:Long", "put VarOprndAddr=25:Long"};
 }
 const CallLog kEnd = {"Update", "get ID", "get OrderIndex", "Close", "element 5"};
 const CallLog kTabOrder = {
@@ -66,55 +62,7 @@ const CallLog kTabOrder = {
     "TabIndex [3,1,1]",
     "Close"};
 
-class SavedFrame : public test::SavedShape<clsFrame> {
- protected:
-  /// A frame in which every field that is kept has a value of its own.
-  static std::shared_ptr<clsFrame> Distinct() {
-    auto frame = std::make_shared<clsFrame>();
-    frame->GroupID(11);
-    frame->Xs(12);
-    frame->Ys(13);
-    frame->Dx(140);
-    frame->Dy(150);
-    frame->ColorBack(16);
-    frame->ColorFore(17);
-    frame->ColorBackTouch(18);
-    frame->ColorForeTouch(19);
-    frame->Txt("Tank\r\n1");
-    frame->FontNumber(4);
-    frame->Alignment(2);
-    frame->Flat3D(3);
-    frame->TouchOprndAddr(22);
-    frame->StorageStringType(kInputBit);
-    frame->StorageStringID(44);
-    frame->TabIndex(3);
-    frame->OrderIndex(24);
-    return frame;
-  }
-
-  static void DefineInput(Long address) {
-    fennick1::Operand operand(Platform::Current().operands);
-    operand.OperandType(kInputBit);
-    operand.OperandAddress(address);
-    operand.AddToProject();
-  }
-  static bool IsInputDefined(Long address) {
-    return !OperandDescription(kInputBit, address, kLocalNetwork).empty();
-  }
-
-  /// Types and addresses in bags, in order.
-  static std::vector<std::string> InBags(const automation::CollectionRef& bags) {
-    std::vector<std::string> operands;
-    for (Long place = 1; place <= bags->Count(); ++place) {
-      fennick1::Operand operand(Platform::Current().operands);
-      operand.PropBag(bags->ObjectAt<automation::PropertyBag>(place));
-      operands.push_back(std::to_string(operand.OperandType()) + " " +
-                         std::to_string(operand.OperandAddress()));
-    }
-    return operands;
-  }
-};
-
+using SavedFrame = test::SavedTextBearing<clsFrame>;
 using Operands = std::vector<std::string>;
 
 // --- Saving ---
@@ -124,7 +72,7 @@ TEST_F(SavedFrame, ANewRowIsMadeInThisOrder) {
   TakeLog();
   EXPECT_TRUE(frame->SaveToDB());
   EXPECT_EQ(TakeLog(),
-            Joined({kNewRow, {"put OrderIndex=1:Long"}, PutsWith("22"), PutsLast("3"), kEnd, {"page 7"}}));
+            Joined({kNewRow, {"put OrderIndex=1:Long"}, PutsWith("22"), PutsLast("26"), kEnd, {"page 7"}}));
   EXPECT_EQ(frame->ID(), 5);
   EXPECT_EQ(frame->OrderIndex(), 1);
   EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"ID", "GUID", "OrderIndex", "VisibleOpAddr"}),
@@ -137,7 +85,7 @@ TEST_F(SavedFrame, AnExistingRowIsRewrittenInThisOrderWithoutItsGuidAndOrder) {
   frame->OrderIndex(30);
   TakeLog();
   EXPECT_TRUE(frame->SaveToDB());
-  EXPECT_EQ(TakeLog(), Joined({kOldRow, PutsWith("22"), PutsLast("3"), kEnd}));
+  EXPECT_EQ(TakeLog(), Joined({kOldRow, PutsWith("22"), PutsLast("26"), kEnd}));
   EXPECT_EQ(frame->OrderIndex(), 1);
   EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"ID", "GUID", "OrderIndex"}), Operands{"5 9 1"});
 }
@@ -232,87 +180,42 @@ TEST_F(SavedFrame, IsReadInThisOrder) {
   EXPECT_EQ(frame->ColorFore(), 17);
   EXPECT_EQ(frame->ColorBackTouch(), 18);
   EXPECT_EQ(frame->ColorForeTouch(), 19);
-  EXPECT_EQ(frame->Txt(), "Tank\r\n1");
-  EXPECT_EQ(frame->FontNumber(), 4);
-  EXPECT_EQ(frame->Alignment(), 2);
+  EXPECT_EQ(frame->Txt(), "one\r\ntwo");
+  EXPECT_EQ(frame->FontNumber(), 5);
+  EXPECT_EQ(frame->Alignment(), 6);
   EXPECT_EQ(frame->TouchOprndAddr(), 22);
-  EXPECT_EQ(frame->Flat3D(), 3);
-  EXPECT_EQ(frame->StorageStringType(), kInputBit);
-  EXPECT_EQ(frame->StorageStringID(), 44);
-  EXPECT_EQ(frame->TabIndex(), 3);
+  EXPECT_EQ(frame->Flat3D(), 2);
+  EXPECT_EQ(frame->StorageStringType(), 24);
+  EXPECT_EQ(frame->StorageStringID(), 25);
+  EXPECT_EQ(frame->TabIndex(), 26);
   EXPECT_EQ(frame->OrderIndex(), 1);
-}
-
-/// One language, in which every string is the same.
-class NotingLibrary final : public corvane1::StringLibrary {
- public:
-  explicit NotingLibrary(test::RecordingConnection& recorder) : recorder_(recorder) {}
-  void Open(const ado::ConnectionRef&, Long option) override {
-    recorder_.Note("open library " + std::to_string(option));
-  }
-  Long GetCount() override { return 1; }
-  Long Language() override { return 1; }
-  void Language(Long) override {}
-  corvane1::LibraryString GetString(Long) override { return {"Pump\r\n2", 0}; }
-
- private:
-  test::RecordingConnection& recorder_;
-};
-
-TEST_F(SavedFrame, TextAndFontOfALibraryStringAreChosenBeforeTheRestIsReadAndFittedAtTheEnd) {
-  const auto frame = Distinct();
-  frame->StorageStringType(0);
-  frame->SaveToDB();
-  Platform::Current().stringLibrary = std::make_shared<NotingLibrary>(Recorder());
-  TakeLog();
-  const auto loaded = Loaded(5);
-  const CallLog log = TakeLog();
-  EXPECT_EQ(CallLog(log.end() - 5, log.end()),
-            (CallLog{"get VarOprndAddr", "open library -1", "get TabIndex", "get OrderIndex", "get ID"}));
-  EXPECT_EQ(loaded->Txt(), "Pump\r\n2");
-  EXPECT_EQ(loaded->FontNumber(), 0);
-  // Painted as it is: no reading that would fit it.
-  class Seen final : public corvane1::TextPainter {
-   public:
-    void DrawText(Long, Long, const std::string&, gdi::HDC, Long) override {}
-    void DrawTextTransparent(Long, Long, const std::string&, gdi::HDC, Long) override {}
-    void DrawStorageText(Long, Long, const std::string& text, gdi::HDC, Long) override { seen = text; }
-    void DrawStorageTextTransparent(Long, Long, const std::string&, gdi::HDC, Long, Long) override {}
-    corvane1::TextExtent GetTextSize(const std::string&, Long) override { return {}; }
-    std::string seen;
-  };
-  const auto painter = std::make_shared<Seen>();
-  Platform::Current().newTextPainter = [&] { return painter; };
-  const gdi::Surface surface(200, 200);
-  Loaded(5)->Draw(surface.Dc(), false);
-  EXPECT_EQ(painter->seen, "Pump\r\n2");
 }
 
 // --- Operands ---
 
 TEST_F(SavedFrame, ItsBagsAreThatOfTheTouchAlwaysAndThatOfTheStringWhenItIsPicked) {
   clsFrame frame;
-  EXPECT_EQ(InBags(frame.BuildOpPropBag()), Operands{"1 -1"});
-  frame.StorageStringID(44);
-  EXPECT_EQ(InBags(frame.BuildOpPropBag()), Operands{"1 -1"});
-  frame.StorageStringType(kInputBit);
-  EXPECT_EQ(InBags(frame.BuildOpPropBag()), (Operands{"1 -1", "2 44"}));
+  EXPECT_EQ(OperandsIn(frame.BuildOpPropBag()), Operands{"1 -1"});
+  frame.StorageStringID(25);
+  EXPECT_EQ(OperandsIn(frame.BuildOpPropBag()), Operands{"1 -1"});
+  frame.StorageStringType(24);
+  EXPECT_EQ(OperandsIn(frame.BuildOpPropBag()), (Operands{"1 -1", "24 25"}));
   frame.TouchOprndAddr(22);
-  EXPECT_EQ(InBags(frame.BuildOpPropBag()), (Operands{"1 22", "2 44"}));
-  EXPECT_EQ(InBags(frame.ColOpPropBag()), (Operands{"1 22", "2 44"}));
+  EXPECT_EQ(OperandsIn(frame.BuildOpPropBag()), (Operands{"1 22", "24 25"}));
+  EXPECT_EQ(OperandsIn(frame.ColOpPropBag()), (Operands{"1 22", "24 25"}));
   frame.StorageStringType(0);
-  EXPECT_EQ(InBags(frame.BuildOpPropBag()), Operands{"1 22"});
+  EXPECT_EQ(OperandsIn(frame.BuildOpPropBag()), Operands{"1 22"});
 }
 
 TEST_F(SavedFrame, LoadingBuildsTheBagsAnew) {
   const auto frame = Distinct();
   frame->SaveToDB();
-  EXPECT_EQ(InBags(Loaded(5)->ColOpPropBag()), (Operands{"1 22", "2 44"}));
+  EXPECT_EQ(OperandsIn(Loaded(5)->ColOpPropBag()), (Operands{"1 22", "24 25"}));
   frame->TouchOprndAddr(-1);
   frame->StorageStringType(0);
   frame->StorageStringID(-1);
   frame->SaveToDB();
-  EXPECT_EQ(InBags(Loaded(5)->ColOpPropBag()), Operands{"1 -1"});
+  EXPECT_EQ(OperandsIn(Loaded(5)->ColOpPropBag()), Operands{"1 -1"});
 }
 
 TEST_F(SavedFrame, RestoringWritesTheRowsOfTouchAndString) {
@@ -321,9 +224,9 @@ TEST_F(SavedFrame, RestoringWritesTheRowsOfTouchAndString) {
   frame->ColOpPropBag(nullptr);
   TakeLog();
   frame->RestoreAllOperands();
-  EXPECT_EQ(OperandRows(), (Operands{"5 1 22 0 2", "5 2 44 0 8"}));
+  EXPECT_EQ(OperandRows(), (Operands{"5 1 22 0 2", "5 24 25 0 8"}));
   EXPECT_TRUE(IsDefined(22));
-  EXPECT_TRUE(IsInputDefined(44));
+  EXPECT_TRUE(IsDefined(25, 24));
 }
 
 TEST_F(SavedFrame, OnlyATouchThatDrivesAnOperandIsRestored) {
@@ -331,10 +234,10 @@ TEST_F(SavedFrame, OnlyATouchThatDrivesAnOperandIsRestored) {
     Long touch;
     Operands rows;
   };
-  for (const Case& c : {Case{-1, {"5 2 44 0 8"}},
-                        {-2, {"5 2 44 0 8"}},
-                        {-3, {"5 1 -3 0 2", "5 2 44 0 8"}},
-                        {0, {"5 1 0 0 2", "5 2 44 0 8"}}}) {
+  for (const Case& c : {Case{-1, {"5 24 25 0 8"}},
+                        {-2, {"5 24 25 0 8"}},
+                        {-3, {"5 1 -3 0 2", "5 24 25 0 8"}},
+                        {0, {"5 1 0 0 2", "5 24 25 0 8"}}}) {
     const auto frame = Distinct();
     frame->ID(5);
     frame->TouchOprndAddr(c.touch);
@@ -349,7 +252,7 @@ TEST_F(SavedFrame, RestoringAnOperandThatHoldsAValueTakesItsNewAddress) {
   const auto frame = Distinct();
   frame->ID(5);
   frame->StorageStringType(34);
-  frame->StorageStringID(44);
+  frame->StorageStringID(25);
   frame->RestoreAllOperands();
   EXPECT_EQ(frame->StorageStringType(), 37);
   EXPECT_EQ(OperandRows()[1], "5 37 " + std::to_string(frame->StorageStringID()) + " 0 8");
@@ -368,7 +271,7 @@ TEST_F(SavedFrame, RestoringWithoutBagsIsAnErrorOnlyWhereThereIsSomethingToResto
   EXPECT_EQ(OperandRows(), Operands{});
   // One bag too few: the touch comes back all the same.
   frame.ColOpPropBag(frame.BuildOpPropBag());
-  frame.StorageStringType(kInputBit);
+  frame.StorageStringType(24);
   EXPECT_EQ(ErrorOf([&] { frame.RestoreAllOperands(); }), 9);
   EXPECT_EQ(OperandRows(), Operands{"-1 1 22 0 2"});
 }
@@ -379,8 +282,8 @@ TEST_F(SavedFrame, DeletingRunsTheseStatementsAndReleasesTouchAndString) {
   frame->ColOpPropBag(nullptr);
   frame->RestoreAllOperands();
   for (const Long address : {-1, 0, 22, 23}) Define(address);
-  DefineInput(44);
-  DefineInput(45);
+  Define(25, "", 24);
+  Define(26, "", 24);
   TakeLog();
   frame->DeleteFromDB();
   EXPECT_EQ(TakeLog(), (CallLog{"execute SELECT * FROM HMI_Elements WHERE ID=5", "get Guid", "Close",
@@ -390,12 +293,12 @@ TEST_F(SavedFrame, DeletingRunsTheseStatementsAndReleasesTouchAndString) {
   EXPECT_EQ(Elements(), Operands{});
   EXPECT_EQ(OperandRows(), Operands{});
   EXPECT_FALSE(IsDefined(22));
-  EXPECT_FALSE(IsInputDefined(44));
+  EXPECT_FALSE(IsDefined(25, 24));
   // There is no hide operand, not even the one of address -1.
   EXPECT_TRUE(IsDefined(-1));
   EXPECT_TRUE(IsDefined(0));
   EXPECT_TRUE(IsDefined(23));
-  EXPECT_TRUE(IsInputDefined(45));
+  EXPECT_TRUE(IsDefined(26, 24));
 }
 
 TEST_F(SavedFrame, DeletingOneWithoutOperandsReleasesNone) {
@@ -403,24 +306,24 @@ TEST_F(SavedFrame, DeletingOneWithoutOperandsReleasesNone) {
   frame->TouchOprndAddr(-1);
   frame->StorageStringType(0);
   frame->SaveToDB();
-  for (const Long address : {-1, 0, 44}) Define(address);
-  DefineInput(44);
+  for (const Long address : {-1, 0, 25}) Define(address);
+  Define(25, "", 24);
   frame->DeleteFromDB();
-  for (const Long address : {-1, 0, 44}) EXPECT_TRUE(IsDefined(address)) << address;
-  EXPECT_TRUE(IsInputDefined(44));
+  for (const Long address : {-1, 0, 25}) EXPECT_TRUE(IsDefined(address)) << address;
+  EXPECT_TRUE(IsDefined(25, 24));
 }
 
 TEST_F(SavedFrame, ATouchIsReleasedBeforeTheString) {
   const auto frame = Distinct();
   frame->SaveToDB();
   Define(22);
-  DefineInput(44);
+  Define(25, "", 24);
   Platform::Current().operands =
       std::make_shared<test::NotingStore>(Platform::Current().operands, Recorder());
   TakeLog();
   frame->DeleteFromDB();
   const CallLog log = TakeLog();
-  EXPECT_EQ(CallLog(log.end() - 3, log.end()), (CallLog{"remove operand 22", "remove operand 44", "page 7"}));
+  EXPECT_EQ(CallLog(log.end() - 3, log.end()), (CallLog{"remove operand 22", "remove operand 25", "page 7"}));
 }
 
 }  // namespace

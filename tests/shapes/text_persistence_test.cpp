@@ -383,14 +383,14 @@ TEST_F(RowsOfText, LoadsInThisOrderAndBuildsTheBagsBeforeAndAfterTheAddressOfThe
   EXPECT_EQ(text.StorageStringID(), 26);
 }
 
-TEST_F(RowsOfText, LoadsTheStringOfTheLibraryBetweenItsNumberAndTheTabOrder) {
-  Keep({{"abc", 1}, {"EMPTY STRING", 3}, {"abcdefgh", 6}});
-  SavedOfString70();
-  const auto row = OpenedRow();
-  clsText text;
-  NoteServices();
-  text.LoadFromDB(*row);
-  const CallLog log = TakeLog();
+TYPED_TEST(TextRows, LoadsTheStringOfTheLibraryBetweenItsNumberAndTheTabOrder) {
+  this->Keep({{"abc", 1}, {"EMPTY STRING", 3}, {"abcdefgh", 6}});
+  this->SavedOfString70();
+  const auto row = this->OpenedRow();
+  TypeParam element;
+  this->NoteServices();
+  element.LoadFromDB(*row);
+  const CallLog log = this->TakeLog();
   const auto from = std::find(log.begin(), log.end(), "get VarOprndAddr");
   EXPECT_EQ(
       CallLog(from, log.end()),
