@@ -1,13 +1,14 @@
-#include <charconv>
 #include <map>
 #include <utility>
 
 #include "hosts/cli/commands.h"
+#include "hosts/cli/counted.h"
 #include "hosts/cli/csv_document.h"
 #include "hosts/cli/distinct_output.h"
 #include "hosts/cli/project_session.h"
 #include "hosts/cli/text_file.h"
 #include "hosts/cli/user_error.h"
+#include "hosts/cli/whole_number.h"
 #include "platform/corvane1/project_string_library.h"
 #include "platform/platform.h"
 
@@ -34,13 +35,11 @@ ProjectStringLibrary OpenedLibrary() {
 }
 
 Long NumberFrom(Long least, const std::string& name, const std::string& text) {
-  Long number = 0;
-  const char* end = text.data() + text.size();
-  const auto [read, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc() || read != end || number < least) {
+  const auto number = WholeNumberFromText(text);
+  if (!number || *number < least) {
     throw UserError(name + " " + Quoted(text) + ": a number from " + std::to_string(least) + " is expected");
   }
-  return number;
+  return *number;
 }
 
 /// Brings the records of a file into a library, one after the other.
@@ -93,10 +92,6 @@ class StringsImport {
   std::map<Long, std::size_t> languages_;
   std::map<std::pair<Long, Long>, std::size_t> texts_;
 };
-
-std::string Counted(std::size_t number, const std::string& noun) {
-  return std::to_string(number) + " " + noun + (number == 1 ? "" : "s");
-}
 
 }  // namespace
 
