@@ -13,27 +13,33 @@ namespace quenzel7 {
 /// The section of the settings that keeps the defaults of new elements.
 inline constexpr Long kElementDefaults = 6000;
 
-/// The keys in that section.
+/// The keys in that section: name, number, type of the value.
+#define QUENZEL7_ELEMENT_DEFAULTS(KEY)    \
+  KEY(FrameColorBack, 6018, Long)         \
+  KEY(FrameColorFore, 6019, Long)         \
+  KEY(TextColorBack, 6020, Long)          \
+  KEY(TextColorFore, 6021, Long)          \
+  KEY(LineColor, 6022, Long)              \
+  KEY(FrameAlignment, 6039, Integer)      \
+  KEY(TextAlignment, 6040, Integer)       \
+  KEY(FrameStyle, 6042, Long)             \
+  KEY(TextStyle, 6043, Long)              \
+  KEY(FlatFrameColorBack, 6045, Long)     \
+  KEY(FlatTextColorBack, 6046, Long)      \
+  KEY(LineWidth, 6049, Long)              \
+  KEY(RectangleWidth, 6050, Long)         \
+  KEY(RectangleColor, 6051, Long)         \
+  KEY(RoundRectColor, 6052, Long)         \
+  KEY(EllipseColor, 6053, Long)           \
+  KEY(FlatTextColorBackTouch, 6057, Long) \
+  KEY(TextColorBackTouch, 6058, Long)     \
+  KEY(TextColorForeTouch, 6059, Long)
+
+/// Their names.
 enum class ElementDefault : Long {
-  FrameColorBack = 6018,
-  FrameColorFore = 6019,
-  TextColorBack = 6020,
-  TextColorFore = 6021,
-  LineColor = 6022,
-  FrameAlignment = 6039,
-  TextAlignment = 6040,
-  FrameStyle = 6042,
-  TextStyle = 6043,
-  FlatFrameColorBack = 6045,
-  FlatTextColorBack = 6046,
-  LineWidth = 6049,
-  RectangleWidth = 6050,
-  RectangleColor = 6051,
-  RoundRectColor = 6052,
-  EllipseColor = 6053,
-  FlatTextColorBackTouch = 6057,
-  TextColorBackTouch = 6058,
-  TextColorForeTouch = 6059,
+#define QUENZEL7_KEY(name, number, Type) name = number,
+  QUENZEL7_ELEMENT_DEFAULTS(QUENZEL7_KEY)
+#undef QUENZEL7_KEY
 };
 
 /// A number among the defaults of new elements, or the fall-back; halves are rounded to the even number.
@@ -54,5 +60,21 @@ T ElementSetting(ElementDefault key, const std::string& fallback) {
     throw error.In("setting " + std::to_string(kElementDefaults) + "/" + std::to_string(number));
   }
 }
+
+/// A key among the defaults of new elements, and how its value is read.
+struct ElementDefaultKey {
+  ElementDefault key;
+  /// Reads what is set as new elements do. Errors of ElementSetting.
+  void (*require)();
+};
+
+/// All keys in the order of their numbers.
+inline constexpr ElementDefaultKey kElementDefaultKeys[] = {
+#define QUENZEL7_KEY(name, number, Type) \
+  {ElementDefault::name, [] { ElementSetting<Type>(ElementDefault::name, "0"); }},
+    QUENZEL7_ELEMENT_DEFAULTS(QUENZEL7_KEY)
+#undef QUENZEL7_KEY
+};
+#undef QUENZEL7_ELEMENT_DEFAULTS
 
 }  // namespace quenzel7

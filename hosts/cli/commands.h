@@ -48,7 +48,8 @@ int ExportStringsCommand(const std::string& projectPath, const std::string& file
 
 /// Makes the settings that `arguments` tell, "SECTION/KEY=TEXT" or "SECTION/KEY=" to take one away, all or
 /// none, in a project that is made when it is not there; then tells all settings that the project has.
-/// Without arguments the project has to be there. A setting that the library cannot work with is refused.
+/// Without arguments the project has to be there. A setting that the library cannot work with is refused, and
+/// so is one that is given twice; of one that nothing reads a line on standard error tells.
 int SettingsCommand(const std::string& projectPath, const std::vector<std::string>& arguments,
                     const Console& console);
 

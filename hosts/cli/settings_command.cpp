@@ -1,14 +1,18 @@
-#include <charconv>
+#include <algorithm>
+#include <iterator>
+#include <set>
+#include <utility>
 
 #include "hosts/cli/commands.h"
-#include "hosts/cli/element_classes.h"
 #include "hosts/cli/project_session.h"
 #include "hosts/cli/project_target.h"
 #include "hosts/cli/table_column.h"
 #include "hosts/cli/user_error.h"
+#include "hosts/cli/whole_number.h"
 #include "platform/corvane1/ansi_code_page.h"
 #include "platform/corvane1/settings.h"
 #include "platform/platform.h"
+#include "shapes/element_setting.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -19,25 +23,40 @@ constexpr const char* kSettings = "Settings";
 struct Setting {
   Long section = 0, key = 0;
   std::string text;
-};
 
-bool IsNumber(std::string_view text, Long& number) {
-  const char* end = text.data() + text.size();
-  const auto [read, error] = std::from_chars(text.data(), end, number);
-  return error == std::errc() && read == end;
-}
+  std::string Place() const { return std::to_string(section) + "/" + std::to_string(key); }
+};
 
 Setting SettingFrom(const std::string& argument) {
   const std::string_view all = argument;
   const auto equals = all.find('='), slash = all.find('/');
-  Setting setting;
-  if (equals == std::string::npos || !IsNumber(all.substr(0, slash), setting.section) ||
-      !IsNumber(all.substr(slash + 1, equals - slash - 1), setting.key)) {
-    throw UserError("setting " + Quoted(argument) +
-                    ": SECTION/KEY=TEXT is expected, with whole numbers for section and key");
+  if (equals != std::string::npos && slash < equals) {
+    const auto section = WholeNumberFromText(all.substr(0, slash));
+    const auto key = WholeNumberFromText(all.substr(slash + 1, equals - slash - 1));
+    if (section && key) return {*section, *key, argument.substr(equals + 1)};
   }
-  setting.text = all.substr(equals + 1);
-  return setting;
+  throw UserError("setting " + Quoted(argument) +
+                  ": SECTION/KEY=TEXT is expected, with whole numbers for section and key");
+}
+
+std::vector<Setting> SettingsFrom(const std::vector<std::string>& arguments) {
+  std::vector<Setting> settings;
+  std::set<std::pair<Long, Long>> places;
+  for (const std::string& argument : arguments) {
+    settings.push_back(SettingFrom(argument));
+    const Setting& setting = settings.back();
+    if (!places.emplace(setting.section, setting.key).second)
+      throw UserError("setting " + setting.Place() + " is given twice");
+  }
+  return settings;
+}
+
+/// Whether something of the library asks for a setting.
+bool IsRead(const Setting& setting) {
+  if (setting.section == corvane1::kTextSection) return setting.key == corvane1::kCodePageKey;
+  return setting.section == kElementDefaults &&
+         std::any_of(std::begin(kElementDefaultKeys), std::end(kElementDefaultKeys),
+                     [&](const auto& known) { return static_cast<Long>(known.key) == setting.key; });
 }
 
 void Make(ado::Connection& project, const Setting& setting) {
@@ -50,12 +69,11 @@ void Make(ado::Connection& project, const Setting& setting) {
       .SetInProject(setting.section, setting.key, setting.text);
 }
 
-/// Asks for every setting that the library works with: one that is of no use there would make every page of
-/// the project fail. Errors of the library, which name the setting.
+/// Asks for every setting that the library works with, also those that only elements of some style take: one
+/// that is of no use there would make pages of the project fail. Errors of the library, which name the
+/// setting.
 void RequireUse() {
-  for (const automation::ClassInfo* elementClass : ElementClasses::All().Classes()) {
-    ElementClasses::Create(*elementClass);
-  }
+  for (const ElementDefaultKey& known : kElementDefaultKeys) known.require();
   corvane1::AnsiCodePageOf(*Platform::Current().settings);
 }
 
@@ -79,8 +97,7 @@ void Tell(ProjectSession& project, const Console& console) {
 
 int SettingsCommand(const std::string& projectPath, const std::vector<std::string>& arguments,
                     const Console& console) {
-  std::vector<Setting> changes;
-  for (const std::string& argument : arguments) changes.push_back(SettingFrom(argument));
+  const std::vector<Setting> changes = SettingsFrom(arguments);
   if (!changes.empty()) {
     ProjectTarget target(projectPath);
     {
@@ -88,6 +105,9 @@ int SettingsCommand(const std::string& projectPath, const std::vector<std::strin
       project.Do([&] { Change(project, changes); });
     }
     target.Commit();
+  }
+  for (const Setting& setting : changes) {
+    if (!IsRead(setting)) console.err << "note: nothing reads setting " << setting.Place() << '\n';
   }
   ProjectSession project(projectPath, corvane1::ProjectMode::ReadOnly);
   project.Do([&] { Tell(project, console); });

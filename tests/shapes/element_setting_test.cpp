@@ -91,16 +91,47 @@ TEST_F(ElementSettings, HaveTheseKeys) {
     ElementDefault key;
     Long number;
   };
-  for (const Row& row :
-       {Row{FrameColorBack, 6018}, Row{FrameColorFore, 6019}, Row{TextColorBack, 6020},
-        Row{TextColorFore, 6021}, Row{LineColor, 6022}, Row{FrameAlignment, 6039}, Row{TextAlignment, 6040},
-        Row{FrameStyle, 6042}, Row{TextStyle, 6043}, Row{FlatFrameColorBack, 6045},
-        Row{FlatTextColorBack, 6046}, Row{LineWidth, 6049}, Row{RectangleWidth, 6050},
-        Row{RectangleColor, 6051}, Row{RoundRectColor, 6052}, Row{EllipseColor, 6053},
-        Row{FlatTextColorBackTouch, 6057}, Row{TextColorBackTouch, 6058}, Row{TextColorForeTouch, 6059}}) {
-    EXPECT_EQ(static_cast<Long>(row.key), row.number);
+  const std::vector<Row> rows{Row{FrameColorBack, 6018},
+                              Row{FrameColorFore, 6019},
+                              Row{TextColorBack, 6020},
+                              Row{TextColorFore, 6021},
+                              Row{LineColor, 6022},
+                              Row{FrameAlignment, 6039},
+                              Row{TextAlignment, 6040},
+                              Row{FrameStyle, 6042},
+                              Row{TextStyle, 6043},
+                              Row{FlatFrameColorBack, 6045},
+                              Row{FlatTextColorBack, 6046},
+                              Row{LineWidth, 6049},
+                              Row{RectangleWidth, 6050},
+                              Row{RectangleColor, 6051},
+                              Row{RoundRectColor, 6052},
+                              Row{EllipseColor, 6053},
+                              Row{FlatTextColorBackTouch, 6057},
+                              Row{TextColorBackTouch, 6058},
+                              Row{TextColorForeTouch, 6059}};
+  ASSERT_EQ(std::size(kElementDefaultKeys), rows.size());
+  for (std::size_t index = 0; index < rows.size(); ++index) {
+    EXPECT_EQ(static_cast<Long>(rows[index].key), rows[index].number);
+    EXPECT_EQ(kElementDefaultKeys[index].key, rows[index].key);
   }
   EXPECT_EQ(kElementDefaults, 6000);
+}
+
+TEST_F(ElementSettings, AreAllRequiredAsTheyAreRead) {
+  for (const auto& [key, require] : kElementDefaultKeys) {
+    const auto settings = std::make_shared<test::TracedSettings>();
+    Platform::Current().settings = settings;
+    require();
+    const std::string number = std::to_string(static_cast<Long>(key));
+    EXPECT_EQ(settings->asked, std::vector<std::string>{"6000/" + number + "/0"});
+    // Only alignments are numbers of 16 bits.
+    Platform::Current().settings = std::make_shared<OneText>("32768");
+    const bool isAlignment = key == ElementDefault::FrameAlignment || key == ElementDefault::TextAlignment;
+    EXPECT_EQ(test::ErrorOf(require), isAlignment ? 6 : 0) << number;
+    Platform::Current().settings = std::make_shared<OneText>("x");
+    EXPECT_EQ(test::ErrorOf(require), 13) << number;
+  }
 }
 
 TEST_F(ElementSettings, AnErrorOfTheServiceComesThroughAsItIs) {

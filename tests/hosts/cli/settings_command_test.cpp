@@ -22,7 +22,7 @@ class SettingsCommandTest : public ::testing::Test {
   std::string Run(const Arguments& arguments) {
     std::ostringstream out, err;
     EXPECT_EQ(SettingsCommand(project_, arguments, {out, err}), 0);
-    EXPECT_EQ(err.str(), "");
+    notes_ = err.str();
     return out.str();
   }
   std::string RefusalOf(const Arguments& arguments) {
@@ -34,6 +34,8 @@ class SettingsCommandTest : public ::testing::Test {
 
   quenzel7::test::TemporaryFolder folder_;
   std::string project_ = folder_.File("p.qz7");
+  /// What the last run told on standard error.
+  std::string notes_;
 };
 
 TEST_F(SettingsCommandTest, MakesSettingsInANewProjectAndTellsThemInOrder) {
@@ -67,10 +69,56 @@ TEST_F(SettingsCommandTest, WhatTheLibraryCannotWorkWithIsRefusedAndNothingChang
             "project " + project_ + ": setting 7000/1: ");
   EXPECT_EQ(RefusalOf({"6000/6050=thick"}),
             "project " + project_ + ": setting 6000/6050: type mismatch: \"thick\" is not a number");
-  // The classes of texts have settings of their own.
-  EXPECT_EQ(RefusalOf({"6000/6042=x"}),
-            "project " + project_ + ": setting 6000/6042: type mismatch: \"x\" is not a number");
   EXPECT_EQ(Run({}), "7000/1=1251\n");
+}
+
+TEST_F(SettingsCommandTest, EveryDefaultOfNewElementsHasToBeANumber) {
+  // Some of them are those of one style only.
+  for (const char* key : {"6018", "6019", "6020", "6021", "6022", "6039", "6040", "6042", "6043", "6045",
+                          "6046", "6049", "6050", "6051", "6052", "6053", "6057", "6058", "6059"}) {
+    const std::string setting = std::string("6000/") + key;
+    EXPECT_EQ(RefusalOf({setting + "=x"}),
+              "project " + project_ + ": setting " + setting + ": type mismatch: \"x\" is not a number");
+    EXPECT_EQ(Run({setting + "=7"}), setting + "=7\n");
+    EXPECT_EQ(notes_, "");
+    Run({setting + "="});
+    EXPECT_EQ(notes_, "");
+  }
+}
+
+TEST_F(SettingsCommandTest, AnAlignmentHasToFit16Bits) {
+  for (const std::string setting : {"6000/6039", "6000/6040"}) {
+    EXPECT_EQ(RefusalOf({setting + "=32768"}),
+              "project " + project_ + ": setting " + setting + ": overflow: 32768 does not fit 16 bits");
+    EXPECT_EQ(Run({setting + "=32767"}), setting + "=32767\n");
+    Run({setting + "="});
+  }
+  EXPECT_EQ(Run({"6000/6042=32768"}), "6000/6042=32768\n");
+}
+
+TEST_F(SettingsCommandTest, ThePlaceThatIsGivenTwiceIsRefused) {
+  EXPECT_EQ(RefusalOf({"7000/1=1251", "6000/1=1251", "7000/2=1251", "07000/1=1252"}),
+            "setting 7000/1 is given twice");
+  EXPECT_EQ(RefusalOf({"7000/1=", "7000/1="}), "setting 7000/1 is given twice");
+  EXPECT_FALSE(std::filesystem::exists(project_));
+}
+
+TEST_F(SettingsCommandTest, APlaceThatNothingReadsIsTold) {
+  EXPECT_EQ(Run({"7000/2=x", "7000/1=1251", "6000/6017=y", "6000/1=z", "7000/6018=1", "6001/6018=1"}),
+            "6000/1=z\n6000/6017=y\n6001/6018=1\n7000/1=1251\n7000/2=x\n7000/6018=1\n");
+  EXPECT_EQ(notes_,
+            "note: nothing reads setting 7000/2\nnote: nothing reads setting 6000/6017\n"
+            "note: nothing reads setting 6000/1\nnote: nothing reads setting 7000/6018\n"
+            "note: nothing reads setting 6001/6018\n");
+  Run({"7000/2="});
+  EXPECT_EQ(notes_, "note: nothing reads setting 7000/2\n");
+  Run({});
+  EXPECT_EQ(notes_, "");
+}
+
+TEST_F(SettingsCommandTest, WhatIsRefusedIsNotToldAsUnread) {
+  EXPECT_NE(RefusalOf({"7000/2=x", "7000/1=1"}), "");
+  EXPECT_EQ(notes_, "");
 }
 
 TEST_F(SettingsCommandTest, ANewProjectIsNotThereWhenASettingIsRefused) {
