@@ -6,6 +6,7 @@
 #include "hosts/cli/quiet_boxes.h"
 #include "hosts/cli/table_column.h"
 #include "platform/automation/call_by_name.h"
+#include "platform/platform.h"
 #include "shapes/element_columns.h"
 
 namespace quenzel7::cli {
@@ -20,6 +21,12 @@ void PutText(ItfHmiElement& element, const std::string& text) { automation::PutB
 void PutFont(ItfHmiElement& element, Long font) { automation::PutByName(element, "FontNumber", font); }
 
 }  // namespace
+
+corvane1::ProjectStringLibrary OpenedLibrary() {
+  corvane1::ProjectStringLibrary library;
+  library.Open(Platform::Current().heldProject->OpenConnection(), -1);
+  return library;
+}
 
 bool BearsText(const ItfHmiElement& element) {
   return element.Class().Default().Find("ActualText") != nullptr;

@@ -2,11 +2,15 @@
 
 #include "framework/element_contract.h"
 #include "platform/ado/recordset.h"
+#include "platform/corvane1/project_string_library.h"
 
 /// Elements whose text is a string of the project's string library, numbered by StorageStringID. They show
 /// the library's text in the library's font; their rows, and page files, have a text and a font of their own,
 /// which the library's take the place of.
 namespace quenzel7::cli {
+
+/// The string library of the project that is open, with a current language of its own.
+corvane1::ProjectStringLibrary OpenedLibrary();
 
 /// Whether the element has a text that is fitted into its place.
 bool BearsText(const ItfHmiElement& element);

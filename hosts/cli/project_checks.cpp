@@ -175,15 +175,14 @@ class Check {
     if (!element) return;
     TellErrorOf([&] {
       if (IsGroup(*element)) hostGroups_.Find(IdOf(*element));
-      CheckTouch(*element, page);
-      const auto known = page ? pages_.find(*page) : pages_.end();
-      const std::string place =
-          places_.Check(*element, known == pages_.end() ? std::optional<Panel>() : known->second);
-      if (!place.empty()) Tell(place);
-      const std::string text = CheckText(*element);
-      if (!text.empty()) Tell(text);
-      CheckOperandsOf(*element);
     });
+    // What one of them cannot say hides nothing of the others.
+    TellErrorOf([&] { CheckTouch(*element, page); });
+    TellErrorOf([&] { CheckPlace(*element, page); });
+    TellErrorOf([&] {
+      for (const std::string& finding : CheckText(*element)) Tell(finding);
+    });
+    TellErrorOf([&] { CheckOperandsOf(*element); });
   }
 
   void CheckGuid(Long id) {
@@ -201,6 +200,13 @@ class Check {
     if (groups_.count({page, group}) == 0 || !To<bool>(Read(element, "IsTouchable"))) return;
     Tell("is touchable (TouchOprndAddr " + To<std::string>(Read(element, "TouchOprndAddr")) +
          ") and stands in group " + std::to_string(group) + "; TouchOprndAddr -1 was expected in a group");
+  }
+
+  void CheckPlace(ItfHmiElement& element, const std::optional<Long>& page) {
+    const auto known = page ? pages_.find(*page) : pages_.end();
+    const std::string wrong =
+        places_.Check(element, known == pages_.end() ? std::optional<Panel>() : known->second);
+    if (!wrong.empty()) Tell(wrong);
   }
 
   void CheckOperandsOf(ItfHmiElement& element) {

@@ -5,12 +5,12 @@
 #include "hosts/cli/counted.h"
 #include "hosts/cli/csv_document.h"
 #include "hosts/cli/distinct_output.h"
+#include "hosts/cli/library_texts.h"
 #include "hosts/cli/project_session.h"
 #include "hosts/cli/text_file.h"
 #include "hosts/cli/user_error.h"
 #include "hosts/cli/whole_number.h"
 #include "platform/corvane1/project_string_library.h"
-#include "platform/platform.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -26,12 +26,6 @@ enum Column : std::size_t { kNumber, kLanguage, kText, kFont, kColumns };
 const std::vector<std::string>& Header() {
   static const std::vector<std::string> header{"number", "language", "text", "font"};
   return header;
-}
-
-ProjectStringLibrary OpenedLibrary() {
-  ProjectStringLibrary library;
-  library.Open(Platform::Current().heldProject->OpenConnection(), -1);
-  return library;
 }
 
 Long NumberFrom(Long least, const std::string& name, const std::string& text) {

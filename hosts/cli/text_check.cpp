@@ -6,14 +6,15 @@
 #include "hosts/cli/quiet_boxes.h"
 #include "hosts/cli/user_error.h"
 #include "platform/corvane1/ansi_code_page.h"
-#include "platform/corvane1/string_library.h"
 #include "platform/platform.h"
+#include "shapes/element_columns.h"
 
 namespace quenzel7::cli {
 namespace {
 
 using automation::To;
 using automation::Variant;
+using Findings = std::vector<std::string>;
 
 std::string TextOf(ItfHmiElement& element, std::string_view property) {
   return To<std::string>(automation::GetByName(element, property));
@@ -23,33 +24,66 @@ std::string Size(const Variant& dx, const Variant& dy) {
   return "(" + To<std::string>(dx) + ", " + To<std::string>(dy) + ")";
 }
 
-std::string NeededSize(ItfHmiElement& element) {
-  Variant place[4] = {Long{0}, Long{0}, Read(element, "Dx"), Read(element, "Dy")};
+/// The size that the element asks for, at its own size. Some styles ask for none.
+std::string ExpectedSize(ItfHmiElement& element, const Variant& dx, const Variant& dy) {
+  Variant place[4] = {Long{0}, Long{0}, dx, dy};
   CallInPlace(element, "GetOptimalDimensions", place);
-  return Size(place[2], place[3]);
+  const bool isLarger = To<Long>(place[2]) > To<Long>(dx) || To<Long>(place[3]) > To<Long>(dy);
+  return isLarger ? Size(place[2], place[3]) : "a larger one";
+}
+
+/// What is wrong with the text that `shown` has now; `element` is asked for the size that would do.
+std::string Judgement(ItfHmiElement& element, ItfHmiElement& shown, const std::string& inLanguage) {
+  const std::string text = TextOf(shown, "Txt");
+  const QuietBoxes boxes;
+  // Reading it fits the text, and shows a box for each line that cannot be measured.
+  const std::string fitting = TextOf(shown, "ActualText");
+  const std::string ofItsText = " of its text " + Quoted(text) + inLanguage;
+  if (boxes.Count() > 0) {
+    return "shows nothing of " + Counted(boxes.Count(), "line") + ofItsText + "; characters of code page " +
+           std::to_string(corvane1::AnsiCodePageOf(*Platform::Current().settings).Number()) +
+           " were expected";
+  }
+  if (fitting == text) return {};
+  const Variant dx = Read(element, "Dx"), dy = Read(element, "Dy");
+  return "shows only " + Quoted(fitting) + ofItsText + " at size " + Size(dx, dy) + "; " +
+         ExpectedSize(element, dx, dy) + " was expected";
+}
+
+/// Has a replica of the element show the string of the library in each language that has it.
+Findings CheckLibraryString(ItfHmiElement& element) {
+  const Long number = To<Long>(automation::GetByName(element, "StorageStringID"));
+  corvane1::ProjectStringLibrary library = OpenedLibrary();
+  const Long languages = library.GetCount();
+  bool isThere = false;
+  Findings findings;
+  for (Long language = 1; language <= languages; ++language) {
+    library.Language(language);
+    const corvane1::LibraryString string = library.GetString(number);
+    if (string.text == corvane1::kEmptyLibraryString) continue;
+    isThere = true;
+    const auto replica = element.Replica();
+    if (string.fontNumber != kNone) automation::PutByName(*replica, "FontNumber", string.fontNumber);
+    automation::PutByName(*replica, "Txt", string.text);
+    const std::string finding = Judgement(element, *replica, " in language " + std::to_string(language));
+    if (!finding.empty()) findings.push_back(finding);
+  }
+  if (!isThere) {
+    findings.push_back("StorageStringID " + std::to_string(number) +
+                       " names no text of the string library; the number of one that some language has was "
+                       "expected");
+  }
+  return findings;
 }
 
 }  // namespace
 
-std::string CheckText(ItfHmiElement& element) {
+Findings CheckText(ItfHmiElement& element) {
   if (!BearsText(element)) return {};
-  const std::string text = TextOf(element, "Txt");
-  if (ShowsLibraryString(element) && text == corvane1::kEmptyLibraryString) {
-    return "StorageStringID " + TextOf(element, "StorageStringID") +
-           " names no text of the string library; the number of one that some language has was expected";
-  }
-  const QuietBoxes boxes;
-  // Reading it fits the text, and shows a box for each line that cannot be measured.
-  const std::string shown = TextOf(element, "ActualText");
-  if (boxes.Count() > 0) {
-    return "shows nothing of " + Counted(boxes.Count(), "line") + " of its text " + Quoted(text) +
-           "; characters of code page " +
-           std::to_string(corvane1::AnsiCodePageOf(*Platform::Current().settings).Number()) +
-           " were expected";
-  }
-  if (shown == text) return {};
-  return "shows only " + Quoted(shown) + " of its text " + Quoted(text) + " at size " +
-         Size(Read(element, "Dx"), Read(element, "Dy")) + "; " + NeededSize(element) + " was expected";
+  const QuietBoxes quiet;
+  if (ShowsLibraryString(element)) return CheckLibraryString(element);
+  const std::string finding = Judgement(element, element, {});
+  return finding.empty() ? Findings() : Findings{finding};
 }
 
 }  // namespace quenzel7::cli

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "framework/element_contract.h"
 
@@ -8,7 +9,8 @@ namespace quenzel7::cli {
 
 /// What is wrong with the text that an element shows, by the judgement of the element itself: the string of
 /// the library that is not there, characters that the project's code page does not have, and a text of which
-/// something is cut. Nothing for an element without a text. Errors of the element.
-std::string CheckText(ItfHmiElement& element);
+/// something is cut. A string of the library is judged in every language that has it, in the order of the
+/// languages. Nothing for an element without a text. Errors of the element and of the string library.
+std::vector<std::string> CheckText(ItfHmiElement& element);
 
 }  // namespace quenzel7::cli

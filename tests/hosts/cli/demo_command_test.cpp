@@ -234,7 +234,7 @@ TEST(Demo, ItsPageShowsTextsAndFramesOfEveryStyle) {
   int ofSeveralLines = 0, touchable = 0, framesInGroups = 0;
   WalkElements(page.elements, [&](ItfHmiElement& element, const ElementPath& path) {
     if (!BearsText(element)) return;
-    EXPECT_EQ(CheckText(element), "");
+    EXPECT_EQ(CheckText(element), std::vector<std::string>());
     const std::string_view name = element.Class().name;
     ++styles[{name, element.Flat3D()}];
     ofLibrary[name] += ShowsLibraryString(element);

@@ -3,8 +3,8 @@
 #include <sstream>
 #include <string>
 
+#include "hosts/cli/library_texts.h"
 #include "platform/corvane1/message_boxes.h"
-#include "platform/corvane1/project_string_library.h"
 #include "platform/platform.h"
 #include "tests/hosts/cli/cli_project.h"
 
@@ -44,12 +44,6 @@ class LibraryTest : public CliProjectTest {
   }
 
  private:
-  static corvane1::ProjectStringLibrary OpenedLibrary() {
-    corvane1::ProjectStringLibrary library;
-    library.Open(Platform::Current().heldProject->OpenConnection(), -1);
-    return library;
-  }
-
   std::ostringstream boxes_;
 };
 

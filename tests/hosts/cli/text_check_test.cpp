@@ -13,6 +13,12 @@ namespace {
 
 class TextCheck : public test::LibraryTest {
  protected:
+  /// What is found, a line each.
+  static std::string Found(ItfHmiElement& element) {
+    std::string lines;
+    for (const std::string& finding : CheckText(element)) lines += (lines.empty() ? "" : "\n") + finding;
+    return lines;
+  }
   /// Characters of font 0 are 8 wide and 16 high.
   template <class Element>
   static void Show(Element& element, const std::string& text, Long dx, Long dy) {
@@ -27,35 +33,34 @@ class TextCheck : public test::LibraryTest {
 TEST_F(TextCheck, ATextThatFitsIsSound) {
   clsText text;
   Show(text, "boiler\r\nhouse", 48, 32);
-  EXPECT_EQ(CheckText(text), "");
+  EXPECT_EQ(Found(text), "");
   clsText empty;
   Show(empty, "", 0, 0);
-  EXPECT_EQ(CheckText(empty), "");
+  EXPECT_EQ(Found(empty), "");
   clsRectangle other;
-  EXPECT_EQ(CheckText(other), "");
+  EXPECT_EQ(Found(other), "");
 }
 
 TEST_F(TextCheck, TellsWhatIsShownOfATextThatIsCutAndTheSizeThatItNeeds) {
   clsText text;
   Show(text, "boiler\r\nhouse", 47, 32);
-  EXPECT_EQ(CheckText(text),
+  EXPECT_EQ(Found(text),
             "shows only \"boile\r\nhouse\" of its text \"boiler\r\nhouse\" at size (47, 32); (48, 32) was "
             "expected");
   Show(text, "boiler\r\nhouse", 48, 31);
-  EXPECT_EQ(CheckText(text),
+  EXPECT_EQ(Found(text),
             "shows only \"boiler\" of its text \"boiler\r\nhouse\" at size (48, 31); (48, 32) was expected");
   clsFrame frame;
   Show(frame, "boiler", 20, 20);
-  EXPECT_EQ(CheckText(frame),
-            "shows only \"bo\" of its text \"boiler\" at size (20, 20); (56, 24) was expected");
+  EXPECT_EQ(Found(frame), "shows only \"bo\" of its text \"boiler\" at size (20, 20); (56, 24) was expected");
 }
 
-TEST_F(TextCheck, AStyleWithoutAnAllowanceLeavesTheSize) {
+TEST_F(TextCheck, AStyleThatAsksForNoSizeNeedsALargerOne) {
   clsText text;
   Show(text, "boiler", 20, 21);
   text.Flat3D(5);
-  EXPECT_EQ(CheckText(text),
-            "shows only \"bo\" of its text \"boiler\" at size (20, 21); (20, 21) was expected");
+  EXPECT_EQ(Found(text),
+            "shows only \"bo\" of its text \"boiler\" at size (20, 21); a larger one was expected");
 }
 
 TEST_F(TextCheck, TellsOfLinesOutsideTheCodePageWithoutABox) {
@@ -63,15 +68,15 @@ TEST_F(TextCheck, TellsOfLinesOutsideTheCodePageWithoutABox) {
   Show(text, "\u0416\r\nboiler\r\n\u0428", 48, 48);
   Boxes();
   EXPECT_EQ(
-      CheckText(text),
+      Found(text),
       "shows nothing of 2 lines of its text \"\u0416\r\nboiler\r\n\u0428\"; characters of code page 1252 "
       "were expected");
   EXPECT_EQ(Boxes(), "");
   corvane1::LayeredSettings(Platform::Current().heldProject).SetInProject(7000, 1, "1251");
   Open();
-  EXPECT_EQ(CheckText(text), "");
+  EXPECT_EQ(Found(text), "");
   Show(text, "\u00e4", 48, 48);
-  EXPECT_EQ(CheckText(text),
+  EXPECT_EQ(Found(text),
             "shows nothing of 1 line of its text \"\u00e4\"; characters of code page 1251 were expected");
 }
 
@@ -79,13 +84,70 @@ TEST_F(TextCheck, TellsOfAStringThatTheLibraryDoesNotHave) {
   SetString(5, 2, "Kessel", -1);
   clsText text;
   Show(text, "EMPTY STRING", 200, 20);
-  EXPECT_EQ(CheckText(text), "");
+  EXPECT_EQ(Found(text), "");
   text.StorageStringID(6);
-  EXPECT_EQ(CheckText(text),
+  EXPECT_EQ(Found(text),
             "StorageStringID 6 names no text of the string library; the number of one that some language has "
             "was expected");
-  Show(text, "Kessel", 200, 20);
-  EXPECT_EQ(CheckText(text), "");
+  text.StorageStringID(5);
+  EXPECT_EQ(Found(text), "");
+}
+
+TEST_F(TextCheck, JudgesAStringOfTheLibraryInEveryLanguage) {
+  // In language 1 it takes the largest area, in language 2 it is wider.
+  SetString(5, 1, "boiler\r\nhouse", -1);
+  SetString(5, 2, "Dampfkessel", -1);
+  clsText text;
+  Show(text, "boiler\r\nhouse", 88, 32);
+  text.StorageStringID(5);
+  EXPECT_EQ(Found(text), "");
+  text.Dx(87);
+  EXPECT_EQ(
+      Found(text),
+      "shows only \"Dampfkesse\" of its text \"Dampfkessel\" in language 2 at size (87, 32); (88, 32) was "
+      "expected");
+  text.Dx(47);
+  EXPECT_EQ(
+      Found(text),
+      "shows only \"boile\r\nhouse\" of its text \"boiler\r\nhouse\" in language 1 at size (47, 32); (88, "
+      "32) was expected\n"
+      "shows only \"Dampf\" of its text \"Dampfkessel\" in language 2 at size (47, 32); (88, 32) was "
+      "expected");
+  EXPECT_EQ(text.Txt(), "boiler\r\nhouse");
+  EXPECT_EQ(text.FontNumber(), 0);
+}
+
+TEST_F(TextCheck, JudgesEachLanguageInItsOwnFont) {
+  SetString(5, 1, "boiler", -1);
+  // Its characters are 16 wide and 32 high.
+  SetString(5, 2, "Ofen", 38);
+  clsText text;
+  Show(text, "boiler", 63, 32);
+  text.StorageStringID(5);
+  EXPECT_EQ(Found(text),
+            "shows only \"Ofe\" of its text \"Ofen\" in language 2 at size (63, 32); (64, 32) was expected");
+  SetString(5, 2, "Ofen", -1);
+  EXPECT_EQ(Found(text), "");
+}
+
+TEST_F(TextCheck, TellsOfCharactersOutsideTheCodePageInAnyLanguage) {
+  SetString(5, 1, "boiler", -1);
+  SetString(5, 2, "\u0416", -1);
+  clsText text;
+  Show(text, "boiler", 100, 32);
+  text.StorageStringID(5);
+  Boxes();
+  EXPECT_EQ(Found(text),
+            "shows nothing of 1 line of its text \"\u0416\" in language 2; characters of code page 1252 were "
+            "expected");
+  SetString(5, 1, "\u0416\r\n\u0428", -1);
+  EXPECT_EQ(
+      Found(text),
+      "shows nothing of 2 lines of its text \"\u0416\r\n\u0428\" in language 1; characters of code page "
+      "1252 were expected\n"
+      "shows nothing of 1 line of its text \"\u0416\" in language 2; characters of code page 1252 were "
+      "expected");
+  EXPECT_EQ(Boxes(), "");
 }
 
 }  // namespace
