@@ -32,12 +32,6 @@ ado::RecordsetRef NewRow(ado::Connection& connection, const std::string& table) 
   return row;
 }
 
-/// A project that another host made has none of this host's tables.
-bool HasTable(ado::Connection& connection, const std::string& table) {
-  return !Query(connection, "SELECT name FROM sqlite_master WHERE type='table' AND name='" + table + "'")
-              ->Eof();
-}
-
 constexpr const char* kPages = "HostPages";
 constexpr const char* kGroups = "HostGroups";
 constexpr const char* kProperties = "HostProperties";
@@ -73,6 +67,11 @@ std::string OfPage(Long number) { return " WHERE DisplayID=" + std::to_string(nu
 std::string OfElement(Long id) { return " WHERE ElementID=" + std::to_string(id); }
 
 }  // namespace
+
+bool HasTable(ado::Connection& connection, const std::string& table) {
+  return !Query(connection, "SELECT name FROM sqlite_master WHERE type='table' AND name='" + table + "'")
+              ->Eof();
+}
 
 void HostPages::Create() {
   connection_.Execute(

@@ -13,6 +13,10 @@
 /// The tables that this host keeps in a project beside those of the library.
 namespace quenzel7::cli {
 
+/// Whether the project has a table of that name: one that another host made has none of this host's, one of
+/// an older version not all of the library's.
+bool HasTable(ado::Connection& connection, const std::string& table);
+
 /// A page as it was imported.
 struct KeptPage {
   PageInfo info;

@@ -11,6 +11,7 @@
 #include "hosts/cli/element_tree.h"
 #include "hosts/cli/group_checks.h"
 #include "hosts/cli/host_tables.h"
+#include "hosts/cli/library_texts.h"
 #include "hosts/cli/page_operands.h"
 #include "hosts/cli/place_check.h"
 #include "hosts/cli/progress_bar.h"
@@ -21,6 +22,7 @@
 #include "hosts/cli/text_check.h"
 #include "hosts/cli/user_error.h"
 #include "platform/automation/call_by_name.h"
+#include "platform/corvane1/panel_fonts.h"
 #include "platform/fennick1/operand_types.h"
 #include "shapes/element_columns.h"
 
@@ -88,6 +90,7 @@ class Check {
     groupFindings_ = CheckGroups(rows_);
     CheckElements();
     CheckOperands();
+    CheckLibrary();
     result_.pages = pages_.size();
     return std::move(result_);
   }
@@ -231,6 +234,21 @@ class Check {
              " names no row; the ID of a row of HMI_Elements was expected");
       }
     }
+  }
+
+  /// The numbers of fonts that texts of the library name. They are kept as they are: another host may have
+  /// them.
+  void CheckLibrary() {
+    place_ = "string library";
+    TellErrorOf([&] {
+      if (!HasTable(connection_, "LibraryStrings")) return;
+      for (const auto& [number, language, string] : OpenedLibrary().AllStrings()) {
+        if (string.fontNumber == kNone || corvane1::IsPanelFont(string.fontNumber)) continue;
+        Tell("text " + std::to_string(number) + " in language " + std::to_string(language) + " has font " +
+             std::to_string(string.fontNumber) +
+             ", which the panel does not have; the number of one of its fonts was expected");
+      }
+    });
   }
 
   template <class Action>

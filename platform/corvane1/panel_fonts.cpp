@@ -1,5 +1,7 @@
 #include "platform/corvane1/panel_fonts.h"
 
+#include <algorithm>
+
 namespace quenzel7::corvane1 {
 
 const std::vector<PanelFont>& PanelFonts() {
@@ -49,6 +51,12 @@ const std::vector<PanelFont>& PanelFonts() {
       // clang-format on
   };
   return fonts;
+}
+
+bool IsPanelFont(Long number) {
+  const std::vector<PanelFont>& fonts = PanelFonts();
+  return std::any_of(fonts.begin(), fonts.end(),
+                     [number](const PanelFont& font) { return font.number == number; });
 }
 
 }  // namespace quenzel7::corvane1

@@ -27,4 +27,7 @@ constexpr Long kDefaultDescriptionFont = 2;
 /// The fonts of the panel. Number 0 is the smallest one in which every character is crisp.
 const std::vector<PanelFont>& PanelFonts();
 
+/// Whether that is the number of one of them.
+bool IsPanelFont(Long number);
+
 }  // namespace quenzel7::corvane1

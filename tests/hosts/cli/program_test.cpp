@@ -116,6 +116,14 @@ TEST_F(ProgramTest, ShowsTextsInTheCodePageOfTheProject) {
   EXPECT_EQ(render.status, 0);
   EXPECT_EQ(render.err, box + box);
   EXPECT_EQ(Run({"check", "p.qz7"}).err, "");
+  EXPECT_EQ(Run({"list", "p.qz7"}).err, box + box);
+  EXPECT_EQ(Run({"export", "p.qz7"}).err, box + box);
+  for (const std::vector<std::string>& sides :
+       {std::vector<std::string>{"p.qz7", "p.qz7"}, {"p.qz7", "panel.json"}, {"panel.json", "p.qz7"}}) {
+    const auto diff = Run({"diff", sides[0], sides[1]});
+    EXPECT_EQ(diff.status, 0);
+    EXPECT_EQ(diff.err, "");
+  }
   const auto settings = Run({"settings", "p.qz7", "7000/1=1251", "6000/6022=1"});
   EXPECT_EQ(settings.status, 0);
   EXPECT_EQ(settings.out, "6000/6022=1\n7000/1=1251\n");

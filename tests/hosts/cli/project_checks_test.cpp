@@ -29,6 +29,10 @@ class ProjectChecks : public test::CliProjectTest {
       {"class": "clsGroup", "elements": [{"class": "clsLine", "Dx": 10},
                                          {"class": "clsRoundRect", "Dx": 10, "Dy": 10}]}]})");
   }
+  void MakeLanguages() {
+    Connection().Execute("INSERT INTO StringLanguages (Language, Name) VALUES (1, 'English')");
+    Connection().Execute("INSERT INTO StringLanguages (Language, Name) VALUES (2, 'Deutsch')");
+  }
 };
 
 TEST_F(ProjectChecks, AnEmptyProjectIsSound) {
@@ -89,12 +93,9 @@ TEST_F(ProjectChecks, TellsOfTextsThatAreCutAndOfCharactersThatAreNoneWithoutABo
 }
 
 TEST_F(ProjectChecks, TellsOfEveryLanguageInWhichATextIsCut) {
-  Connection().Execute("INSERT INTO StringLanguages (Language, Name) VALUES (1, 'English')");
-  Connection().Execute("INSERT INTO StringLanguages (Language, Name) VALUES (2, 'Deutsch')");
-  Connection().Execute(
-      "INSERT INTO LibraryStrings (Number, Language, Text, FontNumber) VALUES (7, 1, 'boiler', 0)");
-  Connection().Execute(
-      "INSERT INTO LibraryStrings (Number, Language, Text, FontNumber) VALUES (7, 2, 'Kessel', 0)");
+  MakeLanguages();
+  Connection().Execute("INSERT INTO LibraryStrings VALUES (7, 1, 'boiler', 0)");
+  Connection().Execute("INSERT INTO LibraryStrings VALUES (7, 2, 'Kessel', 0)");
   Import(R"({"page": 1, "panel": {"type": 1, "width": 320, "height": 240}, "elements": [
       {"class": "clsText", "Dx": 20, "Dy": 24, "Flat3D": 0, "StorageStringID": 7}]})");
   EXPECT_EQ(
@@ -103,6 +104,33 @@ TEST_F(ProjectChecks, TellsOfEveryLanguageInWhichATextIsCut) {
              "24); (48, 16) was expected",
              "page 1, row 1 (clsText): shows only \"Ke\" of its text \"Kessel\" in language 2 at size (20, "
              "24); (48, 16) was expected"}));
+}
+
+TEST_F(ProjectChecks, TellsOfFontsOfTheLibraryThatThePanelDoesNotHave) {
+  MakeLanguages();
+  const std::string end = ", which the panel does not have; the number of one of its fonts was expected";
+  EXPECT_EQ(
+      Findings({"INSERT INTO LibraryStrings VALUES (7, 2, 'Kessel', 40)",
+                "INSERT INTO LibraryStrings VALUES (7, 1, 'boiler', 39)",
+                "INSERT INTO LibraryStrings VALUES (8, 1, 'tank', -1)",
+                "INSERT INTO LibraryStrings VALUES (6, 1, 'pump', -2)",
+                "INSERT INTO LibraryStrings VALUES (6, 2, 'Pumpe', Null)",
+                "INSERT INTO HMI_Operands VALUES (1, 1, 1, 1, Null)"}),
+      (Lines{"HMI_Operands, row 1: column 'OprndPurpose' of HMI_Operands: invalid use of Null: a number "
+             "was expected",
+             "string library: text 6 in language 1 has font -2" + end,
+             "string library: text 7 in language 2 has font 40" + end}));
+}
+
+TEST_F(ProjectChecks, TellsOfALibraryThatCannotBeRead) {
+  MakeLanguages();
+  const Lines findings = Findings({"INSERT INTO LibraryStrings VALUES (7, 2, 'Kessel', 'big')"});
+  EXPECT_EQ(findings, Lines{"string library: type mismatch: \"big\" is not a number"});
+}
+
+TEST_F(ProjectChecks, AProjectWithoutALibraryIsSound) {
+  ImportFour();
+  EXPECT_EQ(Findings({"DROP TABLE LibraryStrings", "DROP TABLE StringLanguages"}), Lines());
 }
 
 TEST_F(ProjectChecks, AnErrorOfOneCheckHidesNothingOfTheOthers) {

@@ -39,6 +39,13 @@ TEST(PanelFonts, CountUpFromZeroButForTheFixedOne) {
   EXPECT_EQ(fonts.back().number, kStringVariableFont);
 }
 
+TEST(PanelFonts, AreKnownByTheirNumbers) {
+  for (const PanelFont& font : PanelFonts()) EXPECT_TRUE(IsPanelFont(font.number)) << font.number;
+  for (const Long number : {-1, 40, kStringVariableFont - 1, kStringVariableFont + 1}) {
+    EXPECT_FALSE(IsPanelFont(number)) << number;
+  }
+}
+
 TEST(PanelFonts, AreNamedAsTheyAreAndNoTwoAlike) {
   std::set<std::string> names;
   for (const PanelFont& font : PanelFonts()) {
