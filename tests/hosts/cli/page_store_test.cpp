@@ -362,6 +362,16 @@ TEST_F(PageStoreTexts, ATouchableTextIsExportedWithThePlaceInTheTabOrderThatItGo
   EXPECT_EQ(canonical.find("255"), std::string::npos);
 }
 
+TEST_F(PageStoreTexts, ATouchThatDrivesNoOperandGetsANewPlaceInTheTabOrderAndAFrameHasOneLikeATextHas) {
+  std::string frame = Text(R"("TouchOprndAddr": 8)");
+  frame.replace(frame.find("clsText"), 7, "clsFrame");
+  Import(PageOf(Text(R"("TouchOprndAddr": -2, "TabIndex": 40)") + ", " + frame));
+  const LoadedPage loaded = Load();
+  EXPECT_EQ(loaded.elements.at(0)->TabIndex(), 0);
+  EXPECT_EQ(loaded.elements.at(1)->Class().name, "clsFrame");
+  EXPECT_EQ(loaded.elements.at(1)->TabIndex(), 1);
+}
+
 TEST_F(PageStoreTexts, EachLineOutsideTheCodePageIsToldOnceByImportExportAndLoading) {
   const std::string box = "Language is not supported: Tessaline can't handle Multibyte chars\n";
   const std::string page = PageOf(Text("\"Txt\": \"one\\r\\n\u0416\\r\\n\u0428\""));
