@@ -61,6 +61,9 @@ TEST_F(TextCheck, AStyleThatAsksForNoSizeNeedsALargerOne) {
   text.Flat3D(5);
   EXPECT_EQ(Found(text),
             "shows only \"bo\" of its text \"boiler\" at size (20, 21); a larger one was expected");
+  text.Dx(-20);
+  EXPECT_EQ(Found(text),
+            "shows only \"\" of its text \"boiler\" at size (-20, 21); a larger one was expected");
 }
 
 TEST_F(TextCheck, TellsOfLinesOutsideTheCodePageWithoutABox) {
