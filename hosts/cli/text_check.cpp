@@ -6,6 +6,8 @@
 #include "hosts/cli/quiet_boxes.h"
 #include "hosts/cli/user_error.h"
 #include "platform/corvane1/ansi_code_page.h"
+#include "platform/corvane1/text_lines.h"
+#include "platform/corvane1/utf8.h"
 #include "platform/platform.h"
 #include "shapes/element_columns.h"
 
@@ -32,22 +34,44 @@ std::string ExpectedSize(ItfHmiElement& element, const Variant& dx, const Varian
   return isLarger ? Size(place[2], place[3]) : "a larger one";
 }
 
+/// The text without what stands in lines with a character outside the code page: what is shown when nothing
+/// is cut.
+std::string WithoutForeignLines(const std::string& text, const corvane1::AnsiCodePage& codePage) {
+  std::string known;
+  bool isFirst = true;
+  corvane1::ForEachLine(text, [&](std::string_view line) {
+    if (!isFirst) known += corvane1::kLineBreak;
+    isFirst = false;
+    for (std::string_view rest = line; !rest.empty();) {
+      if (!codePage.CodeOf(corvane1::TakeCharacter(rest))) return;
+    }
+    known += line;
+  });
+  return known;
+}
+
 /// What is wrong with the text that `shown` has now; `element` is asked for the size that would do.
-std::string Judgement(ItfHmiElement& element, ItfHmiElement& shown, const std::string& inLanguage) {
+Findings Judgement(ItfHmiElement& element, ItfHmiElement& shown, const std::string& inLanguage) {
   const std::string text = TextOf(shown, "Txt");
   const QuietBoxes boxes;
   // Reading it fits the text, and shows a box for each line that cannot be measured.
   const std::string fitting = TextOf(shown, "ActualText");
-  const std::string ofItsText = " of its text " + Quoted(text) + inLanguage;
-  if (boxes.Count() > 0) {
-    return "shows nothing of " + Counted(boxes.Count(), "line") + ofItsText + "; characters of code page " +
-           std::to_string(corvane1::AnsiCodePageOf(*Platform::Current().settings).Number()) +
-           " were expected";
+  const std::size_t foreignLines = boxes.Count();
+  const std::string itsText = "its text " + Quoted(text) + inLanguage;
+  Findings findings;
+  std::string expected = text;
+  if (foreignLines > 0) {
+    const corvane1::AnsiCodePage codePage = corvane1::AnsiCodePageOf(*Platform::Current().settings);
+    findings.push_back("shows nothing of " + Counted(foreignLines, "line") + " of " + itsText +
+                       "; characters of code page " + std::to_string(codePage.Number()) + " were expected");
+    expected = WithoutForeignLines(text, codePage);
   }
-  if (fitting == text) return {};
+  if (fitting == expected) return findings;
   const Variant dx = Read(element, "Dx"), dy = Read(element, "Dy");
-  return "shows only " + Quoted(fitting) + ofItsText + " at size " + Size(dx, dy) + "; " +
-         ExpectedSize(element, dx, dy) + " was expected";
+  const bool isNothing = fitting.find_first_not_of(corvane1::kLineBreak) == std::string::npos;
+  findings.push_back("shows " + (isNothing ? "nothing" : "only " + Quoted(fitting)) + " of " + itsText +
+                     " at size " + Size(dx, dy) + "; " + ExpectedSize(element, dx, dy) + " was expected");
+  return findings;
 }
 
 /// Has a replica of the element show the string of the library in each language that has it.
@@ -65,8 +89,8 @@ Findings CheckLibraryString(ItfHmiElement& element) {
     const auto replica = element.Replica();
     if (string.fontNumber != kNone) automation::PutByName(*replica, "FontNumber", string.fontNumber);
     automation::PutByName(*replica, "Txt", string.text);
-    const std::string finding = Judgement(element, *replica, " in language " + std::to_string(language));
-    if (!finding.empty()) findings.push_back(finding);
+    const Findings ofLanguage = Judgement(element, *replica, " in language " + std::to_string(language));
+    findings.insert(findings.end(), ofLanguage.begin(), ofLanguage.end());
   }
   if (!isThere) {
     findings.push_back("StorageStringID " + std::to_string(number) +
@@ -82,8 +106,7 @@ Findings CheckText(ItfHmiElement& element) {
   if (!BearsText(element)) return {};
   const QuietBoxes quiet;
   if (ShowsLibraryString(element)) return CheckLibraryString(element);
-  const std::string finding = Judgement(element, element, {});
-  return finding.empty() ? Findings() : Findings{finding};
+  return Judgement(element, element, {});
 }
 
 }  // namespace quenzel7::cli

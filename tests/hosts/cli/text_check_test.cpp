@@ -83,6 +83,38 @@ TEST_F(TextCheck, TellsOfLinesOutsideTheCodePageWithoutABox) {
             "shows nothing of 1 line of its text \"\u00e4\"; characters of code page 1251 were expected");
 }
 
+TEST_F(TextCheck, TellsOfLinesThatAreCutBesideThoseOutsideTheCodePage) {
+  clsText text;
+  Show(text, "boiler\r\n\u0416\r\nhouse", 48, 48);
+  const std::string foreign =
+      "shows nothing of 1 line of its text \"boiler\r\n\u0416\r\nhouse\"; characters of code page 1252 were "
+      "expected";
+  EXPECT_EQ(Found(text), foreign);
+  text.Dy(47);
+  EXPECT_EQ(Found(text), foreign +
+                             "\nshows only \"boiler\r\n\" of its text \"boiler\r\n\u0416\r\nhouse\" at "
+                             "size (48, 47); (48, 48) was expected");
+  // A line of which only a character in the middle is a foreign one is not shown at all.
+  Show(text, "boiler\r\na\u0416b", 47, 32);
+  EXPECT_EQ(Found(text),
+            "shows nothing of 1 line of its text \"boiler\r\na\u0416b\"; characters of code page 1252 were "
+            "expected\n"
+            "shows only \"boile\r\n\" of its text \"boiler\r\na\u0416b\" at size (47, 32); (48, 32) was "
+            "expected");
+}
+
+TEST_F(TextCheck, ATextOfWhichNothingFitsShowsNothing) {
+  clsText text;
+  Show(text, "boiler", 7, 16);
+  EXPECT_EQ(Found(text), "shows nothing of its text \"boiler\" at size (7, 16); (48, 16) was expected");
+  Show(text, "boiler\r\nhouse", 7, 32);
+  EXPECT_EQ(Found(text),
+            "shows nothing of its text \"boiler\r\nhouse\" at size (7, 32); (48, 32) was expected");
+  text.Dx(8);
+  EXPECT_EQ(Found(text),
+            "shows only \"b\r\nh\" of its text \"boiler\r\nhouse\" at size (8, 32); (48, 32) was expected");
+}
+
 TEST_F(TextCheck, TellsOfAStringThatTheLibraryDoesNotHave) {
   SetString(5, 2, "Kessel", -1);
   clsText text;
