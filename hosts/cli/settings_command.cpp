@@ -77,10 +77,19 @@ void RequireUse() {
   corvane1::AnsiCodePageOf(*Platform::Current().settings);
 }
 
+/// The library takes numbers with a fraction, too, and rounds them: what it then works with is not what was
+/// given.
+void RequireWholeNumber(const Setting& setting) {
+  if (setting.text.empty() || !IsRead(setting) || WholeNumberFromText(setting.text)) return;
+  throw UserError("setting " + setting.Place() + ": a whole number is expected, " + Quoted(setting.text) +
+                  " was given");
+}
+
 void Change(ProjectSession& project, const std::vector<Setting>& settings) {
   ado::Transaction transaction(project.Connection());
   for (const Setting& setting : settings) Make(project.Connection(), setting);
   RequireUse();
+  for (const Setting& setting : settings) RequireWholeNumber(setting);
   transaction.Commit();
 }
 

@@ -35,9 +35,10 @@ std::optional<LibraryString> StringOf(ado::Recordset& row) {
 
 void RequireLanguage(Long language, Long last) {
   if (language >= 1 && language <= last) return;
-  throw AutomationError(ErrorNumber::InvalidProcedureCall, "language " + std::to_string(language) +
-                                                               " of the string library: a number from 1 to " +
-                                                               std::to_string(last) + " is expected");
+  throw AutomationError(
+      ErrorNumber::InvalidProcedureCall,
+      "language " + std::to_string(language) + " of the string library: " +
+          (last < 1 ? "it has no language" : "a number from 1 to " + std::to_string(last) + " is expected"));
 }
 
 }  // namespace

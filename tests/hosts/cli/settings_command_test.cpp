@@ -96,6 +96,17 @@ TEST_F(SettingsCommandTest, AnAlignmentHasToFit16Bits) {
   EXPECT_EQ(Run({"6000/6042=32768"}), "6000/6042=32768\n");
 }
 
+TEST_F(SettingsCommandTest, ANumberThatWouldBeRoundedIsRefused) {
+  Run({"6000/6050=3"});
+  for (const std::string setting : {"7000/1=1251.5", "7000/1= 1251", "6000/6050=2.0", "6000/6040=1e0"}) {
+    const std::string place = setting.substr(0, setting.find('='));
+    EXPECT_EQ(RefusalOf({"6000/6051=1", setting}), "setting " + place + ": a whole number is expected, \"" +
+                                                       setting.substr(place.size() + 1) + "\" was given");
+  }
+  EXPECT_EQ(Run({}), "6000/6050=3\n");
+  EXPECT_EQ(Run({"7000/2=1.5", "6000/6050="}), "7000/2=1.5\n");
+}
+
 TEST_F(SettingsCommandTest, ThePlaceThatIsGivenTwiceIsRefused) {
   EXPECT_EQ(RefusalOf({"7000/1=1251", "6000/1=1251", "7000/2=1251", "07000/1=1252"}),
             "setting 7000/1 is given twice");

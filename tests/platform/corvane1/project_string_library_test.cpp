@@ -49,8 +49,7 @@ TEST(StringLibraryOfANewProject, HasNoLanguages) {
   library.Open(connection, -1);
   EXPECT_EQ(library.GetCount(), 0);
   EXPECT_EQ(library.GetString(1), kNothing);
-  EXPECT_RAISES(5, "language 1 of the string library: a number from 1 to 0 is expected",
-                library.SetString(1, 1, {"a", 2}));
+  EXPECT_RAISES(5, "language 1 of the string library: it has no language", library.SetString(1, 1, {"a", 2}));
 }
 
 TEST_F(StringLibraryTest, CountsItsLanguagesFromOne) {
