@@ -1,7 +1,9 @@
 #include "hosts/cli/diff_side.h"
 
 #include <map>
+#include <set>
 
+#include "framework/tab_index.h"
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/element_tree.h"
 #include "hosts/cli/host_tables.h"
@@ -10,7 +12,9 @@
 #include "hosts/cli/renderer.h"
 #include "hosts/cli/text_file.h"
 #include "hosts/cli/user_error.h"
+#include "platform/automation/call_by_name.h"
 #include "platform/gdi/surface.h"
+#include "shapes/element_columns.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -46,6 +50,23 @@ std::map<Long, std::string> GuidsOf(ado::Connection& connection, Long page) {
     guids[automation::To<Long>(rows->Get("ID"))] = GuidOf(*rows);
   }
   return guids;
+}
+
+/// Gives texts and frames those places in the tab order that import would: saving gives one to what is
+/// touchable and has none, and takes that of the others away.
+void TakeTabIndices(const std::vector<ElementRef>& elements) {
+  std::set<Long> taken;
+  WalkElements(elements, [&taken](ItfHmiElement& element, const ElementPath&) {
+    if (!BearsText(element)) return;
+    const Long touch = automation::To<Long>(Read(element, "TouchOprndAddr"));
+    Long place = touch < 0 ? kNoTabIndex : automation::To<Long>(Read(element, "TabIndex"));
+    if (touch != kNone && place == kNoTabIndex) {
+      place = 0;
+      while (taken.count(place) > 0) ++place;
+    }
+    if (place != kNoTabIndex) taken.insert(place);
+    automation::PutByName(element, "TabIndex", place);
+  });
 }
 
 /// The pixels of a page on which elements stand that are told: those that do not stay what they were,
@@ -106,6 +127,7 @@ LoadedPage DiffSide::Load(const PageInfo& info, const Console& console) {
     AtPlace(ElementPlace(source_.Place(), page.elements.size() + 1, element.elementClass->name),
             [&] { page.elements.push_back(MakeElement(element)); });
   }
+  TakeTabIndices(page.elements);
   return page;
 }
 

@@ -32,8 +32,9 @@ class DiffSource {
 };
 
 /// One side of a comparison while it is looked at: its project is open. For a page file that is the project
-/// of the other side: properties that a page file leaves out are those of a new element there. Between two
-/// page files it is an empty project, since some properties cannot be set without one.
+/// of the other side: properties that a page file leaves out are those of a new element there, places in the
+/// tab order those that import gives. Between two page files it is an empty project, since some properties
+/// cannot be set without one.
 class DiffSide {
  public:
   /// Throws UserError when the project cannot be opened.

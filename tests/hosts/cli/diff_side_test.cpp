@@ -139,6 +139,56 @@ TEST_F(DiffSideTest, ATableThatCannotBeReadIsToldWithTheSide) {
 
 using DiffSideTexts = test::LibraryTest;
 
+TEST_F(DiffSideTexts, APageFileHasThePlacesInTheTabOrderThatImportGives) {
+  std::string frame = Text(R"("TouchOprndAddr": 0)");
+  frame.replace(frame.find("clsText"), 7, "clsFrame");
+  const std::string text = PageOf(
+      Text(R"("TouchOprndAddr": 5)") + "," + Text(R"("TabIndex": 7)") + "," +
+      Text(R"("TouchOprndAddr": 5, "TabIndex": 1)") + "," + Text(R"("TouchOprndAddr": -2, "TabIndex": 1)") +
+      "," + frame + "," + R"({"class": "clsRectangle", "Dx": 5, "Dy": 5, "TouchOprndAddr": 5},)" +
+      R"({"class": "clsGroup", "elements": [{"class": "clsLine", "Dx": 5}, )" + Text(R"("TabIndex": 4)") +
+      "]}," + Text(R"("TouchOprndAddr": 5, "TabIndex": 255)") + "," +
+      Text(R"("TouchOprndAddr": 5, "TabIndex": 3)") + "," + Text(R"("TouchOprndAddr": 5)"));
+  const quenzel7::test::TemporaryFolder folder;
+  WriteTextFile(folder.File("page"), text, "file");
+  Import(text);
+  const DiffSource project(Path()), file(folder.File("page"));
+  const auto places = [this](const DiffSource& source, const DiffSource& other) {
+    DiffSide side(source, other);
+    std::vector<std::string> found;
+    for (const ElementSnapshot& element : side.Snapshot(side.Pages().at(0), NoTerminal()).elements) {
+      for (std::size_t at = 0; at < element.values.size(); ++at) {
+        if (element.properties[at]->name == "TabIndex") found.push_back(element.values[at]);
+      }
+    }
+    return found;
+  };
+  EXPECT_EQ(places(file, project),
+            (std::vector<std::string>{"0", "255", "1", "2", "3", "255", "4", "3", "5"}));
+  EXPECT_EQ(places(project, file), places(file, project));
+  EXPECT_EQ(places(file, file), places(file, project));
+}
+
+TEST_F(DiffSideTexts, WhatTheTabOrderHasNoRoomForHasNoPlace) {
+  std::string elements;
+  for (int count = 0; count < 257; ++count)
+    elements += (count == 0 ? "" : ",") + Text(R"("TouchOprndAddr": 5)");
+  const quenzel7::test::TemporaryFolder folder;
+  WriteTextFile(folder.File("page"), PageOf(elements), "file");
+  const DiffSource file(folder.File("page"));
+  const PageSnapshot page = DiffSide(file, file).Snapshot(file.File()->info, NoTerminal());
+  const auto placeOf = [&page](std::size_t index) {
+    const ElementSnapshot& element = page.elements.at(index);
+    for (std::size_t at = 0; at < element.values.size(); ++at) {
+      if (element.properties[at]->name == "TabIndex") return element.values[at];
+    }
+    return std::string();
+  };
+  EXPECT_EQ(placeOf(254), "254");
+  EXPECT_EQ(placeOf(255), "255");
+  EXPECT_EQ(placeOf(256), "255");
+}
+
 TEST_F(DiffSideTexts, BothSidesAreComparedByTheirOwnTextsAndPaintedWithTheLibrarys) {
   // The second line has no room, and cannot be measured.
   SetString(5, 1, "library\r\n\u0416", -1);
