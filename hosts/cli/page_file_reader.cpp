@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "framework/tab_index.h"
 #include "hosts/cli/element_tree.h"
 #include "hosts/cli/json_document.h"
 #include "hosts/cli/page_file.h"
@@ -149,6 +150,8 @@ std::vector<PropertyValue> ReadValues(const Json& element, const ClassInfo& elem
     }
     const Member& property = FindProperty(elementClass, properties, key);
     values.push_back({&property, Named("property " + Quoted(property.name), [&property, &value = value] {
+                        // The property is wider than the column of its row.
+                        if (property.name == "TabIndex") WholeNumberFromJson(value, 0, kNoTabIndex);
                         return ValueFromJson(property.type, value);
                       })});
   }

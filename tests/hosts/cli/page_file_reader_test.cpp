@@ -49,6 +49,24 @@ TEST(PageFileReader, ReadsKeysInAnyCaseAndOrder) {
 
 TEST(PageFileReader, ANameMayBeLeftOut) { EXPECT_EQ(ReadPage(WithElements("")).info.name, ""); }
 
+TEST(PageFileReader, APlaceInTheTabOrderIsANumberFrom0To255) {
+  const auto read = [](const std::string& place) {
+    const PageFile page = ReadPageFile(
+        WithElements(R"({"class": "clsText", "Dx": 256}, {"class": "clsFrame", "tabINDEX": )" + place + "}"),
+        "page file x.json");
+    return page.elements.at(1).values.at(0).value;
+  };
+  EXPECT_EQ(read("0"), automation::Variant(Long{0}));
+  EXPECT_EQ(read("255"), automation::Variant(Long{255}));
+  for (const std::string place : {"-1", "256"}) {
+    EXPECT_EQ(
+        test::MessageOf([&] { read(place); }),
+        "page file x.json, element 2 (clsFrame): property \"TabIndex\" must be a whole number from 0 to "
+        "255, " +
+            place + " was given");
+  }
+}
+
 TEST(PageFileReader, ReadsElementsInTheirOrder) {
   const PageFile page =
       ReadPage(WithElements(R"({"class": "clsRectangle"}, {"Xs": 4, "CLASS": "CLSEVERYKIND"})"));
