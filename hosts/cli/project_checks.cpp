@@ -7,6 +7,7 @@
 
 #include "framework/element_types.h"
 #include "framework/operands.h"
+#include "framework/tab_index.h"
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/element_tree.h"
 #include "hosts/cli/group_checks.h"
@@ -181,7 +182,11 @@ class Check {
     });
     // What one of them cannot say hides nothing of the others.
     TellErrorOf([&] { CheckTouch(*element, page); });
+    TellErrorOf([&] { CheckTabIndex(*element, page); });
     TellErrorOf([&] { CheckPlace(*element, page); });
+    TellErrorOf([&] {
+      for (const std::string& finding : CheckTextNumbers(*element, *elements_)) Tell(finding);
+    });
     TellErrorOf([&] {
       for (const std::string& finding : CheckText(*element)) Tell(finding);
     });
@@ -203,6 +208,16 @@ class Check {
     if (groups_.count({page, group}) == 0 || !To<bool>(Read(element, "IsTouchable"))) return;
     Tell("is touchable (TouchOprndAddr " + To<std::string>(Read(element, "TouchOprndAddr")) +
          ") and stands in group " + std::to_string(group) + "; TouchOprndAddr -1 was expected in a group");
+  }
+
+  void CheckTabIndex(ItfHmiElement& element, const std::optional<Long>& page) {
+    if (!BearsText(element) || !To<bool>(Read(element, "IsTouchable"))) return;
+    const Long place = To<Long>(Read(element, "TabIndex"));
+    if (place == kNoTabIndex) return;
+    const auto [first, isNew] = tabIndices_.try_emplace({page, place}, IdOf(element));
+    if (isNew) return;
+    Tell("TabIndex " + std::to_string(place) + " is that of row " + std::to_string(first->second) +
+         ", too; a place of its own in the tab order was expected");
   }
 
   void CheckPlace(ItfHmiElement& element, const std::optional<Long>& page) {
@@ -284,6 +299,8 @@ class Check {
   std::map<Long, std::vector<std::string>> groupFindings_;
   /// The first row that has each.
   std::map<Long, Long> guids_;
+  /// The same for the places in the tab order of each page.
+  std::map<std::pair<std::optional<Long>, Long>, Long> tabIndices_;
   /// Where what is told now was found.
   std::string place_;
 };

@@ -4,12 +4,16 @@
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/library_texts.h"
 #include "hosts/cli/quiet_boxes.h"
+#include "hosts/cli/table_column.h"
 #include "hosts/cli/user_error.h"
 #include "platform/corvane1/ansi_code_page.h"
+#include "platform/corvane1/panel_fonts.h"
 #include "platform/corvane1/text_lines.h"
 #include "platform/corvane1/utf8.h"
 #include "platform/platform.h"
 #include "shapes/element_columns.h"
+#include "shapes/frame.h"
+#include "shapes/frame_styles.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -17,6 +21,9 @@ namespace {
 using automation::To;
 using automation::Variant;
 using Findings = std::vector<std::string>;
+
+/// Bottom right.
+constexpr Long kHighestAlignment = 8;
 
 std::string TextOf(ItfHmiElement& element, std::string_view property) {
   return To<std::string>(automation::GetByName(element, property));
@@ -107,6 +114,26 @@ Findings CheckText(ItfHmiElement& element) {
   const QuietBoxes quiet;
   if (ShowsLibraryString(element)) return CheckLibraryString(element);
   return Judgement(element, element, {});
+}
+
+Findings CheckTextNumbers(ItfHmiElement& element, const ado::Recordset& row) {
+  if (!BearsText(element)) return {};
+  Findings findings;
+  const auto require = [&](const std::string& property, Long highest) {
+    const Long number = To<Long>(automation::GetByName(element, property));
+    if (number >= 0 && number <= highest) return;
+    findings.push_back(property + " is " + std::to_string(number) + "; a number from 0 to " +
+                       std::to_string(highest) + " was expected");
+  };
+  const bool isFrame = element.Class().name == clsFrame::kClassName;
+  require("Flat3D", isFrame ? kSunken : kTransparent);
+  require("Alignment", kHighestAlignment);
+  const Long font = ReadColumn<Long>(row, "HMI_Elements", "FontNumber");
+  if (!corvane1::IsPanelFont(font)) {
+    findings.push_back("FontNumber is " + std::to_string(font) +
+                       ", which the panel does not have; the number of one of its fonts was expected");
+  }
+  return findings;
 }
 
 }  // namespace quenzel7::cli

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "framework/element_contract.h"
+#include "platform/ado/recordset.h"
 
 namespace quenzel7::cli {
 
@@ -12,5 +13,9 @@ namespace quenzel7::cli {
 /// something is cut. A string of the library is judged in every language that has it, in the order of the
 /// languages. Nothing for an element without a text. Errors of the element and of the string library.
 std::vector<std::string> CheckText(ItfHmiElement& element);
+
+/// Which numbers of an element with a text mean nothing to it: its style, its alignment, and the font of its
+/// row, since the library may show it in another. Nothing for an element without a text.
+std::vector<std::string> CheckTextNumbers(ItfHmiElement& element, const ado::Recordset& row);
 
 }  // namespace quenzel7::cli

@@ -122,6 +122,58 @@ TEST_F(ProjectChecks, TellsOfFontsOfTheLibraryThatThePanelDoesNotHave) {
              "string library: text 7 in language 2 has font 40" + end}));
 }
 
+TEST_F(ProjectChecks, TellsOfTouchableTextsWithTheSamePlaceInTheTabOrder) {
+  const std::string elements = R"({"page": 1, "panel": {"type": 1, "width": 320, "height": 240}, "elements": [
+      {"class": "clsText", "Dx": 60, "Dy": 24, "TouchOprndAddr": 1, "TabIndex": 3},
+      {"class": "clsText", "Dx": 60, "Dy": 24},
+      {"class": "clsRectangle", "Dx": 60, "Dy": 24, "TouchOprndAddr": 1},
+      {"class": "clsFrame", "Dx": 60, "Dy": 24, "TouchOprndAddr": 1, "TabIndex": 3},
+      {"class": "clsText", "Dx": 60, "Dy": 24, "TouchOprndAddr": 1, "TabIndex": 4},
+      {"class": "clsText", "Dx": 60, "Dy": 24, "TouchOprndAddr": 1, "TabIndex": 3}]})";
+  Import(elements);
+  const std::string end = " is that of row 1, too; a place of its own in the tab order was expected";
+  const Lines two = {"page 1, row 4 (clsFrame): TabIndex 3" + end,
+                     "page 1, row 6 (clsText): TabIndex 3" + end};
+  EXPECT_EQ(Check().findings, two);
+  // What is not touched has no place, whatever its row says; another page has an order of its own.
+  EXPECT_EQ(Findings({"UPDATE HMI_Elements SET TabIndex=4 WHERE ID=2",
+                      "UPDATE HMI_Elements SET DisplayID=2 WHERE ID=4"}),
+            Lines{two[1]});
+  // 255 is no place.
+  EXPECT_EQ(Findings({"UPDATE HMI_Elements SET TabIndex=255"}), Lines());
+}
+
+TEST_F(ProjectChecks, TellsOfNumbersThatMeanNothingToATextOrAFrame) {
+  Import(R"({"page": 1, "panel": {"type": 1, "width": 320, "height": 240}, "elements": [
+      {"class": "clsText", "Dx": 96, "Dy": 48, "Flat3D": 4, "Alignment": 8, "FontNumber": 39},
+      {"class": "clsText", "Dx": 60, "Dy": 24, "Flat3D": 5, "Alignment": 9, "FontNumber": 40},
+      {"class": "clsFrame", "Dx": 60, "Dy": 24, "Flat3D": 3, "Alignment": 0, "FontNumber": 0},
+      {"class": "clsFrame", "Dx": 60, "Dy": 24, "Flat3D": 4},
+      {"class": "clsFrame", "Dx": 60, "Dy": 24, "Flat3D": -1, "Alignment": -1, "FontNumber": -1},
+      {"class": "clsText", "Dx": 60, "Dy": 24, "Flat3D": 0}]})");
+  const std::string text = "page 1, row 2 (clsText): ", frame = "page 1, row 5 (clsFrame): ";
+  const std::string font = ", which the panel does not have; the number of one of its fonts was expected";
+  EXPECT_EQ(
+      Check().findings,
+      (Lines{text + "Flat3D is 5; a number from 0 to 4 was expected",
+             text + "Alignment is 9; a number from 0 to 8 was expected", text + "FontNumber is 40" + font,
+             "page 1, row 4 (clsFrame): Flat3D is 4; a number from 0 to 3 was expected",
+             frame + "Flat3D is -1; a number from 0 to 3 was expected",
+             frame + "Alignment is -1; a number from 0 to 8 was expected",
+             frame + "FontNumber is -1" + font}));
+}
+
+TEST_F(ProjectChecks, JudgesTheFontOfTheRowAndNotTheOneThatTheLibraryShows) {
+  MakeLanguages();
+  Connection().Execute("INSERT INTO LibraryStrings VALUES (7, 1, 'boiler', 3)");
+  Import(R"({"page": 1, "panel": {"type": 1, "width": 320, "height": 240}, "elements": [
+      {"class": "clsText", "Dx": 90, "Dy": 24, "Flat3D": 0, "StorageStringID": 7, "FontNumber": 40}]})");
+  EXPECT_EQ(
+      Check().findings,
+      (Lines{"page 1, row 1 (clsText): FontNumber is 40, which the panel does not have; the number of one "
+             "of its fonts was expected"}));
+}
+
 TEST_F(ProjectChecks, TellsOfALibraryThatCannotBeRead) {
   MakeLanguages();
   const Lines findings = Findings({"INSERT INTO LibraryStrings VALUES (7, 2, 'Kessel', 'big')"});
