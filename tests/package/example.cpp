@@ -4,12 +4,12 @@
 
 int main() {
   using namespace quenzel7;
-  Platform::Current().heldProject->Hold(corvane1::OpenProject("plant.qz7", corvane1::ProjectMode::Create));
+  Platform::Current().heldProject->Hold(corvane1::OpenProject("tank.qz7", corvane1::ProjectMode::Create));
   const auto tank = std::make_shared<clsRectangle>();
   tank->Xs(10), tank->Ys(10), tank->Dx(100), tank->Dy(40);
   tank->HatchStyle(eHS_Cross);
   tank->Stretch(20, 0, ePD_Right);
   tank->SaveLastLegalPosition(), tank->UpdateInitialDescriptor();
   tank->SaveToDB();
-  return tank->ID() == 1 && tank->Dx() == 120 ? 0 : 1;
+  return tank->ID() > 0 && tank->Dx() == 120 ? 0 : 1;
 }
