@@ -252,7 +252,8 @@ TEST(Demo, ItsPageShowsTextsAndFramesOfEveryStyle) {
   EXPECT_GT(framesInGroups, 1);
   // What is shown is the text that takes the most room.
   const auto texts = Texts(page);
-  for (const char* text : {"Quenzel", "7", "Calefacci\u00f3n", "Operation", "\u00b0C", "Feed water\r\n62 %"}) {
+  for (const char* text :
+       {"Quenzel", "7", "Calefacci\u00f3n", "Operation", "\u00b0C", "Feed water\r\n62 %"}) {
     EXPECT_EQ(std::count(texts.begin(), texts.end(), text), 1) << text;
   }
 }

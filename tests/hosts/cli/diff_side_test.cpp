@@ -140,7 +140,7 @@ TEST_F(DiffSideTest, ATableThatCannotBeReadIsToldWithTheSide) {
 using DiffSideTexts = test::LibraryTest;
 
 TEST_F(DiffSideTexts, APageFileHasThePlacesInTheTabOrderThatImportGives) {
-  std::string frame = Text(R"("TouchOprndAddr": 0)");
+  std::string frame = Text(R"("TouchOprndAddr": 0, "TabIndex": 9)");
   frame.replace(frame.find("clsText"), 7, "clsFrame");
   const std::string text = PageOf(
       Text(R"("TouchOprndAddr": 5)") + "," + Text(R"("TabIndex": 7)") + "," +
@@ -164,7 +164,7 @@ TEST_F(DiffSideTexts, APageFileHasThePlacesInTheTabOrderThatImportGives) {
     return found;
   };
   EXPECT_EQ(places(file, project),
-            (std::vector<std::string>{"0", "255", "1", "2", "3", "255", "4", "3", "5"}));
+            (std::vector<std::string>{"0", "255", "1", "2", "9", "255", "3", "3", "4"}));
   EXPECT_EQ(places(project, file), places(file, project));
   EXPECT_EQ(places(file, file), places(file, project));
 }
