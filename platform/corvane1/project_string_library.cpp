@@ -100,6 +100,11 @@ std::string ProjectStringLibrary::LanguageName(Long language) {
   RequireLanguage(language, GetCount());
   const std::string query = "SELECT Name FROM StringLanguages WHERE Language=" + std::to_string(language);
   const auto row = ado::OpenRecordset(*Project(), query, ado::adOpenStatic, ado::adLockReadOnly);
+  if (row->Eof()) {
+    throw AutomationError(ErrorNumber::InvalidProcedureCall,
+                          "language " + std::to_string(language) +
+                              " of the string library is missing: their numbers have a gap");
+  }
   const std::string name = To<std::string>(row->Get("Name"));
   row->Close();
   return name;

@@ -161,6 +161,14 @@ TEST_F(WidestLanguage, AmongEqualsIsTheFirst) {
   EXPECT_EQ(font_, 2);
 }
 
+TEST_F(WidestLanguage, MeasuresAStringWithoutAFontAsTheFontServiceDoes) {
+  Add("none", -1, 12, 10);
+  EXPECT_EQ(Widest(), "none");
+  EXPECT_EQ(font_, -1);
+  EXPECT_EQ(*calls_.log, (CallLog{"open project -1", "language?", "count", "language 1", "string 70",
+                                  "measure none in font -1", "language 1", "string 70", "language 3"}));
+}
+
 TEST_F(WidestLanguage, MayBeTheLast) {
   Add("one", 1, 12, 10);
   Add("two", 2, 11, 11);

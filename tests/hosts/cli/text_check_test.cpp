@@ -62,8 +62,7 @@ TEST_F(TextCheck, AStyleThatAsksForNoSizeNeedsALargerOne) {
   EXPECT_EQ(Found(text),
             "shows only \"bo\" of its text \"boiler\" at size (20, 21); a larger one was expected");
   text.Dx(-20);
-  EXPECT_EQ(Found(text),
-            "shows only \"\" of its text \"boiler\" at size (-20, 21); a larger one was expected");
+  EXPECT_EQ(Found(text), "shows nothing of its text \"boiler\" at size (-20, 21); a larger one was expected");
 }
 
 TEST_F(TextCheck, TellsOfLinesOutsideTheCodePageWithoutABox) {

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <set>
+#include <string>
 
 namespace quenzel7::corvane1 {
 namespace {
@@ -30,6 +32,19 @@ TEST(PanelFonts, HaveTheNumbersThatElementsRelyOn) {
   ExpectFont(1, "DejaVu Sans 16", "DejaVu Sans", 16, 400);
   ExpectFont(2, "DejaVu Sans 14", "DejaVu Sans", 14, 400);
   ExpectFont(246995310, "String variables", "Unifont", 16, 400);
+}
+
+/// FNV-1a over all rows: projects keep the numbers, so what stands behind them stays.
+TEST(PanelFonts, AreUnchanged) {
+  std::uint32_t hash = 2166136261u;
+  const auto mix = [&hash](const std::string& text) {
+    for (const char letter : text) hash = (hash ^ static_cast<unsigned char>(letter)) * 16777619u;
+  };
+  for (const PanelFont& font : PanelFonts()) {
+    mix(std::to_string(font.number) + '/' + font.name + '/' + font.family + '/' +
+        std::to_string(font.height) + '/' + std::to_string(font.weight) + '\n');
+  }
+  EXPECT_EQ(hash, 0x2d260b38u) << "0x" << std::hex << hash;
 }
 
 TEST(PanelFonts, CountUpFromZeroButForTheFixedOne) {

@@ -75,6 +75,13 @@ TEST_F(StringLibraryTest, ALanguageIsAddedUnderTheNumberThatWasAskedFor) {
   EXPECT_EQ(library_.GetCount(), 3);
 }
 
+TEST_F(StringLibraryTest, ALanguageInAGapIsToldApart) {
+  connection_->Execute("UPDATE StringLanguages SET Language=9 WHERE Language=2");
+  EXPECT_RAISES(5, "language 2 of the string library is missing: their numbers have a gap",
+                library_.LanguageName(2));
+  EXPECT_EQ(library_.LanguageName(1), "English");
+}
+
 TEST_F(StringLibraryTest, LanguagesLeaveNoGap) {
   for (const Long language : {-1, 0, 4}) {
     EXPECT_RAISES(
