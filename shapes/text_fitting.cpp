@@ -59,7 +59,7 @@ FittedText FitTextToRect(const std::string& text, const gdi::RECT& rectangle, Lo
     throw automation::AutomationError(automation::ErrorNumber::DivisionByZero,
                                       "a text cannot be fitted into lines of height 0");
   }
-  const Long room = std::max(IntDiv(Subtract(rectangle.bottom, rectangle.top), lineHeight), Long{0});
+  const Long room = IntDiv(Subtract(rectangle.bottom, rectangle.top), lineHeight);
   FittedText fitted{.text = {}, .full = {kNoFullWidth, 0}, .used = {kNoUsedWidth, 0}};
   Long lines = 0;
   corvane1::ForEachLine(text, [&](std::string_view line) {

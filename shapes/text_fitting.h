@@ -35,7 +35,7 @@ FittedLine FitLineToWidth(std::string_view line, Long width, const CharWidths& w
 struct FittedText {
   std::string text;
   /// The sizes that the whole text and what fits of it take. A width is that of the widest line, also of one
-  /// for which there is no room; a rectangle without height has room for none.
+  /// for which there is no room; a height is that of so many lines, below 0 where the rectangle's is.
   corvane1::TextExtent full, used;
 };
 

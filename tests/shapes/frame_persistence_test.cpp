@@ -19,39 +19,11 @@ using test::OperandsIn;
 
 /// The columns up to the place in the tab order of a frame with everything.
 CallLog PutsWith(const std::string& touchAddress) {
-  return {
-      "put Type=12:Long",
-      "put Xs=12:Long",
-      "put Ys=13:Long",
-      "put Dx=140:Long",
-      "put Dy=150:Long",
-      "put DisplayID=7:Long",
-      "put GroupID=11:Long",
-      "put Text=one\r\ntwo:String",
-      "put ColorBack=16:Long",
-      "put ColorFore=17:Long",
-      "put ColorBackTouch=18:Long",
-      "put ColorForeTouch=19:Long",
-      "put ColorHatch=0:Long",
-      "put PenStyle=0:Long",
-      "put PenWidth=0:Long",
-      "put HatchStyle=0:Long",
-      "put TouchOprndAddr=" + touchAddress + ":Long",
-      "put FontNumber=5:Long",
-      "put DescriptionFontNumber=0:Integer",
-      "put Alignment=6:Integer",
-      "put Flat3D=2:Long",
-      "put VarType=0:Integer",
-      "put VarKeyPadEntry=0:Integer",
-      "put VarOprndType=0:Integer",
-      "put VarOprndAddr=0:Integer",
-      "put GlobalVarID=0:Integer",
-      "put DefaultDisplay=0:Integer",
-      "put KeypadSuccessOpAddr=-1:Long",
-      "put EnabledOpAddr=-1:Long",
-      "put HighlightOpAddr=-1:Long",
-      "put VisibleOpAddr=-1:Long",
-  };
+  return Joined({test::PutsOfHead("12"),
+                 {"put TouchOprndAddr=" + touchAddress + ":Long"},
+                 test::kPutsOfStyle,
+                 {"put KeypadSuccessOpAddr=-1:Long", "put EnabledOpAddr=-1:Long",
+                  "put HighlightOpAddr=-1:Long", "put VisibleOpAddr=-1:Long"}});
 }
 CallLog PutsLast(const std::string& tabIndex) {
   return {"put TabIndex=" + tabIndex + ":Byte", "put VarOprndType=24:Long", "put VarOprndAddr=25:Long"};

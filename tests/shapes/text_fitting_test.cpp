@@ -259,9 +259,10 @@ TEST_F(Fitting, ARectangleCountsByItsSizeWhereverItIs) {
 TEST_F(Fitting, ANegativeRectangleHoldsNothing) {
   ExpectFitted(Widths(10), {{"ab\r\nc", Room(-1, 20), "\r\n", {20, 20}, {0, 20}},
                             {"ab\r\nc", Room(20, -1), "", {20, 20}, {20, 0}},
-                            {"ab\r\nc", Room(20, -10), "", {20, 20}, {20, 0}},
-                            {"ab\r\nc", Room(20, -1000), "", {20, 20}, {20, 0}},
-                            {"ab\r\nc", Room(-1000, -1000), "", {20, 20}, {0, 0}}});
+                            {"ab\r\nc", Room(20, -9), "", {20, 20}, {20, 0}},
+                            {"ab\r\nc", Room(20, -10), "", {20, 20}, {20, -10}},
+                            {"ab\r\nc", Room(20, -1000), "", {20, 20}, {20, -1000}},
+                            {"ab\r\nc", Room(-1000, -1000), "", {20, 20}, {0, -1000}}});
 }
 
 TEST_F(Fitting, TheHeightOfALineDecidesHowManyThereAreRoomFor) {
@@ -273,7 +274,7 @@ TEST_F(Fitting, TheHeightOfALineDecidesHowManyThereAreRoomFor) {
   };
   for (const Row& row :
        {Row{1, text, 3, 3}, Row{8, text, 24, 24}, Row{9, "a\r\nb", 27, 18}, Row{12, "a\r\nb", 36, 24},
-        Row{13, "a", 39, 13}, Row{24, "a", 72, 24}, Row{25, "", 75, 0}, Row{-8, "", -24, 0}}) {
+        Row{13, "a", 39, 13}, Row{24, "a", 72, 24}, Row{25, "", 75, 0}, Row{-8, "", -24, 24}}) {
     const FittedText fitted = FitTextToRect(text, Room(10, 24), row.lineHeight, Widths(10));
     EXPECT_EQ(fitted.text, row.fitted) << row.lineHeight;
     EXPECT_EQ(fitted.full, (TextExtent{10, row.full})) << row.lineHeight;

@@ -127,6 +127,37 @@ class KeepingPainter final : public corvane1::TextPainter {
   std::shared_ptr<std::vector<std::string>> painted_;
 };
 
+/// What saving an element with everything writes first, as it is noted.
+inline CallLog PutsOfHead(const std::string& type) {
+  return {
+      "put Type=" + type + ":Long",
+      "put Xs=12:Long",
+      "put Ys=13:Long",
+      "put Dx=140:Long",
+      "put Dy=150:Long",
+      "put DisplayID=7:Long",
+      "put GroupID=11:Long",
+      "put Text=one\r\ntwo:String",
+      "put ColorBack=16:Long",
+      "put ColorFore=17:Long",
+      "put ColorBackTouch=18:Long",
+      "put ColorForeTouch=19:Long",
+      "put ColorHatch=0:Long",
+      "put PenStyle=0:Long",
+      "put PenWidth=0:Long",
+      "put HatchStyle=0:Long",
+  };
+}
+
+/// What it writes of its style, and of what only variables have.
+inline const CallLog kPutsOfStyle = {
+    "put FontNumber=5:Long",      "put DescriptionFontNumber=0:Integer",
+    "put Alignment=6:Integer",    "put Flat3D=2:Long",
+    "put VarType=0:Integer",      "put VarKeyPadEntry=0:Integer",
+    "put VarOprndType=0:Integer", "put VarOprndAddr=0:Integer",
+    "put GlobalVarID=0:Integer",  "put DefaultDisplay=0:Integer",
+};
+
 /// The counting services in the platform of the thread, for as long as a test lasts.
 class CountingServices {
  public:
