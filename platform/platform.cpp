@@ -1,5 +1,6 @@
 #include "platform/platform.h"
 
+#include "platform/compression/zstd_compressor.h"
 #include "platform/corvane1/ansi_code_page.h"
 #include "platform/corvane1/panel_font_list.h"
 #include "platform/corvane1/panel_font_service.h"
@@ -35,9 +36,11 @@ Platform::Platform()
       messageService(std::make_shared<corvane1::CollectedMessages>()),
       messageBoxes(std::make_shared<corvane1::CollectedMessageBoxes>()),
       errorLog(std::make_shared<corvane1::CollectedErrors>()),
+      hostFrame(std::make_shared<corvane1::CollectedHostFrame>()),
       crcService(std::make_shared<corvane1::StandardCrc>()),
       application(std::make_shared<corvane1::RunningProgram>()),
       newImageLibrary([] { return std::make_shared<loomis2::HeldImageLibrary>(); }),
+      newCompressor([] { return std::make_shared<compression::ZstdCompressor>(); }),
       operands(std::make_shared<fennick1::ProjectOperandStore>(
           [project = heldProject] { return project->OpenConnection(); })) {}
 

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 
+#include "platform/compression/compressor.h"
 #include "platform/corvane1/application.h"
 #include "platform/corvane1/change_tracker.h"
 #include "platform/corvane1/color_service.h"
@@ -10,6 +11,7 @@
 #include "platform/corvane1/error_log.h"
 #include "platform/corvane1/font_service.h"
 #include "platform/corvane1/global_values.h"
+#include "platform/corvane1/host_frame.h"
 #include "platform/corvane1/message_boxes.h"
 #include "platform/corvane1/message_service.h"
 #include "platform/corvane1/number_generator.h"
@@ -25,12 +27,12 @@ namespace quenzel7 {
 
 /// The services that the elements of one thread work with. A host replaces any of them by assigning its own;
 /// an element that keeps a service for its life keeps the one of its creation. None of them
-/// may be left without an object while elements are in use; only `newImageLibrary` and `newTextPainter` may
-/// be empty.
+/// may be left without an object while elements are in use; only `newImageLibrary`, `newTextPainter` and
+/// `newCompressor` may be empty.
 struct Platform {
   /// The embedded defaults, all of them real: colours of the panel palette, fonts of the panel list, panel
   /// models, settings, operands, numbers and strings kept in the project that `heldProject` holds, changes,
-  /// messages, boxes and errors collected, global values held.
+  /// messages, boxes, errors and what the host's window is told collected, global values held.
   Platform();
 
   /// The services of the calling thread.
@@ -72,6 +74,8 @@ struct Platform {
   std::shared_ptr<corvane1::MessageBoxes> messageBoxes;
   /// Takes down errors.
   std::shared_ptr<corvane1::ErrorLog> errorLog;
+  /// The window of the host.
+  std::shared_ptr<corvane1::HostFrame> hostFrame;
   /// Tells blocks of bytes apart.
   std::shared_ptr<corvane1::CrcService> crcService;
   /// The program that the library works for.
@@ -79,6 +83,9 @@ struct Platform {
   /// Makes the image library of the thread when the host sets one up; one that is empty or gives nothing
   /// leaves the host without (error 429).
   std::function<loomis2::ImageLibraryRef()> newImageLibrary;
+  /// Makes what the pixels of a project's pictures are made smaller with, for one use each time. One that is
+  /// empty or gives nothing leaves pictures neither saved nor read (error 429).
+  std::function<std::shared_ptr<compression::Compressor>()> newCompressor;
   /// The operands of the project.
   std::shared_ptr<fennick1::OperandStore> operands;
 };

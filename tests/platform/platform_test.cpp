@@ -31,6 +31,7 @@ TEST_F(PlatformServices, AreCompleteFromTheBeginning) {
   EXPECT_NE(dynamic_cast<corvane1::CollectedMessages*>(platform.messageService.get()), nullptr);
   EXPECT_NE(dynamic_cast<corvane1::CollectedMessageBoxes*>(platform.messageBoxes.get()), nullptr);
   EXPECT_NE(dynamic_cast<corvane1::CollectedErrors*>(platform.errorLog.get()), nullptr);
+  EXPECT_NE(dynamic_cast<corvane1::CollectedHostFrame*>(platform.hostFrame.get()), nullptr);
   EXPECT_EQ(platform.crcService->Crc(std::vector<Byte>{'a', 'b', 'c'}), 0x352441C2);
   EXPECT_NE(platform.application->Path(), "");
 }
@@ -41,6 +42,17 @@ TEST_F(PlatformServices, MakeANewImageLibraryEachTime) {
   ASSERT_NE(first, nullptr);
   ASSERT_NE(second, nullptr);
   EXPECT_NE(first, second);
+}
+
+TEST_F(PlatformServices, MakeANewCompressorEachTime) {
+  const auto first = Platform::Current().newCompressor();
+  const auto second = Platform::Current().newCompressor();
+  ASSERT_NE(first, nullptr);
+  ASSERT_NE(second, nullptr);
+  EXPECT_NE(first, second);
+  std::vector<Byte> block;
+  EXPECT_EQ(first->Compress({'a'}, block), 0);
+  EXPECT_EQ(std::string(block.begin(), block.begin() + 3), "Qz7");
 }
 
 TEST_F(PlatformServices, MakeANewTextPainterEachTime) {
