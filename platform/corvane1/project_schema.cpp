@@ -104,6 +104,51 @@ constexpr SchemaColumn kStrings[] = {
     {"FontNumber", kNumber},
 };
 
+/// The pictures of the project, each once. Found by the CRC of its pixels on the panel.
+constexpr SchemaColumn kImages[] = {
+    {"Index", kRowNumber},
+    {"CRC", kNumber},
+    {"LibCRC", kNumber},
+    {"Dx", kNumber},
+    {"Dy", kNumber},
+    {"DxORG", kNumber},
+    {"DyORG", kNumber},
+    {"Data8bpp", kBytes},
+    {"Data8bppORG", kBytes},
+    {"ImagePath", kText},
+    {"RecordStatus", kNumber},
+    // Tables that came from elsewhere may be older than pictures of 16 bits.
+    {"Bits", kNumber, true},
+};
+
+/// One row for each picture of an element.
+constexpr SchemaColumn kElementImages[] = {
+    {"Element_ID", kNumber},
+    {"Image_Index", kNumber},
+    {"TransparencyLevel", kNumber},
+    {"Image_CRC", kNumber},
+};
+
+/// One row for each picture behind a page.
+constexpr SchemaColumn kPageImages[] = {
+    {"Page_ID", kNumber},
+    {"Image_Type", kNumber},
+    {"TransparencyLevel", kNumber},
+    {"Image_CRC", kNumber},
+};
+
+/// The modules that pages are sorted into. The host writes them, and the pages.
+constexpr SchemaColumn kModules[] = {
+    {"ModuleId", kNumber},
+    {"ModuleName", kText},
+};
+
+constexpr SchemaColumn kPages[] = {
+    {"Id", kNumber},
+    {"ModuleID", kNumber},
+    {"Description", kText},
+};
+
 constexpr SchemaTable kTables[] = {
     {"HMI_Elements", kElements, ""},
     {"HMI_Operands", kElementOperands, ""},
@@ -113,6 +158,11 @@ constexpr SchemaTable kTables[] = {
     {"Numbers", kNumbers, "Name"},
     {"StringLanguages", kLanguages, "Language", 2},
     {"LibraryStrings", kStrings, "Number, Language", 2},
+    {"ProjectImages", kImages, "", 3},
+    {"ElementsAndImages", kElementImages, "", 3},
+    {"PagesAndImages", kPageImages, "", 3},
+    {"DispModules", kModules, "ModuleId", 3},
+    {"Pages", kPages, "Id", 3},
 };
 
 constexpr SchemaIndex kIndexes[] = {
@@ -120,6 +170,17 @@ constexpr SchemaIndex kIndexes[] = {
     {"HMI_Elements_Tab", "HMI_Elements", "DisplayID, TabIndex"},
     {"HMI_Operands_Element", "HMI_Operands", "ElementID, OprndType, OprndAddr"},
     {"DownloadDLUs_Guid", "DownloadDLUs", "GUID"},
+    // Pictures are found in the order of their numbers, and their states and CRCs without looking at their
+    // rows, where the pixels come first. Of two indexes that serve alike the engine takes the one that was
+    // made last.
+    {"ProjectImages_Status", "ProjectImages", "RecordStatus, \"Index\", CRC", 3},
+    {"ProjectImages_Crc", "ProjectImages", "CRC, \"Index\", RecordStatus", 3},
+    // The links of an element are found in the order in which they were made.
+    {"ElementsAndImages_Element", "ElementsAndImages", "Element_ID", 3},
+    {"ElementsAndImages_Place", "ElementsAndImages", "Image_Index, Element_ID", 3},
+    {"ElementsAndImages_Crc", "ElementsAndImages", "Image_CRC", 3},
+    {"PagesAndImages_Page", "PagesAndImages", "Page_ID, Image_Type", 3},
+    {"PagesAndImages_Crc", "PagesAndImages", "Image_CRC", 3},
 };
 
 /// The columns of a table, parted by commas, each as `write` puts it.
@@ -227,7 +288,7 @@ std::string MissingFromProject(ado::Connection& connection, Long version) {
     const auto columns = Texts(connection, "PRAGMA table_info(" + name + ")");
     if (columns.empty()) return "table " + name;
     for (const SchemaColumn& column : table.columns) {
-      if (!Contains(columns, column.name))
+      if (!column.optional && !Contains(columns, column.name))
         return "column '" + std::string(column.name) + "' of table " + name;
     }
   }

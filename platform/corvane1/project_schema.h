@@ -14,13 +14,15 @@ namespace quenzel7::corvane1 {
 /// Marks a database file as a project: the letters "Qzl7".
 inline constexpr Long kProjectApplicationId = 0x517A6C37;
 /// The version of the tables below.
-inline constexpr Long kProjectVersion = 2;
+inline constexpr Long kProjectVersion = 3;
 
 /// A column. No column has a default: what was not written is Null.
 struct SchemaColumn {
   std::string_view name;
   /// As the engine declares it.
   std::string_view type;
+  /// A project without the column is whole all the same.
+  bool optional = false;
 };
 
 struct SchemaTable {
@@ -59,7 +61,8 @@ std::vector<std::string> ProjectStandInStatements(Long fromVersion);
 Long ProjectVersionOf(ado::Connection& connection);
 
 /// What the database lacks of the tables, columns and indexes of a project of that version, as "column 'Xs'
-/// of table HMI_Elements"; empty when it lacks nothing. More than the lists name does not matter.
+/// of table HMI_Elements"; empty when it lacks nothing. More than the lists name does not matter, and neither
+/// do optional columns.
 std::string MissingFromProject(ado::Connection& connection, Long version = kProjectVersion);
 
 /// What the database of a project of that version already has under the name of a table or index that came

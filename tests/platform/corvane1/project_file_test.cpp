@@ -19,6 +19,7 @@
 #include "platform/corvane1/project_schema.h"
 #include "tests/platform/ado/at_statement.h"
 #include "tests/platform/ado/failing_vfs.h"
+#include "tests/support/older_project.h"
 #include "tests/support/raises.h"
 #include "tests/support/temporary_folder.h"
 
@@ -72,14 +73,11 @@ class ProjectFileTest : public ::testing::Test {
     }
     project->Close();
   }
-  /// The same as version 1 made it: without the string library.
-  void MakeVersion1() {
+  /// The same as an older version made it.
+  void MakeVersion(Long version) {
     MakeProject();
     const auto project = ado::OpenSqlite(Path());
-    for (const char* change :
-         {"DROP TABLE StringLanguages", "DROP TABLE LibraryStrings", "VACUUM", "PRAGMA user_version=1"}) {
-      project->Execute(change);
-    }
+    test::MakeOlder(*project, version);
     project->Close();
   }
   static Long Count(ado::Connection& project, const std::string& table) {
@@ -140,7 +138,7 @@ TEST_F(ProjectFileTest, ANewProjectIsOneFileWhenClosed) {
   EXPECT_EQ(Snapshot().size(), 1u);
   EXPECT_EQ(Bytes(Path()).substr(0, 16), std::string("SQLite format 3\0", 16));
   EXPECT_EQ(Bytes(Path()).substr(68, 4), "Qzl7");
-  EXPECT_EQ(Bytes(Path()).substr(60, 4), std::string("\0\0\0\2", 4));
+  EXPECT_EQ(Bytes(Path()).substr(60, 4), std::string("\0\0\0\3", 4));
 }
 
 TEST_F(ProjectFileTest, WhatIsWrittenIsThereWhenOpenedAgain) {
@@ -326,10 +324,10 @@ TEST_F(ProjectFileTest, ADatabaseOfAnotherProgramIsRefused) {
 
 TEST_F(ProjectFileTest, AnotherVersionIsRefused) {
   MakeProject();
-  for (const int version : {0, 3, 255}) {
+  for (const int version : {0, 4, 255}) {
     Overwrite(60, {0, 0, 0, static_cast<char>(version)});
     ExpectRefused("is of project version " + std::to_string(version) +
-                  ", but a version from 1 to 2 is expected");
+                  ", but a version from 1 to 3 is expected");
   }
 }
 
@@ -519,23 +517,48 @@ TEST_F(ProjectFileTest, AFullDiskLeavesNoHalfProject) {
 // Projects of older versions.
 
 TEST_F(ProjectFileTest, AnOlderProjectIsBroughtUpToDateWhenItIsOpenedForWriting) {
-  for (const ProjectMode mode : {ProjectMode::Open, ProjectMode::Create}) {
-    MakeVersion1();
-    EXPECT_EQ(Bytes(Path()).substr(60, 4), std::string("\0\0\0\1", 4));
+  for (const Long version : {1, 2}) {
+    for (const ProjectMode mode : {ProjectMode::Open, ProjectMode::Create}) {
+      MakeVersion(version);
+      EXPECT_EQ(Bytes(Path()).substr(60, 4), std::string("\0\0\0", 3) + static_cast<char>(version));
+      const auto project = OpenProject(Path(), mode);
+      EXPECT_EQ(MissingFromProject(*project), "");
+      EXPECT_EQ(ProjectVersionOf(*project), 3);
+      EXPECT_EQ(Count(*project, "HMI_Elements"), 200);
+      for (const char* table : {"LibraryStrings", "ProjectImages"}) EXPECT_EQ(Count(*project, table), 0);
+      project->Close();
+      EXPECT_EQ(Bytes(Path()).substr(60, 4), std::string("\0\0\0\3", 4));
+      EXPECT_EQ(Snapshot().size(), 1u);
+      fs::remove(Path());
+    }
+  }
+}
+
+TEST_F(ProjectFileTest, AnUpgradeKeepsTheRowsOfTheTablesThatWereThere) {
+  MakeVersion(2);
+  const auto older = ado::OpenSqlite(Path());
+  older->Execute("INSERT INTO StringLanguages VALUES(1,'English')");
+  older->Close();
+  EXPECT_EQ(Count(*OpenProject(Path(), ProjectMode::Open), "StringLanguages"), 1);
+}
+
+TEST_F(ProjectFileTest, PicturesOfBeforeTheirBitsWereToldStayAsTheyAre) {
+  MakeProject();
+  const auto older = ado::OpenSqlite(Path());
+  older->Execute("ALTER TABLE ProjectImages DROP COLUMN Bits");
+  older->Execute("INSERT INTO ProjectImages(CRC,RecordStatus) VALUES(5,3)");
+  older->Close();
+  const auto before = Snapshot();
+  for (const ProjectMode mode : kModes) {
     const auto project = OpenProject(Path(), mode);
-    EXPECT_EQ(MissingFromProject(*project), "");
-    EXPECT_EQ(ProjectVersionOf(*project), 2);
-    EXPECT_EQ(Count(*project, "HMI_Elements"), 200);
-    EXPECT_EQ(Count(*project, "LibraryStrings"), 0);
+    EXPECT_EQ(project->Execute("SELECT * FROM ProjectImages")->FieldCount(), 11);
     project->Close();
-    EXPECT_EQ(Bytes(Path()).substr(60, 4), std::string("\0\0\0\2", 4));
-    EXPECT_EQ(Snapshot().size(), 1u);
-    fs::remove(Path());
+    EXPECT_EQ(Snapshot(), before);
   }
 }
 
 TEST_F(ProjectFileTest, AProjectThatWasBroughtUpToDateIsOneForASecondConnectionToo) {
-  MakeVersion1();
+  MakeVersion(1);
   const auto first = OpenProject(Path(), ProjectMode::Open);
   first->Execute("INSERT INTO StringLanguages VALUES(1,'English')");
   // The beginning of the file still tells the old version.
@@ -543,12 +566,12 @@ TEST_F(ProjectFileTest, AProjectThatWasBroughtUpToDateIsOneForASecondConnectionT
   for (const ProjectMode mode : kModes) {
     const auto second = OpenProject(Path(), mode);
     EXPECT_EQ(Count(*second, "StringLanguages"), 1);
-    EXPECT_EQ(ProjectVersionOf(*second), 2);
+    EXPECT_EQ(ProjectVersionOf(*second), 3);
   }
 }
 
 TEST_F(ProjectFileTest, AnOlderProjectOpenedReadOnlyStaysAsItIs) {
-  MakeVersion1();
+  MakeVersion(1);
   const auto before = Snapshot();
   const auto project = OpenProject(Path(), ProjectMode::ReadOnly);
   EXPECT_EQ(ProjectVersionOf(*project), 1);
@@ -566,7 +589,7 @@ TEST_F(ProjectFileTest, AnOlderProjectOpenedReadOnlyStaysAsItIs) {
 }
 
 TEST_F(ProjectFileTest, AnOlderProjectThatCannotBeWrittenCanBeRead) {
-  MakeVersion1();
+  MakeVersion(1);
   fs::permissions(Path(), static_cast<fs::perms>(0444));
   fs::permissions(Folder(), static_cast<fs::perms>(0555));
   {
@@ -579,7 +602,7 @@ TEST_F(ProjectFileTest, AnOlderProjectThatCannotBeWrittenCanBeRead) {
 }
 
 TEST_F(ProjectFileTest, AnOlderProjectThatLacksWhatItHadIsRefused) {
-  MakeVersion1();
+  MakeVersion(1);
   const auto project = ado::OpenSqlite(Path());
   project->Execute("DROP TABLE Operands");
   project->Close();
@@ -595,38 +618,38 @@ TEST_F(ProjectFileTest, AnOlderProjectWithSomethingInTheWayIsRefusedAndStaysAsIt
                {"CREATE INDEX LibraryStrings ON HMI_Elements(Xs)", "index LibraryStrings"}};
   for (const char* journal : {"PRAGMA journal_mode=WAL", "PRAGMA journal_mode=DELETE"}) {
     for (const auto& blocked : cases) {
-      MakeVersion1();
+      MakeVersion(1);
       const auto project = ado::OpenSqlite(Path());
       project->Execute(blocked.change);
       project->Execute(journal);
       project->Close();
-      ExpectRefused("cannot be brought to version 2: " + std::string(blocked.inTheWay) + " is in the way");
+      ExpectRefused("cannot be brought to version 3: " + std::string(blocked.inTheWay) + " is in the way");
       fs::remove(Path());
     }
   }
 }
 
 TEST_F(ProjectFileTest, ATriggerOfALaterTablesNameIsInNobodysWay) {
-  MakeVersion1();
+  MakeVersion(1);
   const auto project = ado::OpenSqlite(Path());
   project->Execute("CREATE TRIGGER LibraryStrings DELETE ON Settings BEGIN DELETE FROM Numbers; END");
   project->Close();
-  EXPECT_EQ(ProjectVersionOf(*OpenProject(Path(), ProjectMode::Open)), 2);
+  EXPECT_EQ(ProjectVersionOf(*OpenProject(Path(), ProjectMode::Open)), 3);
 }
 
 TEST_F(ProjectFileTest, AReaderOfAnOlderProjectKeepsSeeingTheLaterTablesEmpty) {
-  MakeVersion1();
+  MakeVersion(1);
   const auto reader = OpenProject(Path(), ProjectMode::ReadOnly);
   const auto writer = OpenProject(Path(), ProjectMode::Open);
   writer->Execute("INSERT INTO StringLanguages VALUES(1,'English')");
-  EXPECT_EQ(ProjectVersionOf(*reader), 2);
+  EXPECT_EQ(ProjectVersionOf(*reader), 3);
   EXPECT_EQ(Count(*reader, "StringLanguages"), 0);
   EXPECT_EQ(Count(*OpenProject(Path(), ProjectMode::ReadOnly), "StringLanguages"), 1);
 }
 
 TEST_F(ProjectFileTest, AProjectThatAnotherBringsUpToDateMeanwhileIsTakenAsItIsThen) {
   for (const ProjectMode mode : {ProjectMode::Open, ProjectMode::Create}) {
-    MakeVersion1();
+    MakeVersion(1);
     const auto other = ado::OpenSqlite(Path());
     other->BeginTrans();
     const ado::AtStatement waiting("BEGIN IMMEDIATE", 1, [&] {
@@ -636,7 +659,7 @@ TEST_F(ProjectFileTest, AProjectThatAnotherBringsUpToDateMeanwhileIsTakenAsItIsT
     });
     const auto project = OpenProject(Path(), mode);
     EXPECT_TRUE(waiting.Acted());
-    EXPECT_EQ(ProjectVersionOf(*project), 2);
+    EXPECT_EQ(ProjectVersionOf(*project), 3);
     EXPECT_EQ(Count(*project, "StringLanguages"), 1);
     project->Close();
     other->Close();
@@ -645,14 +668,14 @@ TEST_F(ProjectFileTest, AProjectThatAnotherBringsUpToDateMeanwhileIsTakenAsItIsT
 }
 
 TEST_F(ProjectFileTest, AVersionThatIsMetOnlyWhenTheOtherHasWrittenIsCheckedToo) {
-  MakeVersion1();
-  for (const Long version : {3, 0}) {
+  MakeVersion(1);
+  for (const Long version : {4, 0}) {
     const auto other = ado::OpenSqlite(Path());
     other->Execute("PRAGMA user_version=1");
     const std::string change = "PRAGMA user_version=" + std::to_string(version);
     const Raised refusal = {kDatabase, "project file \"" + Path() + "\": is of project version " +
                                            std::to_string(version) +
-                                           ", but a version from 1 to 2 is expected"};
+                                           ", but a version from 1 to 3 is expected"};
     other->BeginTrans();
     {
       const ado::AtStatement waiting("BEGIN IMMEDIATE", 1, [&] {
@@ -668,13 +691,13 @@ TEST_F(ProjectFileTest, AVersionThatIsMetOnlyWhenTheOtherHasWrittenIsCheckedToo)
 }
 
 TEST_F(ProjectFileTest, AReaderChecksTheVersionThatItMeets) {
-  MakeVersion1();
+  MakeVersion(1);
   const auto other = ado::OpenSqlite(Path());
   // The first time it is asked for is when the file is looked at.
-  const ado::AtStatement reading("PRAGMA user_version", 2, [&] { other->Execute("PRAGMA user_version=3"); });
+  const ado::AtStatement reading("PRAGMA user_version", 2, [&] { other->Execute("PRAGMA user_version=4"); });
   EXPECT_EQ(
       RefusalOf(Path(), ProjectMode::ReadOnly).description,
-      "project file \"" + Path() + "\": is of project version 3, but a version from 1 to 2 is expected");
+      "project file \"" + Path() + "\": is of project version 4, but a version from 1 to 3 is expected");
   EXPECT_TRUE(reading.Acted());
 }
 
@@ -728,12 +751,12 @@ TEST_F(ProjectFileTest, AReaderThatIsLockedOutSaysOfWhichFile) {
 }
 
 TEST_F(ProjectFileTest, AnOlderProjectThatAnotherWritesSaysWhichFileCannotBeBroughtUpToDate) {
-  MakeVersion1();
+  MakeVersion(1);
   const auto other = ado::OpenSqlite(Path());
   other->BeginTrans();
   EXPECT_RAISES(kDatabase,
                 "project file \"" + Path() +
-                    "\": cannot be brought to version 2: database is locked; in: BEGIN IMMEDIATE",
+                    "\": cannot be brought to version 3: database is locked; in: BEGIN IMMEDIATE",
                 OpenProject(Path(), ProjectMode::Open, {.busyTimeout = 0}));
   EXPECT_EQ(Count(*OpenProject(Path(), ProjectMode::ReadOnly, {.busyTimeout = 0}), "StringLanguages"), 0);
 }
@@ -741,17 +764,17 @@ TEST_F(ProjectFileTest, AnOlderProjectThatAnotherWritesSaysWhichFileCannotBeBrou
 TEST_F(ProjectFileTest, ANewerVersionThatOnlyTheLogTellsIsRefused) {
   MakeProject();
   const auto running = OpenProject(Path(), ProjectMode::Open);
-  running->Execute("PRAGMA user_version=3");
-  ASSERT_EQ(Bytes(Path()).substr(60, 4), std::string("\0\0\0\2", 4));
+  running->Execute("PRAGMA user_version=4");
+  ASSERT_EQ(Bytes(Path()).substr(60, 4), std::string("\0\0\0\3", 4));
   for (const ProjectMode mode : kModes) {
     EXPECT_EQ(
         RefusalOf(Path(), mode).description,
-        "project file \"" + Path() + "\": is of project version 3, but a version from 1 to 2 is expected");
+        "project file \"" + Path() + "\": is of project version 4, but a version from 1 to 3 is expected");
   }
 }
 
 TEST_F(ProjectFileTest, AFullDiskLeavesAnOlderProjectWhole) {
-  MakeVersion1();
+  MakeVersion(1);
   const std::string older = Bytes(Path());
   ado::FailingVfs disk;
   int attempt = 0;

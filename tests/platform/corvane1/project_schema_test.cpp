@@ -55,9 +55,10 @@ class ProjectSchemaTest : public ::testing::Test {
 
 TEST_F(ProjectSchemaTest, MakesTheTables) {
   Make();
-  EXPECT_EQ(Names("table"), (Lines{"DownloadDLUs", "HMI_Elements", "HMI_Operands", "LibraryStrings",
-                                   "Numbers", "Operands", "Settings", "StringLanguages"}));
-  EXPECT_EQ(ProjectTables().size(), 8u);
+  EXPECT_EQ(Names("table"), (Lines{"DispModules", "DownloadDLUs", "ElementsAndImages", "HMI_Elements",
+                                   "HMI_Operands", "LibraryStrings", "Numbers", "Operands", "Pages",
+                                   "PagesAndImages", "ProjectImages", "Settings", "StringLanguages"}));
+  EXPECT_EQ(ProjectTables().size(), 13u);
 }
 
 TEST_F(ProjectSchemaTest, AnElementRowHasTheseColumns) {
@@ -117,6 +118,29 @@ TEST_F(ProjectSchemaTest, TheOtherTablesHaveTheseColumns) {
   EXPECT_EQ(Columns("StringLanguages"), (Lines{"Language INTEGER*", "Name TEXT"}));
   EXPECT_EQ(Columns("LibraryStrings"),
             (Lines{"Number INTEGER*", "Language INTEGER*", "Text TEXT", "FontNumber INTEGER"}));
+  EXPECT_EQ(Columns("ProjectImages"),
+            (Lines{"Index INTEGER*", "CRC INTEGER", "LibCRC INTEGER", "Dx INTEGER", "Dy INTEGER",
+                   "DxORG INTEGER", "DyORG INTEGER", "Data8bpp BLOB", "Data8bppORG BLOB", "ImagePath TEXT",
+                   "RecordStatus INTEGER", "Bits INTEGER"}));
+  EXPECT_EQ(Columns("ElementsAndImages"), (Lines{"Element_ID INTEGER", "Image_Index INTEGER",
+                                                 "TransparencyLevel INTEGER", "Image_CRC INTEGER"}));
+  EXPECT_EQ(Columns("PagesAndImages"), (Lines{"Page_ID INTEGER", "Image_Type INTEGER",
+                                              "TransparencyLevel INTEGER", "Image_CRC INTEGER"}));
+  EXPECT_EQ(Columns("DispModules"), (Lines{"ModuleId INTEGER*", "ModuleName TEXT"}));
+  EXPECT_EQ(Columns("Pages"), (Lines{"Id INTEGER*", "ModuleID INTEGER", "Description TEXT"}));
+}
+
+TEST_F(ProjectSchemaTest, PicturesAreNumberedLikeElementsButForNumbersThatAreWritten) {
+  Make();
+  const auto number = [&] {
+    return connection_->Execute("SELECT Max(Index) AS N FROM ProjectImages")->Get("N");
+  };
+  connection_->Execute("INSERT INTO ProjectImages(Index) VALUES(4)");
+  connection_->Execute("DELETE FROM ProjectImages");
+  connection_->Execute("INSERT INTO ProjectImages(CRC) VALUES(7)");
+  EXPECT_EQ(number(), Variant(Long{5}));
+  connection_->Execute("INSERT INTO ProjectImages(Index) VALUES(1)");
+  EXPECT_EQ(number(), Variant(Long{5}));
 }
 
 TEST_F(ProjectSchemaTest, ElementsAreNumberedWithNumbersThatNeverComeBack) {
@@ -140,8 +164,10 @@ TEST_F(ProjectSchemaTest, AnUnwrittenColumnIsNull) {
 
 TEST_F(ProjectSchemaTest, MakesTheIndexesThatTheQueriesUse) {
   Make();
-  EXPECT_EQ(Names("index"),
-            (Lines{"DownloadDLUs_Guid", "HMI_Elements_Order", "HMI_Elements_Tab", "HMI_Operands_Element"}));
+  EXPECT_EQ(Names("index"), (Lines{"DownloadDLUs_Guid", "ElementsAndImages_Crc", "ElementsAndImages_Element",
+                                   "ElementsAndImages_Place", "HMI_Elements_Order", "HMI_Elements_Tab",
+                                   "HMI_Operands_Element", "PagesAndImages_Crc", "PagesAndImages_Page",
+                                   "ProjectImages_Crc", "ProjectImages_Status"}));
   const auto plan = [&](const std::string& query) {
     return To<std::string>(connection_->Execute("EXPLAIN QUERY PLAN " + query)->Get("detail"));
   };
@@ -164,9 +190,9 @@ TEST_F(ProjectSchemaTest, MarksTheFile) {
   EXPECT_EQ(kProjectApplicationId, ('Q' << 24) + ('z' << 16) + ('l' << 8) + '7');
   EXPECT_EQ(connection_->Execute("PRAGMA application_id")->Get("application_id"),
             Variant(kProjectApplicationId));
-  EXPECT_EQ(kProjectVersion, 2);
-  EXPECT_EQ(connection_->Execute("PRAGMA user_version")->Get("user_version"), Variant(Long{2}));
-  EXPECT_EQ(ProjectVersionOf(*connection_), 2);
+  EXPECT_EQ(kProjectVersion, 3);
+  EXPECT_EQ(connection_->Execute("PRAGMA user_version")->Get("user_version"), Variant(Long{3}));
+  EXPECT_EQ(ProjectVersionOf(*connection_), 3);
 }
 
 TEST_F(ProjectSchemaTest, AWholeProjectLacksNothing) {
@@ -207,8 +233,10 @@ TEST_F(ProjectSchemaTest, EachMissingColumnIsNamed) {
       const std::string rename = "ALTER TABLE " + std::string(table.name) + " RENAME COLUMN \"" +
                                  std::string(column.name) + "\" TO ";
       connection_->Execute(rename + "Gone");
-      EXPECT_EQ(MissingFromProject(*connection_),
-                "column '" + std::string(column.name) + "' of table " + std::string(table.name));
+      const std::string missing =
+          "column '" + std::string(column.name) + "' of table " + std::string(table.name);
+      EXPECT_EQ(MissingFromProject(*connection_), column.optional ? "" : missing);
+      EXPECT_EQ(column.optional, missing == "column 'Bits' of table ProjectImages") << missing;
       connection_->Execute("ALTER TABLE " + std::string(table.name) + " RENAME COLUMN Gone TO \"" +
                            std::string(column.name) + "\"");
     }
@@ -234,18 +262,45 @@ TEST_F(ProjectSchemaTest, EachTableSaysWhichVersionBroughtIt) {
   for (const SchemaTable& table : ProjectTables()) {
     if (table.since != 1) later.push_back(std::string(table.name) + " " + std::to_string(table.since));
   }
-  EXPECT_EQ(later, (Lines{"StringLanguages 2", "LibraryStrings 2"}));
-  for (const SchemaIndex& index : ProjectIndexes()) EXPECT_EQ(index.since, 1) << index.name;
+  for (const SchemaIndex& index : ProjectIndexes()) {
+    if (index.since != 1) later.push_back(std::string(index.name) + " " + std::to_string(index.since));
+  }
+  EXPECT_EQ(later, (Lines{"StringLanguages 2", "LibraryStrings 2", "ProjectImages 3", "ElementsAndImages 3",
+                          "PagesAndImages 3", "DispModules 3", "Pages 3", "ProjectImages_Status 3",
+                          "ProjectImages_Crc 3", "ElementsAndImages_Element 3", "ElementsAndImages_Place 3",
+                          "ElementsAndImages_Crc 3", "PagesAndImages_Page 3", "PagesAndImages_Crc 3"}));
 }
 
 TEST_F(ProjectSchemaTest, AnUpgradeAddsWhatCameLaterAndRaisesTheVersion) {
-  EXPECT_EQ(ProjectUpgradeStatements(1),
-            (Lines{"CREATE TABLE StringLanguages(\"Language\" INTEGER, \"Name\" TEXT, PRIMARY KEY(Language))",
-                   "CREATE TABLE LibraryStrings(\"Number\" INTEGER, \"Language\" INTEGER, \"Text\" TEXT, "
-                   "\"FontNumber\" INTEGER, PRIMARY KEY(Number, Language))",
-                   "PRAGMA user_version=2"}));
-  EXPECT_EQ(ProjectUpgradeStatements(2), Lines{});
+  const Lines second = {
+      "CREATE TABLE StringLanguages(\"Language\" INTEGER, \"Name\" TEXT, PRIMARY KEY(Language))",
+      "CREATE TABLE LibraryStrings(\"Number\" INTEGER, \"Language\" INTEGER, \"Text\" TEXT, "
+      "\"FontNumber\" INTEGER, PRIMARY KEY(Number, Language))"};
+  const Lines third = {
+      "CREATE TABLE ProjectImages(\"Index\" INTEGER PRIMARY KEY AUTOINCREMENT, \"CRC\" INTEGER, "
+      "\"LibCRC\" INTEGER, \"Dx\" INTEGER, \"Dy\" INTEGER, \"DxORG\" INTEGER, \"DyORG\" INTEGER, "
+      "\"Data8bpp\" BLOB, \"Data8bppORG\" BLOB, \"ImagePath\" TEXT, \"RecordStatus\" INTEGER, "
+      "\"Bits\" INTEGER)",
+      "CREATE TABLE ElementsAndImages(\"Element_ID\" INTEGER, \"Image_Index\" INTEGER, "
+      "\"TransparencyLevel\" INTEGER, \"Image_CRC\" INTEGER)",
+      "CREATE TABLE PagesAndImages(\"Page_ID\" INTEGER, \"Image_Type\" INTEGER, "
+      "\"TransparencyLevel\" INTEGER, \"Image_CRC\" INTEGER)",
+      "CREATE TABLE DispModules(\"ModuleId\" INTEGER, \"ModuleName\" TEXT, PRIMARY KEY(ModuleId))",
+      "CREATE TABLE Pages(\"Id\" INTEGER, \"ModuleID\" INTEGER, \"Description\" TEXT, PRIMARY KEY(Id))",
+      "CREATE INDEX ProjectImages_Status ON ProjectImages(RecordStatus, \"Index\", CRC)",
+      "CREATE INDEX ProjectImages_Crc ON ProjectImages(CRC, \"Index\", RecordStatus)",
+      "CREATE INDEX ElementsAndImages_Element ON ElementsAndImages(Element_ID)",
+      "CREATE INDEX ElementsAndImages_Place ON ElementsAndImages(Image_Index, Element_ID)",
+      "CREATE INDEX ElementsAndImages_Crc ON ElementsAndImages(Image_CRC)",
+      "CREATE INDEX PagesAndImages_Page ON PagesAndImages(Page_ID, Image_Type)",
+      "CREATE INDEX PagesAndImages_Crc ON PagesAndImages(Image_CRC)",
+      "PRAGMA user_version=3"};
+  EXPECT_EQ(ProjectUpgradeStatements(2), third);
+  Lines both = second;
+  both.insert(both.end(), third.begin(), third.end());
+  EXPECT_EQ(ProjectUpgradeStatements(1), both);
   EXPECT_EQ(ProjectUpgradeStatements(3), Lines{});
+  EXPECT_EQ(ProjectUpgradeStatements(4), Lines{});
 }
 
 TEST_F(ProjectSchemaTest, AnUpgradeFromNothingMakesAllTablesAndIndexes) {
@@ -257,6 +312,10 @@ TEST_F(ProjectSchemaTest, AnUpgradeFromNothingMakesAllTablesAndIndexes) {
 
 TEST_F(ProjectSchemaTest, AnOlderProjectLacksOnlyWhatItsVersionHas) {
   Make();
+  connection_->Execute("DROP TABLE Pages");
+  connection_->Execute("DROP INDEX ProjectImages_Crc");
+  EXPECT_EQ(MissingFromProject(*connection_, 2), "");
+  EXPECT_EQ(MissingFromProject(*connection_, 3), "table Pages");
   connection_->Execute("DROP TABLE LibraryStrings");
   EXPECT_EQ(MissingFromProject(*connection_, 1), "");
   EXPECT_EQ(MissingFromProject(*connection_, 2), "table LibraryStrings");
@@ -280,10 +339,12 @@ TEST_F(ProjectSchemaTest, WhatHasTheNameOfALaterTableIsInItsWay) {
     connection_->Execute(named.change);
     EXPECT_EQ(InTheWayOfLaterTables(*connection_, 1), named.inTheWay);
     EXPECT_EQ(InTheWayOfLaterTables(*connection_, 2), "");
+    EXPECT_EQ(InTheWayOfLaterTables(*connection_, 3), "");
     connection_->Execute(named.undo);
   }
   Make();
-  EXPECT_EQ(InTheWayOfLaterTables(*connection_, 2), "");
+  EXPECT_EQ(InTheWayOfLaterTables(*connection_, 3), "");
+  EXPECT_EQ(InTheWayOfLaterTables(*connection_, 2), "table ProjectImages");
   EXPECT_EQ(InTheWayOfLaterTables(*connection_, 1), "table StringLanguages");
   EXPECT_EQ(InTheWayOfLaterTables(*connection_, 0), "table HMI_Elements");
 }
@@ -296,9 +357,24 @@ TEST_F(ProjectSchemaTest, WhatHasTheNameOfALaterIndexIsInItsWay) {
 }
 
 TEST_F(ProjectSchemaTest, StandInsAreSeenEmptyAndTakeNothing) {
-  EXPECT_TRUE(ProjectStandInStatements(2).empty());
+  EXPECT_TRUE(ProjectStandInStatements(3).empty());
+  EXPECT_EQ(ProjectStandInStatements(2),
+            (Lines{"CREATE TEMP VIEW ProjectImages AS SELECT NULL AS \"Index\", NULL AS \"CRC\", NULL AS "
+                   "\"LibCRC\", NULL AS \"Dx\", NULL AS \"Dy\", NULL AS \"DxORG\", NULL AS \"DyORG\", "
+                   "NULL AS \"Data8bpp\", NULL AS \"Data8bppORG\", NULL AS \"ImagePath\", NULL AS "
+                   "\"RecordStatus\", NULL AS \"Bits\" WHERE 0",
+                   "CREATE TEMP VIEW ElementsAndImages AS SELECT NULL AS \"Element_ID\", NULL AS "
+                   "\"Image_Index\", NULL AS \"TransparencyLevel\", NULL AS \"Image_CRC\" WHERE 0",
+                   "CREATE TEMP VIEW PagesAndImages AS SELECT NULL AS \"Page_ID\", NULL AS \"Image_Type\", "
+                   "NULL AS \"TransparencyLevel\", NULL AS \"Image_CRC\" WHERE 0",
+                   "CREATE TEMP VIEW DispModules AS SELECT NULL AS \"ModuleId\", NULL AS \"ModuleName\" "
+                   "WHERE 0",
+                   "CREATE TEMP VIEW Pages AS SELECT NULL AS \"Id\", NULL AS \"ModuleID\", NULL AS "
+                   "\"Description\" WHERE 0"}));
+  const Lines first = ProjectStandInStatements(1);
+  ASSERT_EQ(first.size(), 7u);
   EXPECT_EQ(
-      ProjectStandInStatements(1),
+      Lines(first.begin(), first.begin() + 2),
       (Lines{"CREATE TEMP VIEW StringLanguages AS SELECT NULL AS \"Language\", NULL AS \"Name\" WHERE 0",
              "CREATE TEMP VIEW LibraryStrings AS SELECT NULL AS \"Number\", NULL AS \"Language\", NULL AS "
              "\"Text\", NULL AS \"FontNumber\" WHERE 0"}));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/platform/corvane1/temporary_project.h"
+#include "tests/support/older_project.h"
 #include "tests/support/raises.h"
 #include "tests/support/recording_connection.h"
 
@@ -234,10 +235,7 @@ TEST_F(StringLibraryTest, DoesNotKeepTheProjectOpen) {
 }
 
 TEST_F(StringLibraryTest, OfAnOlderProjectThatIsOnlyReadIsEmpty) {
-  for (const char* change :
-       {"DROP TABLE StringLanguages", "DROP TABLE LibraryStrings", "PRAGMA user_version=1"}) {
-    connection_->Execute(change);
-  }
+  test::MakeOlder(*connection_, 1);
   const auto reader = OpenProject(project_.Folder() + "/project.qz7", ProjectMode::ReadOnly);
   ProjectStringLibrary library;
   library.Open(reader, -1);
