@@ -6,6 +6,7 @@
 #include "platform/corvane1/panel_font_service.h"
 #include "platform/corvane1/panel_text_painter.h"
 #include "platform/corvane1/project_string_library.h"
+#include "platform/loomis2/file_image_library.h"
 
 namespace quenzel7 {
 namespace {
@@ -39,7 +40,8 @@ Platform::Platform()
       hostFrame(std::make_shared<corvane1::CollectedHostFrame>()),
       crcService(std::make_shared<corvane1::StandardCrc>()),
       application(std::make_shared<corvane1::RunningProgram>()),
-      newImageLibrary([] { return std::make_shared<loomis2::HeldImageLibrary>(); }),
+      fileChooser(std::make_shared<loomis2::PreparedFileChooser>()),
+      newImageLibrary([] { return std::make_shared<loomis2::FileImageLibrary>(Current().fileChooser); }),
       newCompressor([] { return std::make_shared<compression::ZstdCompressor>(); }),
       operands(std::make_shared<fennick1::ProjectOperandStore>(
           [project = heldProject] { return project->OpenConnection(); })) {}

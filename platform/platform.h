@@ -21,6 +21,7 @@
 #include "platform/corvane1/string_library.h"
 #include "platform/corvane1/text_painter.h"
 #include "platform/fennick1/operand.h"
+#include "platform/loomis2/file_chooser.h"
 #include "platform/loomis2/image_library.h"
 
 namespace quenzel7 {
@@ -80,6 +81,8 @@ struct Platform {
   std::shared_ptr<corvane1::CrcService> crcService;
   /// The program that the library works for.
   std::shared_ptr<corvane1::Application> application;
+  /// Lets the user choose picture files; the embedded image library keeps the one of its making.
+  std::shared_ptr<loomis2::FileChooser> fileChooser;
   /// Makes the image library of the thread when the host sets one up; one that is empty or gives nothing
   /// leaves the host without (error 429).
   std::function<loomis2::ImageLibraryRef()> newImageLibrary;

@@ -17,6 +17,7 @@ enum class ErrorNumber : Long {
   DivisionByZero = 11,
   TypeMismatch = 13,
   OutOfStackSpace = 28,
+  FileNotFound = 53,
   PathNotFound = 76,
   ObjectNotSet = 91,
   InvalidUseOfNull = 94,
@@ -30,6 +31,8 @@ enum class ErrorNumber : Long {
   ArgumentNotOptional = 449,
   WrongNumberOfArguments = 450,
   KeyAlreadyInCollection = 457,
+  /// What should be a picture is none that can be read.
+  InvalidPicture = 481,
   /// A recordset was moved or changed where it has no current row.
   NoCurrentRow = 3021,
   /// A closed recordset or connection was used, or an open one opened again.

@@ -1,12 +1,11 @@
 #include "platform/loomis2/image_library.h"
 
-#include "platform/automation/array.h"
-#include "platform/automation/automation_error.h"
 #include "platform/automation/member.h"
 
 namespace quenzel7::loomis2 {
 namespace {
 
+using automation::Method;
 using automation::Property;
 using automation::Variant;
 
@@ -19,6 +18,26 @@ constexpr automation::Member kMembers[] = {
     Property<Variant>("Palette", "The panel's colours, an array of 32-bit integers.",
                       AUTOMATION_GETTER(ImageLibrary, Palette),
                       AUTOMATION_SETTER(ImageLibrary, Variant, Palette)),
+    Method<ImageLibrary, &ImageLibrary::CreateBitmapFrom8bpp>(
+        "CreateBitmapFrom8bpp", "A bitmap of palette indices; 0 when they are no such picture."),
+    Method<ImageLibrary, &ImageLibrary::CreateBitmapFrom16bpp>(
+        "CreateBitmapFrom16bpp", "A bitmap of pixels of two bytes; 0 when they are no such picture."),
+    Method<ImageLibrary, &ImageLibrary::StretchBitmap>(
+        "StretchBitmap", "A copy of a bitmap at another size; 0 when it is none or the size is none."),
+    Method<ImageLibrary, &ImageLibrary::ConvertBitmapTo8bpp>(
+        "ConvertBitmapTo8bpp",
+        "Turns a bitmap into palette indices with their CRC; gives a status, 0 or 6 when done."),
+    Method<ImageLibrary, &ImageLibrary::ConvertBitmapTo16bpp>(
+        "ConvertBitmapTo16bpp",
+        "Turns a bitmap into pixels of two bytes with their CRC; gives a status, 0 or 6 when done."),
+    Method<ImageLibrary, &ImageLibrary::GetConversionMode>(
+        "GetConversionMode", "The conversion mode that suits the picture in a file."),
+    Method<ImageLibrary, &ImageLibrary::LoadResizedImage>(
+        "LoadResizedImage", "Reads a picture file as a bitmap of that size, with a status, 0 when done."),
+    Method<ImageLibrary, &ImageLibrary::SelectImageFileFields>(
+        "SelectImageFile", "Lets the user choose a picture file; gives a status, 0 when done."),
+    Method<ImageLibrary, &ImageLibrary::ReadPictureFields>(
+        "ReadPicture", "Reads a picture file at a size, 0 x 0 for its own."),
 };
 
 }  // namespace
@@ -30,15 +49,35 @@ const automation::ClassInfo& ImageLibrary::ClassOf() {
   return info;
 }
 
-void HeldImageLibrary::Palette(const Variant& palette) {
-  const bool isPalette = palette.IsArray() &&
-                         palette.Elements().ElementKind() == automation::VariantKind::Long &&
-                         palette.Elements().Dimensions() == 1;
-  if (!isPalette) {
-    throw automation::AutomationError(automation::ErrorNumber::TypeMismatch,
-                                      "a palette is an array of 32-bit integers of one dimension");
-  }
-  palette_ = palette;
+Long ImageLibrary::SelectImageFileFields(std::string& path, Long& libCrc, Long& dxOrg, Long& dyOrg,
+                                         std::vector<Byte>& dataOrg, Long& crc, std::vector<Byte>& data,
+                                         Long& bits, Long dx, Long dy) {
+  LibraryPicture picture{path, libCrc, dxOrg, dyOrg, dataOrg, crc, dx, dy, data, bits};
+  const Long status = SelectImageFile(picture, dx, dy);
+  if (status != kImageDone) return status;
+  path = picture.path;
+  libCrc = picture.libCrc;
+  dxOrg = picture.dxOrg;
+  dyOrg = picture.dyOrg;
+  dataOrg = picture.dataOrg;
+  crc = picture.crc;
+  data = picture.data;
+  bits = picture.bits;
+  return status;
+}
+
+void ImageLibrary::ReadPictureFields(const std::string& path, Long& dx, Long& dy, Long bits, Long& libCrc,
+                                     Long& dxOrg, Long& dyOrg, std::vector<Byte>& dataOrg, Long& crc,
+                                     std::vector<Byte>& data) {
+  const LibraryPicture picture = ReadPicture(path, dx, dy, bits);
+  dx = picture.dx;
+  dy = picture.dy;
+  libCrc = picture.libCrc;
+  dxOrg = picture.dxOrg;
+  dyOrg = picture.dyOrg;
+  dataOrg = picture.dataOrg;
+  crc = picture.crc;
+  data = picture.data;
 }
 
 }  // namespace quenzel7::loomis2

@@ -12,6 +12,7 @@
 #include "platform/automation/call_by_name.h"
 #include "platform/automation/convert.h"
 #include "platform/platform.h"
+#include "tests/support/image_library_double.h"
 #include "tests/support/raises.h"
 
 namespace quenzel7 {
@@ -49,7 +50,7 @@ class NotingPanels final : public corvane1::PanelService {
 };
 
 /// Notes what it is given, and whether it is the thread's library then.
-class NotingLibrary final : public loomis2::ImageLibrary {
+class NotingLibrary final : public test::ImageLibraryDouble {
  public:
   Lines given;
   std::string failsAt;

@@ -4,6 +4,8 @@
 
 #include <thread>
 
+#include "tests/support/image_library_double.h"
+
 namespace quenzel7 {
 namespace {
 
@@ -17,7 +19,7 @@ TEST(LibraryStates, BeginEmpty) {
 }
 
 TEST(LibraryStates, AreOneSetPerThread) {
-  LibraryState::Current() = {1, 2, 3, 4, std::make_shared<loomis2::HeldImageLibrary>()};
+  LibraryState::Current() = {1, 2, 3, 4, std::make_shared<test::ImageLibraryDouble>()};
   std::thread([] {
     LibraryState& other = LibraryState::Current();
     EXPECT_EQ(other.CurrentPanelType, 0);

@@ -34,6 +34,7 @@ TEST_F(PlatformServices, AreCompleteFromTheBeginning) {
   EXPECT_NE(dynamic_cast<corvane1::CollectedHostFrame*>(platform.hostFrame.get()), nullptr);
   EXPECT_EQ(platform.crcService->Crc(std::vector<Byte>{'a', 'b', 'c'}), 0x352441C2);
   EXPECT_NE(platform.application->Path(), "");
+  EXPECT_EQ(platform.fileChooser->Choose({}), "");
 }
 
 TEST_F(PlatformServices, MakeANewImageLibraryEachTime) {
@@ -53,6 +54,19 @@ TEST_F(PlatformServices, MakeANewCompressorEachTime) {
   std::vector<Byte> block;
   EXPECT_EQ(first->Compress({'a'}, block), 0);
   EXPECT_EQ(std::string(block.begin(), block.begin() + 3), "Qz7");
+}
+
+TEST_F(PlatformServices, LetImageLibrariesAskTheFileChooserOfTheTimeOfTheirMaking) {
+  auto& platform = Platform::Current();
+  const auto earlier = std::make_shared<loomis2::PreparedFileChooser>();
+  platform.fileChooser = earlier;
+  const auto library = platform.newImageLibrary();
+  platform.fileChooser = std::make_shared<loomis2::PreparedFileChooser>();
+  earlier->Prepare("missing.bmp");
+  loomis2::LibraryPicture picture;
+  picture.bits = 16;
+  EXPECT_EQ(library->SelectImageFile(picture, 1, 1), loomis2::kImageFileNotFound);
+  EXPECT_EQ(library->SelectImageFile(picture, 1, 1), loomis2::kImageNotChosen);
 }
 
 TEST_F(PlatformServices, MakeANewTextPainterEachTime) {

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/loomis2/file_chooser.h"
+#include "platform/loomis2/image_library.h"
+#include "platform/loomis2/nearest_color.h"
+#include "platform/loomis2/picture.h"
+
+namespace quenzel7::loomis2 {
+
+/// The embedded image library: pictures from the files of the machine.
+///
+/// A path is that of an element: what stands behind its first ";" if there is one, looked for in Folder
+/// unless it begins at the root, then as it stands; backslashes are slashes. A size counts when both sides
+/// are from 1 to `kLongestSide` and the picture has no more than `kMostPixels`; larger ones have no room. The
+/// same goes for the sizes of files, `kMostFileBytes`. Where a bitmap is made it has 32 bits a pixel.
+class FileImageLibrary final : public ImageLibrary {
+ public:
+  static constexpr Long kLongestSide = 32767;
+  static constexpr std::int64_t kMostPixels = std::int64_t{1} << 26;
+
+  /// `chooser` lets the user choose files.
+  explicit FileImageLibrary(std::shared_ptr<FileChooser> chooser);
+  ~FileImageLibrary() override;
+
+  std::string Name() const override { return name_; }
+  void Name(const std::string& name) override { name_ = name; }
+  std::string Folder() const override { return folder_; }
+  void Folder(const std::string& folder) override { folder_ = folder; }
+  automation::Variant Palette() const override { return palette_; }
+  /// Keeps the colours as they are now. Error 13 when the value is no such array; the earlier palette stays
+  /// then. Only one of 1 to 256 colours serves for pictures.
+  void Palette(const automation::Variant& palette) override;
+
+  gdi::HBITMAP CreateBitmapFrom8bpp(const std::vector<Byte>& pixels, Long dx, Long dy) override;
+  gdi::HBITMAP CreateBitmapFrom16bpp(const std::vector<Byte>& pixels, Long dx, Long dy) override;
+  /// As `Resized`: the mean of what a pixel covers, or the pixel that its middle lies in.
+  gdi::HBITMAP StretchBitmap(gdi::HBITMAP bitmap, Long dx, Long dy) override;
+  /// Distances are those of CIELAB.
+  Long ConvertBitmapTo8bpp(Long conversionMode, gdi::HBITMAP bitmap, const automation::Variant& palette,
+                           Long dx, Long dy, std::vector<Byte>& pixels, Long& crc) override;
+  Long ConvertBitmapTo16bpp(gdi::HBITMAP bitmap, Long dx, Long dy, std::vector<Byte>& pixels,
+                            Long& crc) override;
+  /// Error diffusion for the photographs, "jpg" and "jpeg" files; the nearest colour for all others.
+  Long GetConversionMode(const std::string& path) override;
+  gdi::HBITMAP LoadResizedImage(const std::string& path, Long libCrc, Long dx, Long dy,
+                                Long& status) override;
+  /// The path of the picture begins with ";" when the chosen one has a ";" in it.
+  Long SelectImageFile(LibraryPicture& picture, Long dx, Long dy) override;
+  LibraryPicture ReadPicture(const std::string& path, Long dx, Long dy, Long bits) override;
+
+ private:
+  NearestColor& NearestIn(const PanelColors& colors);
+
+  std::string name_;
+  std::string folder_;
+  automation::Variant palette_;
+  std::shared_ptr<FileChooser> chooser_;
+  /// For the palette that was used last: making one anew takes longer than most pictures.
+  std::unique_ptr<NearestColor> nearest_;
+};
+
+}  // namespace quenzel7::loomis2
