@@ -21,6 +21,8 @@ struct LibraryState {
   Long StretchMode = 0;
   /// The pictures that elements share; none until set up.
   loomis2::ImageLibraryRef ImageLibrary;
+  /// Whether a picture of a variable could not be fitted to its new size since this was last looked at.
+  bool ImageResizeFailed = false;
 };
 
 }  // namespace quenzel7

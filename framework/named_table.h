@@ -40,6 +40,11 @@ struct NamedTable {
     return table;
   }
 
+  /// The table with an entry in another place, right after the one of that name.
+  constexpr NamedTable Moved(std::string_view name, std::string_view after) const {
+    return Without(name).WithAfter(after, entries[PlaceOf(name)]);
+  }
+
   /// The table followed by another.
   template <std::size_t M>
   constexpr NamedTable<Entry, N + M> Then(const NamedTable<Entry, M>& others) const {

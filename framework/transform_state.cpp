@@ -1,9 +1,16 @@
 #include "framework/transform_state.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <span>
+#include <type_traits>
+
 #include "framework/element_types.h"
 #include "framework/position.h"
 #include "platform/automation/arithmetic.h"
 #include "platform/automation/array.h"
+#include "platform/automation/convert.h"
 
 namespace quenzel7 {
 namespace {
@@ -52,16 +59,78 @@ enCollisionStatus JudgeLine(const Descriptor& p, const Limits& limits) {
   return LegalIf(endY >= -1 && ys < h && xs < w && endX >= -1);
 }
 
+constexpr Long kMark = 1;
+
+/// Whether a run of cells of a map, which all lie in it, holds the mark.
+template <class Cell>
+bool HoldsMark(std::span<const Cell> cells) {
+  if constexpr (std::is_same_v<Cell, Byte>) {
+    return !cells.empty() && std::memchr(cells.data(), kMark, cells.size()) != nullptr;
+  } else {
+    return std::find(cells.begin(), cells.end(), static_cast<Cell>(kMark)) != cells.end();
+  }
+}
+
+template <class Cell>
+bool HoldsMark(const automation::Array& map, const Descriptor& p) {
+  const std::span<const Cell> cells = map.Cells<Cell>();
+  const auto at = [&](Long x, Long y) {
+    const std::int64_t row = std::int64_t{map.UpperBound(1)} - map.LowerBound(1) + 1;
+    return static_cast<std::size_t>((std::int64_t{y} - map.LowerBound(2)) * row + x - map.LowerBound(1));
+  };
+  for (Long y = p.ys; y < p.ys + p.dy; ++y) {
+    if (HoldsMark(cells.subspan(at(p.xs, y), static_cast<std::size_t>(p.dx)))) return true;
+  }
+  return false;
+}
+
+bool HoldsMarkInAnyCells(const automation::Array& map, const Descriptor& p) {
+  for (Long x = p.xs; x < p.xs + p.dx; ++x) {
+    for (Long y = p.ys; y < p.ys + p.dy; ++y) {
+      if (automation::To<Double>(map.At(x, y)) == kMark) return true;
+    }
+  }
+  return false;
+}
+
+/// Whether a cell under a rectangle, which does not reach beyond the map's upper bounds, holds the mark.
+bool StandsOnMark(const automation::Array& map, const Descriptor& p) {
+  if (p.dx < 1 || p.dy < 1) return false;
+  map.At(p.xs, p.ys);  // Error 9 before the first cells.
+  switch (map.ElementKind()) {
+    case automation::VariantKind::Byte:
+      return HoldsMark<Byte>(map, p);
+    case automation::VariantKind::Integer:
+      return HoldsMark<Integer>(map, p);
+    case automation::VariantKind::Long:
+      return HoldsMark<Long>(map, p);
+    default:
+      return HoldsMarkInAnyCells(map, p);
+  }
+}
+
+Descriptor ProposedOf(const ItfHmiElement& element) {
+  Descriptor proposed;
+  element.GetBoundingRect(proposed.xs, proposed.ys, proposed.dx, proposed.dy, kTransformed);
+  return proposed;
+}
+
 }  // namespace
 
 enCollisionStatus GetElementTransformState(const ItfHmiElement& element,
                                            const automation::Variant& collisionMap) {
   const automation::Array& map = collisionMap.Elements();
   const Limits limits{map.UpperBound(1), map.UpperBound(2)};
-  Descriptor proposed;
-  element.GetBoundingRect(proposed.xs, proposed.ys, proposed.dx, proposed.dy, kTransformed);
+  const Descriptor proposed = ProposedOf(element);
   return element.ElementType() == kLineElement ? JudgeLine(proposed, limits)
                                                : JudgeRectangle(proposed, limits);
+}
+
+enCollisionStatus GetTouchTransformState(const ItfHmiElement& element,
+                                         const automation::Variant& collisionMap) {
+  const enCollisionStatus status = GetElementTransformState(element, collisionMap);
+  if (status == eCS_OutOfRAnge) return status;
+  return StandsOnMark(collisionMap.Elements(), ProposedOf(element)) ? eCS_Overlap : status;
 }
 
 }  // namespace quenzel7

@@ -15,4 +15,10 @@ namespace quenzel7 {
 enCollisionStatus GetElementTransformState(const ItfHmiElement& element,
                                            const automation::Variant& collisionMap);
 
+/// The same for an element that may not stand where the host has marked the map: one that is not out of range
+/// overlaps if a cell under it holds 1. Further errors: 9 when a pixel of the element lies before the first
+/// cells of the map, 13 and 94 for a cell that is no number.
+enCollisionStatus GetTouchTransformState(const ItfHmiElement& element,
+                                         const automation::Variant& collisionMap);
+
 }  // namespace quenzel7

@@ -1,5 +1,6 @@
 #include "platform/automation/convert.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <iterator>
@@ -192,5 +193,11 @@ Long LongFromText(const std::string& text) {
 }
 
 Variant FromBytes(const std::vector<Byte>& bytes) { return Array::OfBytes(bytes); }
+
+Variant FromLongs(const std::vector<Long>& numbers) {
+  Array array = Array::OfSize(VariantKind::Long, static_cast<Long>(numbers.size()));
+  std::copy(numbers.begin(), numbers.end(), array.Cells<Long>().begin());
+  return array;
+}
 
 }  // namespace quenzel7::automation

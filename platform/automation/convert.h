@@ -93,14 +93,19 @@ C& ToReference(const Variant& value) {
 
 /// A byte block as a variant that holds an array of bytes, indices from 0.
 Variant FromBytes(const std::vector<Byte>& bytes);
+/// 32-bit numbers as a variant that holds an array of them, indices from 0.
+Variant FromLongs(const std::vector<Long>& numbers);
 
-/// A C++ value as a variant; an enumeration becomes its number, a byte block an array of bytes.
+/// A C++ value as a variant; an enumeration becomes its number, a byte block an array of bytes, a vector of
+/// 32-bit numbers an array of those.
 template <class T>
 Variant From(const T& value) {
   if constexpr (std::is_enum_v<T>) {
     return Variant(static_cast<Long>(value));
   } else if constexpr (std::is_same_v<T, std::vector<Byte>>) {
     return FromBytes(value);
+  } else if constexpr (std::is_same_v<T, std::vector<Long>>) {
+    return FromLongs(value);
   } else {
     return Variant(value);
   }

@@ -38,6 +38,8 @@ constexpr TypeInfo TypeOf() {
     return {"String", nullptr, VariantKind::String};
   } else if constexpr (std::is_same_v<T, std::vector<Byte>>) {
     return {"Byte()", nullptr, VariantKind::Array};
+  } else if constexpr (std::is_same_v<T, std::vector<Long>>) {
+    return {"Long()", nullptr, VariantKind::Array};
   } else if constexpr (std::is_same_v<T, Variant>) {
     return {"Variant", nullptr, VariantKind::Variant};
   } else if constexpr (std::is_enum_v<T>) {
@@ -115,7 +117,7 @@ template <class Class, auto Function, class Result, class... P>
 constexpr Member MethodOf(std::string_view name, std::string_view documentation) {
   Member member;
   member.name = name;
-  member.type = TypeOf<Result>();
+  member.type = TypeOf<std::remove_cvref_t<Result>>();
   member.parameters = kParametersOf<P...>;
   member.documentation = documentation;
   member.method = [](Object& object, Arguments arguments) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "platform/gdi/gdi.h"
 
 /// Guards for work on memory contexts where the order of ending matters: declared in the order contexts,
@@ -34,6 +36,8 @@ class OwnedObject {
   OwnedObject& operator=(const OwnedObject&) = delete;
 
   HGDIOBJ Get() const { return object_; }
+  /// Gives the object away; it is the caller's to delete.
+  HGDIOBJ Release() { return std::exchange(object_, 0); }
   /// Deletes the object and takes another, or none (0).
   void Reset(HGDIOBJ object) {
     if (object_ != 0) DeleteObject(object_);

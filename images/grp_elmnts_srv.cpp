@@ -1,6 +1,8 @@
-#include "framework/grp_elmnts_srv.h"
+#include "images/grp_elmnts_srv.h"
 
 #include "framework/library_state.h"
+#include "images/image_list.h"
+#include "images/image_queries.h"
 #include "platform/automation/automation_error.h"
 #include "platform/automation/member.h"
 #include "platform/gdi/types.h"
@@ -18,18 +20,25 @@ constexpr Long kWhiteOnBlackPanel = 2;
 /// Where the pictures lie, seen from the program's folder.
 constexpr const char* kImageFolder = "\\..\\Data\\Images\\";
 
-/// In slot order: those operations on a project's pictures that are not there yet stand around
-/// GetImageLibCRC.
+using Srv = clsGrpElmntsSrv;
+
 constexpr automation::Member kMembers[] = {
-    Method<clsGrpElmntsSrv, &clsGrpElmntsSrv::ChangeHMIPanel>("ChangeHMIPanel",
-                                                              "Sets the panel that the project is for."),
-    Method<clsGrpElmntsSrv, &clsGrpElmntsSrv::InitImageLibrary>(
+    Method<Srv, &Srv::ChangeHMIPanel>("ChangeHMIPanel", "Sets the panel that the project is for."),
+    Method<Srv, &Srv::InitImageLibrary>(
         "InitImageLibrary",
         "Makes the image library with its name and the panel's colours, an array of Long."),
     automation::Property<loomis2::ImageLibraryRef>("ImageLibrary",
                                                    "The image library; none until it is made.",
-                                                   AUTOMATION_GETTER(clsGrpElmntsSrv, ImageLibrary), nullptr),
-    Method<clsGrpElmntsSrv, &clsGrpElmntsSrv::GetImageLibCRC>("GetImageLibCRC", "8209 whatever the picture."),
+                                                   AUTOMATION_GETTER(Srv, ImageLibrary), nullptr),
+    Method<Srv, &Srv::GetCRCsOfVarImages>("GetCRCsOfVarImages",
+                                          "The picture for each index of a variable; -1 where it has none."),
+    Method<Srv, &Srv::GetImageData8bppByCRC>("GetImageData8bppByCRC", "The panel pixels of a picture."),
+    Method<Srv, &Srv::GetImageLibCRC>("GetImageLibCRC", "8209 whatever the picture."),
+    Method<Srv, &Srv::GetImagePathFromDB>("GetImagePathFromDB", "The file that a picture came from."),
+    Method<Srv, &Srv::GetImageOriginalDimansions>("GetImageOriginalDimansions",
+                                                  "A picture's own size; both -1 when there is none."),
+    Method<Srv, &Srv::SaveToDbForBimaryHandler>("SaveToDbForBimaryHandler",
+                                                "Saves the pictures of a variable's list."),
 };
 
 }  // namespace
@@ -68,7 +77,29 @@ loomis2::ImageLibraryRef clsGrpElmntsSrv::ImageLibrary() const {
   return LibraryState::Current().ImageLibrary;
 }
 
-Long clsGrpElmntsSrv::GetImageLibCRC(Long) const {
+std::vector<Long> clsGrpElmntsSrv::GetCRCsOfVarImages(Long pElement_ID, Long pNumOfImages) const {
+  return quenzel7::GetCRCsOfVarImages(pElement_ID, pNumOfImages);
+}
+
+PixelBytes clsGrpElmntsSrv::GetImageData8bppByCRC(Long pCRC) const {
+  return quenzel7::GetImageData8bppByCRC(pCRC);
+}
+
+std::string clsGrpElmntsSrv::GetImagePathFromDB(Long pImageCRC) const {
+  return quenzel7::GetImagePathFromDB(pImageCRC);
+}
+
+void clsGrpElmntsSrv::GetImageOriginalDimansions(Long pCRC, Long& pDx, Long& pDy) const {
+  quenzel7::GetImageOriginalDimansions(pCRC, pDx, pDy);
+}
+
+void clsGrpElmntsSrv::SaveToDbForBimaryHandler(Long pElementID, enVarType pVarType,
+                                               automation::CollectionRef& pColImageList, Long pDx, Long pDy) {
+  SaveImageList(pElementID, pVarType, pColImageList, pDx, pDy);
+}
+
+Long clsGrpElmntsSrv::GetImageLibCRC(Long pImageCRC) const {
+  GetImageData8bppByCRC(pImageCRC);
   return static_cast<Long>(VariantKind::Array) + static_cast<Long>(VariantKind::Byte);
 }
 

@@ -1,4 +1,4 @@
-#include "framework/grp_elmnts_srv.h"
+#include "images/grp_elmnts_srv.h"
 
 #include <gtest/gtest.h>
 
@@ -13,6 +13,7 @@
 #include "platform/automation/convert.h"
 #include "platform/platform.h"
 #include "tests/support/image_library_double.h"
+#include "tests/support/project_fixture.h"
 #include "tests/support/raises.h"
 
 namespace quenzel7 {
@@ -99,7 +100,11 @@ TEST_F(LibraryServiceObject, HasThisSurfaceInSlotOrder) {
   EXPECT_EQ(service_.Class().Default().Name(), "_clsGrpElmntsSrv");
   EXPECT_EQ(service_.Class().Default().Slots(),
             (Lines{"call ChangeHMIPanel(Long)", "call InitImageLibrary(String, ByRef Variant)",
-                   "get ImageLibrary() As ImageLibrary", "call GetImageLibCRC(Long) As Long"}));
+                   "get ImageLibrary() As ImageLibrary", "call GetCRCsOfVarImages(Long, Long) As Long()",
+                   "call GetImageData8bppByCRC(Long) As Byte()", "call GetImageLibCRC(Long) As Long",
+                   "call GetImagePathFromDB(Long) As String",
+                   "call GetImageOriginalDimansions(Long, ByRef Long, ByRef Long)",
+                   "call SaveToDbForBimaryHandler(Long, enVarType, ByRef Collection, Long, Long)"}));
 }
 
 TEST_F(LibraryServiceObject, ItsMembersAreDocumentedAndUnmarked) {
@@ -108,11 +113,17 @@ TEST_F(LibraryServiceObject, ItsMembersAreDocumentedAndUnmarked) {
     words.push_back(std::string(member.name) + ": " + std::string(member.documentation));
     EXPECT_EQ(member.mark, automation::Mark::None) << member.name;
   }
-  EXPECT_EQ(words, (Lines{"ChangeHMIPanel: Sets the panel that the project is for.",
-                          "InitImageLibrary: Makes the image library with its name and the panel's colours, "
-                          "an array of Long.",
-                          "ImageLibrary: The image library; none until it is made.",
-                          "GetImageLibCRC: 8209 whatever the picture."}));
+  EXPECT_EQ(words,
+            (Lines{"ChangeHMIPanel: Sets the panel that the project is for.",
+                   "InitImageLibrary: Makes the image library with its name and the panel's colours, "
+                   "an array of Long.",
+                   "ImageLibrary: The image library; none until it is made.",
+                   "GetCRCsOfVarImages: The picture for each index of a variable; -1 where it has none.",
+                   "GetImageData8bppByCRC: The panel pixels of a picture.",
+                   "GetImageLibCRC: 8209 whatever the picture.",
+                   "GetImagePathFromDB: The file that a picture came from.",
+                   "GetImageOriginalDimansions: A picture's own size; both -1 when there is none.",
+                   "SaveToDbForBimaryHandler: Saves the pictures of a variable's list."}));
 }
 
 // The panel.
@@ -268,10 +279,6 @@ TEST_F(LibraryServiceObject, AProgramWithoutAFolderLeavesTheImageLibraryWithItsN
   EXPECT_EQ(service_.ImageLibrary(), library);
 }
 
-TEST_F(LibraryServiceObject, TheCrcOfALibraryPictureIsTheTypeNumberOfAByteArray) {
-  for (const Long crc : {-1, 0, 1, 0x3F3F3F3F}) EXPECT_EQ(service_.GetImageLibCRC(crc), 8209);
-}
-
 // Together.
 
 TEST_F(LibraryServiceObject, StartsWorkAsTheDocumentationShows) {
@@ -299,8 +306,7 @@ TEST(StartingWork, StandsInTheDocumentationAsItIsRunHere) {
   std::string body, line;
   while (std::getline(shown, line)) body += "  " + line + "\n";
   const std::string test = "StartsWorkAsTheDocumentationShows) {\n" + body + "  EXPECT_EQ(StateLine()";
-  EXPECT_NE(textOf(QUENZEL7_SOURCE_DIR "/tests/framework/grp_elmnts_srv_test.cpp").find(test),
-            std::string::npos)
+  EXPECT_NE(textOf(QUENZEL7_SOURCE_DIR "/tests/images/grp_elmnts_srv_test.cpp").find(test), std::string::npos)
       << body;
 }
 
@@ -312,7 +318,6 @@ TEST_F(LibraryServiceObject, IsReachedByName) {
   automation::InvokeByName(service_, "InitImageLibrary", {"plant", Palette(3)});
   const Variant library = automation::GetByName(service_, "ImageLibrary");
   EXPECT_EQ(automation::GetByName(*library.Object(), "Name"), Variant("plant"));
-  EXPECT_EQ(automation::InvokeByName(service_, "GetImageLibCRC", {Long{1}}), Variant(Long{8209}));
   EXPECT_EQ(test::ErrorOf([&] { automation::PutByName(service_, "ImageLibrary", library); }), 383);
 }
 
@@ -343,6 +348,16 @@ TEST_F(LibraryServiceObject, OfAnotherThreadHasItsOwn) {
   }).join();
   EXPECT_EQ(StateLine(), "2 9 8 2");
   EXPECT_EQ(service_.ImageLibrary()->Name(), "here");
+}
+
+class LibraryServiceObjectOfAProject : public test::ProjectTest {
+ protected:
+  clsGrpElmntsSrv service_;
+};
+
+TEST_F(LibraryServiceObjectOfAProject, TheCrcOfALibraryPictureIsTheTypeNumberOfAByteArray) {
+  for (const Long crc : {-1, 0, 1, 0x3F3F3F3F}) EXPECT_EQ(service_.GetImageLibCRC(crc), 8209);
+  EXPECT_EQ(automation::InvokeByName(service_, "GetImageLibCRC", {Long{1}}), Variant(Long{8209}));
 }
 
 }  // namespace

@@ -1,17 +1,21 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "framework/enums.h"
+#include "images/panel_pixels.h"
 #include "platform/automation/class_info.h"
+#include "platform/automation/collection.h"
 #include "platform/automation/object.h"
 #include "platform/automation/variant.h"
 #include "platform/loomis2/image_library.h"
 
 namespace quenzel7 {
 
-/// The object through which a host tells the library what holds for all its work: the panel and the image
-/// library. What it sets belongs to the thread (LibraryState): it is shared by all objects of this class and
-/// stays when they are released.
+/// The object through which a host tells the library what holds for all its work, the panel and the image
+/// library, and asks for pictures of the project. What it sets belongs to the thread (LibraryState): it is
+/// shared by all objects of this class and stays when they are released.
 class clsGrpElmntsSrv final : public automation::Object {
  public:
   static constexpr std::string_view kClassName = "clsGrpElmntsSrv";
@@ -40,9 +44,20 @@ class clsGrpElmntsSrv final : public automation::Object {
   /// The image library; none before InitImageLibrary.
   loomis2::ImageLibraryRef ImageLibrary() const;
 
-  /// 8209 whatever the picture: the number of the type of a byte array, which hosts are used to get here. As
-  /// long as the library does not read pictures from the project, none is read for it either.
+  /// The picture for each index of a variable from 0 on, -1 where it has none; empty for a number below 1.
+  std::vector<Long> GetCRCsOfVarImages(Long pElement_ID, Long pNumOfImages) const;
+  /// The pixels of a picture as the panel shows them; none when the project has no such picture.
+  PixelBytes GetImageData8bppByCRC(Long pCRC) const;
+  /// 8209 whatever the picture: the number of the type of a byte array, which hosts are used to get here. The
+  /// pixels are read all the same; errors of reading them.
   Long GetImageLibCRC(Long pImageCRC) const;
+  /// The file that a picture came from; empty when there is none.
+  std::string GetImagePathFromDB(Long pImageCRC) const;
+  /// A picture's own size, in pixels; both -1 when none in use has that CRC.
+  void GetImageOriginalDimansions(Long pCRC, Long& pDx, Long& pDy) const;
+  /// Saves the pictures of a variable's list, as SaveImageList tells.
+  void SaveToDbForBimaryHandler(Long pElementID, enVarType pVarType, automation::CollectionRef& pColImageList,
+                                Long pDx, Long pDy);
 };
 
 }  // namespace quenzel7

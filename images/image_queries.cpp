@@ -1,0 +1,143 @@
+#include "images/image_queries.h"
+
+#include <new>
+#include <stdexcept>
+
+#include "images/image_rows.h"
+#include "platform/automation/automation_error.h"
+
+namespace quenzel7 {
+namespace {
+
+std::string ImageQuery(const std::string& columns, Long crc) {
+  return "SELECT " + columns + " FROM ProjectImages WHERE CRC=" + std::to_string(crc);
+}
+
+std::string ImageInUseQuery(const std::string& columns, Long crc) {
+  return ImageQuery(columns, crc) + " AND RecordStatus=3";
+}
+
+PixelBytes PixelsOf(Long crc, const std::string& column) {
+  PixelBytes pixels;
+  ReadFirstImageRow(ImageQuery("CRC," + column, crc),
+                    [&](const ado::Recordset& row) { pixels = PixelsIn(row, column); });
+  return pixels;
+}
+
+std::string LinksQuery(const std::string& columns, Long elementId) {
+  return "SELECT " + columns + " FROM ElementsAndImages WHERE Element_ID=" + std::to_string(elementId);
+}
+
+std::string OrderedLinksQuery(Long elementId) {
+  return LinksQuery("Image_CRC,Image_Index", elementId) + " ORDER BY (Image_Index)";
+}
+
+/// Whether the project has the column for the bits of a pixel.
+bool ImagesTellBits() {
+  const ado::RecordsetRef rows =
+      OpenImageRows("SELECT * FROM ProjectImages WHERE RecordStatus=-1", ado::adOpenForwardOnly);
+  const Long columns = rows->FieldCount();
+  rows->Close();
+  return columns == kImageColumnsWithBits;
+}
+
+/// The pictures in the order of the rows.
+std::vector<Long> PicturesOf(const std::string& query) {
+  std::vector<Long> pictures;
+  const ado::RecordsetRef rows = OpenImageRows(query, ado::adOpenForwardOnly);
+  ForEachRow(*rows, [&](const ado::Recordset& row) { pictures.push_back(NumberIn(row, "Image_CRC")); });
+  rows->Close();
+  return pictures;
+}
+
+std::vector<Long> NoPictures(Long count) {
+  try {
+    return std::vector<Long>(static_cast<std::size_t>(count), kNoImage);
+  } catch (const std::bad_alloc&) {
+    throw automation::AutomationError(automation::ErrorNumber::OutOfMemory,
+                                      "no room for " + std::to_string(count) + " pictures of a variable");
+  }
+}
+
+}  // namespace
+
+PixelBytes GetImageData8bppByCRC(Long pCRC) { return PixelsOf(pCRC, "Data8bpp"); }
+
+PixelBytes GetImageDataORGByCRC(Long pCRC) { return PixelsOf(pCRC, "Data8bppORG"); }
+
+Long GetImageBitsByCRC(Long pCRC) {
+  Long bits = 0;
+  try {
+    ReadFirstImageRow(ImageQuery("CRC,[Bits]", pCRC), [&](const ado::Recordset& row) { bits = BitsIn(row); });
+  } catch (const automation::AutomationError&) {
+    // In a project from before pixels of two bytes, all have one.
+    if (ImagesTellBits()) throw;
+  }
+  return bits;
+}
+
+void GetImageOriginalDimansions(Long pCRC, Long& pDx, Long& pDy) {
+  pDx = pDy = -1;
+  ReadFirstImageRow(ImageInUseQuery("CRC,DxORG,DyORG", pCRC), [&](const ado::Recordset& row) {
+    pDx = NumberIn(row, "DxORG");
+    pDy = NumberIn(row, "DyORG");
+  });
+}
+
+void GetImageDimensions(Long pCRC, Long& pDx, Long& pDy) {
+  ReadFirstImageRow(ImageInUseQuery("Dx,Dy", pCRC), [&](const ado::Recordset& row) {
+    pDx = NumberIn(row, "Dx");
+    pDy = NumberIn(row, "Dy");
+  });
+}
+
+void GetImageRecord(Long pCRC, PixelBytes& pData, Long& pDx, Long& pDy) {
+  ReadFirstImageRow(ImageInUseQuery("*", pCRC), [&](const ado::Recordset& row) {
+    pData = PixelsIn(row, "Data8bpp");
+    pDx = NumberIn(row, "Dx");
+    pDy = NumberIn(row, "Dy");
+  });
+}
+
+Long GetImageLibCRC(Long pImageCRC) {
+  Long crc = kNoImage;
+  ReadFirstImageRow(ImageQuery("LibCRC", pImageCRC),
+                    [&](const ado::Recordset& row) { crc = NumberIn(row, "LibCRC"); });
+  return crc;
+}
+
+std::string GetImagePathFromDB(Long pImageCRC) {
+  std::string path;
+  ReadFirstImageRow(ImageQuery("ImagePath", pImageCRC),
+                    [&](const ado::Recordset& row) { path = TextIn(row, "ImagePath"); });
+  return path;
+}
+
+std::vector<Long> GetElementImageCRCs(Long pElement_ID) {
+  std::vector<Long> pictures = PicturesOf(OrderedLinksQuery(pElement_ID));
+  pictures.push_back(kNoImage);
+  return pictures;
+}
+
+std::vector<Long> GetDistinctElementImageCRCs(Long pElement_ID) {
+  return PicturesOf(LinksQuery("DISTINCT Image_CRC", pElement_ID));
+}
+
+std::vector<Long> GetCRCsOfVarImages(Long pElement_ID, Long pNumOfImages) {
+  if (pNumOfImages < 1) return {};
+  std::vector<Long> pictures = NoPictures(pNumOfImages);
+  const bool hasHoles =
+      CountOf(LinksQuery("COUNT(Image_CRC) as ActualCount", pElement_ID), "ActualCount") != pNumOfImages;
+  const ado::RecordsetRef rows = OpenImageRows(OrderedLinksQuery(pElement_ID), ado::adOpenForwardOnly);
+  for (Long place = 0; !rows->Eof(); ++place) {
+    const bool isHere = !hasHoles || NumberIn(*rows, "Image_Index") == place;
+    if (isHere && place < pNumOfImages) {
+      pictures[static_cast<std::size_t>(place)] = NumberIn(*rows, "Image_CRC");
+    }
+    if (isHere || place >= pNumOfImages) rows->MoveNext();
+  }
+  rows->Close();
+  return pictures;
+}
+
+}  // namespace quenzel7

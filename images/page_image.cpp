@@ -1,0 +1,64 @@
+#include "images/page_image.h"
+
+#include <memory>
+
+#include "images/image_links.h"
+
+namespace quenzel7 {
+namespace {
+
+using automation::Method;
+using Record = clsPageImage;
+
+constexpr auto kMembers = ImageRecordMembers<Record>::kCommon.Then(
+    MakeNamedTable(Method<Record, &Record::SaveToDB>("SaveToDB", "Saves the picture as one of a page's."),
+                   Method<Record, &Record::SaveToDBEx>(
+                       "SaveToDBEx", "Saves the picture as one of a page's, telling the bits of a pixel."),
+                   Method<Record, &Record::ReadImagePropsFromDB>(
+                       "ReadImagePropsFromDB", "Reads the picture of the CRC; False when there is none.")));
+
+}  // namespace
+
+const automation::ClassInfo& clsPageImage::ClassOf() {
+  static const automation::Interface interface("_clsPageImage", kMembers);
+  static const automation::Interface* const interfaces[] = {&interface};
+  static const automation::ClassInfo info{
+      kClassName, interfaces, []() -> automation::ObjectRef { return std::make_shared<Record>(); }};
+  return info;
+}
+
+void clsPageImage::SaveToDB(Long pPageID, Long pImageType, Long pDx, Long pDy) {
+  SaveToDBEx(pPageID, pImageType, pDx, pDy, 0);
+}
+
+void clsPageImage::SaveToDBEx(Long pPageID, Long pImageType, Long pDx, Long pDy, Long pBits) {
+  UpdatePageImage(ToSave(pDx, pDy, pBits));
+  WriteImageLink(PageImageLinkQuery(pPageID, pImageType), ado::adOpenDynamic,
+                 {{"Page_ID", pPageID},
+                  {"Image_Type", pImageType},
+                  {"TransparencyLevel", TransparencyLevel()},
+                  {"Image_CRC", CRC8bpp()}});
+}
+
+bool clsPageImage::ReadImagePropsFromDB(Long pImageType) {
+  const std::string crc = std::to_string(CRC8bpp());
+  const bool isThere = ReadFirstImageRow(
+      "SELECT * FROM ProjectImages WHERE CRC=" + crc + " AND RecordStatus=3", [&](const ado::Recordset& row) {
+        SourceCRC(NumberIn(row, "LibCRC"));
+        Path(TextIn(row, "ImagePath"));
+        DxORG(NumberIn(row, "DxORG"));
+        DyORG(NumberIn(row, "DyORG"));
+        SetData8bpp(PixelsIn(row, "Data8bpp"));
+        SetData8bppORG(PixelsIn(row, "Data8bppORG"));
+        Bits(BitsIn(row));
+      });
+  if (!isThere) return false;
+  TransparencyLevel(0);
+  ReadFirstImageRow(
+      "SELECT TransparencyLevel FROM PagesAndImages WHERE (Image_CRC=" + crc +
+          " AND Image_Type=" + std::to_string(pImageType) + ")",
+      [&](const ado::Recordset& row) { TransparencyLevel(NumberIn(row, "TransparencyLevel")); });
+  return true;
+}
+
+}  // namespace quenzel7
