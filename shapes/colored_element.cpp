@@ -18,10 +18,4 @@ void ColoredElement::CopyColors(const ColoredElement& source) {
   ColorForeTouch(source.ColorForeTouch());
 }
 
-gdi::LOGPEN ColoredElement::CurrentPen(Long hdc) {
-  gdi::LOGPEN pen{};
-  gdi::GetObjectA(gdi::GetCurrentObject(hdc, gdi::OBJ_PEN), sizeof pen, &pen);
-  return pen;
-}
-
 }  // namespace quenzel7

@@ -24,8 +24,6 @@ class ColoredElement : public PositionedElement {
   /// Copies the colours through the writers of the default interface.
   void CopyColors(const ColoredElement& source);
 
-  /// The pen that is selected in the context.
-  static gdi::LOGPEN CurrentPen(Long hdc);
   /// A panel colour as the graphics interface takes it.
   std::uint32_t Rgb(Long panelColor) const { return colorService_->GetColor(panelColor); }
   /// The service that the element keeps for its life.

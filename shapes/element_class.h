@@ -3,9 +3,12 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <vector>
 
 #include "framework/element_contract.h"
 #include "framework/element_types.h"
+#include "images/itf_image.h"
 #include "platform/automation/class_info.h"
 
 namespace quenzel7 {
@@ -20,11 +23,16 @@ inline constexpr std::string_view kOwnVisibleOpAddrText =
 template <class Element, class Base, ElementTypeNumber Type, template <class> class Members>
 class ElementClass : public Base {
  public:
-  /// What hosts see of the class: the default interface first, then the element contract.
+  /// What hosts see of the class: the default interface first, then the element contract, then that of a
+  /// picture if it has one.
   static const automation::ClassInfo& ClassOf() {
     static const std::string interfaceName = "_" + std::string(Element::kClassName);
     static const automation::Interface interface(interfaceName, Members<Element>::kMembers);
-    static const automation::Interface* const interfaces[] = {&interface, &ItfHmiElement::InterfaceOf()};
+    static const std::vector<const automation::Interface*> interfaces = [] {
+      std::vector all{&interface, &ItfHmiElement::InterfaceOf()};
+      if constexpr (std::is_base_of_v<ItfImage, Element>) all.push_back(&ItfImage::InterfaceOf<Element>());
+      return all;
+    }();
     static const automation::ClassInfo info{Element::kClassName, interfaces, []() -> automation::ObjectRef {
                                               return std::make_shared<Element>();
                                             }};
@@ -40,7 +48,7 @@ class ElementClass : public Base {
   Long ItfHmiElement_ElementType() const override { return Type; }
   std::shared_ptr<ItfHmiElement> ItfHmiElement_Replica() override {
     auto copy = std::make_shared<Element>();
-    this->CopyTo(*copy);
+    static_cast<const Element&>(*this).CopyTo(*copy);
     return copy;
   }
 };

@@ -14,25 +14,35 @@ namespace quenzel7 {
 inline constexpr Long kElementDefaults = 6000;
 
 /// The keys in that section: name, number, type of the value.
-#define QUENZEL7_ELEMENT_DEFAULTS(KEY)    \
-  KEY(FrameColorBack, 6018, Long)         \
-  KEY(FrameColorFore, 6019, Long)         \
-  KEY(TextColorBack, 6020, Long)          \
-  KEY(TextColorFore, 6021, Long)          \
-  KEY(LineColor, 6022, Long)              \
-  KEY(FrameAlignment, 6039, Integer)      \
-  KEY(TextAlignment, 6040, Integer)       \
-  KEY(FrameStyle, 6042, Long)             \
-  KEY(TextStyle, 6043, Long)              \
-  KEY(FlatFrameColorBack, 6045, Long)     \
-  KEY(FlatTextColorBack, 6046, Long)      \
-  KEY(LineWidth, 6049, Long)              \
-  KEY(RectangleWidth, 6050, Long)         \
-  KEY(RectangleColor, 6051, Long)         \
-  KEY(RoundRectColor, 6052, Long)         \
-  KEY(EllipseColor, 6053, Long)           \
-  KEY(FlatTextColorBackTouch, 6057, Long) \
-  KEY(TextColorBackTouch, 6058, Long)     \
+#define QUENZEL7_ELEMENT_DEFAULTS(KEY)      \
+  KEY(ButtonColorBack, 6016, Long)          \
+  KEY(ButtonColorFore, 6017, Long)          \
+  KEY(FrameColorBack, 6018, Long)           \
+  KEY(FrameColorFore, 6019, Long)           \
+  KEY(TextColorBack, 6020, Long)            \
+  KEY(TextColorFore, 6021, Long)            \
+  KEY(LineColor, 6022, Long)                \
+  KEY(ButtonAlignment, 6038, Integer)       \
+  KEY(FrameAlignment, 6039, Integer)        \
+  KEY(TextAlignment, 6040, Integer)         \
+  KEY(ButtonStyle, 6041, Long)              \
+  KEY(FrameStyle, 6042, Long)               \
+  KEY(TextStyle, 6043, Long)                \
+  KEY(FlatButtonColorBack, 6044, Long)      \
+  KEY(FlatFrameColorBack, 6045, Long)       \
+  KEY(FlatTextColorBack, 6046, Long)        \
+  KEY(ButtonTransparency, 6047, Long)       \
+  KEY(BitmapTransparency, 6048, Long)       \
+  KEY(LineWidth, 6049, Long)                \
+  KEY(RectangleWidth, 6050, Long)           \
+  KEY(RectangleColor, 6051, Long)           \
+  KEY(RoundRectColor, 6052, Long)           \
+  KEY(EllipseColor, 6053, Long)             \
+  KEY(FlatButtonColorBackTouch, 6054, Long) \
+  KEY(ButtonColorBackTouch, 6055, Long)     \
+  KEY(ButtonColorForeTouch, 6056, Long)     \
+  KEY(FlatTextColorBackTouch, 6057, Long)   \
+  KEY(TextColorBackTouch, 6058, Long)       \
   KEY(TextColorForeTouch, 6059, Long)
 
 /// Their names.

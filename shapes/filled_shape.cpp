@@ -5,6 +5,7 @@
 #include "platform/automation/arithmetic.h"
 #include "platform/gdi/gdi.h"
 #include "platform/gdi/selected.h"
+#include "shapes/current_pen.h"
 #include "shapes/pick_ups.h"
 
 namespace quenzel7 {

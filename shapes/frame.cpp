@@ -1,7 +1,5 @@
 #include "shapes/frame.h"
 
-#include <optional>
-
 #include "platform/automation/arithmetic.h"
 #include "platform/gdi/gdi.h"
 #include "platform/gdi/selected.h"
@@ -39,13 +37,6 @@ struct clsFrame::Columns : TextColumns<clsFrame> {
 // clang-format on
 
 struct clsFrame::Operands : TextOperands<clsFrame> {
-  /// A touch that opens a keypad has no operand of its own, and so nothing to bring back.
-  static constexpr Long kKeypad = -2;
-
-  static constexpr ElementOperand<clsFrame> kTouchWithBag = {
-      kTouch.purpose, kTouch.address, kTouch.type, Always<clsFrame>,
-      [](const clsFrame& frame) { return frame.HasTouchOperand() && frame.touchOprndAddr_ != kKeypad; }};
-
   static constexpr ElementOperand<clsFrame> kTable[] = {kTouchWithBag, kStorageString};
 };
 
@@ -76,8 +67,10 @@ void clsFrame::GetOptimalDimensions(Long& pDx, Long& pDy) const {
 void clsFrame::ItfHmiElement_Draw(Long pHdc, bool) {
   switch (flat3D_) {
     case kFlat:
+      DrawFlatFrame(pHdc, Displayed(), Rgb(colorBack_));
+      break;
     case kBoxed:
-      PaintBody(pHdc);
+      DrawPlainFrame(pHdc, Displayed(), Rgb(colorBack_));
       break;
     case kRaised:
       DrawRaisedFrame(pHdc, Displayed(), colorBack_, ColorsToPaint());
@@ -89,18 +82,6 @@ void clsFrame::ItfHmiElement_Draw(Long pHdc, bool) {
       return;
   }
   if (HasText()) PaintCaption(pHdc);
-}
-
-void clsFrame::PaintBody(Long hdc) const {
-  const std::uint32_t color = Rgb(colorBack_);
-  std::optional<gdi::SelectedPen> pen;
-  if (flat3D_ == kFlat) {
-    const gdi::LOGPEN line{gdi::PS_SOLID, {1, 0}, color};
-    pen.emplace(hdc, gdi::CreatePenIndirect(&line));
-  }
-  const gdi::SelectedBrush brush(hdc, gdi::CreateSolidBrush(color));
-  const auto [xs, ys, dx, dy] = Displayed();
-  gdi::Rectangle(hdc, xs, ys, Add(xs, dx), Add(ys, dy));
 }
 
 void clsFrame::PaintCaption(Long hdc) const {

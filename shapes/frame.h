@@ -50,7 +50,6 @@ class clsFrame final : public ElementClass<clsFrame, TextBearingElement, kFrameE
   struct Columns;
   struct Operands;
 
-  void PaintBody(Long hdc) const;
   void PaintCaption(Long hdc) const;
 
   void ReportOperands(ElementReport& report) const override;

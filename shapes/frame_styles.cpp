@@ -88,6 +88,18 @@ void DrawSunkenFrame(Long hdc, const Descriptor& place, Long panelColor, corvane
   FillFace(hdc, frame, kSunkenFarInset, colors.Get3DFaceColor(panelColor));
 }
 
+void DrawFlatFrame(Long hdc, const Descriptor& place, std::uint32_t color) {
+  const gdi::LOGPEN line{gdi::PS_SOLID, {1, 0}, color};
+  const gdi::SelectedPen pen(hdc, gdi::CreatePenIndirect(&line));
+  DrawPlainFrame(hdc, place, color);
+}
+
+void DrawPlainFrame(Long hdc, const Descriptor& place, std::uint32_t color) {
+  const gdi::SelectedBrush brush(hdc, gdi::CreateSolidBrush(color));
+  const gdi::RECT box = BoxOf(place);
+  gdi::Rectangle(hdc, box.left, box.top, box.right, box.bottom);
+}
+
 void FillPlace(Long hdc, const Descriptor& place, std::uint32_t color) { Fill(hdc, BoxOf(place), color); }
 
 }  // namespace quenzel7

@@ -32,6 +32,13 @@ void DrawRaisedFrame(Long hdc, const Descriptor& place, Long panelColor, corvane
 /// Paints a sunken frame and its face over the place. Errors as above.
 void DrawSunkenFrame(Long hdc, const Descriptor& place, Long panelColor, corvane1::ColorService& colors);
 
+/// Paints a rectangle and its border over the place, the border in the same colour, 0x00BBGGRR. Errors as
+/// above.
+void DrawFlatFrame(Long hdc, const Descriptor& place, std::uint32_t color);
+
+/// The same with a border of the context's pen.
+void DrawPlainFrame(Long hdc, const Descriptor& place, std::uint32_t color);
+
 /// Fills the place in one colour, 0x00BBGGRR, edges to the right and below left out. Errors as above.
 void FillPlace(Long hdc, const Descriptor& place, std::uint32_t color);
 

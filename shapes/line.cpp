@@ -5,6 +5,7 @@
 #include "framework/geometry.h"
 #include "platform/automation/arithmetic.h"
 #include "platform/gdi/selected.h"
+#include "shapes/current_pen.h"
 #include "shapes/line_geometry.h"
 
 namespace quenzel7 {

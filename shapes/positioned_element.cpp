@@ -70,6 +70,7 @@ bool PositionedElement::SaveToDB() {
   row->Update();
   ReadBack(*row);
   row->Close();
+  SaveParts();
   NotifyElementChanged(id_);
   if (isNew) NotifyPageChanged(CurrentDisplayID());
   return true;
@@ -85,16 +86,27 @@ void PositionedElement::ReadBack(const ado::Recordset& row) {
 }
 
 void PositionedElement::ItfHmiElement_DeleteFromDB() {
+  DeleteDownload();
+  DeleteRow();
+  DeleteOperands();
+  NotifyPageChanged(CurrentDisplayID());
+}
+
+void PositionedElement::DeleteDownload() const {
   const ado::ConnectionRef connection = ProjectConnection();
-  const std::string id = std::to_string(id_);
-  const auto row = connection->Execute("SELECT * FROM HMI_Elements WHERE ID=" + id);
+  const auto row = connection->Execute("SELECT * FROM HMI_Elements WHERE ID=" + std::to_string(id_));
   const Long guid = automation::To<Long>(row->Get("Guid"));
   row->Close();
   connection->Execute("DELETE FROM DownloadDLUs WHERE GUID = " + std::to_string(guid));
-  connection->Execute("DELETE * FROM HMI_Elements WHERE ID=" + id);
+}
+
+void PositionedElement::DeleteRow() const {
+  ProjectConnection()->Execute("DELETE * FROM HMI_Elements WHERE ID=" + std::to_string(id_));
+}
+
+void PositionedElement::DeleteOperands() const {
   RemoveAllOperandRows(id_);
   ReleaseOperands();
-  NotifyPageChanged(CurrentDisplayID());
 }
 
 void PositionedElement::ReleaseOperands() const {

@@ -55,6 +55,14 @@ class PositionedElement : public ItfHmiElement {
   /// Takes from a row just written what only the database knows: its key. Errors of ReadColumns; the row is
   /// written by then.
   virtual void ReadBack(const ado::Recordset& row);
+  /// Saves what the element keeps outside its row, once the row stands; nothing, unless the class tells
+  /// otherwise. Its key is known by then, and the host is told of the change afterwards.
+  virtual void SaveParts() {}
+  /// Forgets what the panel has of the element.
+  void DeleteDownload() const;
+  void DeleteRow() const;
+  /// Removes the rows of all operands, and takes those that the element has out of the project.
+  void DeleteOperands() const;
   /// Takes the operands of the deleted element out of the project.
   virtual void ReleaseOperands() const;
   void ReleaseTouchOperand() const;

@@ -123,10 +123,14 @@ void TextBearingElement::ChooseLibraryText() {
   if (font != kNone) fontNumber_ = font;
 }
 
-corvane1::TextExtent TextBearingElement::FullSize() const {
-  if (ShowsLibraryText() && !HasStorageOperand()) return RoomForAllLanguages(storageStringId_, fontNumber_);
+corvane1::TextExtent TextBearingElement::FullSizeOfText() const {
   const auto [xs, ys, dx, dy] = Displayed();
   return Fitted(text_, {xs, ys, Add(xs, dx), Add(ys, dy)}, fontNumber_).full;
+}
+
+corvane1::TextExtent TextBearingElement::FullSize() const {
+  if (ShowsLibraryText() && !HasStorageOperand()) return RoomForAllLanguages(storageStringId_, fontNumber_);
+  return FullSizeOfText();
 }
 
 void TextBearingElement::ItfHmiElement_GetOptimalDimensions(Long& pXs, Long& pYs, Long& pDx,

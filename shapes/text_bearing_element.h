@@ -7,6 +7,7 @@
 #include "platform/corvane1/text_painter.h"
 #include "platform/gdi/selected.h"
 #include "shapes/colored_element.h"
+#include "shapes/current_pen.h"
 #include "shapes/element_report.h"
 #include "shapes/element_setting.h"
 #include "shapes/frame_styles.h"
@@ -68,7 +69,9 @@ class TextBearingElement : public ColoredElement {
   /// Takes text and font of the library's string in the language that needs the most room, when the element
   /// shows one.
   void ChooseLibraryText();
-  /// The room that the whole text needs, in all languages, without a frame.
+  /// The room that the whole text needs, without a frame.
+  corvane1::TextExtent FullSizeOfText() const;
+  /// The same in all languages.
   corvane1::TextExtent FullSize() const;
 
   /// Whether the string is picked at run time by an operand.
@@ -209,6 +212,12 @@ struct TextBearingElement::TextColumns : ColorColumns<Element> {
 
 template <class Element>
 struct TextBearingElement::TextOperands : PresentOperands<Element> {
+  /// A touch that opens a keypad has no operand of its own, and so nothing to bring back.
+  static constexpr Long kKeypad = -2;
+  /// The touch operand of a class that always has a bag for it.
+  static constexpr ElementOperand<Element> kTouchWithBag = {
+      eOP_TouchOperand, &Element::touchOprndAddr_, nullptr, Always<Element>,
+      [](const Element& element) { return element.HasTouchOperand() && element.touchOprndAddr_ != kKeypad; }};
   /// The operand that picks the string.
   static constexpr ElementOperand<Element> kStorageString = {
       eOP_StorageStringIdOperand, &Element::storageStringId_, &Element::storageStringType_,

@@ -24,7 +24,6 @@ class Lamp final : public ColoredElement {
 
   using ColoredElement::ColorsToPaint;
   using ColoredElement::CopyColors;
-  using ColoredElement::CurrentPen;
   using ColoredElement::Rgb;
 
   const automation::ClassInfo& Class() const override {
@@ -125,32 +124,6 @@ TEST_F(ColoredElements, HoldTheColourServiceForTheirLife) {
     EXPECT_FALSE(kept.expired());
   }
   EXPECT_TRUE(kept.expired());
-}
-
-TEST_F(ColoredElements, SeeThePenOfAContext) {
-  const gdi::Surface surface(2, 2);
-  const gdi::LOGPEN line{gdi::PS_DASH, {3, 0}, 0x123456};
-  const gdi::SelectedPen pen(surface.Dc(), gdi::CreatePenIndirect(&line));
-  const gdi::LOGPEN seen = Lamp::CurrentPen(surface.Dc());
-  EXPECT_EQ(seen.lopnStyle, line.lopnStyle);
-  EXPECT_EQ(seen.lopnWidth.x, 3);
-  EXPECT_EQ(seen.lopnWidth.y, 0);
-  EXPECT_EQ(seen.lopnColor, 0x123456u);
-}
-
-TEST_F(ColoredElements, SeeABlankPenInAContextThatIsNone) {
-  const gdi::LOGPEN seen = Lamp::CurrentPen(0);
-  EXPECT_EQ(seen.lopnStyle, 0u);
-  EXPECT_EQ(seen.lopnWidth.x, 0);
-  EXPECT_EQ(seen.lopnWidth.y, 0);
-  EXPECT_EQ(seen.lopnColor, 0u);
-}
-
-TEST_F(ColoredElements, AskForThePenByTwoCalls) {
-  const gdi::Surface surface(2, 2);
-  gdi::Recorder recorder;
-  Lamp::CurrentPen(surface.Dc());
-  EXPECT_EQ(recorder.Calls(), (Lines{"GetCurrentObject(dc:1, 1)", "GetObjectA(stock:7, 16)"}));
 }
 
 }  // namespace

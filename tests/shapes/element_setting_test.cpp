@@ -91,22 +91,32 @@ TEST_F(ElementSettings, HaveTheseKeys) {
     ElementDefault key;
     Long number;
   };
-  const std::vector<Row> rows{Row{FrameColorBack, 6018},
+  const std::vector<Row> rows{Row{ButtonColorBack, 6016},
+                              Row{ButtonColorFore, 6017},
+                              Row{FrameColorBack, 6018},
                               Row{FrameColorFore, 6019},
                               Row{TextColorBack, 6020},
                               Row{TextColorFore, 6021},
                               Row{LineColor, 6022},
+                              Row{ButtonAlignment, 6038},
                               Row{FrameAlignment, 6039},
                               Row{TextAlignment, 6040},
+                              Row{ButtonStyle, 6041},
                               Row{FrameStyle, 6042},
                               Row{TextStyle, 6043},
+                              Row{FlatButtonColorBack, 6044},
                               Row{FlatFrameColorBack, 6045},
                               Row{FlatTextColorBack, 6046},
+                              Row{ButtonTransparency, 6047},
+                              Row{BitmapTransparency, 6048},
                               Row{LineWidth, 6049},
                               Row{RectangleWidth, 6050},
                               Row{RectangleColor, 6051},
                               Row{RoundRectColor, 6052},
                               Row{EllipseColor, 6053},
+                              Row{FlatButtonColorBackTouch, 6054},
+                              Row{ButtonColorBackTouch, 6055},
+                              Row{ButtonColorForeTouch, 6056},
                               Row{FlatTextColorBackTouch, 6057},
                               Row{TextColorBackTouch, 6058},
                               Row{TextColorForeTouch, 6059}};
@@ -127,7 +137,8 @@ TEST_F(ElementSettings, AreAllRequiredAsTheyAreRead) {
     EXPECT_EQ(settings->asked, std::vector<std::string>{"6000/" + number + "/0"});
     // Only alignments are numbers of 16 bits.
     Platform::Current().settings = std::make_shared<OneText>("32768");
-    const bool isAlignment = key == ElementDefault::FrameAlignment || key == ElementDefault::TextAlignment;
+    const bool isAlignment = key == ElementDefault::ButtonAlignment ||
+                             key == ElementDefault::FrameAlignment || key == ElementDefault::TextAlignment;
     EXPECT_EQ(test::ErrorOf(require), isAlignment ? 6 : 0) << number;
     Platform::Current().settings = std::make_shared<OneText>("x");
     EXPECT_EQ(test::ErrorOf(require), 13) << number;

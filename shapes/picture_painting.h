@@ -1,0 +1,18 @@
+#pragma once
+
+#include "images/panel_pixels.h"
+#include "platform/corvane1/color_service.h"
+#include "platform/gdi/types.h"
+
+/// How elements paint a picture of the project.
+namespace quenzel7 {
+
+/// Paints the bitmap in its own size at a point in panel pixels.
+void PaintOpaquePicture(Long hdc, Long x, Long y, gdi::HBITMAP bitmap);
+
+/// Paints the bitmap in its own size at a point; its pixels of the colour of its first one, whatever that is,
+/// let the background show. The bitmap stays as it is. `pixels` are those it was made of.
+void PaintTransparentPicture(Long hdc, Long x, Long y, gdi::HBITMAP bitmap, const PixelBytes& pixels,
+                             Long bits, corvane1::ColorService& colors);
+
+}  // namespace quenzel7
