@@ -1,41 +1,61 @@
 #include "platform/loomis2/picture_file.h"
 
-#include "platform/automation/automation_error.h"
+#include <string>
+#include <string_view>
+
+#include "platform/loomis2/begins_with.h"
+#include "platform/loomis2/bmp_reader.h"
+#include "platform/loomis2/gif_reader.h"
+#include "platform/loomis2/icon_reader.h"
+#include "platform/loomis2/invalid_picture.h"
+#include "platform/loomis2/jpeg_reader.h"
 
 namespace quenzel7::loomis2 {
 namespace {
 
-constexpr std::size_t kHeaderBytes = 54;
-constexpr std::int64_t kMostPixels = 1 << 26;
+using std::string_view_literals::operator""sv;
 
-std::int64_t Number(std::span<const Byte> file, std::size_t at, int bytes) {
-  std::uint32_t number = 0;
-  for (int i = 0; i < bytes; ++i) number |= std::uint32_t{file[at + static_cast<std::size_t>(i)]} << 8 * i;
-  return static_cast<std::int32_t>(number);
-}
+struct Reader {
+  std::string_view mark;
+  Picture (*read)(std::span<const Byte> file);
+};
 
-[[noreturn]] void Raise(const char* what) {
-  throw automation::AutomationError(automation::ErrorNumber::InvalidPicture, what);
-}
+constexpr Reader kReaders[] = {
+    {"BM"sv, &ReadBmp},
+    {"GIF87a"sv, &ReadGif},
+    {"GIF89a"sv, &ReadGif},
+    {"\xFF\xD8\xFF"sv, &ReadJpeg},
+    {"\x00\x00\x01\x00"sv, &ReadIcon},
+    {"\x00\x00\x02\x00"sv, &ReadIcon},
+};
+
+struct Metafile {
+  std::string_view mark;
+  std::string_view name;
+  std::size_t at = 0;  ///< the second mark's place
+  std::string_view secondMark = {};
+};
+
+constexpr Metafile kMetafiles[] = {
+    {"\xD7\xCD\xC6\x9A"sv, "a placeable wmf file"},
+    {"\x01\x00\x09\x00"sv, "a wmf file"},
+    {"\x02\x00\x09\x00"sv, "a wmf file"},
+    {"\x01\x00\x00\x00"sv, "an emf file", 40, " EMF"sv},
+};
 
 }  // namespace
 
 Picture DecodePicture(std::span<const Byte> file) {
-  if (file.size() < kHeaderBytes || file[0] != 'B' || file[1] != 'M') Raise("the file is no picture");
-  const std::int64_t begin = Number(file, 10, 4), width = Number(file, 18, 4), height = Number(file, 22, 4);
-  if (Number(file, 28, 2) != 24 || Number(file, 30, 4) != 0) Raise("the form of the bitmap is not known");
-  if (begin < 0 || width <= 0 || height <= 0 || width > kMostPixels / height) Raise("the bitmap has no size");
-  const std::int64_t rowBytes = (width * 3 + 3) / 4 * 4;
-  if (begin + rowBytes * height > static_cast<std::int64_t>(file.size())) Raise("the bitmap is cut off");
-  Picture picture{static_cast<Long>(width), static_cast<Long>(height), {}};
-  picture.pixels.reserve(static_cast<std::size_t>(width * height));
-  for (std::int64_t y = height - 1; y >= 0; --y) {
-    for (std::int64_t x = 0; x < width; ++x) {
-      const Byte* pixel = &file[static_cast<std::size_t>(begin + y * rowBytes + x * 3)];
-      picture.pixels.push_back(std::uint32_t{pixel[2]} << 16 | pixel[1] << 8 | pixel[0]);
+  for (const Reader& reader : kReaders) {
+    if (BeginsWith(file, reader.mark)) return reader.read(file);
+  }
+  for (const Metafile& metafile : kMetafiles) {
+    if (file.size() >= metafile.at && BeginsWith(file, metafile.mark) &&
+        BeginsWith(file.subspan(metafile.at), metafile.secondMark)) {
+      RefusePicture("metafiles cannot be read yet: this is " + std::string(metafile.name));
     }
   }
-  return picture;
+  RefusePicture("this is no picture that can be read: expected bmp, gif, jpg, ico or cur");
 }
 
 }  // namespace quenzel7::loomis2
