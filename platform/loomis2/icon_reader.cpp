@@ -23,7 +23,7 @@ constexpr std::uint32_t kAlphaMask = 0xFF000000;
 struct IconPicture {
   std::span<const Byte> bytes;
   std::string name;
-  std::int64_t pixels = 0;
+  std::uint64_t pixels = 0;  ///< of a measure below 0 very many, and refused once they are read
   int bitsPerPixel = 0;
 };
 
@@ -44,11 +44,11 @@ void MeasurePng(IconPicture& picture) {
   ByteReader reader(picture.bytes, picture.name);
   reader.Seek(16);
   const auto number = [&reader] {
-    std::int64_t value = 0;
+    std::uint64_t value = 0;
     for (const Byte byte : reader.Take(4)) value = value << 8 | byte;
     return value;
   };
-  const std::int64_t width = number();
+  const std::uint64_t width = number();
   picture.pixels = width * number();
   const int bits = reader.U8(), colorType = reader.U8();
   constexpr int kChannels[] = {1, 0, 3, 1, 2, 0, 4};
@@ -67,7 +67,7 @@ IconPicture ReadEntry(ByteReader& reader, int number) {
   } else {
     ByteReader own(picture.bytes, picture.name);
     const DibHeader header = ReadDoubledHeader(own, picture.name);
-    picture.pixels = header.width * header.height;
+    picture.pixels = static_cast<std::uint64_t>(header.width * header.height);
     picture.bitsPerPixel = header.bitsPerPixel;
   }
   return picture;

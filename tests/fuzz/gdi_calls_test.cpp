@@ -3,32 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
 #include "platform/gdi/gdi.h"
 #include "platform/gdi/recorder.h"
+#include "tests/support/stored_inputs.h"
 
 namespace quenzel7::fuzz {
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
-
-std::vector<std::filesystem::path> StoredInputs() {
-  std::vector<std::filesystem::path> inputs;
-  const auto folder = std::filesystem::path(QUENZEL7_SOURCE_DIR) / "fuzz/corpus/gdi";
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) inputs.push_back(entry.path());
-  std::sort(inputs.begin(), inputs.end());
-  return inputs;
-}
-
-Bytes Contents(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
 
 /// The calls that bytes stand for, without those that the session makes of itself.
 std::vector<std::string> CallsOf(const Bytes& bytes) {
@@ -46,10 +31,10 @@ bool Calls(const std::vector<std::string>& calls, const std::string& beginning) 
 
 TEST(RunGdiCalls, StoredInputsKeepEveryPromise) {
   const std::size_t before = gdi::LiveObjects();
-  const auto inputs = StoredInputs();
+  const auto inputs = test::StoredInputs("gdi");
   EXPECT_GE(inputs.size(), 50u);
   for (const auto& input : inputs) {
-    EXPECT_EQ(RunGdiCalls(Contents(input)), "") << input.filename();
+    EXPECT_EQ(RunGdiCalls(test::Contents(input)), "") << input.filename();
     EXPECT_EQ(gdi::LiveObjects(), before) << input.filename();
   }
 }

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <fstream>
 #include <new>
 #include <string>
@@ -11,50 +10,16 @@
 #include "platform/gdi/selected.h"
 #include "tests/platform/gdi/font_samples.h"
 #include "tests/platform/gdi/picture.h"
+#include "tests/support/failing_memory.h"
 
-// What calls do where memory cannot be had. In a program of its own, since it puts an allocation in the place
-// of that of the language.
-
-namespace {
-
-/// How many more allocations of the thread succeed before one fails; negative: all do.
-thread_local int allocationsLeft = -1;
-
-/// Lets one allocation fail after so many have succeeded, until it ends.
-class Failing {
- public:
-  explicit Failing(int after) { allocationsLeft = after; }
-  ~Failing() { allocationsLeft = -1; }
-  Failing(const Failing&) = delete;
-  Failing& operator=(const Failing&) = delete;
-};
-
-}  // namespace
-
-// Not inlined, so that the compiler sees them as the pair that they are.
-[[gnu::noinline]] void* operator new(std::size_t size) {
-  if (allocationsLeft == 0) {
-    allocationsLeft = -1;
-    throw std::bad_alloc();
-  }
-  if (allocationsLeft > 0) --allocationsLeft;
-  void* memory = std::malloc(size != 0 ? size : 1);
-  if (memory == nullptr) throw std::bad_alloc();
-  return memory;
-}
-// The form that gives null goes the same way, or a sanitizer's own would make what is freed here.
-[[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  try {
-    return operator new(size);
-  } catch (const std::bad_alloc&) {
-    return nullptr;
-  }
-}
-[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+// What calls do where memory cannot be had. In a program of its own, since it is linked with an allocation in
+// the place of that of the language.
 
 namespace quenzel7::gdi {
 namespace {
+
+using test::allocationsLeft;
+using test::Failing;
 
 struct Call {
   const char* name;

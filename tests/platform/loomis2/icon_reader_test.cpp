@@ -249,6 +249,17 @@ TEST(Icon, OfAHugeSizeIsRefusedBeforeMemoryIsTaken) {
             (test::Raised{481, "a picture of 0 x 1 pixels cannot be: expected at least 1 x 1"}));
 }
 
+TEST(Icon, WithMeasuresThatCannotBeIsRefusedWhateverElseItHolds) {
+  EXPECT_EQ(RaisedBy([] {
+              Shows({Plain(2, 2, 24, 1), DibBytes({.width = -1, .height = 2})});
+            }),
+            (test::Raised{481, "a picture of -1 x 1 pixels cannot be: expected at least 1 x 1"}));
+  EXPECT_EQ(RaisedBy([] {
+              Shows({Plain(2, 2, 24, 1), test::PngHeader(0xFFFFFFFF, 0xFFFFFFFF)});
+            }).number,
+            481);
+}
+
 TEST(Icon, ThatEndsEarlyIsRefused) {
   test::ExpectNoBeginningIsAnotherPicture(
       IconBytes(1, {Plain(2, 1, 24, 1), Plain(2, 2, 4, 2), Plain(1, 1, 1, 3)}));
