@@ -14,8 +14,8 @@
 namespace quenzel7::loomis2 {
 namespace {
 
-constexpr std::uint32_t kCoreHeader = 12, kInfoHeader = 40, kHeaderWithMasks = 52, kHeaderWithAlpha = 56;
-constexpr std::uint32_t kHeaders[] = {kCoreHeader, kInfoHeader, kHeaderWithMasks, kHeaderWithAlpha, 108, 124};
+constexpr std::uint32_t kCoreHeader = 12, kInfoHeader = 40, kHeaderWithAlpha = 56;
+constexpr std::uint32_t kHeaders[] = {kCoreHeader, kInfoHeader, 52, kHeaderWithAlpha, 108, 124};
 
 /// The largest depth whose pixels are numbers of colours.
 constexpr int kMostNumberBits = 8;
@@ -51,7 +51,7 @@ void CheckForm(const DibHeader& header) {
 
 void ReadMasks(ByteReader& reader, std::uint32_t size, DibHeader& header) {
   ColorMasks masks;
-  if (size >= kHeaderWithMasks || HasMasks(header.coding)) {
+  if (size > kInfoHeader || HasMasks(header.coding)) {
     masks.red = reader.U32();
     masks.green = reader.U32();
     masks.blue = reader.U32();
@@ -90,9 +90,11 @@ class DeepPixels {
         alpha_(masks.alpha) {}
 
   void PutRow(std::span<const Byte> row, std::span<std::uint32_t> pixels) const {
-    for (std::size_t i = 0; i < pixels.size(); ++i) {
-      const std::uint32_t word = NumberOf(row.subspan(i * bytes_, bytes_));
-      pixels[i] = alpha_.Of(word) << 24 | red_.Of(word) << 16 | green_.Of(word) << 8 | blue_.Of(word);
+    std::size_t at = 0;
+    for (std::uint32_t& pixel : pixels) {
+      const std::uint32_t word = NumberOf(row.subspan(at, bytes_));
+      at += bytes_;
+      pixel = alpha_.Of(word) << 24 | red_.Of(word) << 16 | green_.Of(word) << 8 | blue_.Of(word);
     }
   }
 

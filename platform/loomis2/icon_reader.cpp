@@ -1,9 +1,9 @@
 #include "platform/loomis2/icon_reader.h"
 
 #include <algorithm>
+#include <compare>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <vector>
 
 #include "platform/loomis2/alpha.h"
@@ -19,12 +19,19 @@ constexpr std::string_view kPngMark = "\x89PNG\r\n\x1A\n";
 constexpr int kAlphaDepth = 32;
 constexpr std::uint32_t kAlphaMask = 0xFF000000;
 
+/// How much a picture shows: its pixels, then its bits a pixel.
+struct Extent {
+  std::uint64_t pixels;  ///< very many where a measure is below 0, which is refused once they are read
+  int bitsPerPixel;
+
+  auto operator<=>(const Extent&) const = default;
+};
+
 /// One of the pictures of the file.
 struct IconPicture {
   std::span<const Byte> bytes;
   std::string name;
-  std::uint64_t pixels = 0;  ///< of a measure below 0 very many, and refused once they are read
-  int bitsPerPixel = 0;
+  Extent extent;
 };
 
 bool IsPng(std::span<const Byte> bytes) { return BeginsWith(bytes, kPngMark); }
@@ -40,19 +47,22 @@ DibHeader ReadDoubledHeader(ByteReader& reader, const std::string& name) {
   return header;
 }
 
-void MeasurePng(IconPicture& picture) {
-  ByteReader reader(picture.bytes, picture.name);
+Extent ExtentOfPng(ByteReader reader) {
   reader.Seek(16);
   const auto number = [&reader] {
     std::uint64_t value = 0;
     for (const Byte byte : reader.Take(4)) value = value << 8 | byte;
     return value;
   };
-  const std::uint64_t width = number();
-  picture.pixels = width * number();
+  const std::uint64_t width = number(), height = number();
   const int bits = reader.U8(), colorType = reader.U8();
   constexpr int kChannels[] = {1, 0, 3, 1, 2, 0, 4};
-  picture.bitsPerPixel = colorType < 7 ? bits * kChannels[colorType] : 0;
+  return {width * height, colorType < 7 ? bits * kChannels[colorType] : 0};
+}
+
+Extent ExtentOfDib(ByteReader reader, const std::string& name) {
+  const DibHeader header = ReadDoubledHeader(reader, name);
+  return {static_cast<std::uint64_t>(header.width * header.height), header.bitsPerPixel};
 }
 
 IconPicture ReadEntry(ByteReader& reader, int number) {
@@ -60,17 +70,11 @@ IconPicture ReadEntry(ByteReader& reader, int number) {
   const std::uint32_t size = reader.U32(), position = reader.U32();
   const std::size_t next = reader.Position();
   reader.Seek(position);
-  IconPicture picture{reader.Take(size), "picture " + std::to_string(number) + " of the icon file"};
+  const std::span<const Byte> bytes = reader.Take(size);
   reader.Seek(next);
-  if (IsPng(picture.bytes)) {
-    MeasurePng(picture);
-  } else {
-    ByteReader own(picture.bytes, picture.name);
-    const DibHeader header = ReadDoubledHeader(own, picture.name);
-    picture.pixels = static_cast<std::uint64_t>(header.width * header.height);
-    picture.bitsPerPixel = header.bitsPerPixel;
-  }
-  return picture;
+  const std::string name = "picture " + std::to_string(number) + " of the icon file";
+  const ByteReader own(bytes, name);
+  return {bytes, name, IsPng(bytes) ? ExtentOfPng(own) : ExtentOfDib(own, name)};
 }
 
 /// Makes the pixels white whose bit is set in the mask, as far as there is one.
@@ -110,9 +114,8 @@ Picture ReadIcon(std::span<const Byte> file) {
   std::vector<IconPicture> pictures;
   for (int number = 1; number <= count; ++number) pictures.push_back(ReadEntry(reader, number));
   const IconPicture& best =
-      *std::max_element(pictures.begin(), pictures.end(), [](const IconPicture& a, const IconPicture& b) {
-        return std::tie(a.pixels, a.bitsPerPixel) < std::tie(b.pixels, b.bitsPerPixel);
-      });
+      *std::max_element(pictures.begin(), pictures.end(),
+                        [](const IconPicture& a, const IconPicture& b) { return a.extent < b.extent; });
   return IsPng(best.bytes) ? ReadPng(best.bytes) : ReadIconDib(best);
 }
 

@@ -30,6 +30,9 @@ TEST(BlendOverWhite, LeavesAPictureWithoutAnyAlphaAsItIs) {
 }
 
 TEST(BlendOverWhite, TakesAlphaAsInUseAsSoonAsAPixelHasAny) {
+  Picture faint{1, 1, {0x01000000}};
+  EXPECT_TRUE(BlendOverWhite(faint));
+  EXPECT_EQ(test::Shown(faint), "FEFEFE");
   Picture picture{3, 1, {0x00123456, 0x01000000, 0xFF0000FF}};
   EXPECT_TRUE(BlendOverWhite(picture));
   EXPECT_EQ(test::Shown(picture), "FFFFFF FEFEFE 0000FF");

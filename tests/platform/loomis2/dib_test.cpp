@@ -310,6 +310,8 @@ TEST(Dib, MeasuresBelowOneAreRefused) {
   EXPECT_RAISES(481, "a picture of 1 x 0 pixels cannot be: expected at least 1 x 1", Read({.height = 0}));
   EXPECT_RAISES(481, "a picture of 0 x 1 pixels cannot be: expected at least 1 x 1",
                 Read({.width = 0, .bits = 8, .pixels = {0, 1}, .coding = 1}));
+  EXPECT_RAISES(481, "a picture of 1 x 0 pixels cannot be: expected at least 1 x 1",
+                Read({.height = 0, .bits = 8, .pixels = {0, 1}, .coding = 1}));
 }
 
 TEST(Dib, HugePicturesAreRefusedBeforeMemoryIsTaken) {

@@ -61,6 +61,17 @@ TEST(Runs, OfPixelsOneByOneFillPairsOfBytes) {
   EXPECT_EQ(Painted({0, 9, 0x12, 0x34, 0x56, 0x78, 0x9F, 99, 1, 0xA0}, 4, 10, 1), "123456789A");
 }
 
+TEST(Runs, OfManyPixelsOneByOne) {
+  std::vector<Byte> bytes{0, 255};
+  bytes.resize(2 + 256, 5);
+  bytes.insert(bytes.end(), {1, 6});
+  EXPECT_EQ(Painted(bytes, 8, 256, 1), std::string(255, '5') + "6");
+  bytes.assign({0, 255});
+  bytes.resize(2 + 128, 0x55);
+  bytes.insert(bytes.end(), {1, 0x60});
+  EXPECT_EQ(Painted(bytes, 4, 256, 1), std::string(255, '5') + "6");
+}
+
 TEST(Runs, SkipToTheRightAndUp) {
   EXPECT_EQ(Painted({1, 1, 0, 2, 2, 1, 1, 2, 0, 1}, 8, 4, 3), "..../...2/1...");
   EXPECT_EQ(Painted({1, 0x10, 0, 2, 0, 2, 1, 0x20, 0, 1}, 4, 2, 3), ".2/../1.");
