@@ -21,9 +21,9 @@ struct Subject {
 
 constexpr Subject kSubjects[] = {{"gdi", GdiRatios},          {"shapes", ShapeRatios},
                                  {"text", TextRatios},        {"text-painter", TextPainterRatios},
-                                 {"pictures", PictureRatios}, {"ado", AdoRatios},
-                                 {"elements", ElementRatios}, {"page", PageRatios},
-                                 {"threads", ThreadRatios}};
+                                 {"pictures", PictureRatios}, {"reduction", ReductionRatios},
+                                 {"ado", AdoRatios},          {"elements", ElementRatios},
+                                 {"page", PageRatios},        {"threads", ThreadRatios}};
 
 /// Prints a line of the table; false if it is over its budget.
 bool Print(const Ratio& line) {

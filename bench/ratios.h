@@ -67,6 +67,9 @@ std::vector<Ratio> TextRatios();
 std::vector<Ratio> TextPainterRatios();
 /// Pictures with a colour left out against other drawing libraries, and whether these paint the same.
 std::vector<Ratio> PictureRatios();
+/// Reducing a photograph to the colours of a panel against ImageMagick, its time and how far the colours are
+/// off. Empty where ImageMagick is not there.
+std::vector<Ratio> ReductionRatios();
 /// Recordsets against prepared statements.
 std::vector<Ratio> AdoRatios();
 /// Elements: saving and loading, calls by name, memory.

@@ -68,7 +68,16 @@ std::size_t Bitmap::Store(std::span<std::uint8_t> out) const {
     return count;
   }
   const std::size_t count = std::min(out.size(), words_.size() * 4);
-  for (std::size_t i = 0; i < count; ++i) out[i] = static_cast<std::uint8_t>(words_[i / 4] >> i % 4 * 8);
+  const std::size_t whole = count / 4 * 4;
+  // Four bytes at a time become one store.
+  for (std::size_t i = 0; i < whole; i += 4) {
+    const std::uint32_t word = words_[i / 4];
+    out[i] = static_cast<std::uint8_t>(word);
+    out[i + 1] = static_cast<std::uint8_t>(word >> 8);
+    out[i + 2] = static_cast<std::uint8_t>(word >> 16);
+    out[i + 3] = static_cast<std::uint8_t>(word >> 24);
+  }
+  for (std::size_t i = whole; i < count; ++i) out[i] = static_cast<std::uint8_t>(words_[i / 4] >> i % 4 * 8);
   return count;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 
 namespace quenzel7::loomis2 {
 namespace {
@@ -12,9 +13,79 @@ std::vector<Byte> RoomFor(const Picture& picture) {
   return std::vector<Byte>(rowBytes * static_cast<std::size_t>(picture.height));
 }
 
-/// Red, green and blue in sixteenths.
-using Error = std::array<std::int32_t, 3>;
-constexpr int kShifts[] = {16, 8, 0};
+/// Red, green and blue side by side in one number, so that one addition does for all three. A channel may be
+/// negative: it then takes one from its neighbour, which it gives back when sums become positive.
+using Channels = std::int64_t;
+constexpr int kChannelBits = 20;
+
+constexpr Channels ChannelsOf(std::int64_t red, std::int64_t green, std::int64_t blue) {
+  constexpr std::int64_t kUnit = std::int64_t{1} << kChannelBits;
+  return (red * kUnit + green) * kUnit + blue;
+}
+
+constexpr Channels ChannelsOf(std::uint32_t color) {
+  return ChannelsOf(color >> 16 & 0xFF, color >> 8 & 0xFF, color & 0xFF);
+}
+
+/// A picture's channel of 0 to 255 is off by no more than 256, one way or the other.
+constexpr std::int64_t kMostOff = 256;
+
+/// The channel of 0 to 255 that is nearest to a number, from -kMostOff on.
+constexpr auto kNearestChannels = [] {
+  std::array<Byte, 1024> nearest{};
+  for (std::size_t i = 0; i < nearest.size(); ++i)
+    nearest[i] = static_cast<Byte>(std::clamp<std::int64_t>(static_cast<std::int64_t>(i) - kMostOff, 0, 255));
+  return nearest;
+}();
+
+/// The colour that is nearest to sixteenths of channels, halves upwards.
+std::uint32_t ColorOfSixteenths(Channels sixteenths) {
+  constexpr std::int64_t kHalf = 8, kLift = 16 * kMostOff + kHalf;
+  const auto lifted = static_cast<std::uint64_t>(sixteenths + ChannelsOf(kLift, kLift, kLift));
+  const auto channel = [&](int place) {
+    return std::uint32_t{kNearestChannels[lifted >> (place * kChannelBits + 4) & 0x3FF]};
+  };
+  return channel(2) << 16 | channel(1) << 8 | channel(0);
+}
+
+/// One row on its way from left to right.
+class RowWalk {
+ public:
+  /// `left` is what the row above left to each pixel, with one more before the first. What this row leaves
+  /// takes its place, up to the pixel before the last one visited.
+  RowWalk(const std::uint32_t* row, std::ptrdiff_t width, Channels* left, Byte* out)
+      : row_(row), width_(width), left_(left), out_(out) {}
+
+  /// Reduces pixel x, those before it having been visited; nothing before the first, and behind the last one
+  /// comes the end.
+  void Visit(std::ptrdiff_t x, NearestColor& nearest) {
+    if (x >= 0 && x < width_) Reduce(x, nearest);
+    if (x == width_) left_[x] = below_;
+  }
+  bool IsExact() const { return isExact_; }
+
+ private:
+  void Reduce(std::ptrdiff_t x, NearestColor& nearest) {
+    const std::uint32_t wanted = ColorOfSixteenths(16 * ChannelsOf(row_[x]) + left_[x + 1] + ahead_);
+    const Byte index = nearest.Of(wanted);
+    const std::uint32_t found = nearest.Colors()[index];
+    const Channels lost = ChannelsOf(wanted) - ChannelsOf(found);
+    ahead_ = 7 * lost;
+    left_[x] = below_ + 3 * lost;
+    below_ = belowNext_ + 5 * lost;
+    belowNext_ = lost;
+    out_[x] = index;
+    isExact_ = isExact_ && found == row_[x];
+  }
+
+  const std::uint32_t* row_;
+  std::ptrdiff_t width_;
+  Channels* left_;
+  Byte* out_;
+  /// For the next pixel of this row; and for the pixels below this one and below the next, so far.
+  Channels ahead_ = 0, below_ = 0, belowNext_ = 0;
+  bool isExact_ = true;
+};
 
 }  // namespace
 
@@ -34,38 +105,25 @@ PanelPixels ReducedToNearest(const Picture& picture, NearestColor& nearest) {
 }
 
 PanelPixels ReducedByDiffusion(const Picture& picture, NearestColor& nearest) {
+  // Each pixel waits for the one before it; some rows at a time leave the processor less idle. A row is two
+  // pixels behind the one above, which leaves nothing more then to the pixel that is its turn.
+  constexpr std::ptrdiff_t kRows = 4, kBehind = 2;
   PanelPixels result{RoomFor(picture), true};
-  const auto width = static_cast<std::size_t>(picture.width);
-  const std::size_t rowBytes = width + width % 2;
-  // One more on either side, for what goes beyond the edge.
-  std::vector<Error> here(width + 2), below(width + 2);
-  for (std::size_t y = 0; y < static_cast<std::size_t>(picture.height); ++y) {
-    const bool isBack = y % 2 != 0;
-    std::fill(below.begin(), below.end(), Error{});
-    for (std::size_t i = 0; i < width; ++i) {
-      const std::size_t x = isBack ? width - 1 - i : i, at = x + 1;
-      const std::size_t next = isBack ? at - 1 : at + 1, last = isBack ? at + 1 : at - 1;
-      const std::uint32_t color = picture.pixels[y * width + x];
-      std::uint32_t wanted = 0;
-      std::array<std::int32_t, 3> channels{};
-      for (std::size_t c = 0; c < channels.size(); ++c) {
-        const auto stored = static_cast<std::int32_t>(color >> kShifts[c] & 0xFF);
-        channels[c] = std::clamp(stored + ((here[at][c] + 8) >> 4), 0, 255);
-        wanted |= static_cast<std::uint32_t>(channels[c]) << kShifts[c];
-      }
-      const Byte index = nearest.Of(wanted);
-      const std::uint32_t found = nearest.Colors()[index];
-      for (std::size_t c = 0; c < channels.size(); ++c) {
-        const std::int32_t lost = channels[c] - static_cast<std::int32_t>(found >> kShifts[c] & 0xFF);
-        here[next][c] += lost * 7;
-        below[last][c] += lost * 3;
-        below[at][c] += lost * 5;
-        below[next][c] += lost;
-      }
-      result.bytes[y * rowBytes + x] = index;
-      result.isExact = result.isExact && found == color;
+  const std::ptrdiff_t width = picture.width;
+  std::vector<Channels> left(static_cast<std::size_t>(width) + 1);
+  const std::uint32_t* row = picture.pixels.data();
+  Byte* out = result.bytes.data();
+  for (Long y = 0; y < picture.height; y += kRows) {
+    std::vector<RowWalk> walks;
+    const int n = std::min<Long>(kRows, picture.height - y);
+    for (int k = 0; k < n; k++) {
+      walks.emplace_back(row, width, left.data(), out);
+      row += width, out += width + width % 2;
     }
-    here.swap(below);
+    for (std::ptrdiff_t i = 0; i <= width + kBehind * (n - 1); ++i) {
+      for (std::ptrdiff_t k = 0; k < n; ++k) walks[k].Visit(i - kBehind * k, nearest);
+    }
+    for (auto& w : walks) result.isExact = result.isExact && w.IsExact();
   }
   return result;
 }

@@ -1,51 +1,123 @@
 #include "platform/loomis2/nearest_color.h"
 
-#include <array>
-#include <cmath>
+#include <algorithm>
+#include <limits>
+#include <numeric>
 
 namespace quenzel7::loomis2 {
 namespace {
 
-/// The light of each stored number, from 0 to 1.
-std::array<float, 256> Lights() {
-  std::array<float, 256> lights{};
-  for (std::size_t i = 0; i < lights.size(); ++i) {
-    const double value = static_cast<double>(i) / 255;
-    lights[i] = static_cast<float>(value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4));
-  }
-  return lights;
-}
+/// The bits of a colour behind the highest ones of each channel.
+template <int kBits>
+constexpr std::uint32_t kRest = (0xFFu >> kBits) * 0x010101;
 
-/// The cube root, with a straight line for what is nearly black.
-float Root(float value) {
-  constexpr float kBreak = 6.0f / 29;
-  if (value > kBreak * kBreak * kBreak) return std::cbrt(value);
-  return value / (3 * kBreak * kBreak) + 4.0f / 29;
+/// The cell that a colour lies in.
+template <int kBits>
+LabCell CellAround(std::uint32_t color) {
+  return LabCell(color & ~kRest<kBits>, color | kRest<kBits>);
 }
 
 }  // namespace
 
-LabColor LabOf(std::uint32_t color) {
-  static const std::array<float, 256> kLights = Lights();
-  const float red = kLights[color >> 16 & 0xFF], green = kLights[color >> 8 & 0xFF],
-              blue = kLights[color & 0xFF];
-  const float x = Root((0.4124564f * red + 0.3575761f * green + 0.1804375f * blue) / 0.95047f);
-  const float y = Root(0.2126729f * red + 0.7151522f * green + 0.0721750f * blue);
-  const float z = Root((0.0193339f * red + 0.1191920f * green + 0.9503041f * blue) / 1.08883f);
-  return {116 * y - 16, 500 * (x - y), 200 * (y - z)};
-}
-
-NearestColor::NearestColor(PanelColors colors) : colors_(std::move(colors)) {
+NearestColor::NearestColor(PanelColors colors)
+    : colors_(std::move(colors)),
+      lists_(colors_.size()),
+      answers_(std::size_t{1} << 3 * kFineBits, kUnknown) {
   for (const std::uint32_t color : colors_) labs_.push_back(LabOf(color));
+  std::iota(lists_.begin(), lists_.end(), Byte{0});
+  for (std::size_t i = 0; i < cells_.size(); ++i)
+    cells_[i].resize(std::size_t{1} << 3 * (kCoarseBits + static_cast<int>(i)));
+  for (std::size_t i = 0; i < colors_.size(); ++i)
+    given_.insert(given_.end(), kCellColors, static_cast<Byte>(i));
 }
 
-Byte NearestColor::Of(std::uint32_t color) {
-  const LabColor lab = LabOf(color);
-  std::size_t nearest = 0;
-  for (std::size_t i = 1; i < labs_.size(); ++i) {
-    if (DistanceSquared(lab, labs_[i]) < DistanceSquared(lab, labs_[nearest])) nearest = i;
+NearestColor::Candidates NearestColor::CandidatesIn(const LabCell& cell, Candidates around) {
+  std::array<Byte, 256> among;
+  const auto begin = among.begin(), end = std::copy_n(lists_.begin() + around.begin, around.count, begin);
+  const auto distance = [&](Byte index) { return DistanceSquared(cell.Middle(), labs_[index]); };
+  const LabColor central = labs_[*std::min_element(
+      begin, end, [&](Byte one, Byte other) { return distance(one) < distance(other); })];
+  const auto place = static_cast<std::uint32_t>(lists_.size());
+  std::copy_if(begin, end, std::back_inserter(lists_),
+               [&](Byte index) { return cell.Of(central, labs_[index]).Least() <= 0; });
+  return {place, static_cast<std::uint32_t>(lists_.size()) - place};
+}
+
+template <int kBits>
+NearestColor::Candidates NearestColor::CandidatesAt(std::uint32_t color) {
+  if constexpr (kBits < kCoarseBits) {
+    return {0, static_cast<std::uint32_t>(colors_.size())};
+  } else {
+    Candidates& known = cells_[kBits - kCoarseBits][CellOf<kBits>(color)];
+    if (known.count == 0) {
+      known = CandidatesAt<kBits - 1>(color);
+      if (known.count > 1) known = CandidatesIn(CellAround<kBits>(color), known);
+    }
+    return known;
   }
-  return static_cast<Byte>(nearest);
+}
+
+std::uint32_t NearestColor::AnswersFor(std::uint32_t color) {
+  Candidates candidates = CandidatesAt<kFineBits - 1>(color);
+  if (candidates.count == 1) return lists_[candidates.begin] * kCellColors;
+  const LabCell cell = CellAround<kFineBits>(color);
+  const std::size_t kept = lists_.size();
+  candidates = CandidatesIn(cell, candidates);
+  const std::uint32_t answers =
+      candidates.count == 1 ? lists_[candidates.begin] * kCellColors : GiveAnswers(color, cell, candidates);
+  // Nobody asks for the candidates of the smallest cells again.
+  lists_.resize(kept);
+  return answers;
+}
+
+std::uint32_t NearestColor::GiveAnswers(std::uint32_t color, const LabCell& cell, Candidates candidates) {
+  constexpr std::uint32_t kSide = 1u << (8 - kFineBits);
+  const std::uint32_t lowest = color & ~kRest<kFineBits>;
+  std::array<std::array<float, kSide>, 3> places;
+  for (std::size_t channel = 0; channel < 3; ++channel) {
+    for (std::uint32_t i = 0; i < kSide; ++i)
+      places[channel][i] = cell.PlaceOf(channel, (lowest >> (16 - 8 * channel) & 0xFF) + i);
+  }
+  // By how much each colour of the cell is nearer to the first candidate than to the one that it is nearest
+  // to, and to the second nearest; and how far these numbers may be off.
+  std::array<float, kCellColors> nearest{}, second;
+  std::array<std::int32_t, kCellColors> index;
+  const Byte* const list = lists_.data() + candidates.begin;
+  second.fill(std::numeric_limits<float>::infinity());
+  index.fill(list[0]);
+  float loose = 0;
+  for (std::uint32_t i = 1; i < candidates.count; ++i) {
+    const Preference preference = cell.Of(labs_[list[0]], labs_[list[i]]);
+    loose = std::max(loose, preference.loose);
+    std::array<float, kCellColors> values;
+    std::size_t at = 0;
+    for (const float red : places[0]) {
+      for (const float green : places[1]) {
+        const float value = preference.At(red, green, 0);
+        for (const float blue : places[2]) values[at++] = value + blue * preference.steps[2];
+      }
+    }
+    for (at = 0; at < kCellColors; ++at) {
+      const float value = values[at], least = nearest[at];
+      second[at] = std::min(second[at], std::max(value, least));
+      index[at] = value < least ? list[i] : index[at];
+      nearest[at] = std::min(value, least);
+    }
+  }
+  const auto answers = static_cast<std::uint32_t>(given_.size());
+  for (std::uint32_t i = 0; i < kCellColors; ++i) {
+    const bool isClear = second[i] - nearest[i] > 2 * loose;
+    const std::uint32_t rest = i / (kSide * kSide) << 16 | i / kSide % kSide << 8 | i % kSide;
+    given_.push_back(isClear ? static_cast<Byte>(index[i]) : NearestAmong(candidates, LabOf(lowest | rest)));
+  }
+  return answers;
+}
+
+Byte NearestColor::NearestAmong(Candidates candidates, const LabColor& lab) const {
+  const Byte* const begin = lists_.data() + candidates.begin;
+  return *std::min_element(begin, begin + candidates.count, [&](Byte one, Byte other) {
+    return DistanceSquared(lab, labs_[one]) < DistanceSquared(lab, labs_[other]);
+  });
 }
 
 }  // namespace quenzel7::loomis2

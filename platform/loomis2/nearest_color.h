@@ -1,27 +1,21 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <vector>
 
+#include "platform/loomis2/lab_color.h"
 #include "platform/loomis2/panel_pixels.h"
 
 namespace quenzel7::loomis2 {
 
-/// A colour by how it looks: CIELAB (CIE, 1976; ISO/CIE 11664-4), in which the distance of two colours is
-/// about the difference that is seen.
-struct LabColor {
-  float lightness, a, b;
-};
-
-/// The colour of an sRGB colour 0x00RRGGBB (IEC 61966-2-1), its white being D65.
-LabColor LabOf(std::uint32_t color);
-
-/// The square of the distance of two colours.
-constexpr float DistanceSquared(const LabColor& one, const LabColor& other) {
-  const float lightness = one.lightness - other.lightness, a = one.a - other.a, b = one.b - other.b;
-  return lightness * lightness + a * a + b * b;
-}
-
-/// Finds the colour of a panel that looks nearest to a colour.
+/// Finds the colour of a panel that looks nearest to a colour, exactly as a comparison with each of them
+/// would.
+///
+/// The cube of all colours is cut into cells, and these into smaller ones. When a cell is first asked for it
+/// is found out which colours can be the nearest in it at all, among those that can be in the cell
+/// around it; in the smallest cells the answers are then kept, once and for all where there is only one.
+/// One object serves one thread.
 class NearestColor {
  public:
   /// 1 to 256 colours.
@@ -29,11 +23,48 @@ class NearestColor {
 
   const PanelColors& Colors() const { return colors_; }
   /// The index of the colour at the least distance from a colour 0x00RRGGBB; of several the first.
-  Byte Of(std::uint32_t color);
+  Byte Of(std::uint32_t color) {
+    const std::uint32_t cell = CellOf<kFineBits>(color);
+    if (answers_[cell] == kUnknown) answers_[cell] = AnswersFor(color);
+    return given_[answers_[cell] + CellOf<8 - kFineBits>(color << kFineBits)];
+  }
 
  private:
+  static constexpr int kCoarseBits = 3, kFineBits = 6;
+  static constexpr std::uint32_t kUnknown = 0xFFFFFFFF;
+  /// The colours of a smallest cell.
+  static constexpr std::uint32_t kCellColors = 1u << 3 * (8 - kFineBits);
+
+  /// Indices of colours in ascending order; at first none.
+  struct Candidates {
+    std::uint32_t begin = 0, count = 0;
+  };
+
+  /// The number of the cell of a colour: the highest bits of each channel.
+  template <int kBits>
+  static constexpr std::uint32_t CellOf(std::uint32_t color) {
+    constexpr std::uint32_t kMask = (1u << kBits) - 1;
+    return (color >> (24 - kBits) & kMask) << (2 * kBits) | (color >> (16 - kBits) & kMask) << kBits |
+           (color >> (8 - kBits) & kMask);
+  }
+  /// Those among the candidates that can be nearest somewhere in the cell, added to the lists.
+  Candidates CandidatesIn(const LabCell& cell, Candidates around);
+  template <int kBits>
+  Candidates CandidatesAt(std::uint32_t color);
+  /// Where the answers begin for the smallest cell of a colour.
+  std::uint32_t AnswersFor(std::uint32_t color);
+  std::uint32_t GiveAnswers(std::uint32_t color, const LabCell& cell, Candidates candidates);
+  Byte NearestAmong(Candidates candidates, const LabColor& lab) const;
+
   PanelColors colors_;
   std::vector<LabColor> labs_;
+  /// The indices of all candidates.
+  std::vector<Byte> lists_;
+  std::array<std::vector<Candidates>, kFineBits - kCoarseBits> cells_;
+  /// Where the answers of each smallest cell begin among those given.
+  std::vector<std::uint32_t> answers_;
+  /// First the answers of a cell for each index alone.
+  std::vector<Byte> given_;
 };
 
 }  // namespace quenzel7::loomis2
