@@ -303,6 +303,23 @@ std::size_t DeletedColumns(const Tokens& tokens) {
   return 0;
 }
 
+/// Whether that token is a DISTINCT that changes nothing, as in IN (SELECT DISTINCT A FROM T): a value is
+/// among the rows of a query however often it is there. The engine looks up values in an index only without
+/// it.
+bool IsNeedlessDistinct(const Tokens& tokens, std::size_t place) {
+  if (!tokens[place].Is("DISTINCT") || place < 3) return false;
+  if (!tokens[place - 1].Is("SELECT") || !tokens[place - 2].Is('(') || !tokens[place - 3].Is("IN"))
+    return false;
+  int depth = 1;
+  for (std::size_t next = place + 1; depth > 0 && next < tokens.Size(); ++next) {
+    const Token token = tokens[next];
+    depth += static_cast<int>(token.Is('(')) - static_cast<int>(token.Is(')'));
+    // As many other values would come in the place of repeated ones.
+    if (depth == 1 && token.Is("LIMIT")) return false;
+  }
+  return true;
+}
+
 /// The place of FROM when the statement gives plain rows of one table, else 0.
 std::size_t FromOfSingleTable(const Tokens& tokens) {
   if (!tokens[0].Is("SELECT") || tokens[1].Is("DISTINCT")) return 0;
@@ -405,6 +422,7 @@ TranslatedStatement TranslateJet(std::string_view statement) {
   }
   for (; place < tokens.Size(); ++place) {
     const Token token = tokens[place];
+    if (IsNeedlessDistinct(tokens, place)) continue;
     if (place == 1) translated.selectListBegin = text.size();
     text += tokens.BlankBefore(place);
     if (from != 0 && place == from) translated.selectListEnd = text.size();

@@ -53,6 +53,7 @@ struct TranslatedStatement {
 ///   "text"                           'text'
 ///   a & b                            a || b (Null where one of them is Null)
 ///   Index and other names that SQLite reserves and this dialect does not: in brackets
+///   IN (SELECT DISTINCT A ...)       IN (SELECT A ...), for which an index serves
 ///   two minus signs in a row         kept apart, since together they begin a comment
 /// Names in brackets, nested joins and any case of keywords are understood on both sides.
 TranslatedStatement TranslateJet(std::string_view statement);

@@ -255,6 +255,32 @@ TEST(TranslateJet, QualifiedNamesGetBrackets) {
   EXPECT_EQ(Translated("SELECT T.Order, T.* FROM T"), "SELECT T.[Order], T.* FROM T");
 }
 
+TEST(TranslateJet, ValuesNeedNotBeDistinctToBeAmongThem) {
+  EXPECT_EQ(
+      Translated(
+          "SELECT * FROM T WHERE A NOT IN (SELECT DISTINCT B FROM S) AND C in(select distinct(D) FROM S)"),
+      "SELECT * FROM T WHERE A NOT IN (SELECT B FROM S) AND C in(select(D) FROM S)");
+  EXPECT_EQ(Translated(
+                "DELETE FROM T WHERE A IN (SELECT DISTINCT B FROM (SELECT B FROM S LIMIT 1) UNION SELECT 1)"),
+            "DELETE  FROM T WHERE A IN (SELECT B FROM (SELECT B FROM S LIMIT 1) UNION SELECT 1)");
+  // Behind the query another one may be limited.
+  EXPECT_EQ(Translated("SELECT A FROM T WHERE A IN (SELECT DISTINCT B FROM S) LIMIT 3"),
+            "SELECT A FROM T WHERE A IN (SELECT B FROM S) LIMIT 3");
+  EXPECT_EQ(Translated("SELECT A FROM T WHERE A IN (SELECT DISTINCT B FROM S"),
+            "SELECT A FROM T WHERE A IN (SELECT B FROM S");
+}
+
+TEST(TranslateJet, WhatHasToBeDistinctStaysSo) {
+  for (const char* statement : {"SELECT A FROM T WHERE A IN (SELECT DISTINCT B FROM S LIMIT 3)",
+                                "SELECT A FROM T WHERE A IN (SELECT DISTINCT B FROM S WHERE (C=1) LIMIT 3)",
+                                "SELECT DISTINCT A FROM T", "SELECT * FROM (SELECT DISTINCT A FROM T)",
+                                "SELECT A FROM T WHERE A=(SELECT DISTINCT B FROM S)",
+                                "SELECT A FROM T WHERE A IN (SELECT COUNT(DISTINCT B) FROM S)",
+                                "SELECT A FROM T WHERE A IN (DISTINCT)", "SELECT(DISTINCT"}) {
+    EXPECT_EQ(Translated(statement), statement);
+  }
+}
+
 TEST(TranslateJet, TwoMinusSignsAreKeptApart) {
   EXPECT_EQ(Translated("SELECT 5--1, 5 - - 1 FROM T"), "SELECT 5- -1, 5 -  - 1 FROM T");
 }
