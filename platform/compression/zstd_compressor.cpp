@@ -75,7 +75,7 @@ CompressionStatus UnpackFrame(std::span<const Byte> frame, std::size_t largest, 
     const std::size_t left = ZSTD_decompressStream(context.get(), &out, &in);
     if (ZSTD_isError(left)) return StatusOf(left);
     done = out.pos;
-    if (left == 0) return in.pos == in.size && done == whole ? kCompressionDone : kBlockDamaged;
+    if (left == 0) return in.pos == in.size ? kCompressionDone : kBlockDamaged;
     if (done < room || (room == whole && in.pos == in.size)) return kBlockTruncated;
     if (room == whole) return kBlockDamaged;
   }

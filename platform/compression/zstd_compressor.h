@@ -31,9 +31,9 @@ inline constexpr std::size_t kLargestData = std::size_t{1} << 28;
 /// the format makes of the bytes:
 ///   1   a frame of the Zstandard format (RFC 8878) with the size of its content and a checksum
 ///
-/// The result is left alone unless the status is kCompressionDone. The memory that making bytes again takes
-/// follows the bytes that come out, and not what the block says of its size: at most twice as much, and 8
-/// MiB.
+/// The result is left alone unless the status is kCompressionDone. The memory that a block takes to become
+/// bytes again follows those that have come out so far, not the size that the block tells: no more than three
+/// times as much, and 10 MiB.
 class ZstdCompressor final : public Compressor {
  public:
   /// For blocks of no more bytes than that.
