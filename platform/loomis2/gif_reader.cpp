@@ -87,8 +87,7 @@ ColorTable ColorsOf(const GifStream& gif) {
   const ColorMapObject* const map = gif->Image.ColorMap ? gif->Image.ColorMap : gif->SColorMap;
   if (!map) RefusePicture("the gif file has no colours");
   std::vector<std::uint32_t> colors;
-  for (int i = 0; i < map->ColorCount; ++i) {
-    const GifColorType& color = map->Colors[i];
+  for (const GifColorType& color : std::span(map->Colors, static_cast<std::size_t>(map->ColorCount))) {
     colors.push_back(PixelOf(color.Red, color.Green, color.Blue));
   }
   return ColorTable(std::move(colors));

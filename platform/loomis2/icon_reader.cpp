@@ -81,7 +81,7 @@ IconPicture ReadEntry(ByteReader& reader, int number) {
 void ApplyMask(ByteReader& reader, const DibHeader& header, Picture& picture) {
   const std::uint64_t rowBytes = DibRowBytes(header.width, 1);
   const auto width = static_cast<std::size_t>(header.width), height = static_cast<std::size_t>(header.height);
-  const std::span<const Byte> mask = reader.Take(std::min<std::uint64_t>(reader.Left(), rowBytes * height));
+  const std::span<const Byte> mask = reader.Take(reader.Left());
   for (std::size_t y = 0; y < height; ++y) {
     const std::size_t row = (header.isTopDown ? y : height - 1 - y) * rowBytes;
     for (std::size_t x = 0; x < width; ++x) {

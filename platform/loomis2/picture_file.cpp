@@ -1,5 +1,6 @@
 #include "platform/loomis2/picture_file.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -50,8 +51,8 @@ Picture DecodePicture(std::span<const Byte> file) {
     if (BeginsWith(file, reader.mark)) return reader.read(file);
   }
   for (const Metafile& metafile : kMetafiles) {
-    if (file.size() >= metafile.at && BeginsWith(file, metafile.mark) &&
-        BeginsWith(file.subspan(metafile.at), metafile.secondMark)) {
+    const std::span<const Byte> second = file.subspan(std::min(file.size(), metafile.at));
+    if (BeginsWith(file, metafile.mark) && BeginsWith(second, metafile.secondMark)) {
       RefusePicture("metafiles cannot be read yet: this is " + std::string(metafile.name));
     }
   }

@@ -16,6 +16,7 @@ TEST(BitField, OfEightBitsIsTheNumberThatStandsThere) {
 }
 
 TEST(BitField, OfFewerBitsReachesFromBlackToFullAndRounds) {
+  EXPECT_EQ(BitField(1).Of(0xFFFFFFFF), 255u);
   const BitField one(0x8000), five(0x7C00), six(0x07E0);
   EXPECT_EQ(one.Of(0x7FFF), 0u);
   EXPECT_EQ(one.Of(0x8000), 255u);

@@ -104,6 +104,9 @@ TEST(Gif, IsCutWhereTheFrameLeavesTheScreen) {
   sample = Small();
   sample.width = sample.height = 1;
   EXPECT_EQ(Shows(sample), "111111");
+  const Picture wide = ReadGif(GifBytes(
+      {.width = 5000, .colors = kColors, .frameWidth = 5000, .frameHeight = 2, .pixels = Bytes(10000, 1)}));
+  EXPECT_EQ(wide.pixels, std::vector<std::uint32_t>(5000, 0xFF0102));
 }
 
 TEST(Gif, MayHaveItsRowsInterlaced) {

@@ -83,15 +83,22 @@ TEST(Icon, OfEveryDepthHasItsMaskAfterItsPixels) {
 
 TEST(Icon, RowsOfTheMaskAreWholeFoursOfBytes) {
   Bytes pixels(36 * 2);
-  pixels.insert(pixels.end(), {0, 0, 0, 0, 0x40, 0, 0, 0, 0x80, 0, 0, 0, 0, 0, 0, 0});
+  pixels.insert(pixels.end(), {0, 0, 0, 0, 0x40, 0, 0, 0, 0x80, 0, 0, 0, 0x40, 0, 0, 0});
   std::vector<std::uint32_t> colors(256);
   const std::string shown = Shows({.width = 34, .height = 4, .bits = 8, .pixels = pixels, .colors = colors});
   std::string upper = "FFFFFF", lower = "000000";
   for (int x = 1; x < 34; ++x) {
-    upper += " 000000";
-    lower += x == 33 ? " FFFFFF" : " 000000";
+    for (std::string* row : {&upper, &lower}) *row += x == 33 ? " FFFFFF" : " 000000";
   }
   EXPECT_EQ(shown, upper + " / " + lower);
+}
+
+TEST(Icon, HasNoMaskBeyondItsWidth) {
+  EXPECT_EQ(Shows({.width = 1,
+                   .height = 6,
+                   .pixels = {1,    0,   0,   0,   2,    0,   0,   0,   3,    0,   0,   0,  //
+                              0x7F, 255, 255, 255, 0x7F, 255, 255, 255, 0x7F, 255, 255, 255}}),
+            "000003 / 000002 / 000001");
 }
 
 TEST(Icon, IsWhiteWhereItWouldInvertTheScreen) {
@@ -153,6 +160,12 @@ TEST(Icon, MayBeAPng) {
   EXPECT_EQ(Taken({Plain(3, 1, 32, 9), PngBytes({.width = 2, .colorType = 0, .rows = {1, 2}})}), "090909");
   EXPECT_EQ(Taken({Plain(3, 1, 32, 9), PngBytes({.height = 4, .colorType = 0, .rows = {1, 2, 3, 4}})}),
             "010101");
+}
+
+TEST(Icon, KnowsHowLargeALargePngIs) {
+  const Bytes png = PngBytes({.width = 300, .colorType = 0, .rows = Bytes(300, 1)});
+  EXPECT_EQ(Taken({Plain(299, 1, 8, 9), png}), "010101");
+  EXPECT_EQ(Taken({Plain(301, 1, 8, 9), png}), "090909");
 }
 
 TEST(Icon, KnowsHowDeepAPngIs) {
