@@ -12,7 +12,7 @@ help:
 	@echo "make asan    the tests under address and undefined-behaviour sanitizers"
 	@echo "make clang   the tests with the second compiler"
 	@echo "make tsan    the drawing tests under the thread sanitizer"
-	@echo "make fuzz    random drawing calls and picture files under sanitizers, for FUZZ_SECONDS each"
+	@echo "make fuzz    random drawing calls, picture files and compressed blocks under sanitizers, for FUZZ_SECONDS each"
 
 demo:
 	@tools/setup build
