@@ -109,7 +109,11 @@ TEST(ZstdCompressor, MayPutTheResultInTheSamePlace) {
 }
 
 TEST(ZstdCompressor, MakesAFrameOfTheThirdLevelWithItsSizeAndAChecksum) {
-  const Bytes data = Disorder(100000);
+  // Each level makes something else of these.
+  Bytes data(100000);
+  for (std::size_t place = 0; place < data.size(); ++place) {
+    data[place] = static_cast<Byte>(place * place / 64 % 7 * 31 + (place % 13 == 0 ? place / 977 : 0));
+  }
   const Bytes block = BlockOf(data);
   const std::unique_ptr<ZSTD_CCtx, std::size_t (*)(ZSTD_CCtx*)> context(ZSTD_createCCtx(), ZSTD_freeCCtx);
   ZSTD_CCtx_setParameter(context.get(), ZSTD_c_compressionLevel, 3);
@@ -119,7 +123,7 @@ TEST(ZstdCompressor, MakesAFrameOfTheThirdLevelWithItsSizeAndAChecksum) {
   EXPECT_EQ(block, Joined({kHeader, frame}));
   EXPECT_EQ(ZSTD_getFrameContentSize(frame.data(), frame.size()), 100000u);
   EXPECT_EQ(frame[4] & 4, 4);
-  EXPECT_LT(block.size(), 80000u);
+  EXPECT_LT(block.size(), 20000u);
 }
 
 TEST(ZstdCompressor, ReadsBlocksThatWereMadeBefore) {
