@@ -76,8 +76,8 @@ CompressionStatus UnpackFrame(std::span<const Byte> frame, std::size_t largest, 
     if (ZSTD_isError(left)) return StatusOf(left);
     done = out.pos;
     if (left == 0) return in.pos == in.size ? kCompressionDone : kBlockDamaged;
-    if (done < room || (room == whole && in.pos == in.size)) return kBlockTruncated;
-    if (room == whole) return kBlockDamaged;
+    // A frame that holds more than it says is an error of the library.
+    if (done < room || room == whole) return kBlockTruncated;
   }
 }
 

@@ -266,6 +266,21 @@ TEST(ZstdCompressor, AsksForMemoryOnlyAsBytesComeOut) {
   EXPECT_EQ(watch.Count(), 6u);
 }
 
+TEST(ZstdCompressor, TwiceAsManyBytesComeOutAtEachStep) {
+  const Bytes data(9 * kMiB, 1);
+  const Bytes block = BlockOf(data);
+  Bytes result = kBefore;
+  {
+    const FailingZstd failing(ZstdCall::Decompress, 4);
+    EXPECT_EQ(ZstdCompressor().UnCompress(block, result), kNoRoom);
+    EXPECT_EQ(result, kBefore);
+  }
+  // Up to 1, 2, 4, 8 and 9 MiB.
+  const FailingZstd failing(ZstdCall::Decompress, 5);
+  EXPECT_EQ(ZstdCompressor().UnCompress(block, result), kCompressionDone);
+  EXPECT_TRUE(result == data);
+}
+
 TEST(ZstdCompressor, AsksForNoMoreThanASmallBlockSays) {
   const Bytes block = BlockOf(Bytes(5000, 1));
   Bytes data;
