@@ -23,8 +23,6 @@ constexpr std::array<Byte, 4> kFrameBeginning = {ZSTD_MAGICNUMBER & 0xFF, ZSTD_M
 /// The format that new blocks have.
 constexpr Byte kZstdFormat = 1;
 
-/// A good half of what stronger levels save, at a small part of their time.
-constexpr int kLevel = 3;
 /// No frame may ask for more than 2 to this power bytes of what came before; those made here take a quarter.
 constexpr int kLargestWindow = 23;
 /// As much is made of a block before it is believed that there is more.
@@ -109,7 +107,6 @@ Long ZstdCompressor::Compress(const Bytes& data, Bytes& block) {
     if (!data.empty()) {
       const std::unique_ptr<ZSTD_CCtx, Release> context(ZSTD_createCCtx());
       if (!context) return kNoRoom;
-      ZSTD_CCtx_setParameter(context.get(), ZSTD_c_compressionLevel, kLevel);
       ZSTD_CCtx_setParameter(context.get(), ZSTD_c_checksumFlag, 1);
       constexpr std::size_t kHeader = kBeginning.size() + 1;
       made.resize(kHeader + ZSTD_compressBound(data.size()));

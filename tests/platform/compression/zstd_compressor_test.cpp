@@ -108,7 +108,7 @@ TEST(ZstdCompressor, MayPutTheResultInTheSamePlace) {
   EXPECT_EQ(bytes, data);
 }
 
-TEST(ZstdCompressor, MakesAFrameOfTheThirdLevelWithItsSizeAndAChecksum) {
+TEST(ZstdCompressor, MakesAFrameOfTheUsualLevelWithItsSizeAndAChecksum) {
   // Each level makes something else of these.
   Bytes data(100000);
   for (std::size_t place = 0; place < data.size(); ++place) {
