@@ -195,9 +195,33 @@ void SqliteRecordset::ReadCurrentRow() const {
   SqliteStatement& select = shape_->Select();
   select.Bind(1, row.id);
   if (!select.Step()) RaiseRowGone(*shape_->Table(), row.id);
-  select.ReadRow(0, shape_->Kinds(), cells_, FirstCell());
+  try {
+    ReadColumns(select);
+  } catch (...) {
+    select.Reset();
+    throw;
+  }
   select.Reset();
   row.stale = false;
+}
+
+void SqliteRecordset::ReadColumns(const SqliteStatement& select) const {
+  const std::vector<ColumnKind>& kinds = shape_->Kinds();
+  if (changed_) {
+    Cells found;
+    found.Resize(kinds.size());
+    select.ReadRow(0, kinds, found, 0);
+    for (std::size_t column = 0; column < kinds.size(); ++column) {
+      if (!written_[column]) cells_.Set(FirstCell() + column, found.Get(column));
+    }
+    return;
+  }
+  if (onDemand_) {
+    // What the rows before held would be kept with them.
+    cells_.Clear();
+    cells_.Resize(kinds.size());
+  }
+  select.ReadRow(0, kinds, cells_, FirstCell());
 }
 
 void SqliteRecordset::AddNew() {
@@ -340,7 +364,7 @@ Long SqliteRecordset::FieldCount() const {
 Variant SqliteRecordset::Get(std::string_view name) const {
   RequireRow();
   const std::size_t column = Column(name);
-  if (!adding_ && CurrentRow().stale) {
+  if (!adding_ && CurrentRow().stale && !(changed_ && written_[column])) {
     // The number of a row that was just written is asked for most of all.
     const std::int64_t id = CurrentRow().id;
     if (!onDemand_ && static_cast<int>(column) == shape_->RowIdColumn() && id == static_cast<Long>(id)) {
@@ -355,7 +379,6 @@ void SqliteRecordset::Put(std::string_view name, const Variant& value) {
   RequireChangeable();
   RequireRow();
   const std::size_t column = Column(name);
-  if (!adding_ && CurrentRow().stale) ReadCurrentRow();
   if (written_.empty()) written_.assign(static_cast<std::size_t>(shape_->ColumnCount()), 0);
   const ColumnKind kind = shape_->Kind(static_cast<int>(column));
   const std::size_t place = FirstCell() + column;

@@ -18,7 +18,7 @@ namespace quenzel7::ado {
 /// Rows can be changed when the query gives plain rows of one table that SQLite can find again by number; of
 /// any other query they are read-only whatever the lock. Static and forward-only recordsets are a copy of the
 /// rows; keyset and dynamic ones keep the rows' numbers and read a row when it is looked at, so that a row
-/// that was deleted meanwhile raises a database error then.
+/// that was deleted meanwhile raises a database error then. Putting values into a row reads nothing.
 ///
 /// Whatever was put into a row is written by Update, by a move to another row and by AddNew; Close forgets
 /// it. After Update the row shows what the database made of it. A row that was deleted meanwhile cannot be
@@ -82,6 +82,8 @@ class SqliteRecordset final : public Recordset {
   }
   Row& CurrentRow() const { return rows_[static_cast<std::size_t>(position_)]; }
   void ReadCurrentRow() const;
+  /// Takes from the row that was found what was not put.
+  void ReadColumns(const SqliteStatement& select) const;
   void GoTo(std::int64_t position);
   /// Binds the written columns from parameter 1 on; gives the last parameter.
   int BindWritten(SqliteStatement& statement) const;

@@ -11,6 +11,7 @@
 #include "platform/automation/array.h"
 #include "platform/automation/collection.h"
 #include "tests/platform/ado/database_test.h"
+#include "tests/platform/automation/allocation_watch.h"
 
 namespace quenzel7::ado {
 namespace {
@@ -412,9 +413,57 @@ TEST_F(SqliteRecordsetTest, ARowReadOnDemandThatIsGoneIsAnError) {
   const auto recordset = Open("SELECT * FROM Elements", adOpenDynamic);
   recordset->MoveNext();
   Run("DELETE FROM Elements WHERE ID=2");
-  EXPECT_RAISES(kDatabaseError, "row 2 of Elements has been deleted since it was read", recordset->Get("Xs"));
-  EXPECT_RAISES(kDatabaseError, "row 2 of Elements has been deleted since it was read",
-                recordset->Put("Xs", Long{1}));
+  const char* const gone = "row 2 of Elements has been deleted since it was read";
+  EXPECT_RAISES(kDatabaseError, gone, recordset->Get("Xs"));
+  recordset->Put("Xs", Long{1});
+  EXPECT_EQ(Number(recordset, "Xs"), 1);
+  EXPECT_RAISES(kDatabaseError, gone, recordset->Get("Ys"));
+  EXPECT_RAISES(kDatabaseError, gone, recordset->Update());
+}
+
+TEST_F(SqliteRecordsetTest, WhatWasPutIsShownBesideWhatTheDatabaseHolds) {
+  for (const CursorType cursor : kCursors) {
+    Run("DELETE FROM Elements");
+    Run("INSERT INTO Elements(ID,Xs,Ys,Name,Data) VALUES (1,10,20,'a',x'0102')");
+    const auto row = Open("SELECT * FROM Elements", cursor);
+    // A row that was just written is read anew.
+    row->Put("Xs", Long{11});
+    row->Update();
+    row->Put("ID", Long{5});
+    row->Put("Ys", Long{21});
+    row->Put("Data", NullValue{});
+    EXPECT_EQ(Number(row, "ID"), 5);
+    EXPECT_EQ(Number(row, "Ys"), 21);
+    EXPECT_EQ(Number(row, "Xs"), 11);
+    EXPECT_EQ(To<std::string>(row->Get("Name")), "a");
+    EXPECT_EQ(Number(row, "ID"), 5);
+    EXPECT_EQ(Number(row, "Ys"), 21);
+    EXPECT_TRUE(row->Get("Data").IsNull());
+    row->Put("Name", std::string("b"));
+    row->Update();
+    EXPECT_EQ(Elements(), (Lines{"5|11|21|b"})) << cursor;
+    EXPECT_EQ(Rows("SELECT Data FROM Elements", {"Data"}), (Lines{"Null"}));
+  }
+}
+
+TEST_F(SqliteRecordsetTest, WhatWasPutStaysWhenTheRestCannotBeRead) {
+  for (const CursorType cursor : {adOpenKeyset, adOpenDynamic}) {
+    Run("DELETE FROM Elements");
+    Run("INSERT INTO Elements(ID,Xs,Price) VALUES (1,10,1e300)");
+    const auto row = Open("SELECT * FROM Elements", cursor);
+    row->Put("Xs", Long{11});
+    EXPECT_EQ(test::ErrorOf([&] { row->Get("Ys"); }), 6);
+    row->Update();
+    EXPECT_EQ(Rows("SELECT Xs FROM Elements", {"Xs"}), (Lines{"11"}));
+  }
+}
+
+TEST_F(SqliteRecordsetTest, RowsReadOnDemandAreForgottenAtTheNext) {
+  for (int row = 0; row < 500; ++row) Run("INSERT INTO Elements(Data) VALUES (x'01'), (Null)");
+  const auto recordset = Open("SELECT * FROM Elements", adOpenKeyset);
+  const automation::AllocationWatch watch;
+  for (; !recordset->Eof(); recordset->MoveNext()) recordset->Get("Data");
+  EXPECT_LT(watch.Biggest(), 1000u);
 }
 
 TEST_F(SqliteRecordsetTest, QueriesOfMoreThanPlainRowsAreCopiedWhateverTheCursor) {

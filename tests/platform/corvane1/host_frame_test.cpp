@@ -76,6 +76,11 @@ TEST_F(HostFrameTest, ForgetsAllOfItAtOnce) {
   EXPECT_EQ(frame_.Refreshes(), Refreshes{});
 }
 
+TEST(HostFrameEntries, AreEmptyToBeginWith) {
+  EXPECT_EQ(OutputEntry(), (OutputEntry{"", 0}));
+  EXPECT_EQ(RefreshRequest(), (RefreshRequest{0, 0}));
+}
+
 TEST(HostFrameEntries, DifferInEachOfTheirParts) {
   EXPECT_NE((OutputEntry{"a", 1}), (OutputEntry{"b", 1}));
   EXPECT_NE((OutputEntry{"a", 1}), (OutputEntry{"a", 2}));
