@@ -27,6 +27,9 @@ struct JpegErrors : jpeg_error_mgr {
   char message[JMSG_LENGTH_MAX];
 };
 
+/// The level of messages that are warnings; others tell what is being done.
+constexpr int kWarning = -1;
+
 /// Whether a warning says nothing of the pixels.
 bool IsHarmless(int warning) {
   return warning == JWRN_EXTRANEOUS_DATA || warning == JWRN_JFIF_MAJOR || warning == JWRN_ADOBE_XFORM;
@@ -82,7 +85,7 @@ class JpegStream {
   }
   /// In place of the library's own handler, which writes warnings to standard error.
   static void Judge(j_common_ptr picture, int level) {
-    if (level < 0 && !IsHarmless(picture->err->msg_code)) Leave(picture);
+    if (level == kWarning && !IsHarmless(picture->err->msg_code)) Leave(picture);
   }
   static void Watch(j_common_ptr picture) {
     auto& errors = *static_cast<JpegErrors*>(picture->err);

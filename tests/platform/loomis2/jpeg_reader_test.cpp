@@ -96,6 +96,8 @@ TEST(Jpeg, OfInksRoundsToTheNearest) {
   // 191 * 100 / 255 = 74.9, 129 * 100 / 255 = 50.6, 128 * 100 / 255 = 50.2
   EXPECT_EQ(Shows({.kind = Kind::kCmyk, .samples = Squares({{191, 129, 128, 100}}), .hasAdobeMarker = true}),
             (std::vector<std::uint32_t>{0x4B3332}));
+  EXPECT_EQ(Shows({.kind = Kind::kCmyk, .samples = Squares({{127, 128, 255, 1}}), .hasAdobeMarker = true}),
+            (std::vector<std::uint32_t>{0x000101}));
 }
 
 TEST(Jpeg, OfInksAsBrightnessAndTwoColours) {
@@ -179,6 +181,13 @@ TEST(Jpeg, ThatEndsEarlyIsRefused) {
   Bytes file = Small();
   file.resize(file.size() - 2);
   EXPECT_RAISES(481, "the jpg file cannot be read: Premature end of JPEG file", ReadJpeg(file));
+  // Its pixels are all there, but not the comment behind them.
+  file.insert(file.end(), {0xFF, 0xFE, 0, 80});
+  EXPECT_RAISES(481, "the jpg file cannot be read: Premature end of JPEG file", ReadJpeg(file));
+  file.insert(file.end(), {0xFF, 0xD9});
+  EXPECT_RAISES(481, "the jpg file cannot be read: Premature end of JPEG file", ReadJpeg(file));
+  file[file.size() - 3] = 2;
+  EXPECT_EQ(SquaresOf(ReadJpeg(file)), std::vector<std::uint32_t>{0x303030});
   EXPECT_RAISES(481, "the jpg file cannot be read: Empty input file", ReadJpeg({}));
 }
 
