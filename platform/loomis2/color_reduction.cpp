@@ -48,7 +48,7 @@ std::uint32_t ColorOfSixteenths(Channels sixteenths) {
   return channel(2) << 16 | channel(1) << 8 | channel(0);
 }
 
-/// One row on its way from left to right.
+/// One row on its way from left to right, each pixel reduced and what it loses handed on.
 class RowWalk {
  public:
   /// `left` is what the row above left to each pixel, with one more before the first. What this row leaves
@@ -105,25 +105,25 @@ PanelPixels ReducedToNearest(const Picture& picture, NearestColor& nearest) {
 }
 
 PanelPixels ReducedByDiffusion(const Picture& picture, NearestColor& nearest) {
-  // Each pixel waits for the one before it; some rows at a time leave the processor less idle. A row is two
-  // pixels behind the one above, which leaves nothing more then to the pixel that is its turn.
-  constexpr std::ptrdiff_t kRows = 4, kBehind = 2;
+  // Each pixel waits for the one before it: some rows at a time leave the processor less idle. A row walks
+  // two pixels behind the one above it, which has then left all that it leaves to the pixel whose turn it is.
+  constexpr Long kRowsAtATime = 4;
+  constexpr std::ptrdiff_t kBehind = 2;
   PanelPixels result{RoomFor(picture), true};
-  const std::ptrdiff_t width = picture.width;
+  const std::ptrdiff_t width = picture.width, rowBytes = width + width % 2;
   std::vector<Channels> left(static_cast<std::size_t>(width) + 1);
-  const std::uint32_t* row = picture.pixels.data();
-  Byte* out = result.bytes.data();
-  for (Long y = 0; y < picture.height; y += kRows) {
-    std::vector<RowWalk> walks;
-    const int n = std::min<Long>(kRows, picture.height - y);
-    for (int k = 0; k < n; k++) {
-      walks.emplace_back(row, width, left.data(), out);
-      row += width, out += width + width % 2;
+  std::vector<RowWalk> rows;
+  for (Long top = 0; top < picture.height; top += kRowsAtATime) {
+    const std::ptrdiff_t count = std::min(kRowsAtATime, picture.height - top);
+    rows.clear();
+    for (std::ptrdiff_t y = top; y < top + count; ++y)
+      rows.emplace_back(picture.pixels.data() + y * width, width, left.data(),
+                        result.bytes.data() + y * rowBytes);
+    for (std::ptrdiff_t x = 0; x <= width + kBehind * (count - 1); ++x) {
+      for (std::ptrdiff_t i = 0; i < count; ++i)
+        rows[static_cast<std::size_t>(i)].Visit(x - kBehind * i, nearest);
     }
-    for (std::ptrdiff_t i = 0; i <= width + kBehind * (n - 1); ++i) {
-      for (std::ptrdiff_t k = 0; k < n; ++k) walks[k].Visit(i - kBehind * k, nearest);
-    }
-    for (auto& w : walks) result.isExact = result.isExact && w.IsExact();
+    for (const RowWalk& row : rows) result.isExact = result.isExact && row.IsExact();
   }
   return result;
 }

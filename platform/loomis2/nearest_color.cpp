@@ -48,7 +48,7 @@ NearestColor::Candidates NearestColor::CandidatesAt(std::uint32_t color) {
   if constexpr (kBits < kCoarseBits) {
     return {0, static_cast<std::uint32_t>(colors_.size())};
   } else {
-    Candidates& known = cells_[kBits - kCoarseBits][CellOf<kBits>(color)];
+    Candidates& known = cells_[kBits - kCoarseBits][NumberOf(color) >> 3 * (8 - kBits)];
     if (known.count == 0) {
       known = CandidatesAt<kBits - 1>(color);
       if (known.count > 1) known = CandidatesIn(CellAround<kBits>(color), known);
@@ -105,10 +105,12 @@ std::uint32_t NearestColor::GiveAnswers(std::uint32_t color, const LabCell& cell
     }
   }
   const auto answers = static_cast<std::uint32_t>(given_.size());
+  given_.resize(given_.size() + kCellColors);
   for (std::uint32_t i = 0; i < kCellColors; ++i) {
     const bool isClear = second[i] - nearest[i] > 2 * loose;
     const std::uint32_t rest = i / (kSide * kSide) << 16 | i / kSide % kSide << 8 | i % kSide;
-    given_.push_back(isClear ? static_cast<Byte>(index[i]) : NearestAmong(candidates, LabOf(lowest | rest)));
+    given_[answers + NumberOf(rest)] =
+        isClear ? static_cast<Byte>(index[i]) : NearestAmong(candidates, LabOf(lowest | rest));
   }
   return answers;
 }

@@ -24,9 +24,10 @@ class NearestColor {
   const PanelColors& Colors() const { return colors_; }
   /// The index of the colour at the least distance from a colour 0x00RRGGBB; of several the first.
   Byte Of(std::uint32_t color) {
-    const std::uint32_t cell = CellOf<kFineBits>(color);
-    if (answers_[cell] == kUnknown) answers_[cell] = AnswersFor(color);
-    return given_[answers_[cell] + CellOf<8 - kFineBits>(color << kFineBits)];
+    const std::uint32_t number = NumberOf(color);
+    std::uint32_t& answers = answers_[number / kCellColors];
+    if (answers == kUnknown) answers = AnswersFor(color);
+    return given_[answers + number % kCellColors];
   }
 
  private:
@@ -40,12 +41,18 @@ class NearestColor {
     std::uint32_t begin = 0, count = 0;
   };
 
-  /// The number of the cell of a colour: the highest bits of each channel.
-  template <int kBits>
-  static constexpr std::uint32_t CellOf(std::uint32_t color) {
-    constexpr std::uint32_t kMask = (1u << kBits) - 1;
-    return (color >> (24 - kBits) & kMask) << (2 * kBits) | (color >> (16 - kBits) & kMask) << kBits |
-           (color >> (8 - kBits) & kMask);
+  /// A channel's bits with two more between each.
+  static constexpr auto kSpread = [] {
+    std::array<std::uint32_t, 256> spread{};
+    for (std::uint32_t value = 0; value < spread.size(); ++value) {
+      for (int bit = 0; bit < 8; ++bit) spread[value] |= (value >> bit & 1) << 3 * bit;
+    }
+    return spread;
+  }();
+  /// The number of a colour when the bits of the channels take turns, the highest first: the colours of a
+  /// cell follow one another, and so do the cells in a larger one.
+  static std::uint32_t NumberOf(std::uint32_t color) {
+    return kSpread[color >> 16 & 0xFF] << 2 | kSpread[color >> 8 & 0xFF] << 1 | kSpread[color & 0xFF];
   }
   /// Those among the candidates that can be nearest somewhere in the cell, added to the lists.
   Candidates CandidatesIn(const LabCell& cell, Candidates around);
