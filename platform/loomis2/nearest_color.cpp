@@ -32,15 +32,13 @@ NearestColor::NearestColor(PanelColors colors)
 }
 
 NearestColor::Candidates NearestColor::CandidatesIn(const LabCell& cell, Candidates around) {
-  std::array<Byte, 256> among;
-  const auto begin = among.begin(), end = std::copy_n(lists_.begin() + around.begin, around.count, begin);
-  const auto distance = [&](Byte index) { return DistanceSquared(cell.Middle(), labs_[index]); };
-  const LabColor central = labs_[*std::min_element(
-      begin, end, [&](Byte one, Byte other) { return distance(one) < distance(other); })];
-  const auto place = static_cast<std::uint32_t>(lists_.size());
-  std::copy_if(begin, end, std::back_inserter(lists_),
-               [&](Byte index) { return cell.Of(central, labs_[index]).Least() <= 0; });
-  return {place, static_cast<std::uint32_t>(lists_.size()) - place};
+  const LabColor central = labs_[NearestAmong(around, cell.Middle())];
+  const Candidates result{static_cast<std::uint32_t>(lists_.size()), 0};
+  for (std::uint32_t i = around.begin; i < around.begin + around.count; ++i) {
+    const Byte index = lists_[i];
+    if (cell.Of(central, labs_[index]).Least() <= 0) lists_.push_back(index);
+  }
+  return {result.begin, static_cast<std::uint32_t>(lists_.size()) - result.begin};
 }
 
 template <int kBits>
@@ -72,6 +70,18 @@ std::uint32_t NearestColor::AnswersFor(std::uint32_t color) {
 
 std::uint32_t NearestColor::GiveAnswers(std::uint32_t color, const LabCell& cell, Candidates candidates) {
   constexpr std::uint32_t kSide = 1u << (8 - kFineBits);
+  // How far each colour of the cell is off the lowest one, blue changing fastest; and its number.
+  static constexpr auto kOffsets = [] {
+    std::array<std::uint32_t, kCellColors> offsets{};
+    for (std::uint32_t i = 0; i < kCellColors; ++i)
+      offsets[i] = i / (kSide * kSide) << 16 | i / kSide % kSide << 8 | i % kSide;
+    return offsets;
+  }();
+  static constexpr auto kNumbers = [] {
+    std::array<std::uint32_t, kCellColors> numbers{};
+    for (std::uint32_t i = 0; i < kCellColors; ++i) numbers[i] = NumberOf(kOffsets[i]);
+    return numbers;
+  }();
   const std::uint32_t lowest = color & ~kRest<kFineBits>;
   std::array<std::array<float, kSide>, 3> places;
   for (std::size_t channel = 0; channel < 3; ++channel) {
@@ -104,22 +114,30 @@ std::uint32_t NearestColor::GiveAnswers(std::uint32_t color, const LabCell& cell
       nearest[at] = std::min(value, least);
     }
   }
+  // One of these numbers is that of the first candidate, and certain, when there are two.
+  const float limit = candidates.count == 2 ? loose : 2 * loose;
   const auto answers = static_cast<std::uint32_t>(given_.size());
   given_.resize(given_.size() + kCellColors);
   for (std::uint32_t i = 0; i < kCellColors; ++i) {
-    const bool isClear = second[i] - nearest[i] > 2 * loose;
-    const std::uint32_t rest = i / (kSide * kSide) << 16 | i / kSide % kSide << 8 | i % kSide;
-    given_[answers + NumberOf(rest)] =
-        isClear ? static_cast<Byte>(index[i]) : NearestAmong(candidates, LabOf(lowest | rest));
+    given_[answers + kNumbers[i]] = second[i] - nearest[i] > limit
+                                        ? static_cast<Byte>(index[i])
+                                        : NearestAmong(candidates, LabOf(lowest | kOffsets[i]));
   }
   return answers;
 }
 
 Byte NearestColor::NearestAmong(Candidates candidates, const LabColor& lab) const {
   const Byte* const begin = lists_.data() + candidates.begin;
-  return *std::min_element(begin, begin + candidates.count, [&](Byte one, Byte other) {
-    return DistanceSquared(lab, labs_[one]) < DistanceSquared(lab, labs_[other]);
-  });
+  Byte nearest = *begin;
+  float least = DistanceSquared(lab, labs_[nearest]);
+  for (const Byte* at = begin + 1; at != begin + candidates.count; ++at) {
+    const float distance = DistanceSquared(lab, labs_[*at]);
+    if (distance < least) {
+      least = distance;
+      nearest = *at;
+    }
+  }
+  return nearest;
 }
 
 }  // namespace quenzel7::loomis2

@@ -51,7 +51,7 @@ class NearestColor {
   }();
   /// The number of a colour when the bits of the channels take turns, the highest first: the colours of a
   /// cell follow one another, and so do the cells in a larger one.
-  static std::uint32_t NumberOf(std::uint32_t color) {
+  static constexpr std::uint32_t NumberOf(std::uint32_t color) {
     return kSpread[color >> 16 & 0xFF] << 2 | kSpread[color >> 8 & 0xFF] << 1 | kSpread[color & 0xFF];
   }
   /// Those among the candidates that can be nearest somewhere in the cell, added to the lists.
