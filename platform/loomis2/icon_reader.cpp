@@ -56,8 +56,9 @@ Extent ExtentOfPng(ByteReader reader) {
   };
   const std::uint64_t width = number(), height = number();
   const int bits = reader.U8(), colorType = reader.U8();
-  constexpr int kChannels[] = {1, 0, 3, 1, 2, 0, 4};
-  return {width * height, colorType < 7 ? bits * kChannels[colorType] : 0};
+  // Of the kinds of colour that there are; the last stands for all others.
+  constexpr int kChannels[] = {1, 0, 3, 1, 2, 0, 4, 0};
+  return {width * height, bits * kChannels[std::min(colorType, 7)]};
 }
 
 Extent ExtentOfDib(ByteReader reader, const std::string& name) {

@@ -36,7 +36,7 @@ bool IsHarmless(int warning) {
 }
 
 /// The library's structures of one picture. The library leaves a call that fails by a jump to the last
-/// setjmp, so whoever calls it does so from a function without objects of its own.
+/// setjmp, so whoever calls it does so from a function without objects that would have to be ended.
 class JpegStream {
  public:
   JpegStream() {
@@ -53,31 +53,34 @@ class JpegStream {
   const char* Message() const { return errors_.message; }
 
   bool Begin(std::span<const Byte> file) {
-    if (setjmp(errors_.place)) return false;
-    jpeg_create_decompress(&picture_);
-    picture_.progress = &progress_;
-    jpeg_mem_src(&picture_, file.data(), static_cast<unsigned long>(file.size()));
-    jpeg_read_header(&picture_, TRUE);
-    return true;
+    return Try([this, file] {
+      jpeg_create_decompress(&picture_);
+      picture_.progress = &progress_;
+      jpeg_mem_src(&picture_, file.data(), static_cast<unsigned long>(file.size()));
+      jpeg_read_header(&picture_, TRUE);
+    });
   }
   bool Start(J_COLOR_SPACE colors) {
-    if (setjmp(errors_.place)) return false;
-    picture_.out_color_space = colors;
-    jpeg_start_decompress(&picture_);
-    return true;
+    return Try([this, colors] {
+      picture_.out_color_space = colors;
+      jpeg_start_decompress(&picture_);
+    });
   }
   bool Row(Byte* row) {
-    if (setjmp(errors_.place)) return false;
-    jpeg_read_scanlines(&picture_, &row, 1);
-    return true;
+    return Try([this, row]() mutable { jpeg_read_scanlines(&picture_, &row, 1); });
   }
   bool End() {
-    if (setjmp(errors_.place)) return false;
-    jpeg_finish_decompress(&picture_);
-    return true;
+    return Try([this] { jpeg_finish_decompress(&picture_); });
   }
 
  private:
+  /// Whether the calls were done.
+  template <class Calls>
+  bool Try(Calls calls) {
+    if (setjmp(errors_.place)) return false;
+    calls();
+    return true;
+  }
   [[noreturn]] static void Leave(j_common_ptr picture) {
     auto& errors = *static_cast<JpegErrors*>(picture->err);
     errors.format_message(picture, errors.message);

@@ -81,6 +81,7 @@ std::vector<Byte> JpegBytes(const JpegSample& sample) {
   for (int i = 0; i < jpeg.num_components; ++i) {
     jpeg.comp_info[i].h_samp_factor = jpeg.comp_info[i].v_samp_factor = 1;
   }
+  if (sample.areColorsHalved) jpeg.comp_info[0].h_samp_factor = jpeg.comp_info[0].v_samp_factor = 2;
   jpeg.write_Adobe_marker = sample.hasAdobeMarker ? TRUE : FALSE;
   const std::vector<jpeg_scan_info> scans = Scans(sample.scans);
   if (sample.scans != 0) {

@@ -18,7 +18,8 @@ struct JpegSample {
   bool hasAdobeMarker = false;
   /// 0 for a plain file; else it is progressive, with so many scans (2 to 127) of a gray picture.
   int scans = 0;
-  std::vector<Byte> exif = {};  ///< of a camera's marker, none when empty
+  bool areColorsHalved = false;  ///< both colours are kept at half the size, the brightness is not
+  std::vector<Byte> exif = {};   ///< of a camera's marker, none when empty
 };
 std::vector<Byte> JpegBytes(const JpegSample& sample);
 

@@ -72,6 +72,16 @@ TEST(Jpeg, OfBrightnessAndTwoColours) {
             (std::vector<std::uint32_t>{0xFE0000, 0x00FF01, 0x070707}));
 }
 
+TEST(Jpeg, OfColoursAtHalfTheSize) {
+  Bytes samples = Squares({{255, 0, 0}, {255, 0, 0}});
+  samples.resize(2 * samples.size(), 0);
+  std::copy_n(samples.begin(), samples.size() / 2,
+              samples.begin() + static_cast<std::ptrdiff_t>(samples.size() / 2));
+  EXPECT_EQ(
+      Shows({.kind = Kind::kYcc, .width = 16, .height = 16, .samples = samples, .areColorsHalved = true}),
+      std::vector<std::uint32_t>(4, 0xFE0000));
+}
+
 TEST(Jpeg, OfRedGreenAndBlue) {
   const Bytes samples = Squares({{1, 2, 3}, {250, 100, 50}});
   for (const bool hasAdobeMarker : {true, false}) {
