@@ -17,6 +17,11 @@ Long ShowLibraryMessage(Long number) {
   return ShowLibraryMessage(number, nothing);
 }
 
+void ShowLibraryBox(const std::string& text) {
+  // The caption that the run-time gives a box that has none.
+  Platform::Current().messageBoxes->Show(text, corvane1::kOkButton, "Quenzel7");
+}
+
 void ReportLibraryError(const std::string& source, Long number, const std::string& description,
                         const std::string& text1, const std::string& text2, Long value) {
   Platform::Current().errorLog->Report({source, number, description, "Quenzel7.dll", text1, text2, value});

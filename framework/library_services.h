@@ -21,6 +21,9 @@ Long ShowLibraryMessage(Long number, automation::Variant& argument);
 /// The same for a message without an insert.
 Long ShowLibraryMessage(Long number);
 
+/// Shows a box with OK alone and a text of the library's own.
+void ShowLibraryBox(const std::string& text);
+
 /// Passes an error to the host's error log, as one of "Quenzel7.dll".
 void ReportLibraryError(const std::string& source, Long number, const std::string& description,
                         const std::string& text1, const std::string& text2, Long value);

@@ -1,5 +1,7 @@
 #include "images/corrupted_image.h"
 
+#include <memory>
+
 #include "framework/element_types.h"
 #include "framework/library_services.h"
 #include "framework/project.h"
@@ -63,12 +65,12 @@ void ReportCorruptedImage(const std::string& pPath, Long pElementID) {
   // A button goes on without its picture.
   if (type != kButtonElement) project->Execute("DELETE * FROM HMI_Elements WHERE ID= " + id);
   ReleaseElementImages(pElementID);
-  corvane1::HostFrame& frame = *Platform::Current().hostFrame;
-  frame.InterruptWork();
-  frame.SetPointer(corvane1::kArrowPointer);
+  const std::shared_ptr<corvane1::HostFrame> frame = Platform::Current().hostFrame;
+  frame->InterruptWork();
+  frame->SetPointer(corvane1::kArrowPointer);
   Log("Corruted Image", text, kDrawing, 0);
-  frame.Refresh(kEverything, kPagesView);
-  frame.SetPointer(corvane1::kBusyPointer);
+  frame->Refresh(kEverything, kPagesView);
+  frame->SetPointer(corvane1::kBusyPointer);
 }
 
 }  // namespace quenzel7

@@ -14,7 +14,8 @@ struct CorruptedImageSource {
   std::string_view className, method;
 };
 
-/// Logs that a picture was saved whose pixels did not fit its size and were made anew.
+/// Logs that a picture was saved whose pixels did not fit its size; they were made anew where that was
+/// possible.
 void LogRepairedImage(const std::string& path, const CorruptedImageSource& source);
 
 /// Removes an element from the project whose pixels give no bitmap, with its pictures, logs it, and has the

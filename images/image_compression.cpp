@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "framework/library_services.h"
 #include "platform/automation/automation_error.h"
 #include "platform/compression/compressor.h"
 #include "platform/platform.h"
@@ -11,9 +12,6 @@ namespace quenzel7 {
 namespace {
 
 using compression::Compressor;
-
-/// Boxes of the run-time bear the name of the program's project.
-constexpr const char* kCaption = "Quenzel7";
 
 /// A compressor of the host's making, for one use.
 std::shared_ptr<Compressor> NewCompressor() {
@@ -30,7 +28,7 @@ PixelBytes Worked(Long (Compressor::*work)(const PixelBytes&, PixelBytes&), cons
                   const std::string& failure) {
   PixelBytes result;
   if (((*NewCompressor()).*work)(from, result) == 0) return result;
-  Platform::Current().messageBoxes->Show(failure, corvane1::kOkButton, kCaption);
+  ShowLibraryBox(failure);
   return {};
 }
 

@@ -9,7 +9,6 @@
 #include "images/image_links.h"
 #include "images/image_queries.h"
 #include "images/var_image_element.h"
-#include "platform/automation/arithmetic.h"
 #include "platform/platform.h"
 
 namespace quenzel7 {
@@ -17,9 +16,11 @@ namespace {
 
 using Picture = clsVarImageElement;
 
-const automation::Collection& Required(const automation::CollectionRef& list) {
+/// The list, held for as long as it is walked: a host that is told meanwhile may put another one in its
+/// place.
+automation::CollectionRef Required(const automation::CollectionRef& list) {
   if (!list) automation::detail::RaiseObjectNotSet();
-  return *list;
+  return list;
 }
 
 Long FirstIndexOf(enVarType type) {
@@ -28,11 +29,11 @@ Long FirstIndexOf(enVarType type) {
 
 void SaveEach(Long elementId, enVarType type, const automation::CollectionRef& list,
               const std::function<void(Picture&, Long index)>& save) {
-  const automation::Collection& pictures = Required(list);
-  TrimElementImages(elementId, pictures.Count());
+  const automation::CollectionRef pictures = Required(list);
+  TrimElementImages(elementId, pictures->Count());
   Long index = FirstIndexOf(type);
-  for (Long place = 1; place <= pictures.Count(); ++place, ++index) {
-    const auto picture = pictures.ObjectAt<Picture>(place);
+  for (Long place = 1; place <= pictures->Count(); ++place, ++index) {
+    const auto picture = pictures->ObjectAt<Picture>(place);
     if (picture->CRC8bpp() != kNoImage) save(*picture, index);
   }
   CollectOrphanImages();
@@ -65,11 +66,11 @@ void ResizeElementImages(Long pDx, Long pDy, const automation::CollectionRef& pC
                          Long pElementID) {
   const std::vector<Long> distinct = GetDistinctElementImageCRCs(pElementID);
   const BusyPointer busy;
-  const automation::Collection& pictures = Required(pColImageList);
+  const automation::CollectionRef pictures = Required(pColImageList);
   for (const Long crc : distinct) {
     std::shared_ptr<Picture> first;
-    for (Long place = 1; place <= pictures.Count(); ++place) {
-      const auto picture = pictures.ObjectAt<Picture>(place);
+    for (Long place = 1; place <= pictures->Count(); ++place) {
+      const auto picture = pictures->ObjectAt<Picture>(place);
       if (picture->CRC8bpp() != crc) continue;
       if (first) {
         picture->CRC8bpp(first->CRC8bpp());

@@ -1,7 +1,7 @@
 #include "images/image_queries.h"
 
+#include <cstdint>
 #include <new>
-#include <stdexcept>
 
 #include "images/image_rows.h"
 #include "platform/automation/automation_error.h"
@@ -77,11 +77,13 @@ Long GetImageBitsByCRC(Long pCRC) {
 }
 
 void GetImageOriginalDimansions(Long pCRC, Long& pDx, Long& pDy) {
-  pDx = pDy = -1;
+  Long dx = -1, dy = -1;
   ReadFirstImageRow(ImageInUseQuery("CRC,DxORG,DyORG", pCRC), [&](const ado::Recordset& row) {
-    pDx = NumberIn(row, "DxORG");
-    pDy = NumberIn(row, "DyORG");
+    dx = NumberIn(row, "DxORG");
+    dy = NumberIn(row, "DyORG");
   });
+  pDx = dx;
+  pDy = dy;
 }
 
 void GetImageDimensions(Long pCRC, Long& pDx, Long& pDy) {
@@ -126,10 +128,12 @@ std::vector<Long> GetDistinctElementImageCRCs(Long pElement_ID) {
 std::vector<Long> GetCRCsOfVarImages(Long pElement_ID, Long pNumOfImages) {
   if (pNumOfImages < 1) return {};
   std::vector<Long> pictures = NoPictures(pNumOfImages);
-  const bool hasHoles =
-      CountOf(LinksQuery("COUNT(Image_CRC) as ActualCount", pElement_ID), "ActualCount") != pNumOfImages;
+  Long actualCount = 0;
+  ReadFirstImageRow(LinksQuery("COUNT(Image_CRC) as ActualCount", pElement_ID),
+                    [&](const ado::Recordset& row) { actualCount = NumberIn(row, "ActualCount"); });
+  const bool hasHoles = actualCount != pNumOfImages;
   const ado::RecordsetRef rows = OpenImageRows(OrderedLinksQuery(pElement_ID), ado::adOpenForwardOnly);
-  for (Long place = 0; !rows->Eof(); ++place) {
+  for (std::int64_t place = 0; !rows->Eof(); ++place) {
     const bool isHere = !hasHoles || NumberIn(*rows, "Image_Index") == place;
     if (isHere && place < pNumOfImages) {
       pictures[static_cast<std::size_t>(place)] = NumberIn(*rows, "Image_CRC");

@@ -38,7 +38,7 @@ class ImageRecord : public automation::Object {
   const PixelBytes& GetData8bppORG() const { return dataOrg_; }
 
  protected:
-  /// The picture for saving at a size on the panel.
+  /// The picture for saving at a size on the panel; saving may repair the pixels through it.
   ImageToSave ToSave(Long dx, Long dy, Long bits) {
     return {CRC8bpp_, SourceCRC_, DxORG_, DyORG_, dataOrg_, dx, dy, data_, Path_, bits};
   }

@@ -92,9 +92,10 @@ RowsForImage OpenRowsFor(Long crc, const SavingManner& manner) {
   return {OpenImageRows(query, ado::adOpenDynamic), isKnown};
 }
 
-/// Saves the picture's row; gives the CRC under which it is kept, and whether its pixels were damaged.
 struct SavedRow {
+  /// The CRC under which the picture is kept.
   Long crc;
+  /// Whether its pixels did not fit its size.
   bool wasCorrupted;
 };
 
@@ -108,11 +109,9 @@ SavedRow SaveRow(ImageToSave image, const SavingManner& manner) {
                      image.bits);
     if (manner.takesRepairedCrc && repaired != image.crc) {
       image.crc = repaired;
-      if (found.areItsOwn) {
-        // The row found is that of other pixels, which others may have: these have one of their own.
-        found.rows->Close();
-        found = OpenRowsFor(image.crc, manner);
-      }
+      // The row found is that of other pixels, which others may have: these have one of their own.
+      found.rows->Close();
+      found = OpenRowsFor(image.crc, manner);
     }
   }
   ado::Recordset& row = *found.rows;

@@ -9,13 +9,13 @@
 
 namespace quenzel7 {
 
-loomis2::ImageLibrary& CurrentImageLibrary() {
-  const loomis2::ImageLibraryRef& library = LibraryState::Current().ImageLibrary;
+loomis2::ImageLibraryRef CurrentImageLibrary() {
+  loomis2::ImageLibraryRef library = LibraryState::Current().ImageLibrary;
   if (!library) {
     throw automation::AutomationError(automation::ErrorNumber::ObjectNotSet,
                                       "there is no image library: InitImageLibrary was not called");
   }
-  return *library;
+  return library;
 }
 
 bool IsImageDataValid(const PixelBytes& data, Long dx, Long dy, Long bits) {
@@ -25,23 +25,23 @@ bool IsImageDataValid(const PixelBytes& data, Long dx, Long dy, Long bits) {
 }
 
 gdi::HBITMAP BitmapOfPixels(const PixelBytes& data, Long dx, Long dy, Long bits) {
-  loomis2::ImageLibrary& library = CurrentImageLibrary();
-  return bits == kTwoBytePixels ? library.CreateBitmapFrom16bpp(data, dx, dy)
-                                : library.CreateBitmapFrom8bpp(data, dx, dy);
+  const loomis2::ImageLibraryRef library = CurrentImageLibrary();
+  return bits == kTwoBytePixels ? library->CreateBitmapFrom16bpp(data, dx, dy)
+                                : library->CreateBitmapFrom8bpp(data, dx, dy);
 }
 
 gdi::HBITMAP StretchedBitmapOfPixels(const PixelBytes& dataOrg, Long dxOrg, Long dyOrg, Long dx, Long dy,
                                      Long bits) {
   const gdi::OwnedBitmap original(BitmapOfPixels(dataOrg, dxOrg, dyOrg, bits));
-  return CurrentImageLibrary().StretchBitmap(original.Get(), dx, dy);
+  return CurrentImageLibrary()->StretchBitmap(original.Get(), dx, dy);
 }
 
 Long ConvertToPixels(gdi::HBITMAP bitmap, Long conversionMode, Long dx, Long dy, Long bits, PixelBytes& data,
                      Long& crc) {
-  loomis2::ImageLibrary& library = CurrentImageLibrary();
-  if (bits == kTwoBytePixels) return library.ConvertBitmapTo16bpp(bitmap, dx, dy, data, crc);
-  return library.ConvertBitmapTo8bpp(conversionMode, bitmap, Platform::Current().colorService->GetPalette(),
-                                     dx, dy, data, crc);
+  const loomis2::ImageLibraryRef library = CurrentImageLibrary();
+  if (bits == kTwoBytePixels) return library->ConvertBitmapTo16bpp(bitmap, dx, dy, data, crc);
+  return library->ConvertBitmapTo8bpp(conversionMode, bitmap, Platform::Current().colorService->GetPalette(),
+                                      dx, dy, data, crc);
 }
 
 bool RebuildImageData(const PixelBytes& pDataORG, Long pDxORG, Long pDyORG, Long pDx, Long pDy,

@@ -21,8 +21,8 @@ inline constexpr Long kTwoBytePixels = 16;
 
 using PixelBytes = std::vector<Byte>;
 
-/// The thread's image library; error 91 before the host has set one up.
-loomis2::ImageLibrary& CurrentImageLibrary();
+/// The thread's image library, which is never none; error 91 before the host has set one up.
+loomis2::ImageLibraryRef CurrentImageLibrary();
 
 /// Whether the pixels have the length of a picture of that size.
 bool IsImageDataValid(const PixelBytes& data, Long dx, Long dy, Long bits);

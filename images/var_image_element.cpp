@@ -44,11 +44,12 @@ const automation::ClassInfo& clsVarImageElement::ClassOf() {
 }
 
 bool clsVarImageElement::Resize(Long dx, Long dy, Long bits) {
-  loomis2::ImageLibrary& library = CurrentImageLibrary();
-  const Long mode = library.GetConversionMode(Path());
+  if (CRC8bpp() == kPaintedImage) return false;
+  const loomis2::ImageLibraryRef library = CurrentImageLibrary();
+  const Long mode = library->GetConversionMode(Path());
   if (Path().empty() || SourceCRC() == kNoImage) return false;
   Long status = loomis2::kImageFileNotRead;
-  gdi::OwnedBitmap bitmap(library.LoadResizedImage(Path(), SourceCRC(), dx, dy, status));
+  gdi::OwnedBitmap bitmap(library->LoadResizedImage(Path(), SourceCRC(), dx, dy, status));
   if (status != loomis2::kImageDone) {
     bitmap.Reset(StretchedBitmapOfPixels(GetData8bppORG(), DxORG(), DyORG(), dx, dy, bits));
   }

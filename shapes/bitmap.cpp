@@ -1,7 +1,6 @@
 #include "shapes/bitmap.h"
 
 #include <utility>
-#include <vector>
 
 #include "framework/bitmap_size.h"
 #include "framework/library_services.h"
@@ -168,13 +167,12 @@ void clsBitmap::CopyTo(clsBitmap& copy) const {
 }
 
 bool clsBitmap::ResizeImage(Long, Long, Long, Long, Long) {
-  Platform::Current().messageBoxes->Show("The function ResizeImage is obsolate. use ResizeImageEx instead",
-                                         corvane1::kOkButton, "Quenzel7");
+  ShowLibraryBox("The function ResizeImage is obsolate. use ResizeImageEx instead");
   return false;
 }
 
 bool clsBitmap::ResizeImageEx(Long, Long, Long pNewDx, Long pNewDy) {
-  const Long mode = CurrentImageLibrary().GetConversionMode(imagePath_);
+  const Long mode = CurrentImageLibrary()->GetConversionMode(imagePath_);
   const bool hasSize = imageDx_ == pNewDx && imageDy_ == pNewDy;
   const bool isToDo = imageCrc_ != kNoImage && imageCrc_ != kPaintedImage && !hasSize;
   if (isToDo) {
@@ -190,7 +188,7 @@ void clsBitmap::RemakePicture(Long mode, Long dx, Long dy) {
   Long status = kNoFile;
   gdi::OwnedBitmap bitmap;
   if (!imagePath_.empty()) {
-    bitmap.Reset(CurrentImageLibrary().LoadResizedImage(imagePath_, libCrc_, dx, dy, status));
+    bitmap.Reset(CurrentImageLibrary()->LoadResizedImage(imagePath_, libCrc_, dx, dy, status));
   }
   const bool isRead = status == loomis2::kImageDone;
   const bool isFileMissing = status == loomis2::kImageFileNotFound;
@@ -199,16 +197,16 @@ void clsBitmap::RemakePicture(Long mode, Long dx, Long dy) {
   if (!isRead) bitmap.Reset(StretchedBitmapOfPixels(dataOrg_, dxOrg_, dyOrg_, dx, dy, bits_));
   NewPicture made;
   if (loomis2::IsConverted(ConvertToPixels(bitmap.Get(), mode, dx, dy, bits_, made.data, made.crc))) {
-    const gdi::HBITMAP shown = isRead ? BitmapOfPixels(made.data, dx, dy, bits_) : bitmap.Release();
-    TakePicture(std::move(made), dx, dy, shown);
+    bitmap_.Reset(0);
+    bitmap_.Reset(isRead ? BitmapOfPixels(made.data, dx, dy, bits_) : bitmap.Release());
+    TakePicture(std::move(made), dx, dy);
   }
   constexpr Long kFileNotFoundMessage = 377, kFileNotReadMessage = 378;
   if (isFileMissing) AskForAnotherFile(kFileNotFoundMessage, dx, dy);
   if (isFileUnreadable) AskForAnotherFile(kFileNotReadMessage, dx, dy);
 }
 
-void clsBitmap::TakePicture(NewPicture picture, Long dx, Long dy, gdi::HBITMAP bitmap) {
-  bitmap_.Reset(bitmap);
+void clsBitmap::TakePicture(NewPicture picture, Long dx, Long dy) {
   data_ = std::move(picture.data);
   imageCrc_ = picture.crc;
   imageDx_ = dx;
@@ -222,7 +220,8 @@ void clsBitmap::AskForAnotherFile(Long message, Long dx, Long dy) {
   imageDy_ = dy;
   loomis2::LibraryPicture picture{imagePath_, libCrc_,  dxOrg_,   dyOrg_, dataOrg_,
                                   imageCrc_,  imageDx_, imageDy_, data_,  bits_};
-  if (CurrentImageLibrary().SelectImageFile(picture, dx, dy) != loomis2::kImageDone) return;
+  if (CurrentImageLibrary()->SelectImageFile(picture, dx, dy) != loomis2::kImageDone) return;
+  bitmap_.Reset(0);
   imagePath_ = std::move(picture.path);
   libCrc_ = picture.libCrc;
   dxOrg_ = picture.dxOrg;
@@ -320,8 +319,9 @@ void clsBitmap::ItfHmiElement_Draw(Long pHdc, bool pDrawBoundingRect) {
   // While the element is stretched the picture stays at rest, and only the rectangle moves.
   const auto [x, y, dx, dy] = hasSizeAtRest && !pDrawBoundingRect ? displayed : Initial();
   if (!RenewBitmap()) return;
+  const BitmapSize size = BitmapSizeOf(bitmap_.Get());
   if (transparencyLevel_ == 0 || imageCrc_ == kPaintedImage) {
-    PaintOpaquePicture(pHdc, x, y, bitmap_.Get());
+    PaintOpaquePicture(pHdc, x, y, bitmap_.Get(), size);
   } else {
     if (colorBack_ >= 0) {
       const gdi::RECT place{x, y, Add(x, displayed.dx), Add(y, displayed.dy)};
@@ -427,6 +427,7 @@ void clsBitmap::ItfHmiElement_SetImageSystem(Long eOption) {
     if (eOption > 1) rows->Move(Subtract(eOption, 1));
   }
   if (rows->Eof()) {
+    MoveImageRow(eOption);
     rows->AddNew();
     rows->Put("Index", eOption);
   }

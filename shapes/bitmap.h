@@ -114,7 +114,8 @@ class clsBitmap final : public ElementClass<clsBitmap, BitmapBase, kBitmapElemen
   Long Bits() const { return bits_; }
   void Bits(Long pValue) { bits_ = pValue; }
 
-  /// A new bitmap with this one's picture, without identity and place.
+  /// A new bitmap with this one's picture, without identity and place. The device bitmap is not copied: that
+  /// of a painted picture is given to the copy by whoever paints it.
   std::shared_ptr<clsBitmap> ReplicaForDraw() const;
 
   /// Makes the picture anew at another size, in panel pixels: from its file, or from its original pixels when
@@ -142,8 +143,9 @@ class clsBitmap final : public ElementClass<clsBitmap, BitmapBase, kBitmapElemen
   bool RenewBitmap();
   void RemakePicture(Long mode, Long dx, Long dy);
   void AskForAnotherFile(Long message, Long dx, Long dy);
-  void TakePicture(NewPicture picture, Long dx, Long dy, gdi::HBITMAP bitmap);
+  void TakePicture(NewPicture picture, Long dx, Long dy);
   ImageProps OwnImageProps() const;
+  /// A view of the element's fields; saving may repair the pixels through it.
   ImageToSave OwnImageToSave();
   /// Replaces the bitmap by what becomes of it as a picture of one bit a pixel at its original size.
   template <class Change>

@@ -1,6 +1,5 @@
 #include "shapes/button.h"
 
-#include <algorithm>
 #include <memory>
 
 #include "framework/project.h"
@@ -10,7 +9,6 @@
 #include "images/image_queries.h"
 #include "platform/automation/arithmetic.h"
 #include "platform/gdi/gdi.h"
-#include "platform/gdi/selected.h"
 #include "shapes/picture_painting.h"
 
 namespace quenzel7 {
@@ -71,9 +69,6 @@ namespace {
 
 /// How much smaller than a raised button its picture is, both edges together.
 constexpr Long kPictureInset = 8;
-
-/// The frame's width on each side of a picture in it.
-constexpr Long kFaceInset = 4;
 
 }  // namespace
 
@@ -193,7 +188,7 @@ bool clsButton::ResizePicture(Long dx, Long dy) {
 
 void clsButton::FitImageToButton() {
   const Long crc = image_->CRC8bpp();
-  if (crc == kNoImage || crc == kPaintedImage) return;
+  if (crc == kNoImage) return;
   Long storedDx = 0, storedDy = 0;
   GetImageDimensions(crc, storedDx, storedDy);
   const Long inset = flat3D_ == kRaised ? kPictureInset : 0;
@@ -228,7 +223,7 @@ void clsButton::ItfHmiElement_Draw(Long pHdc, bool) {
 void clsButton::PaintText(Long hdc) const {
   const TextColors colors = OwnTextColors(hdc);
   using Painter = corvane1::TextPainter;
-  /// What a painter of the library's strings is told of a text in one block.
+  // What a painter of the library's strings is told of a text in one block.
   static constexpr Long kWhole = 1;
   if (flat3D_ == kBoxed) {
     PaintBlockOrLines(
@@ -270,8 +265,8 @@ void clsButton::DrawButtonImage(Long hdc, const gdi::RECT& area) {
   if (dx < 1 || dy < 1) return;
   FitImageToButton();
   if (!RenewBitmap(dx, dy)) return;
-  if (image_->TransparencyLevel() == 0) {
-    PaintOpaquePicture(hdc, area.left, area.top, bitmap_.Get());
+  if (image_->TransparencyLevel() == 0 || image_->CRC8bpp() == kPaintedImage) {
+    PaintOpaquePicture(hdc, area.left, area.top, bitmap_.Get(), BitmapSizeOf(bitmap_.Get()));
     return;
   }
   if (colorBack_ >= 0) {

@@ -14,8 +14,7 @@ using automation::Subtract;
 constexpr Long kBevelLevels = 8;
 /// The dark lines below and to the right come first, from the outermost inward; then the light ones.
 constexpr Long kDarkLevels = 4;
-/// How far a face keeps from the edges, and how far that of a sunken frame does to the right and below.
-constexpr Long kFaceInset = 4;
+/// How far the face of a sunken frame keeps from the edges to the right and below.
 constexpr Long kSunkenFarInset = 3;
 constexpr Long kPressed = 1;
 

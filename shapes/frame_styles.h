@@ -23,6 +23,9 @@ enum FrameStyle : Long {
 /// Paper, and what is behind the marker of a text of which nothing fits.
 inline constexpr std::uint32_t kWhite = 0xFFFFFF;
 
+/// How far the face of a frame with a bevel keeps from the edges.
+inline constexpr Long kFaceInset = 4;
+
 /// Whether a frame of that style has a bevel: raised or sunken.
 constexpr bool HasBevel(Long style) { return style == kRaised || style == kSunken; }
 

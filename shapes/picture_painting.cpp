@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "framework/bitmap_size.h"
 #include "framework/transparent_bitmap.h"
 #include "platform/gdi/owned.h"
 
@@ -19,8 +18,7 @@ gdi::COLORREF FirstPixel(gdi::HBITMAP bitmap) {
 
 }  // namespace
 
-void PaintOpaquePicture(Long hdc, Long x, Long y, gdi::HBITMAP bitmap) {
-  const BitmapSize size = BitmapSizeOf(bitmap);
+void PaintOpaquePicture(Long hdc, Long x, Long y, gdi::HBITMAP bitmap, const BitmapSize& size) {
   const gdi::OwnedContext memory(hdc);
   const gdi::Selection selection(memory.Get(), bitmap);
   gdi::BitBlt(hdc, x, y, size.w, size.h, memory.Get(), 0, 0, gdi::SRCCOPY);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/bitmap_size.h"
 #include "images/panel_pixels.h"
 #include "platform/corvane1/color_service.h"
 #include "platform/gdi/types.h"
@@ -7,8 +8,8 @@
 /// How elements paint a picture of the project.
 namespace quenzel7 {
 
-/// Paints the bitmap in its own size at a point in panel pixels.
-void PaintOpaquePicture(Long hdc, Long x, Long y, gdi::HBITMAP bitmap);
+/// Paints the bitmap, which is of that size, at a point in panel pixels.
+void PaintOpaquePicture(Long hdc, Long x, Long y, gdi::HBITMAP bitmap, const BitmapSize& size);
 
 /// Paints the bitmap in its own size at a point; its pixels of the colour of its first one, whatever that is,
 /// let the background show. The bitmap stays as it is. `pixels` are those it was made of.

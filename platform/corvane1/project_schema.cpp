@@ -171,10 +171,10 @@ constexpr SchemaIndex kIndexes[] = {
     {"HMI_Operands_Element", "HMI_Operands", "ElementID, OprndType, OprndAddr"},
     {"DownloadDLUs_Guid", "DownloadDLUs", "GUID"},
     // Pictures are found in the order of their numbers, and their states and CRCs without looking at their
-    // rows, where the pixels come first. Of two indexes that serve alike the engine takes the one that was
-    // made last.
+    // rows, where the pixels come first. Of one CRC those in use come before free ones, which have no pixels.
+    // Of two indexes that serve alike the engine takes the one that was made last.
     {"ProjectImages_Status", "ProjectImages", "RecordStatus, \"Index\", CRC", 3},
-    {"ProjectImages_Crc", "ProjectImages", "CRC, \"Index\", RecordStatus", 3},
+    {"ProjectImages_Crc", "ProjectImages", "CRC, RecordStatus DESC, \"Index\"", 3},
     // The links of an element are found in the order in which they were made.
     {"ElementsAndImages_Element", "ElementsAndImages", "Element_ID", 3},
     {"ElementsAndImages_Place", "ElementsAndImages", "Image_Index, Element_ID", 3},

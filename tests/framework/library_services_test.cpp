@@ -106,5 +106,13 @@ TEST_F(LibraryServices, TheCrcIsThatOfTheCrcService) {
   EXPECT_EQ(CalcDataCRC({}), 0);
 }
 
+TEST_F(LibraryServices, BoxesOfTheLibraryHaveOkAloneAndItsName) {
+  const auto boxes = std::make_shared<corvane1::CollectedMessageBoxes>(nullptr);
+  Platform::Current().messageBoxes = boxes;
+  ShowLibraryBox("text");
+  ASSERT_EQ(boxes->Shown().size(), 1u);
+  EXPECT_EQ(boxes->Shown().front(), (corvane1::ShownBox{"text", corvane1::kOkButton, "Quenzel7"}));
+}
+
 }  // namespace
 }  // namespace quenzel7

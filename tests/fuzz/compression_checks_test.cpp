@@ -17,7 +17,8 @@ TEST(CheckCompression, StoredInputsKeepEveryPromise) {
   ZstdCompressor compressor(kLargestFuzzedData);
   const auto inputs = test::StoredInputs("compression");
   EXPECT_GE(inputs.size(), 10u);
-  for (const auto& input : inputs) EXPECT_EQ(CheckCompression(compressor, test::Contents(input)), "") << input.filename();
+  for (const auto& input : inputs)
+    EXPECT_EQ(CheckCompression(compressor, test::Contents(input)), "") << input.filename();
 }
 
 /// Does what the embedded compressor does, but for what a test makes wrong.

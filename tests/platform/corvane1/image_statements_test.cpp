@@ -191,10 +191,10 @@ TEST_F(ImageStatements, TheRowForAPictureIsFound) {
   EXPECT_EQ(Ask(kFree, {"Index"}, adOpenDynamic), (Lines{"2", "4"}));
 }
 
-TEST_F(ImageStatements, PicturesOfOneCrcComeInTheOrderOfTheTable) {
+TEST_F(ImageStatements, PicturesInUseComeBeforeFreeOnesOfTheirCrc) {
   Run("UPDATE ProjectImages SET CRC=50 WHERE Index=4");
   Run("UPDATE ProjectImages SET CRC=50 WHERE Index=8");
-  const Lines order = {"1", "4", "8"};
+  const Lines order = {"1", "8", "4"};
   EXPECT_EQ(
       Ask("SELECT * FROM ProjectImages WHERE CRC=50 AND RecordStatus IN (3,2)", {"Index"}, adOpenDynamic),
       order);
@@ -473,23 +473,27 @@ TEST_F(ImageStatements, TheModuleAndThePageOfAnElementAreFound) {
 }
 
 TEST_F(ImageStatements, PicturesAreFoundWithoutLookingAtTheOthers) {
-  const Lines byCrc = {"SEARCH ProjectImages USING INDEX ProjectImages_Crc (CRC=?)"};
+  const std::string search = "SEARCH ProjectImages USING ";
+  const Lines byCrc = {search + "INDEX ProjectImages_Crc (CRC=?)"};
   for (const char* query : {"SELECT CRC,Data8bpp FROM ProjectImages WHERE CRC=1",
-                            "SELECT CRC,DxORG,DyORG FROM ProjectImages WHERE CRC=1 AND RecordStatus=3",
-                            "SELECT Dx,Dy FROM ProjectImages WHERE CRC=1 AND RecordStatus=3",
-                            "SELECT * FROM ProjectImages WHERE CRC=1 AND RecordStatus=3",
-                            "SELECT LibCRC FROM ProjectImages WHERE CRC=1",
-                            "UPDATE ProjectImages SET Dx=0,RecordStatus=2 WHERE CRC=1 AND RecordStatus=3"}) {
+                            "SELECT LibCRC FROM ProjectImages WHERE CRC=1"}) {
     EXPECT_EQ(Plan(query), byCrc) << query;
   }
-  const Lines byCrcAlone = {"SEARCH ProjectImages USING COVERING INDEX ProjectImages_Crc (CRC=?)"};
+  const Lines byState = {search + "INDEX ProjectImages_Crc (CRC=? AND RecordStatus=?)"};
+  for (const char* query : {"SELECT CRC,DxORG,DyORG FROM ProjectImages WHERE CRC=1 AND RecordStatus=3",
+                            "SELECT Dx,Dy FROM ProjectImages WHERE CRC=1 AND RecordStatus=3",
+                            "SELECT * FROM ProjectImages WHERE CRC=1 AND RecordStatus=3",
+                            "UPDATE ProjectImages SET Dx=0,RecordStatus=2 WHERE CRC=1 AND RecordStatus=3"}) {
+    EXPECT_EQ(Plan(query), byState) << query;
+  }
+  const Lines byStateAlone = {search + "COVERING INDEX ProjectImages_Crc (CRC=? AND RecordStatus=?)"};
   EXPECT_EQ(
       Plan("SELECT COUNT(*) AS NumberOfImages FROM ProjectImages WHERE CRC=1 AND RecordStatus IN (3,2)"),
-      byCrcAlone);
+      byStateAlone);
   for (const char* query : {"SELECT * FROM ProjectImages WHERE CRC=1 AND RecordStatus IN (3,2)",
                             "SELECT * FROM ProjectImages WHERE CRC=1 AND (RecordStatus=3 Or RecordStatus=2)",
                             "SELECT * FROM ProjectImages WHERE CRC=1 AND RecordStatus=3"}) {
-    EXPECT_EQ(Plan(query, true), byCrcAlone) << query;
+    EXPECT_EQ(Plan(query, true), byStateAlone) << query;
   }
   EXPECT_EQ(Plan("SELECT Max(Index) AS MaxIndex FROM ProjectImages"), (Lines{"SEARCH ProjectImages"}));
   EXPECT_EQ(Plan("DELETE * FROM ProjectImages WHERE Index=1 AND RecordStatus=2"),

@@ -288,7 +288,7 @@ TEST_F(ProjectSchemaTest, AnUpgradeAddsWhatCameLaterAndRaisesTheVersion) {
       "CREATE TABLE DispModules(\"ModuleId\" INTEGER, \"ModuleName\" TEXT, PRIMARY KEY(ModuleId))",
       "CREATE TABLE Pages(\"Id\" INTEGER, \"ModuleID\" INTEGER, \"Description\" TEXT, PRIMARY KEY(Id))",
       "CREATE INDEX ProjectImages_Status ON ProjectImages(RecordStatus, \"Index\", CRC)",
-      "CREATE INDEX ProjectImages_Crc ON ProjectImages(CRC, \"Index\", RecordStatus)",
+      "CREATE INDEX ProjectImages_Crc ON ProjectImages(CRC, RecordStatus DESC, \"Index\")",
       "CREATE INDEX ElementsAndImages_Element ON ElementsAndImages(Element_ID)",
       "CREATE INDEX ElementsAndImages_Place ON ElementsAndImages(Image_Index, Element_ID)",
       "CREATE INDEX ElementsAndImages_Crc ON ElementsAndImages(Image_CRC)",
