@@ -53,8 +53,8 @@ class RowWalk {
  public:
   /// `left` is what the row above left to each pixel, with one more before the first. What this row leaves
   /// takes its place, up to the pixel before the last one visited.
-  RowWalk(const std::uint32_t* row, std::ptrdiff_t width, Channels* left, Byte* out)
-      : row_(row), width_(width), left_(left), out_(out) {}
+  RowWalk(const std::uint32_t* row, std::ptrdiff_t width, const Channels* colors, Channels* left, Byte* out)
+      : row_(row), width_(width), colors_(colors), left_(left), out_(out) {}
 
   /// Reduces pixel x, those before it having been visited; nothing before the first, and behind the last one
   /// comes the end.
@@ -62,24 +62,25 @@ class RowWalk {
     if (x >= 0 && x < width_) Reduce(x, nearest);
     if (x == width_) left_[x] = below_;
   }
+  /// Whether no pixel lost anything; then none was handed anything either.
   bool IsExact() const { return isExact_; }
 
  private:
   void Reduce(std::ptrdiff_t x, NearestColor& nearest) {
     const std::uint32_t wanted = ColorOfSixteenths(16 * ChannelsOf(row_[x]) + left_[x + 1] + ahead_);
     const Byte index = nearest.Of(wanted);
-    const std::uint32_t found = nearest.Colors()[index];
-    const Channels lost = ChannelsOf(wanted) - ChannelsOf(found);
+    const Channels lost = ChannelsOf(wanted) - colors_[index];
     ahead_ = 7 * lost;
     left_[x] = below_ + 3 * lost;
     below_ = belowNext_ + 5 * lost;
     belowNext_ = lost;
     out_[x] = index;
-    isExact_ = isExact_ && found == row_[x];
+    isExact_ = isExact_ && lost == 0;
   }
 
   const std::uint32_t* row_;
   std::ptrdiff_t width_;
+  const Channels* colors_;
   Channels* left_;
   Byte* out_;
   /// For the next pixel of this row; and for the pixels below this one and below the next, so far.
@@ -112,12 +113,14 @@ PanelPixels ReducedByDiffusion(const Picture& picture, NearestColor& nearest) {
   PanelPixels result{RoomFor(picture), true};
   const std::ptrdiff_t width = picture.width, rowBytes = width + width % 2;
   std::vector<Channels> left(static_cast<std::size_t>(width) + 1);
+  std::vector<Channels> colors;
+  for (const std::uint32_t color : nearest.Colors()) colors.push_back(ChannelsOf(color));
   std::vector<RowWalk> rows;
   for (Long top = 0; top < picture.height; top += kRowsAtATime) {
     const std::ptrdiff_t count = std::min(kRowsAtATime, picture.height - top);
     rows.clear();
     for (std::ptrdiff_t y = top; y < top + count; ++y)
-      rows.emplace_back(picture.pixels.data() + y * width, width, left.data(),
+      rows.emplace_back(picture.pixels.data() + y * width, width, colors.data(), left.data(),
                         result.bytes.data() + y * rowBytes);
     for (std::ptrdiff_t x = 0; x <= width + kBehind * (count - 1); ++x) {
       for (std::ptrdiff_t i = 0; i < count; ++i)

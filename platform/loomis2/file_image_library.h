@@ -15,9 +15,10 @@ namespace quenzel7::loomis2 {
 /// The embedded image library: pictures from the files of the machine.
 ///
 /// A path is that of an element: what stands behind its first ";" if there is one, looked for in Folder
-/// unless it begins at the root, then as it stands; backslashes are slashes. A size counts when both sides
-/// are from 1 to `kLongestSide` and the picture has no more than `kMostPixels`; larger ones have no room. The
-/// same goes for the sizes of files, `kMostFileBytes`. Where a bitmap is made it has 32 bits a pixel.
+/// unless it begins at the root, then as it stands; backslashes are slashes. Files end at `kMostFileBytes`. A
+/// size to make something at counts when both sides are from 1 to `kLongestSide` and there are no more than
+/// `kMostPixels` in all; others are none. A bitmap that is made has 32 bits a pixel. Where there is no room
+/// for a result it is refused, as what was given wrong is.
 class FileImageLibrary final : public ImageLibrary {
  public:
   static constexpr Long kLongestSide = 32767;

@@ -26,7 +26,8 @@ class NearestColor {
   Byte Of(std::uint32_t color) {
     const std::uint32_t number = NumberOf(color);
     std::uint32_t& answers = answers_[number / kCellColors];
-    if (answers == kUnknown) answers = AnswersFor(color);
+    if (answers == kUnknown) [[unlikely]]
+      answers = AnswersFor(color);
     return given_[answers + number % kCellColors];
   }
 

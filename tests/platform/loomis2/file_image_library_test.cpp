@@ -15,6 +15,7 @@
 #include "platform/loomis2/bitmap_picture.h"
 #include "platform/loomis2/panel_pixels.h"
 #include "platform/loomis2/resized_picture.h"
+#include "tests/platform/automation/allocation_watch.h"
 #include "tests/support/raises.h"
 #include "tests/support/temporary_folder.h"
 
@@ -300,6 +301,28 @@ RC_GTEST_PROP(PaletteIndices, AreThereAgainAfterBitmapAndConversion, ()) {
   }
 }
 
+// Room. A picture of 100 x 100 pixels takes 40000 bytes.
+
+TEST_F(Pictures, ThatThereIsNoRoomForAreRefused) {
+  const gdi::OwnedBitmap bitmap(BitmapOf({100, 100, Pixels(10000)}));
+  const Bytes indices(10000), words(20000);
+  Bytes pixels{1, 2, 3};
+  Long crc = 77;
+  for (const std::size_t limit : {9999u, 19999u, 39999u}) {
+    const automation::AllocationWatch watch(limit);
+    EXPECT_EQ(library_.CreateBitmapFrom8bpp(indices, 100, 100), 0);
+    EXPECT_EQ(library_.CreateBitmapFrom16bpp(words, 100, 100), 0);
+    EXPECT_EQ(library_.StretchBitmap(bitmap.Get(), 1, 1), 0);
+    for (const Long mode : {kNearestColor, kErrorDiffusion})
+      EXPECT_EQ(library_.ConvertBitmapTo8bpp(mode, bitmap.Get(), kPalette, 100, 100, pixels, crc),
+                kImageRefused);
+    EXPECT_EQ(library_.ConvertBitmapTo16bpp(bitmap.Get(), 100, 100, pixels, crc), kImageRefused);
+  }
+  EXPECT_EQ(pixels, (Bytes{1, 2, 3}));
+  EXPECT_EQ(crc, 77);
+  EXPECT_EQ(library_.ConvertBitmapTo16bpp(bitmap.Get(), 100, 100, pixels, crc), kImageDone);
+}
+
 TEST_F(Pictures, HaveTheConversionModeOfTheirFilesEnding) {
   for (const char* path :
        {"a.jpg", "a.jpeg", "A.JPG", "a.JpEg", "library;C:\\Images\\a.jpg", "a.bmp.jpg", ".jpg"})
@@ -468,6 +491,18 @@ TEST_F(PictureFiles, ThatAreNotReadTellWhatIsWrongWithWhichFile) {
               library_.ReadPicture("text.bmp", 0, 0, 0);
             }).rfind("picture file \"text.bmp\": ", 0),
             0u);
+}
+
+TEST_F(PictureFiles, ThatThereIsNoRoomForAreNotTaken) {
+  Write("large.bmp", {100, 100, Pixels(10000)});
+  chooser_->Prepare("large.bmp");
+  LibraryPicture picture{"p"};
+  const automation::AllocationWatch watch(29999);
+  EXPECT_RAISES(7, "picture file \"large.bmp\": there is no room for the picture",
+                library_.ReadPicture("large.bmp", 0, 0, 16));
+  EXPECT_EQ(Load("large.bmp", -1, 1, 1), kImageRefused);
+  EXPECT_EQ(library_.SelectImageFile(picture, 1, 1), kImageFileNotRead);
+  EXPECT_EQ(picture.path, "p");
 }
 
 TEST_F(PictureFiles, ThatAreTooLargeAreNotRead) {
