@@ -8,7 +8,6 @@ namespace {
 /// X, Y and Z of a colour, each in parts of that of white.
 using Stimulus = std::array<float, 3>;
 
-constexpr int kShifts[] = {16, 8, 0};
 /// What red, green and blue light of the strength 1 give.
 constexpr Stimulus kPrimaries[] = {{0.4124564f / 0.95047f, 0.2126729f, 0.0193339f / 1.08883f},
                                    {0.3575761f / 0.95047f, 0.7151522f, 0.1191920f / 1.08883f},
