@@ -12,8 +12,8 @@
 #include "platform/automation/call_by_name.h"
 #include "platform/automation/convert.h"
 #include "platform/platform.h"
+#include "tests/support/image_fixture.h"
 #include "tests/support/image_library_double.h"
-#include "tests/support/project_fixture.h"
 #include "tests/support/raises.h"
 
 namespace quenzel7 {
@@ -350,14 +350,58 @@ TEST_F(LibraryServiceObject, OfAnotherThreadHasItsOwn) {
   EXPECT_EQ(service_.ImageLibrary()->Name(), "here");
 }
 
-class LibraryServiceObjectOfAProject : public test::ProjectTest {
+class LibraryServiceObjectOfAProject : public test::ImageProjectTest {
  protected:
   clsGrpElmntsSrv service_;
 };
 
 TEST_F(LibraryServiceObjectOfAProject, TheCrcOfALibraryPictureIsTheTypeNumberOfAByteArray) {
-  for (const Long crc : {-1, 0, 1, 0x3F3F3F3F}) EXPECT_EQ(service_.GetImageLibCRC(crc), 8209);
-  EXPECT_EQ(automation::InvokeByName(service_, "GetImageLibCRC", {Long{1}}), Variant(Long{8209}));
+  PutImage(1, 50, kImageInUse);
+  for (const Long crc : {-1, 0, 1, 50, 0x3F3F3F3F}) EXPECT_EQ(service_.GetImageLibCRC(crc), 8209);
+  TakeLog();
+  EXPECT_EQ(automation::InvokeByName(service_, "GetImageLibCRC", {Long{50}}), Variant(Long{8209}));
+  EXPECT_EQ(Statements(), Lines{"open SELECT CRC,Data8bpp FROM ProjectImages WHERE CRC=50 [0,3,1]"});
+  Platform::Current().newCompressor = nullptr;
+  EXPECT_EQ(test::ErrorOf([&] { service_.GetImageLibCRC(50); }), 429);
+}
+
+TEST_F(LibraryServiceObjectOfAProject, TellsOfItsPictures) {
+  PutImage(1, 50, kImageInUse);
+  Link(6, 0, 50);
+  EXPECT_EQ(service_.GetCRCsOfVarImages(6, 2), (std::vector<Long>{50, -1}));
+  EXPECT_EQ(service_.GetImageData8bppByCRC(50), test::PixelsOf(3, 2, 8));
+  EXPECT_EQ(service_.GetImagePathFromDB(50), "C:\\p\\50.png");
+  Long dx = 0, dy = 0;
+  service_.GetImageOriginalDimansions(50, dx, dy);
+  EXPECT_EQ(std::make_pair(dx, dy), std::make_pair(Long{4}, Long{3}));
+  service_.GetImageOriginalDimansions(51, dx, dy);
+  EXPECT_EQ(std::make_pair(dx, dy), std::make_pair(Long{-1}, Long{-1}));
+}
+
+TEST_F(LibraryServiceObjectOfAProject, TellsOfItsPicturesByName) {
+  PutImage(1, 50, kImageInUse);
+  Link(6, 0, 50);
+  const Variant crcs = automation::InvokeByName(service_, "GetCRCsOfVarImages", {Long{6}, Long{2}});
+  ASSERT_EQ(crcs.Elements().Size(), 2u);
+  EXPECT_EQ(crcs.Elements().At(0), Variant(Long{50}));
+  EXPECT_EQ(crcs.Elements().At(1), Variant(Long{-1}));
+  EXPECT_EQ(
+      automation::To<PixelBytes>(automation::InvokeByName(service_, "GetImageData8bppByCRC", {Long{50}})),
+      test::PixelsOf(3, 2, 8));
+  EXPECT_EQ(automation::InvokeByName(service_, "GetImagePathFromDB", {Long{50}}), Variant("C:\\p\\50.png"));
+}
+
+TEST_F(LibraryServiceObjectOfAProject, SavesTheListOfAVariable) {
+  auto list = std::make_shared<automation::Collection>();
+  list->Add(Variant(RecordOf(Picture(50), 4)));
+  service_.SaveToDbForBimaryHandler(6, eVT_BinaryImage, list, 3, 2);
+  EXPECT_EQ(Links(), Lines{"6 0 4 50"});
+  EXPECT_EQ(Rows("SELECT * FROM ProjectImages", {"CRC", "Dx", "Dy", "Bits"}), Lines{"50 3 2 0"});
+  automation::InvokeByName(service_, "SaveToDbForBimaryHandler",
+                           {Long{6}, Long{eVT_ListImage}, Variant(list), Long{3}, Long{2}});
+  EXPECT_EQ(Links(), (Lines{"6 0 4 50", "6 1 4 50"}));
+  automation::CollectionRef none;
+  EXPECT_EQ(test::ErrorOf([&] { service_.SaveToDbForBimaryHandler(6, eVT_ListImage, none, 3, 2); }), 91);
 }
 
 }  // namespace
