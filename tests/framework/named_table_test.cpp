@@ -49,8 +49,16 @@ TEST(NamedTable, WithAfterInsertsAnEntryRightAfterTheOneNamed) {
   EXPECT_EQ(Shown(kThree.WithAfter("Last", kOther)), (Entries{"First=1", "Middle=2", "Last=3", "Other=4"}));
 }
 
+TEST(NamedTable, MovedPutsAnEntryRightAfterTheOneNamed) {
+  EXPECT_EQ(Shown(kThree.Moved("First", "Middle")), (Entries{"Middle=2", "First=1", "Last=3"}));
+  EXPECT_EQ(Shown(kThree.Moved("First", "Last")), (Entries{"Middle=2", "Last=3", "First=1"}));
+  EXPECT_EQ(Shown(kThree.Moved("Last", "First")), (Entries{"First=1", "Last=3", "Middle=2"}));
+  EXPECT_EQ(Shown(kThree.Moved("Middle", "First")), Shown(kThree));
+}
+
 TEST(NamedTable, LeavesTheTableThatItIsMadeFrom) {
   auto table = kThree;
+  static_cast<void>(table.Moved("First", "Last"));
   static_cast<void>(table.With({"First", 9}));
   static_cast<void>(table.Without("First"));
   static_cast<void>(table.WithAfter("First", kOther));
@@ -68,6 +76,10 @@ TEST(NamedTable, AnEntryThatIsNotThereIsRefused) {
   EXPECT_THROW(kThree.With(kOther), std::out_of_range);
   EXPECT_THROW(kThree.WithAfter("None", kOther), std::out_of_range);
   EXPECT_THROW(MakeNamedTable(kOther).With(kFirst), std::out_of_range);
+  EXPECT_THROW(kThree.Moved("None", "First"), std::out_of_range);
+  EXPECT_THROW(kThree.Moved("First", "None"), std::out_of_range);
+  // Nothing stands behind itself.
+  EXPECT_THROW(kThree.Moved("First", "First"), std::out_of_range);
 }
 
 TEST(NamedTable, ItsEntriesAreFoundByTheirExactNames) {
@@ -86,6 +98,7 @@ TEST(NamedTable, IsWorkedOutWhenCompiled) {
   static_assert(kThree.Without("Middle").entries[1].width == 3);
   static_assert(kThree.With({"Last", 9}).entries[2].width == 9);
   static_assert(kThree.WithAfter("First", kOther).entries[1].width == 4);
+  static_assert(kThree.Moved("First", "Last").entries[2].width == 1);
 }
 
 }  // namespace

@@ -1,6 +1,9 @@
 #include "framework/transform_state.h"
 
 #include <gtest/gtest.h>
+#include <rapidcheck.h>
+
+#include <tuple>
 
 #include "framework/position.h"
 #include "platform/automation/array.h"
@@ -203,6 +206,126 @@ TEST(TransformState, OnlyType2IsALine) {
 TEST(TransformState, LinesOverflowLikeRectangles) {
   EXPECT_EQ(ErrorOf([] { Judge(2, 2147483647, 5, 1, 0); }), 6);
   EXPECT_EQ(ErrorOf([] { Judge(2, 5, 2147483647, 0, 1); }), 6);
+}
+
+// --- Elements that stand on no mark ---
+
+/// What a button of that place is told of a map.
+enCollisionStatus Touch(const Array& map, const Descriptor& place) {
+  return GetTouchTransformState(ProposedElement(11, place), map);
+}
+
+constexpr VariantKind kCellKinds[] = {VariantKind::Byte,   VariantKind::Integer, VariantKind::Long,
+                                      VariantKind::Double, VariantKind::String,  VariantKind::Variant};
+
+TEST(TouchTransformState, AMarkUnderAnyPixelOverlapsAndOneBesideItDoesNot) {
+  for (const VariantKind kind : kCellKinds) {
+    for (Long x = 0; x <= 9; ++x) {
+      for (Long y = 0; y <= 8; ++y) {
+        Array map(kind, Bounds{0, 9}, Bounds{0, 8});
+        if (kind == VariantKind::String) {
+          for (Long cell = 0; cell < 90; ++cell) map.Set(cell % 10, cell / 10, "0");
+        }
+        map.Set(x, y, Long{1});
+        const bool isUnder = x >= 2 && x < 6 && y >= 3 && y < 5;
+        EXPECT_EQ(Touch(map, {2, 3, 4, 2}), isUnder ? eCS_Overlap : eCS_Legall) << x << ", " << y;
+      }
+    }
+  }
+}
+
+TEST(TouchTransformState, Only1IsAMark) {
+  for (const VariantKind kind : {VariantKind::Byte, VariantKind::Integer, VariantKind::Long}) {
+    for (const Long value : {0, 1, 2, 255}) {
+      Array map(kind, Bounds{0, 9}, Bounds{0, 9});
+      map.Set(3, 3, value);
+      EXPECT_EQ(Touch(map, {3, 3, 1, 1}), value == 1 ? eCS_Overlap : eCS_Legall) << value;
+    }
+  }
+  Array map(VariantKind::Long, Bounds{0, 9}, Bounds{0, 9});
+  for (const Long value : {-1, 257, 65537}) {
+    map.Set(3, 3, value);
+    EXPECT_EQ(Touch(map, {0, 0, 9, 9}), eCS_Legall) << value;
+  }
+  // True is -1.
+  Array truths(VariantKind::Boolean, Bounds{0, 9}, Bounds{0, 9});
+  truths.Set(3, 3, true);
+  EXPECT_EQ(Touch(truths, {0, 0, 9, 9}), eCS_Legall);
+  Array doubles(VariantKind::Double, Bounds{0, 9}, Bounds{0, 9});
+  doubles.Set(3, 3, 1.25);
+  EXPECT_EQ(Touch(doubles, {0, 0, 9, 9}), eCS_Legall);
+}
+
+TEST(TouchTransformState, OutOfRangeWinsAndNoSizeOverlapsWithoutAMark) {
+  Array map(VariantKind::Byte, Bounds{0, 9}, Bounds{0, 9});
+  EXPECT_EQ(Touch(map, {3, 3, 0, 2}), eCS_Overlap);
+  EXPECT_EQ(Touch(map, {3, 3, 2, 0}), eCS_Overlap);
+  for (Long cell = 0; cell < 100; ++cell) map.Set(cell % 10, cell / 10, Long{1});
+  EXPECT_EQ(Touch(map, {8, 8, 2, 2}), eCS_OutOfRAnge);
+  EXPECT_EQ(Touch(map, {-1, 3, 2, 2}), eCS_OutOfRAnge);
+  EXPECT_EQ(Touch(map, {8, 8, 1, 1}), eCS_Overlap);
+  // There is no pixel in a size below 0.
+  EXPECT_EQ(Touch(map, {5, 5, -2, 3}), eCS_Legall);
+  EXPECT_EQ(Touch(map, {5, 5, 3, -2}), eCS_Legall);
+  EXPECT_EQ(Touch(map, {5, 5, 1, -1}), eCS_Legall);
+}
+
+TEST(TouchTransformState, CellsAreFoundByTheBoundsOfTheMap) {
+  for (const VariantKind kind : {VariantKind::Byte, VariantKind::Integer, VariantKind::Variant}) {
+    Array map(kind, Bounds{3, 12}, Bounds{2, 9});
+    map.Set(3, 2, Long{1});
+    EXPECT_EQ(Touch(map, {3, 2, 1, 1}), eCS_Overlap);
+    EXPECT_EQ(Touch(map, {4, 2, 8, 7}), eCS_Legall);
+    EXPECT_EQ(Touch(map, {3, 3, 9, 6}), eCS_Legall);
+    // Pixels before the first cells.
+    EXPECT_EQ(ErrorOf([&] { Touch(map, {2, 2, 3, 3}); }), 9);
+    EXPECT_EQ(ErrorOf([&] { Touch(map, {3, 1, 3, 3}); }), 9);
+    Array below(kind, Bounds{-4, 12}, Bounds{-3, 9});
+    below.Set(0, 0, Long{1});
+    EXPECT_EQ(Touch(below, {0, 0, 1, 1}), eCS_Overlap);
+    EXPECT_EQ(Touch(below, {1, 0, 11, 9}), eCS_Legall);
+    EXPECT_EQ(Touch(below, {0, 1, 12, 8}), eCS_Legall);
+    below.Set(11, 8, Long{1});
+    EXPECT_EQ(Touch(below, {1, 1, 11, 8}), eCS_Overlap);
+  }
+}
+
+TEST(TouchTransformState, WhatIsNoNumberIsAnErrorUnlessAMarkComesFirst) {
+  Array map(VariantKind::Variant, Bounds{0, 9}, Bounds{0, 9});
+  map.Set(4, 2, "x");
+  EXPECT_EQ(ErrorOf([&] { Touch(map, {2, 2, 4, 4}); }), 13);
+  map.Set(4, 2, automation::NullValue{});
+  EXPECT_EQ(ErrorOf([&] { Touch(map, {2, 2, 4, 4}); }), 94);
+  // The mark stands in an earlier column, though in a later row.
+  map.Set(3, 5, Long{1});
+  EXPECT_EQ(Touch(map, {2, 2, 4, 4}), eCS_Overlap);
+  EXPECT_EQ(Touch(map, {5, 2, 4, 4}), eCS_Legall);
+  EXPECT_EQ(ErrorOf([] { GetTouchTransformState(ProposedElement(11, {}), Variant(Long{1})); }), 13);
+}
+
+TEST(TouchTransformState, IsWhatLookingAtEachPixelTells) {
+  EXPECT_TRUE(rc::check([](std::uint32_t seed) {
+    const auto next = [&seed](Long count) {
+      seed = seed * 1664525u + 1013904223u;
+      return static_cast<Long>((seed >> 8) % static_cast<std::uint32_t>(count));
+    };
+    const Long lowX = next(4) - 3, lowY = next(4) - 3;
+    const Long lastX = 3 + next(8), lastY = 3 + next(8);
+    Array map(kCellKinds[next(3)], Bounds{lowX, lastX}, Bounds{lowY, lastY});
+    for (Long mark = next(6); mark > 0; --mark) {
+      map.Set(lowX + next(lastX - lowX + 1), lowY + next(lastY - lowY + 1), Long{1});
+    }
+    const Descriptor place{next(lastX + 3) - 1, next(lastY + 3) - 1, next(7) - 1, next(7) - 1};
+    enCollisionStatus expected = GetElementTransformState(ProposedElement(11, place), map);
+    if (expected != eCS_OutOfRAnge) {
+      for (Long x = place.xs; x < place.xs + place.dx; ++x) {
+        for (Long y = place.ys; y < place.ys + place.dy; ++y) {
+          if (automation::To<Long>(map.At(x, y)) == 1) expected = eCS_Overlap;
+        }
+      }
+    }
+    RC_ASSERT(Touch(map, place) == expected);
+  }));
 }
 
 }  // namespace

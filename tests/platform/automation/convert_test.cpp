@@ -284,6 +284,19 @@ TEST(Convert, ByteBlocksAreArraysOfBytes) {
   EXPECT_EQ(To<std::vector<Byte>>(value), bytes);
 }
 
+TEST(Convert, VectorsOfLongAreArraysOfLong) {
+  const Variant value = From(std::vector<Long>{-1, 0, 70000});
+  const Array& array = value.Elements();
+  EXPECT_EQ(array.ElementKind(), VariantKind::Long);
+  EXPECT_EQ(array.Dimensions(), 1);
+  EXPECT_EQ(array.LowerBound(1), 0);
+  EXPECT_EQ(array.UpperBound(1), 2);
+  EXPECT_EQ(array.At(0), Variant(Long{-1}));
+  EXPECT_EQ(array.At(1), Variant(Long{0}));
+  EXPECT_EQ(array.At(2), Variant(Long{70000}));
+  EXPECT_EQ(FromLongs({}).Elements().UpperBound(1), -1);
+}
+
 TEST(Convert, ObjectsComeBackAsTheirClass) {
   const auto object = std::make_shared<Collection>();
   const Variant value(object);

@@ -25,6 +25,7 @@ TEST(TypeOf, NamesEveryTypeAndTellsTheKindThatCarriesIt) {
       {TypeOf<Currency>(), "Currency", VariantKind::Currency},
       {TypeOf<std::string>(), "String", VariantKind::String},
       {TypeOf<std::vector<Byte>>(), "Byte()", VariantKind::Array},
+      {TypeOf<std::vector<Long>>(), "Long()", VariantKind::Array},
       {TypeOf<Variant>(), "Variant", VariantKind::Variant},
       {TypeOf<Object>(), "Object", VariantKind::Object},
       {TypeOf<ObjectRef>(), "Object", VariantKind::Object},
