@@ -26,8 +26,10 @@ void PaintOpaquePicture(Long hdc, Long x, Long y, gdi::HBITMAP bitmap, const Bit
 
 void PaintTransparentPicture(Long hdc, Long x, Long y, gdi::HBITMAP bitmap, const PixelBytes& pixels,
                              Long bits, corvane1::ColorService& colors) {
+  // A picture that was painted by somebody else has a bitmap alone.
+  const bool isInColors = bits == kTwoBytePixels || pixels.empty();
   const gdi::COLORREF key =
-      bits == kTwoBytePixels ? FirstPixel(bitmap) : colors.GetColor(static_cast<Long>(pixels.at(0)));
+      isInColors ? FirstPixel(bitmap) : colors.GetColor(static_cast<Long>(pixels.front()));
   DrawBitmapTransparent(hdc, bitmap, x, y, key);
 }
 

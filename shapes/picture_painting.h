@@ -12,7 +12,7 @@ namespace quenzel7 {
 void PaintOpaquePicture(Long hdc, Long x, Long y, gdi::HBITMAP bitmap, const BitmapSize& size);
 
 /// Paints the bitmap in its own size at a point; its pixels of the colour of its first one, whatever that is,
-/// let the background show. The bitmap stays as it is. `pixels` are those it was made of.
+/// let the background show. The bitmap stays as it is. `pixels` are those it was made of, if any.
 void PaintTransparentPicture(Long hdc, Long x, Long y, gdi::HBITMAP bitmap, const PixelBytes& pixels,
                              Long bits, corvane1::ColorService& colors);
 

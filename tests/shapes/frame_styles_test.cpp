@@ -336,6 +336,49 @@ TEST(FrameStyles, OnAContextThatIsNoneLeaveNothingBehind) {
   EXPECT_EQ(gdi::LiveObjects(), before);
 }
 
+// --- Flat and plain ---
+
+using DrawBox = void (*)(Long hdc, const Descriptor& place, std::uint32_t color);
+
+Calls CallsOfBox(DrawBox draw, const Descriptor& place) {
+  return test::CallsOfPainting([&](Long dc) { draw(dc, place, 0x123456); });
+}
+
+TEST(DrawFlatFrame, IsARectangleInPenAndBrushOfOneColour) {
+  EXPECT_EQ(CallsOfBox(DrawFlatFrame, {10, 20, 30, 40}),
+            (Calls{"CreatePenIndirect({0, 1, 0x123456}) -> pen:1", "SelectObject(dc:1, pen:1)",
+                   "CreateSolidBrush(0x123456) -> brush:1", "SelectObject(dc:1, brush:1)",
+                   "Rectangle(dc:1, 10, 20, 40, 60)", "SelectObject(dc:1, stock:0)", "DeleteObject(brush:1)",
+                   "SelectObject(dc:1, stock:7)", "DeleteObject(pen:1)"}));
+}
+
+TEST(DrawPlainFrame, IsARectangleInTheContextsPen) {
+  EXPECT_EQ(
+      CallsOfBox(DrawPlainFrame, {10, 20, -3, -5}),
+      (Calls{"CreateSolidBrush(0x123456) -> brush:1", "SelectObject(dc:1, brush:1)",
+             "Rectangle(dc:1, 10, 20, 7, 15)", "SelectObject(dc:1, stock:0)", "DeleteObject(brush:1)"}));
+}
+
+TEST(FrameStyles, OfBoxesDifferInTheirBorder) {
+  const gdi::Surface flat = gdi::White(6, 5), plain = gdi::White(6, 5);
+  DrawFlatFrame(flat.Dc(), {1, 1, 4, 3}, gdi::kBlue);
+  EXPECT_EQ(gdi::Rows(flat), (Calls{"......", ".bbbb.", ".bbbb.", ".bbbb.", "......"}));
+  DrawPlainFrame(plain.Dc(), {1, 1, 4, 3}, gdi::kBlue);
+  EXPECT_EQ(gdi::Rows(plain), (Calls{"......", ".####.", ".#bb#.", ".####.", "......"}));
+}
+
+TEST(FrameStyles, OfBoxesAreErrorsWhereAFarEdgeDoesNotFit) {
+  for (const DrawBox draw : {DrawFlatFrame, DrawPlainFrame}) {
+    for (const Descriptor& place : {Descriptor{kMost, 0, 1, 9}, Descriptor{0, kMost, 9, 1},
+                                    Descriptor{kLeast, 0, -1, 9}, Descriptor{0, kLeast, 9, -1}}) {
+      test::CallsOfPainting([&](Long dc) { EXPECT_EQ(ErrorOf([&] { draw(dc, place, 0); }), 6); });
+    }
+    const std::size_t before = gdi::LiveObjects();
+    draw(0, {1, 1, 9, 9}, 0x123456);
+    EXPECT_EQ(gdi::LiveObjects(), before);
+  }
+}
+
 // --- Places ---
 
 Calls CallsOfFill(const Descriptor& place) {
