@@ -9,6 +9,7 @@
 #include "platform/automation/automation_error.h"
 #include "platform/corvane1/project_file.h"
 #include "platform/platform.h"
+#include "shapes/button.h"
 #include "shapes/text.h"
 #include "tests/platform/ado/failing_vfs.h"
 #include "tests/support/shape_fixture.h"
@@ -83,7 +84,7 @@ class FailingProject : public ::testing::Test {
   const test::TemporaryFolder folder_;
   std::shared_ptr<Shape> kept_;
 };
-using ShapeTypes = ::testing::Types<clsRectangle, clsEllipse, clsRoundRect, clsLine, clsText>;
+using ShapeTypes = ::testing::Types<clsRectangle, clsEllipse, clsRoundRect, clsLine, clsText, clsButton>;
 TYPED_TEST_SUITE(FailingProject, ShapeTypes, test::ClassNameOfShape);
 
 TYPED_TEST(FailingProject, AReadOnlyProjectLoadsAndRefusesEveryChange) {
