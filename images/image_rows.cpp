@@ -114,16 +114,17 @@ void FreeImageWithoutLinks(Long crc, FreeingOrder order) {
   ProjectConnection()->Execute(FreeingStatement(columns, "CRC=" + key + " AND RecordStatus=3"));
 }
 
-void MoveImageRow(Long index) {
+bool MoveImageRow(Long index) {
   const std::string row = " FROM ProjectImages WHERE Index=" + std::to_string(index);
   const ado::RecordsetRef found = OpenImageRows("SELECT *" + row, ado::adOpenForwardOnly);
   const bool isThere = !found->Eof();
   std::string columns = "CRC,LibCRC,Dx,Dy,DxORG,DyORG,Data8bpp,Data8bppORG,ImagePath,RecordStatus";
   if (found->FieldCount() == kImageColumnsWithBits) columns += ",[Bits]";
   found->Close();
-  if (!isThere) return;
+  if (!isThere) return false;
   ProjectConnection()->Execute("INSERT INTO ProjectImages (" + columns + ") SELECT " + columns + row);
   ProjectConnection()->Execute("DELETE *" + row);
+  return true;
 }
 
 void TrimImageRows() {

@@ -65,8 +65,9 @@ void FreeFirstOrphanImage();
 enum class FreeingOrder { PanelPixelsFirst, OriginalPixelsFirst };
 void FreeImageWithoutLinks(Long crc, FreeingOrder order);
 
-/// Gives the picture that has the row of that number another row, behind all others, if there is one.
-void MoveImageRow(Long index);
+/// Gives the picture that has the row of that number another row, behind all others; tells whether there is
+/// one.
+bool MoveImageRow(Long index);
 
 /// Deletes the free rows behind the last one in use.
 void TrimImageRows();

@@ -426,15 +426,21 @@ void clsBitmap::ItfHmiElement_SetImageSystem(Long eOption) {
     rows->MoveFirst();
     if (eOption > 1) rows->Move(Subtract(eOption, 1));
   }
-  if (rows->Eof()) {
-    MoveImageRow(eOption);
+  const bool isNew = rows->Eof();
+  if (isNew) {
     rows->AddNew();
     rows->Put("Index", eOption);
   }
   const bool isSmall = eOption == 1;
   ResizeImageEx(Initial().dx, Initial().dy, isSmall ? 29 : 320, isSmall ? 21 : 240);
   WriteSystemImage(*rows, OwnImageToSave());
-  rows->Update();
+  try {
+    rows->Update();
+  } catch (const automation::AutomationError&) {
+    // The number may be that of an element's picture, which can have any other.
+    if (!isNew || !MoveImageRow(eOption)) throw;
+    rows->Update();
+  }
   rows->Close();
 }
 

@@ -188,7 +188,7 @@ bool clsButton::ResizePicture(Long dx, Long dy) {
 
 void clsButton::FitImageToButton() {
   const Long crc = image_->CRC8bpp();
-  if (crc == kNoImage) return;
+  if (crc == kNoImage || crc == kPaintedImage) return;
   Long storedDx = 0, storedDy = 0;
   GetImageDimensions(crc, storedDx, storedDy);
   const Long inset = flat3D_ == kRaised ? kPictureInset : 0;
@@ -265,7 +265,7 @@ void clsButton::DrawButtonImage(Long hdc, const gdi::RECT& area) {
   if (dx < 1 || dy < 1) return;
   FitImageToButton();
   if (!RenewBitmap(dx, dy)) return;
-  if (image_->TransparencyLevel() == 0 || image_->CRC8bpp() == kPaintedImage) {
+  if (image_->TransparencyLevel() == 0) {
     PaintOpaquePicture(hdc, area.left, area.top, bitmap_.Get(), BitmapSizeOf(bitmap_.Get()));
     return;
   }

@@ -77,12 +77,12 @@ TEST_F(ImageQueries, ReadPixelsOfEveryState) {
   EXPECT_TRUE(Boxes().empty());
 }
 
-TEST_F(ImageQueries, ReadTheFirstRowOfACrc) {
+TEST_F(ImageQueries, ReadThePictureInUseWhereAFreeRowHasItsCrcToo) {
   PutImage(3, 10, kFreeImage);
   PutImage(4, 10, kImageInUse, Long{16});
-  EXPECT_EQ(GetImageBitsByCRC(10), 0);
-  EXPECT_EQ(GetImageLibCRC(10), -1);
-  EXPECT_EQ(GetImagePathFromDB(10), "");
+  EXPECT_EQ(GetImageBitsByCRC(10), 16);
+  EXPECT_EQ(GetImageLibCRC(10), 1010);
+  EXPECT_EQ(GetImagePathFromDB(10), "C:\\p\\10.png");
   EXPECT_EQ(PanelSize(10), Size(3, 2));
 }
 
@@ -187,9 +187,10 @@ TEST_F(ImageQueries, OfAVariableCountFirst) {
   GetCRCsOfVarImages(1, 2);
   EXPECT_EQ(
       Statements(),
-      (CallLog{"execute SELECT COUNT(Image_CRC) as ActualCount FROM ElementsAndImages WHERE Element_ID=1",
-               "open SELECT Image_CRC,Image_Index FROM ElementsAndImages WHERE Element_ID=1 ORDER BY "
-               "(Image_Index) [0,3,1]"}));
+      (CallLog{
+          "open SELECT COUNT(Image_CRC) as ActualCount FROM ElementsAndImages WHERE Element_ID=1 [0,3,1]",
+          "open SELECT Image_CRC,Image_Index FROM ElementsAndImages WHERE Element_ID=1 ORDER BY "
+          "(Image_Index) [0,3,1]"}));
   EXPECT_EQ(GetCRCsOfVarImages(1, 0), Crcs{});
   EXPECT_EQ(GetCRCsOfVarImages(1, -1), Crcs{});
   EXPECT_EQ(TakeLog(), CallLog{});

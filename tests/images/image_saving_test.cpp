@@ -333,8 +333,20 @@ TEST_F(ImageSaving, OfABitmapOrAPageKeepsTheKeyOfRepairedPixels) {
 TEST_F(ImageSaving, OfAListTakesTheCrcOfRepairedPixels) {
   UseNotingLibrary();
   EXPECT_EQ(SaveOfList(Damaged()), 77);
-  EXPECT_EQ(Writes()[4], "put CRC=77:Long");
+  const CallLog writes = Writes();
+  EXPECT_EQ(writes[4],
+            "execute SELECT COUNT(*) AS NumberOfImages FROM ProjectImages WHERE CRC=77 AND "
+            "RecordStatus IN (3,2)");
+  EXPECT_EQ(writes[8], "put CRC=77:Long");
   EXPECT_EQ(Images(), Lines{"1 77 3"});
+}
+
+TEST_F(ImageSaving, OfAListWithARepairedPictureThatTheProjectHasSharesItsRow) {
+  UseNotingLibrary();
+  PutImage(1, 77, kImageInUse);
+  PutImage(2, 40, kFreeImage);
+  EXPECT_EQ(SaveOfList(Damaged()), 77);
+  EXPECT_EQ(Images(), (Lines{"1 77 3", "2 40 2"}));
 }
 
 TEST_F(ImageSaving, OfAListLeavesTheRowOfTheOldCrcToOthers) {

@@ -39,11 +39,11 @@ class StoreModel {
   /// The index of the next new row; the database never gives one twice.
   Long Next() const { return next_; }
 
-  /// A picture goes into the row of its CRC, else into the lowest free one, else into a new one; that of a
-  /// page never into a free row of its CRC.
+  /// A picture goes into the row of its CRC, one in use first, else into the lowest free one, else into a new
+  /// one; that of a page never into a free row of its CRC.
   void Write(Long crc, Long dx, Long dy, Owner owner) {
-    const auto has = [&](const Row& row, bool free) {
-      return row.crc == crc && (row.status == 3 || (free && row.status == 2));
+    const auto has = [&](Long status) {
+      return [crc, status](const Row& row) { return row.crc == crc && row.status == status; };
     };
     const auto first = [&](const std::function<bool(const Row&)>& wanted) {
       for (auto& [index, row] : rows_) {
@@ -51,9 +51,10 @@ class StoreModel {
       }
       return static_cast<Row*>(nullptr);
     };
-    const bool isKnown = first([&](const Row& row) { return has(row, true); }) != nullptr;
-    Row* row = isKnown ? first([&](const Row& r) { return has(r, owner == Owner::Element); })
-                       : first([](const Row& r) { return r.status == 2; });
+    Row* row = first(has(3));
+    Row* const freed = first(has(2));
+    if (!row && freed && owner == Owner::Element) row = freed;
+    if (!row && !freed) row = first([](const Row& r) { return r.status == 2; });
     if (!row) row = &rows_[next_++];
     *row = {crc, 3, dx, dy};
   }

@@ -27,7 +27,7 @@ class PanelPixels : public ::testing::Test {
 };
 
 TEST_F(PanelPixels, TheImageLibraryIsTheOneThatWasSetUp) {
-  EXPECT_EQ(&CurrentImageLibrary(), library_.get());
+  EXPECT_EQ(CurrentImageLibrary().get(), library_.get());
   LibraryState::Current() = {};
   EXPECT_RAISES(91, "there is no image library: InitImageLibrary was not called", CurrentImageLibrary());
 }

@@ -619,6 +619,12 @@ TEST_F(SystemPicture, IsSmallForTheFirstAloneAndAPageForAllOthers) {
   EXPECT_EQ(SystemPictures(), std::vector<std::string>{"2 501 320 240 1"});
 }
 
+TEST_F(SystemPicture, TakesItsNumberFromThePictureOfAnElement) {
+  AddRow(1, 3);
+  bitmap_->SetImageSystem(1);
+  EXPECT_EQ(SystemPictures(), (std::vector<std::string>{"1 501 29 21 1", "2 701 Null Null 3"}));
+}
+
 TEST_F(SystemPicture, GoesIntoTheRowOfThatPlaceAmongThoseOfThePanel) {
   AddRow(1, 3);
   AddRow(4, 0);
