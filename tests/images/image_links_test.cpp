@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/image_fixture.h"
-#include "tests/support/raises.h"
 
 namespace quenzel7 {
 namespace {
@@ -158,25 +157,9 @@ TEST_F(ImageLinks, RowsOfThePanelItselfAreNotReleased) {
 }
 
 TEST_F(ImageLinks, AFailureOfAnyCallOfAReleasePassesUp) {
-  int call = 1;
-  for (;; ++call) {
-    PutSharedImages();
-    TakeLog();
-    Recorder().FailAt(call);
-    const test::Raised raised = test::RaisedBy([] { ReleaseElementImages(1); });
-    Recorder().FailAt(0);
-    const CallLog log = TakeLog();
-    if (raised.number == 0) break;
-    EXPECT_EQ(raised.number, static_cast<Long>(automation::ErrorNumber::Database)) << call;
-    EXPECT_NE(raised.description.find("failed at " + log.back()), std::string::npos) << raised;
-    EXPECT_EQ(log.size(), static_cast<std::size_t>(call));
-    ReleaseElementImages(1);
-    EXPECT_EQ(Links(), Lines{"2 0 0 20"}) << call;
-    for (const char* table : {"ProjectImages", "ElementsAndImages", "PagesAndImages"}) {
-      Connection().Execute(std::string("DELETE FROM ") + table);
-    }
-  }
-  EXPECT_EQ(call, 29);
+  EXPECT_EQ(FailAtEachCall([&] { PutSharedImages(); }, [] { ReleaseElementImages(1); },
+                           [&] { EXPECT_EQ(Links(), Lines{"2 0 0 20"}); }),
+            28);
 }
 
 // Releasing one picture.

@@ -83,16 +83,19 @@ class ImageSaving : public test::ImageProjectTest {
             [this](LibraryPicture picture) { SaveOfList(std::move(picture)); },
             [this](LibraryPicture picture) { SaveOfPage(std::move(picture)); }};
   }
-  void Empty() {
-    Connection().Execute("DELETE FROM ProjectImages");
-    Connection().Execute("DELETE FROM ElementsAndImages");
-    TakeLog();
-  }
   /// Picture 50 with pixels that do not fit its size.
   static LibraryPicture Damaged() {
     LibraryPicture picture = Picture(50);
     picture.data.push_back(0);
     return picture;
+  }
+  /// Panel pixels of one colour in the size of the picture, padded with 0.
+  static PixelBytes PixelsOf8(const LibraryPicture& picture) {
+    PixelBytes pixels = test::PixelsOf(picture.dx, picture.dy, 8);
+    if (picture.dx % 2 == 1) {
+      for (std::size_t i = 3; i < pixels.size(); i += 4) pixels[i] = 0;
+    }
+    return pixels;
   }
   std::vector<ErrorReport> Reports() const { return {Errors().begin(), Errors().end()}; }
   static ErrorReport Repaired(const std::string& className, const std::string& method) {
@@ -124,7 +127,7 @@ TEST_F(ImageSaving, OfAListOrAPageAddsARowOnly) {
   const CallLog log = CallLog({CountOf("50"), "Close", kFreeRows, "AddNew", "put CRC=50:Long"}) + kRecordPuts;
   EXPECT_EQ(Writes(), log);
   EXPECT_EQ(ImageAt(1), kSaved50);
-  Empty();
+  EmptyTables();
   SaveOfPage(Picture(50));
   EXPECT_EQ(Writes(), log);
   EXPECT_EQ(Images(), Lines{"2 50 3"});
@@ -150,7 +153,7 @@ TEST_F(ImageSaving, TakesTheFreeRowOfLowestIndexUnderANewKey) {
     EXPECT_EQ(Images(), (Lines{"1 10 3", "2 20 0", "3 50 3", "4 40 2", "5 50 1"}));
     EXPECT_EQ(ImageAt(3), kSaved50);
     EXPECT_EQ(ImageAt(4), kFree);
-    Empty();
+    EmptyTables();
   }
 }
 
@@ -175,7 +178,7 @@ TEST_F(ImageSaving, WritesTheRowInUseAnewAndItKeepsItsIndex) {
     EXPECT_EQ(CallLog(log.begin(), log.begin() + static_cast<std::ptrdiff_t>(begin.size())), begin);
     EXPECT_EQ(Images(), (Lines{"1 10 2", "7 50 3"}));
     EXPECT_EQ(ImageAt(7), kSaved50);
-    Empty();
+    EmptyTables();
   }
 }
 
@@ -200,7 +203,7 @@ TEST_F(ImageSaving, OfABitmapOrAListTakesTheFreeRowOfThePictureBack) {
     EXPECT_EQ(Statements()[1], RowsOf("50", which == 0 ? kBitmapStates : kListStates));
     EXPECT_EQ(Images(), (Lines{"1 10 2", "2 50 3"})) << which;
     EXPECT_EQ(ImageAt(2), kSaved50);
-    Empty();
+    EmptyTables();
   }
 }
 
@@ -223,7 +226,7 @@ TEST_F(ImageSaving, LeavesRowsOfThePanelItselfAlone) {
     EXPECT_EQ(Images().size(), 3u);
     EXPECT_EQ(ImageAt(1), kSaved50);
     EXPECT_EQ(ImageAt(2), kSaved50);
-    Empty();
+    EmptyTables();
   }
 }
 
@@ -251,7 +254,7 @@ TEST_F(ImageSaving, WritesTheBitsOfThePicture) {
     picture.data = PixelBytes(12, 1);
     save(picture);
     EXPECT_EQ(Rows("SELECT * FROM ProjectImages", {"Bits"}), Lines{"16"});
-    Empty();
+    EmptyTables();
   }
   EXPECT_TRUE(Errors().empty());
 }
@@ -303,7 +306,7 @@ TEST_F(ImageSaving, PixelsThatDoNotFitAreMadeAnewFromTheOriginal) {
                                              "to 8bpp mode 0 #2 of 256 colours 3x2"}));
       EXPECT_EQ(library->Kept(), Lines{});
       EXPECT_EQ(ImageAt(++index), "1050 3 2 4 3 C:\\p\\50.png 2x1 12x8");
-      Empty();
+      EmptyTables();
     }
   }
   EXPECT_EQ(Errors().size(), 6u);
@@ -388,7 +391,7 @@ TEST_F(ImageSaving, WhatCannotBeRepairedIsSavedAsItIsAndLogged) {
   for (const auto& save : Savings()) {
     save(Damaged());
     EXPECT_EQ(Rows("SELECT * FROM ProjectImages", {"CRC", "RecordStatus"}), Lines{"50 3"});
-    Empty();
+    EmptyTables();
   }
   EXPECT_EQ(SaveOfList(Damaged()), 50);
   EXPECT_EQ(ImageAt(4), "1050 3 2 4 3 C:\\p\\50.png 9x8 12x8");
@@ -411,10 +414,38 @@ TEST_F(ImageSaving, APaintedPictureIsNotChecked) {
     picture.data.clear();
     save(picture);
     EXPECT_EQ(Rows("SELECT * FROM ProjectImages", {"CRC", "RecordStatus"}), Lines{"1061109567 3"});
-    Empty();
+    EmptyTables();
   }
   EXPECT_EQ(library->calls, Lines{});
   EXPECT_TRUE(Errors().empty());
+}
+
+TEST_F(ImageSaving, ARepairWithTheEmbeddedLibraryFitsTheSizeAndIsNotRepeated) {
+  for (const Long bits : {0, 16}) {
+    EmptyTables();
+    LibraryPicture picture = Damaged();
+    picture.bits = bits;
+    if (bits == 16) picture.dataOrg = PixelBytes(24, 0x21);
+    const auto repairs = Errors().size();
+    picture.crc = UpdateListImage(ToSave(picture));
+    EXPECT_EQ(Errors().size(), repairs + 1);
+    EXPECT_NE(picture.crc, 50);
+    EXPECT_EQ(picture.data, bits == 16 ? PixelBytes(12, 0x21) : PixelsOf8(picture));
+    EXPECT_EQ(UpdateListImage(ToSave(picture)), picture.crc);
+    EXPECT_EQ(Errors().size(), repairs + 1);
+    EXPECT_EQ(Rows("SELECT * FROM ProjectImages", {"CRC"}), Lines{std::to_string(picture.crc)});
+  }
+}
+
+TEST_F(ImageSaving, AFailureOfAnyCallPassesUp) {
+  EXPECT_EQ(FailAtEachCall([&] { PutImage(1, 10, kImageInUse); }, [&] { SaveOfBitmap(Picture(50)); },
+                           [&] {
+                             EXPECT_EQ(Links(), Lines{"6 2 4 50"});
+                             EXPECT_EQ(Images().size(), 2u);
+                           }),
+            38);
+  EXPECT_GT(FailAtEachCall([] {}, [&] { SaveOfPage(Picture(50)); }, [&] { EXPECT_EQ(Images().size(), 1u); }),
+            10);
 }
 
 // Pictures of the panel itself.

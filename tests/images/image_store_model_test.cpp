@@ -263,9 +263,7 @@ class ImageStoreModel : public test::ImageProjectTest {
     random_.seed(seed);
     const Long first = model_.Next();
     model_ = {};
-    for (const char* table : {"ProjectImages", "ElementsAndImages", "PagesAndImages"}) {
-      Connection().Execute(std::string("DELETE FROM ") + table);
-    }
+    EmptyTables();
     // Pictures of the panel itself, which elements have too.
     for (Long status = 0; status <= 1; ++status) {
       PutImage(first + status, 10 + status, status);

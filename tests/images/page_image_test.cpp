@@ -59,9 +59,26 @@ TEST_F(PageImage, HasThisSurfaceInSlotOrder) {
                                                       "call SaveToDB(Long, Long, Long, Long)",
                                                       "call SaveToDBEx(Long, Long, Long, Long, Long)",
                                                       "call ReadImagePropsFromDB(Long) As Boolean"}));
+}
+
+TEST_F(PageImage, ItsMembersAreDocumentedAndUnmarked) {
+  Lines words;
   for (const automation::Member& member : image_->Class().Default().Members()) {
-    EXPECT_FALSE(member.documentation.empty()) << member.name;
+    words.push_back(std::string(member.name) + ": " + std::string(member.documentation));
+    EXPECT_EQ(member.mark, automation::Mark::None) << member.name;
   }
+  EXPECT_EQ(
+      words,
+      (Lines{"CRC8bpp: CRC of the panel pixels, which is the picture's key; -1 none.",
+             "SetData8bpp: Takes a copy of panel pixels.", "GetData8bpp: Gives a copy of the panel pixels.",
+             "SetData8bppORG: Takes a copy of original pixels.",
+             "GetData8bppORG: Gives a copy of the original pixels.", "Path: File that the picture came from.",
+             "SourceCRC: CRC of the source in the image library; -1 none.",
+             "DxORG: Width of the original pixels.", "DyORG: Height of the original pixels.",
+             "TransparencyLevel: 0 opaque, otherwise transparent.", "Bits: 16 when a pixel takes two bytes.",
+             "SaveToDB: Saves the picture as one of a page's.",
+             "SaveToDBEx: Saves the picture as one of a page's, telling the bits of a pixel.",
+             "ReadImagePropsFromDB: Reads the picture of the CRC; False when there is none."}));
 }
 
 TEST_F(PageImage, BeginsWithoutAPicture) { EXPECT_EQ(Shown(clsPageImage()), "-1 -1 0 0 0 0 0 0 "); }

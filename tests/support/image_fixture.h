@@ -12,6 +12,7 @@
 #include "images/var_image_element.h"
 #include "tests/support/noting_image_library.h"
 #include "tests/support/project_fixture.h"
+#include "tests/support/raises.h"
 
 namespace quenzel7::test {
 
@@ -192,6 +193,39 @@ class ImageProjectTest : public ProjectTest {
 
   /// Makes of the project's pictures those of a project from before pictures told their bits.
   void ForgetBits() { Connection().Execute("ALTER TABLE ProjectImages DROP COLUMN Bits"); }
+
+  /// Takes all pictures and links away; rows that come later have other indexes.
+  void EmptyTables() {
+    for (const char* table : {"ProjectImages", "ElementsAndImages", "PagesAndImages"}) {
+      Connection().Execute(std::string("DELETE FROM ") + table);
+    }
+    TakeLog();
+  }
+
+  /// Lets each of the calls that an action makes to the database fail in turn, after the tables were prepared
+  /// anew. The error passes up and ends the action, and running it again makes good what failed. Gives the
+  /// number of calls.
+  template <class Prepare, class Action, class Check>
+  int FailAtEachCall(Prepare prepare, Action action, Check check) {
+    for (int call = 1;; ++call) {
+      EmptyTables();
+      prepare();
+      TakeLog();
+      Recorder().FailAt(call);
+      const Raised raised = RaisedBy(action);
+      Recorder().FailAt(0);
+      const CallLog log = TakeLog();
+      if (raised.number == 0) {
+        check();
+        return call - 1;
+      }
+      EXPECT_EQ(raised.number, static_cast<Long>(automation::ErrorNumber::Database)) << call;
+      EXPECT_NE(raised.description.find("failed at " + log.back()), std::string::npos) << raised;
+      EXPECT_EQ(log.size(), static_cast<std::size_t>(call));
+      action();
+      check();
+    }
+  }
 
   static automation::Variant Block(const PixelBytes& pixels) {
     PixelBytes block;
