@@ -63,6 +63,23 @@ TEST_F(ImageQueries, AskTheseStatements) {
   }
 }
 
+TEST_F(ImageQueries, ReadColumnsInThisOrder) {
+  PutImage(1, 50, kImageInUse);
+  const auto readBy = [&](const std::function<void()>& ask) {
+    TakeLog();
+    ask();
+    const CallLog log = TakeLog();
+    EXPECT_EQ(log.back(), "Close");
+    return CallLog(log.begin() + 1, log.end() - 1);
+  };
+  Long dx = 0, dy = 0;
+  PixelBytes data;
+  EXPECT_EQ(readBy([&] { GetImageRecord(50, data, dx, dy); }), (CallLog{"get Data8bpp", "get Dx", "get Dy"}));
+  EXPECT_EQ(readBy([&] { GetImageDimensions(50, dx, dy); }), (CallLog{"get Dx", "get Dy"}));
+  EXPECT_EQ(readBy([&] { GetImageOriginalDimansions(50, dx, dy); }), (CallLog{"get DxORG", "get DyORG"}));
+  EXPECT_EQ(readBy([] { GetImageData8bppByCRC(50); }), CallLog{"get Data8bpp"});
+}
+
 TEST_F(ImageQueries, ReadPixelsOfEveryState) {
   PutAllStates();
   EXPECT_EQ(GetImageData8bppByCRC(10), test::PixelsOf(3, 2, 8));
