@@ -117,8 +117,11 @@ TEST_F(ImageQueries, ReadNoBitsInAProjectWithoutThem) {
   ForgetBits();
   TakeLog();
   EXPECT_EQ(GetImageBitsByCRC(40), 0);
-  EXPECT_EQ(Statements(), (CallLog{"open SELECT CRC,[Bits] FROM ProjectImages WHERE CRC=40 [0,3,1]",
-                                   "open SELECT * FROM ProjectImages WHERE RecordStatus=-1 [0,3,1]"}));
+  const CallLog log = TakeLog();
+  EXPECT_EQ(test::StatementsIn(log),
+            (CallLog{"open SELECT CRC,[Bits] FROM ProjectImages WHERE CRC=40 [0,3,1]",
+                     "open SELECT * FROM ProjectImages WHERE RecordStatus=-1 [0,3,1]"}));
+  EXPECT_EQ(log.back(), "Close");
 }
 
 TEST_F(ImageQueries, PassOnAFailureThatHasAnotherReason) {
