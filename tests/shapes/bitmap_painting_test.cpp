@@ -344,6 +344,7 @@ TEST_F(PaintedBitmap, OfDamagedPixelsGoesFromTheProjectAndNothingElseDoes) {
   damaged->ColorBack(7);
   for (const PixelBytes& pixels : {PixelBytes{}, PixelBytes{1, 2, 3}}) {
     Connection().Execute("INSERT INTO ElementsAndImages VALUES (6,3,0,777)");
+    damaged->hBmp(gdi::CreateBitmap(3, 2, 1, 1, nullptr));
     Errors().Clear();
     Frame().Clear();
     static_cast<ItfImage&>(*damaged).SetImageData8bpp(pixels);
@@ -354,7 +355,7 @@ TEST_F(PaintedBitmap, OfDamagedPixelsGoesFromTheProjectAndNothingElseDoes) {
     ASSERT_EQ(Errors().Reports().size(), 1u);
     EXPECT_EQ(Errors().Reports()[0].source, "Corruted Image");
     EXPECT_EQ(Frame().Interruptions(), 1);
-    if (!pixels.empty()) break;
+    if (!pixels.empty()) continue;
     EXPECT_EQ(Errors().Reports()[0].description,
               "A picture of element in module Boiler, display Valves holds corrupted image data from file: "
               "pumps\\one.bmp\r\nThis picture will be removed from project");
@@ -519,6 +520,48 @@ TEST_F(PaintedBitmap, TurnsItsBitmapAQuarterClockwise) {
   }
   EXPECT_EQ(turned, ".# .. .. .. #. #. #. #. ## ");
   EXPECT_EQ(gdi::LiveObjects(), before);
+}
+
+/// Three columns take one byte, and one of padding in the bitmap.
+TEST_F(PaintedBitmap, InvertsAndTurnsRowsOfOneByte) {
+  const std::vector<Byte> bits = {0x80, 0, 0x40, 0, 0x60, 0};
+  auto bitmap = OfBits(3, 3, bits);
+  bitmap->InvertColors();
+  std::vector<Byte> rows = BitsOf(*bitmap);
+  ASSERT_EQ(rows.size(), 6u);
+  EXPECT_EQ(rows[0] & 0xE0, 0x60);
+  EXPECT_EQ(rows[2] & 0xE0, 0xA0);
+  EXPECT_EQ(rows[4] & 0xE0, 0x80);
+  bitmap = OfBits(3, 3, bits);
+  bitmap->Rotate();
+  rows = BitsOf(*bitmap);
+  ASSERT_EQ(rows.size(), 6u);
+  // The last column of the upright picture is its first row.
+  EXPECT_EQ(rows[0] & 0xE0, 0x20);
+  EXPECT_EQ(rows[2] & 0xE0, 0xC0);
+  EXPECT_EQ(rows[4] & 0xE0, 0x80);
+}
+
+TEST_F(PaintedBitmap, TakesOneLookAtItsBitsAndDeletesThemBeforeItMakesOthers) {
+  const auto bitmap = OfBits(3, 5, std::vector<Byte>(10));
+  gdi::Recorder recorder;
+  bitmap->InvertColors();
+  Calls calls = recorder.Take();
+  ASSERT_EQ(calls.size(), 3u);
+  EXPECT_EQ(calls[0], "GetBitmapBits(bitmap:1, 10)");
+  EXPECT_EQ(calls[1], "DeleteObject(bitmap:1)");
+  EXPECT_TRUE(calls[2].starts_with("CreateBitmap(3, 5, 1, 1")) << calls[2];
+  bitmap->Rotate();
+  calls = recorder.Take();
+  ASSERT_EQ(calls.size(), 3u);
+  EXPECT_TRUE(calls[1].starts_with("DeleteObject(")) << calls[1];
+  EXPECT_TRUE(calls[2].starts_with("CreateBitmap(5, 3, 1, 1")) << calls[2];
+}
+
+TEST_F(PaintedBitmap, DeletesItsBitmapBeforeItMakesTheNext) {
+  const auto bitmap = WithPicture();
+  const Calls calls = CallsOf(*bitmap);
+  EXPECT_EQ(calls.front(), "DeleteObject(bitmap:1)");
 }
 
 TEST_F(PaintedBitmap, WithoutASizeOfItsOwnIsNeitherInvertedNorTurned) {

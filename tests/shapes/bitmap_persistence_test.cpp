@@ -646,6 +646,13 @@ TEST_F(SystemPicture, GoesIntoTheRowOfThatPlaceAmongThoseOfThePanel) {
   EXPECT_EQ(SystemPictures().at(1), "4 501 29 21 1");
   const CallLog log = TakeLog();
   EXPECT_EQ(std::count(log.begin(), log.end(), "AddNew"), 0);
+  EXPECT_EQ(log.at(0), kOpenSystem);
+  EXPECT_EQ(log.at(1), "MoveFirst");
+  EXPECT_EQ(log.at(2), "mode pumps\\one.bmp");
+  bitmap_->SetImageSystem(2);
+  const CallLog second = TakeLog();
+  EXPECT_EQ(second.at(1), "MoveFirst");
+  EXPECT_EQ(second.at(2), "Move 1");
 }
 
 TEST_F(SystemPicture, BeyondTheLastRowIsAddedUnderItsNumber) {

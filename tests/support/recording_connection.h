@@ -14,7 +14,7 @@ namespace quenzel7::test {
 
 /// What was asked of a connection, in order:
 ///   "execute SQL", "open SQL [cursor,lock,option]", "AddNew", "put Column=value", "get Column", "Update",
-///   "Delete", "Close".
+///   "Delete", "Close", "MoveFirst", "Move rows". Going on row by row is not noted.
 using CallLog = std::vector<std::string>;
 
 inline std::string Shown(const automation::Variant& value) {
@@ -71,9 +71,15 @@ class RecordingRecordset final : public ado::Recordset {
   }
   bool Eof() const override { return inner_->Eof(); }
   bool Bof() const override { return inner_->Bof(); }
-  void MoveFirst() override { inner_->MoveFirst(); }
+  void MoveFirst() override {
+    log_->Add("MoveFirst");
+    inner_->MoveFirst();
+  }
   void MoveNext() override { inner_->MoveNext(); }
-  void Move(Long rows) override { inner_->Move(rows); }
+  void Move(Long rows) override {
+    log_->Add("Move " + std::to_string(rows));
+    inner_->Move(rows);
+  }
   Long RecordCount() const override { return inner_->RecordCount(); }
   Long FieldCount() const override { return inner_->FieldCount(); }
   automation::Variant Get(std::string_view column) const override {

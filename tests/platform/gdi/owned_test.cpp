@@ -55,6 +55,22 @@ TEST(OwnedBitmap, DeletesTheOldOneWhenItTakesAnother) {
                    "DeleteObject(bitmap:1)", "DeleteObject(bitmap:2)"}));
 }
 
+TEST(OwnedBitmap, GivesItsBitmapAwayUndeleted) {
+  const std::size_t before = LiveObjects();
+  const HBITMAP bitmap = CreateBitmap(2, 2, 1, 1, nullptr);
+  {
+    OwnedBitmap owned(bitmap);
+    EXPECT_EQ(owned.Release(), bitmap);
+    EXPECT_EQ(owned.Get(), 0);
+    // There is nothing left to give, nor to delete.
+    EXPECT_EQ(owned.Release(), 0);
+    owned.Reset(0);
+  }
+  EXPECT_EQ(LiveObjects(), before + 1);
+  DeleteObject(bitmap);
+  EXPECT_EQ(LiveObjects(), before);
+}
+
 TEST(OwnedBitmap, WithoutABitmapDeletesNothing) {
   Recorder recorder;
   {
