@@ -19,11 +19,17 @@ struct Subject {
   std::vector<Ratio> (*measure)();
 };
 
-constexpr Subject kSubjects[] = {{"gdi", GdiRatios},          {"shapes", ShapeRatios},
-                                 {"text", TextRatios},        {"text-painter", TextPainterRatios},
-                                 {"pictures", PictureRatios}, {"reduction", ReductionRatios},
-                                 {"ado", AdoRatios},          {"elements", ElementRatios},
-                                 {"page", PageRatios},        {"threads", ThreadRatios}};
+constexpr Subject kSubjects[] = {{"gdi", GdiRatios},
+                                 {"shapes", ShapeRatios},
+                                 {"text", TextRatios},
+                                 {"text-painter", TextPainterRatios},
+                                 {"pictures", PictureRatios},
+                                 {"bitmaps", BitmapRatios},
+                                 {"reduction", ReductionRatios},
+                                 {"ado", AdoRatios},
+                                 {"elements", ElementRatios},
+                                 {"page", PageRatios},
+                                 {"threads", ThreadRatios}};
 
 /// Prints a line of the table; false if it is over its budget.
 bool Print(const Ratio& line) {

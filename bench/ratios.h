@@ -67,6 +67,8 @@ std::vector<Ratio> TextRatios();
 std::vector<Ratio> TextPainterRatios();
 /// Pictures with a colour left out against other drawing libraries, and whether these paint the same.
 std::vector<Ratio> PictureRatios();
+/// Pictures of a project: drawing one against plain copies, keeping many against prepared statements.
+std::vector<Ratio> BitmapRatios();
 /// Reducing a photograph to the colours of a panel against ImageMagick, its time and how far the colours are
 /// off. Empty where ImageMagick is not there.
 std::vector<Ratio> ReductionRatios();

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quenzel7::bench {
 
@@ -83,6 +84,15 @@ class HandStatement {
 
   HandStatement& Bind(int place, int value) {
     sqlite3_bind_int(statement_, place, value);
+    return *this;
+  }
+  /// Bytes and text have to outlive the step.
+  HandStatement& Bind(int place, const std::vector<unsigned char>& bytes) {
+    sqlite3_bind_blob(statement_, place, bytes.data(), static_cast<int>(bytes.size()), SQLITE_STATIC);
+    return *this;
+  }
+  HandStatement& Bind(int place, const std::string& text) {
+    sqlite3_bind_text(statement_, place, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
     return *this;
   }
   /// Whether there is a row.

@@ -45,9 +45,13 @@ void Bitmap::Set(int x, int y, COLORREF color) {
 
 void Bitmap::Load(const std::uint8_t* bytes) {
   if (!IsMono()) {
-    for (std::uint32_t& word : words_) {
-      word = static_cast<std::uint32_t>(bytes[0] | bytes[1] << 8 | bytes[2] << 16);
-      bytes += 4;
+    // Four bytes at a time become one load, of which the fourth byte does not count.
+    for (std::size_t i = 0; i < words_.size(); ++i) {
+      const std::uint8_t* from = bytes + 4 * i;
+      const std::uint32_t all = from[0] | static_cast<std::uint32_t>(from[1]) << 8 |
+                                static_cast<std::uint32_t>(from[2]) << 16 |
+                                static_cast<std::uint32_t>(from[3]) << 24;
+      words_[i] = all & 0xFFFFFF;
     }
     return;
   }

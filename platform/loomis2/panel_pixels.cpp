@@ -57,14 +57,18 @@ std::optional<Picture> PictureOf8bpp(std::span<const Byte> pixels, Long dx, Long
                                      const PanelColors& colors) {
   const std::int64_t rowBytes = std::int64_t{dx} + dx % 2;
   if (!IsPictureOf(pixels, dx, dy, rowBytes)) return {};
-  Picture picture{dx, dy, {}};
-  picture.pixels.reserve(static_cast<std::size_t>(dx) * static_cast<std::size_t>(dy));
+  // Every byte has a colour here, so that pixels can be taken without a look at each.
+  std::array<std::uint32_t, kMostColors> table{};
+  std::copy(colors.begin(), colors.end(), table.begin());
+  Byte highest = 0;
+  Picture picture{dx, dy,
+                  std::vector<std::uint32_t>(static_cast<std::size_t>(dx) * static_cast<std::size_t>(dy))};
+  std::uint32_t* pixel = picture.pixels.data();
   for (const Byte* row = pixels.data(); row != pixels.data() + pixels.size(); row += rowBytes) {
-    for (Long x = 0; x < dx; ++x) {
-      if (row[x] >= colors.size()) return {};
-      picture.pixels.push_back(colors[row[x]]);
-    }
+    for (Long x = 0; x < dx; ++x) highest = std::max(highest, row[x]);
+    for (Long x = 0; x < dx; ++x) *pixel++ = table[row[x]];
   }
+  if (highest >= colors.size()) return {};
   return picture;
 }
 
