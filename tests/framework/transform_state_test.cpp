@@ -280,6 +280,9 @@ TEST(TouchTransformState, CellsAreFoundByTheBoundsOfTheMap) {
     // Pixels before the first cells.
     EXPECT_EQ(ErrorOf([&] { Touch(map, {2, 2, 3, 3}); }), 9);
     EXPECT_EQ(ErrorOf([&] { Touch(map, {3, 1, 3, 3}); }), 9);
+    // Without a size there is no pixel.
+    EXPECT_EQ(Touch(map, {0, 0, 3, 0}), eCS_Overlap);
+    EXPECT_EQ(Touch(map, {0, 0, 0, 3}), eCS_Overlap);
     Array below(kind, Bounds{-4, 12}, Bounds{-3, 9});
     below.Set(0, 0, Long{1});
     EXPECT_EQ(Touch(below, {0, 0, 1, 1}), eCS_Overlap);

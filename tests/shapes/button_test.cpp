@@ -330,6 +330,10 @@ TEST_F(Button, ItsBitmapIsDeletedWhenAnotherOneComesOrTheButtonGoes) {
   button->hBmp(0);
   EXPECT_EQ(gdi::LiveObjects(), before);
   button->hBmp(gdi::CreateBitmap(2, 2, 1, 32, nullptr));
+  // It is not the bitmap of an element that is a picture.
+  EXPECT_EQ(ContractOf(*button).hBmp(), 0);
+  ContractOf(*button).hBmp(0);
+  EXPECT_NE(button->hBmp(), 0);
   button.reset();
   EXPECT_EQ(gdi::LiveObjects(), before);
 }
@@ -472,8 +476,11 @@ TEST_F(Button, ThePictureIs8PixelsSmallerThanARaisedButton) {
   // That of the size at rest, in the middle of a drag too.
   button->Stretch(10, 10, ePD_DownRight);
   button->UpdateDisplayWithTransx();
-  EXPECT_EQ(PictureOf(*button).Dx(), 40);
-  EXPECT_EQ(PictureOf(*button).Dy(), 30);
+  for (const Long style : {0, 1}) {
+    button->Flat3D(style);
+    EXPECT_EQ(PictureOf(*button).Dx(), style == 1 ? 32 : 40) << style;
+    EXPECT_EQ(PictureOf(*button).Dy(), style == 1 ? 22 : 30) << style;
+  }
 }
 
 TEST_F(Button, APictureSmallerThanAllNumbersIsAnError) {
@@ -544,6 +551,16 @@ TEST_F(ButtonInProject, TheStyleFitsThePictureThroughTheDefaultInterfaceOnly) {
             test::Joined({dimensions, {"load C:\\pictures\\valve.bmp 62, 32 x 22", "convert, 32 x 22"}}));
   EXPECT_EQ(button->Image().CRC8bpp(), 90);
   EXPECT_EQ(button->Image().GetData8bpp(), PixelBytes(32 * 22, 9));
+}
+
+TEST_F(ButtonInProject, OnlyTheStyleOfARaisedOneLeavesThePictureLessRoom) {
+  for (const Long style : {0, 1, 2, 3, 4, -1}) {
+    NotePictures();
+    const auto button = test::Placed<clsButton>(0, 0, 40, 30);
+    GivePicture(*button);
+    button->Flat3D(style);
+    EXPECT_EQ(TakeLog().back(), style == 1 ? "convert, 32 x 22" : "convert, 40 x 30") << style;
+  }
 }
 
 TEST_F(ButtonInProject, AReplicaHasAPictureOfItsOwn) {
