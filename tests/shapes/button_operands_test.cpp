@@ -136,7 +136,8 @@ TEST_F(OperandsOfButton, OnlyTheContractRemovesTheRowOfAnOperandThatGoes) {
             " AND OprndNetID =0 AND OprndPurpose=" + std::to_string(purpose),
         "remove operand " + number};
     Recorder().FailAt(1);
-    EXPECT_NE(ErrorOf([&] { PutByName(*button, ItfHmiElement::InterfaceOf(), name, Long{-1}); }), 0);
+    EXPECT_NE(ErrorOf([&, name = name] { PutByName(*button, ItfHmiElement::InterfaceOf(), name, Long{-1}); }),
+              0);
     EXPECT_EQ(automation::GetByName(*button, name), Variant(address));
     TakeLog();
     PutByName(*button, ItfHmiElement::InterfaceOf(), name, Long{-1});

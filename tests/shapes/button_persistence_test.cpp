@@ -401,7 +401,7 @@ TEST_F(RowsOfButton, TheRowGoesThenTheOperandsThenThePictures) {
 // --- A project that fails at each step ---
 
 TEST_F(RowsOfButton, ANewOneWhoseSavingFailsHasOnlyDoneWhatCameBefore) {
-  const auto make = [this] {
+  const auto make = [] {
     auto button = Distinct();
     button->TabIndex(255);
     GivePicture(*button, Fitting());
