@@ -1,5 +1,7 @@
 #include "shapes/shape_classes.h"
 
+#include "shapes/bitmap.h"
+#include "shapes/button.h"
 #include "shapes/ellipse.h"
 #include "shapes/frame.h"
 #include "shapes/group.h"
@@ -12,8 +14,9 @@ namespace quenzel7 {
 
 std::span<const automation::ClassInfo* const> ShapeClasses() {
   static const automation::ClassInfo* const classes[] = {
-      &clsRectangle::ClassOf(), &clsEllipse::ClassOf(), &clsRoundRect::ClassOf(), &clsLine::ClassOf(),
-      &clsText::ClassOf(),      &clsFrame::ClassOf(),   &clsGroup::ClassOf()};
+      &clsRectangle::ClassOf(), &clsEllipse::ClassOf(), &clsRoundRect::ClassOf(),
+      &clsLine::ClassOf(),      &clsText::ClassOf(),    &clsBitmap::ClassOf(),
+      &clsButton::ClassOf(),    &clsFrame::ClassOf(),   &clsGroup::ClassOf()};
   return classes;
 }
 
