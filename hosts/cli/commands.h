@@ -53,6 +53,30 @@ int ExportStringsCommand(const std::string& projectPath, const std::string& file
 int SettingsCommand(const std::string& projectPath, const std::vector<std::string>& arguments,
                     const Console& console);
 
+/// Which pictures of a project a command adds.
+struct ImageAddition {
+  std::vector<std::string> files;
+  /// The size on the panel, "WxH"; that of each file while empty.
+  std::string size;
+  /// 16 for pixels of two bytes.
+  Long bits = 0;
+  /// The page that they are pictures of, and the type of the first one there; the following ones have the
+  /// next types, and without `type` each the lowest that is free.
+  Long page = 0;
+  std::optional<Long> type;
+  bool isTransparent = false;
+};
+
+/// Adds picture files to a project as pictures behind a page, all or none.
+int AddImagesCommand(const std::string& projectPath, const ImageAddition& addition, const Console& console);
+
+/// Tells the pictures of a project.
+int ListImagesCommand(const std::string& projectPath, const Console& console);
+
+/// Writes a picture of a project as a PNG file, as the panel shows it or, `original`, at its own size.
+int ExtractImageCommand(const std::string& projectPath, const std::string& crc, bool original,
+                        const std::string& outputPath, const Console& console);
+
 /// Shows in a folder what the library does: builds a project, paints it, drags elements, opens it again and
 /// compares. Exit status 1 when the page painted from the opened project differs from the one before.
 int DemoCommand(const std::string& folder, const Console& console);

@@ -2,6 +2,7 @@
 #include <string_view>
 
 #include "hosts/cli/commands.h"
+#include "hosts/cli/counted.h"
 #include "hosts/cli/demo_files.h"
 #include "hosts/cli/drag.h"
 #include "hosts/cli/element_calls.h"
@@ -37,6 +38,7 @@ const DemoDrag kDrags[] = {
      103,
      "the bar is stretched past its other end",
      {ePD_Right, {{-10, 0}, {-50, 0}, {-68, 0}}}},
+    {"VisibleOpAddr", 61, "the evening is made smaller", {ePD_DownRight, {{-4, -2}, {-15, -10}}}},
     {"VisibleOpAddr", 60, "the wagon, groups in a group, goes to the fire", {ePD_None, {{-30, 0}, {-66, 0}}}},
     {"VisibleOpAddr", 60, "the wagon is pulled beyond the page", {ePD_None, {{-4, 0}, {-8, 0}, {500, 0}}}},
 };
@@ -113,7 +115,16 @@ int DemoCommand(const std::string& folder, const Console& console) {
   console.out << "quenzel7 demo\n";
   const fs::path stringsPath = home / "strings.csv";
   WriteTextFile(stringsPath.string(), std::string(DemoStrings()), "strings file " + stringsPath.string());
+  const fs::path picturesHome = home / "pictures";
+  fs::create_directories(picturesHome, error);
+  if (error) throw UserError("folder " + picturesHome.string() + " cannot be made: " + error.message());
+  for (const DemoPicture& picture : DemoPictures()) {
+    const std::string path = (picturesHome / picture.name).string();
+    WriteTextFile(path, std::string(picture.bytes), "picture file " + path);
+  }
   console.out << "  page file  " << pagePath.string() << '\n';
+  console.out << "  pictures   " << Counted(DemoPictures().size(), "file") << " in " << picturesHome.string()
+              << '\n';
   console.out << "  project    ";
   ImportCommand(pagePath.string(), projectPath.string(), console);
   console.out << "  strings    ";

@@ -7,6 +7,7 @@
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/element_tree.h"
 #include "hosts/cli/host_tables.h"
+#include "hosts/cli/image_setup.h"
 #include "hosts/cli/library_texts.h"
 #include "hosts/cli/quiet_boxes.h"
 #include "hosts/cli/renderer.h"
@@ -80,7 +81,7 @@ std::vector<bool> Covered(const LoadedPage& page, const std::vector<bool>& told)
     const std::uint32_t untouched = surface.Pixels()[0];
     auto isTold = told.begin();
     WalkElements(page.elements, [&](ItfHmiElement& element, const ElementPath&) {
-      if (*isTold++ && !IsGroup(element)) Call(element, "Draw", {Long{surface.Dc()}, false});
+      if (*isTold++ && !IsGroup(element)) DrawElement(element, surface.Dc());
     });
     const auto pixels = surface.Pixels();
     for (std::size_t at = 0; at < covered.size(); ++at) {
@@ -100,6 +101,7 @@ DiffSource::DiffSource(const std::string& path) : path_(path) {
                     " is neither a project nor a page file: it begins neither as a database file nor with {");
   }
   file_ = ReadPageFile(text, "page file " + path);
+  file_->folder = FolderOf(path);
 }
 
 std::string DiffSource::Place() const { return (file_ ? "page file " : "project ") + path_; }
@@ -122,10 +124,11 @@ std::vector<PageInfo> DiffSide::Pages() {
 LoadedPage DiffSide::Load(const PageInfo& info, const Console& console) {
   const QuietBoxes quiet;
   if (!source_.File()) return Do([&] { return LoadPageAsFiled(*project_, info, console); });
-  LoadedPage page{info, {}};
+  UsePanel(info.panel.type);
+  LoadedPage page{info, {}, PicturesBehind(project_->Connection(), info.number)};
   for (const PageElement& element : source_.File()->elements) {
     AtPlace(ElementPlace(source_.Place(), page.elements.size() + 1, element.elementClass->name),
-            [&] { page.elements.push_back(MakeElement(element)); });
+            [&] { page.elements.push_back(MakeElement(element, source_.File()->folder)); });
   }
   TakeTabIndices(page.elements);
   return page;

@@ -50,7 +50,14 @@ DragResult PerformDrag(ItfHmiElement& element, const Drag& drag, Variant& map) {
   DragResult result;
   result.before = AtRest(element);
   Call(element, "SaveInitialPosition");
+  // To make a picture at another size takes long, and costs quality each time.
+  const bool isPicture = element.Class().Default().Find("ResizeImageEx") != nullptr;
+  const bool isBounded = isPicture && drag.handle != ePD_None;
   for (const Drag::Step& step : drag.steps) {
+    if (isBounded) {
+      Call(element, "UpdateBoundingRectangle", {step.dx, step.dy, Long{drag.handle}});
+      if (&step != &drag.steps.back()) continue;
+    }
     if (drag.handle == ePD_None) {
       Call(element, "Move", {step.dx, step.dy});
     } else {
@@ -62,6 +69,8 @@ DragResult PerformDrag(ItfHmiElement& element, const Drag& drag, Variant& map) {
       Call(element, "UpdateDisplayWithTransx");
     } else {
       Call(element, "UpdateDisplayWithLastLegal");
+      // The bounds are the old ones again, and so becomes the picture.
+      if (isBounded) Call(element, "Stretch", {Long{0}, Long{0}, Long{drag.handle}});
     }
   }
   Call(element, "UpdateInitialDescriptor");

@@ -34,7 +34,9 @@ struct DragResult {
 automation::Variant FreeMap(Long width, Long height);
 
 /// Drags an element as a host does, by call by name: what a step proposes is shown and accepted when it is
-/// legal, else the element stays at its last legal place. The element is not saved.
+/// legal, else the element stays at its last legal place. A stretched bitmap shows its bounds at each step
+/// and is judged where the last one leaves it, as its picture is made anew then; when that is not legal it
+/// stays as it was. The element is not saved.
 DragResult PerformDrag(ItfHmiElement& element, const Drag& drag, automation::Variant& map);
 
 }  // namespace quenzel7::cli

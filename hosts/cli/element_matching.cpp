@@ -60,10 +60,10 @@ class PageTraits {
     // The values are JSON, in which no line ends.
     std::string content = className, look = className, spot = className;
     for (std::size_t place = 0; place < element.values.size(); ++place) {
-      const automation::Member& property = *element.properties[place];
+      const std::string_view property = element.properties[place];
       const std::string value = "\n" + element.values[place];
       content += value;
-      if (property.name != "Xs" && property.name != "Ys") look += value;
+      if (property != "Xs" && property != "Ys") look += value;
       if (IsPositionProperty(property)) spot += value;
       traits.values.push_back(numbering.Of("value" + value));
     }

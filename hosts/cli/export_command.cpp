@@ -1,5 +1,7 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/distinct_output.h"
+#include "hosts/cli/element_calls.h"
+#include "hosts/cli/element_tree.h"
 #include "hosts/cli/page_store.h"
 #include "hosts/cli/text_file.h"
 #include "hosts/cli/user_error.h"
@@ -17,6 +19,15 @@ void TellWhetherRefused(const std::string& text, const std::string& place, const
   }
 }
 
+/// Of a picture without pixels, which another program painted, there is nothing to write.
+void TellLostPictures(const LoadedPage& page, const Console& console) {
+  WalkElements(page.elements, [&](ItfHmiElement& element, const ElementPath&) {
+    if (!HasPictureWithoutPixels(element)) return;
+    console.err << "note: row " << IdOf(element) << " of HMI_Elements (" << element.Class().name
+                << "): its picture has no pixels and is not exported" << std::endl;
+  });
+}
+
 }  // namespace
 
 int ExportCommand(const std::string& projectPath, std::optional<Long> page, const std::string& outputPath,
@@ -25,8 +36,11 @@ int ExportCommand(const std::string& projectPath, std::optional<Long> page, cons
   RequireDistinctOutput(place, outputPath, {projectPath});
   ProjectSession project(projectPath, corvane1::ProjectMode::ReadOnly);
   const PageInfo info = project.Do([&] { return ChoosePage(project, page); });
-  const std::string text =
-      project.Do([&] { return ExportPage(project, LoadPageAsFiled(project, info, console)); });
+  const std::string text = project.Do([&] {
+    const LoadedPage loaded = LoadPageAsFiled(project, info, console);
+    TellLostPictures(loaded, console);
+    return ExportPage(project, loaded);
+  });
   if (outputPath.empty()) {
     console.out << text;
   } else {

@@ -8,7 +8,8 @@ namespace quenzel7::cli {
 int ImportCommand(const std::string& pagePath, const std::string& projectPath, const Console& console) {
   const std::string place = "page file " + pagePath;
   const std::string source = ReadTextFile(pagePath, place);
-  const PageFile page = ReadPageFile(source, place);
+  PageFile page = ReadPageFile(source, place);
+  page.folder = FolderOf(pagePath);
 
   ProjectTarget target(projectPath);
   ImportResult result;

@@ -77,6 +77,30 @@ int main(int argc, char** argv) {
                        "Settings to make, such as 7000/1=1251 for a Cyrillic code page; an empty text takes "
                        "one away");
 
+  cli::ImageAddition addition;
+  std::string crc;
+  bool original = false;
+  CLI::App* image = app.add_subcommand("image", "Bring pictures into a project, tell them, write them out");
+  takeProject(image);
+  image->require_subcommand(1);
+  CLI::App* addImages = image->add_subcommand("add", "Add picture files as pictures behind a page");
+  addImages->add_option("FILE", addition.files, "A bmp, gif, jpg, ico or cur file")->required();
+  addImages->add_option("--size", addition.size,
+                        "The size on the panel, WIDTHxHEIGHT; else that of the file");
+  addImages->add_option("--bits", addition.bits, "16 for pixels of two bytes")->check(CLI::IsMember({8, 16}));
+  addImages->add_option("--page", addition.page, "The page that they lie behind, 0 unless told")
+      ->check(CLI::Range(Long{0}, std::numeric_limits<Long>::max()));
+  addImages
+      ->add_option("--type", addition.type, "The type of the first one on its page; else the lowest free one")
+      ->check(CLI::Range(Long{0}, std::numeric_limits<Long>::max()));
+  addImages->add_flag("--transparent", addition.isTransparent,
+                      "The colour of the first pixel lets the page show");
+  CLI::App* listImages = image->add_subcommand("list", "Tell the pictures of the project");
+  CLI::App* extractImage = image->add_subcommand("extract", "Write a picture as a PNG file");
+  extractImage->add_option("CRC", crc, "The picture's CRC, as list tells it")->required();
+  extractImage->add_option("-o,--output", output, "The PNG file to write")->required();
+  extractImage->add_flag("--original", original, "The pixels at the picture's own size");
+
   CLI::App* demo = app.add_subcommand("demo", "Build, paint, change and open again a project");
   demo->add_option("-o,--output", folder, "The folder to write to")->capture_default_str();
 
@@ -102,6 +126,9 @@ int main(int argc, char** argv) {
     if (*check) return cli::CheckCommand(project, console);
     if (*diff) return cli::DiffCommand(project, projectB, page, output, console);
     if (*strings && direction == "import") return cli::ImportStringsCommand(project, output, console);
+    if (*addImages) return cli::AddImagesCommand(project, addition, console);
+    if (*listImages) return cli::ListImagesCommand(project, console);
+    if (*extractImage) return cli::ExtractImageCommand(project, crc, original, output, console);
     if (*settings) return cli::SettingsCommand(project, changes, console);
     if (*strings) return cli::ExportStringsCommand(project, output);
     return cli::DemoCommand(folder, console);

@@ -17,7 +17,7 @@ std::string Told(const ElementSnapshot& element) {
   if (element.IsGroup()) return "with " + Counted(element.inside, "element");
   std::map<std::string_view, std::string> values;
   for (std::size_t at = 0; at < element.values.size(); ++at)
-    values[element.properties[at]->name] = element.values[at];
+    values[element.properties[at]] = element.values[at];
   return "at (" + values["Xs"] + ", " + values["Ys"] + ") with size (" + values["Dx"] + ", " + values["Dy"] +
          ")";
 }
@@ -96,7 +96,7 @@ class Comparison {
     }
     for (std::size_t at = 0; at < before.values.size(); ++at) {
       if (before.values[at] == after.values[at]) continue;
-      Tell(name + ": " + std::string(before.properties[at]->name) + " " + before.values[at] + " -> " +
+      Tell(name + ": " + std::string(before.properties[at]) + " " + before.values[at] + " -> " +
            after.values[at]);
     }
     if (diff_.lines.size() > linesBefore) diff_.differsA[index] = diff_.differsB[partner] = true;

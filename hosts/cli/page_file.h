@@ -1,10 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "hosts/cli/element_classes.h"
+#include "hosts/cli/element_picture.h"
 #include "platform/automation/class_info.h"
 #include "platform/automation/variant.h"
 
@@ -37,18 +39,24 @@ struct PropertyValue {
 };
 
 /// One element of a page file: its class and the properties that it gives, in the order of PageProperties,
-/// and the members of a group, the lowest first.
+/// the members of a group, the lowest first, and the picture of an element that holds one.
 struct PageElement {
   const automation::ClassInfo* elementClass;
   std::vector<PropertyValue> values;
   std::vector<PageElement> elements = {};
+  std::optional<FiledPicture> picture = {};
 };
 
 /// What a page file says. The first element is the lowest one.
 struct PageFile {
   PageInfo info;
   std::vector<PageElement> elements;
+  /// The folder from which the files of pictures are seen; the current one while empty.
+  std::string folder = {};
 };
+
+/// The folder in which the file of that path lies.
+std::string FolderOf(const std::string& path);
 
 /// The number of all elements, the members of groups among them.
 std::size_t CountElements(const std::vector<PageElement>& elements);
@@ -65,13 +73,32 @@ PageFile ReadPageFile(std::string_view text, const std::string& place,
                       const ElementClasses& classes = ElementClasses::All());
 
 /// Makes the element: a fresh one of the class with the properties set, through call by name, and a group
-/// with its members. Raises what the class raises, with the property's name.
-ElementRef MakeElement(const PageElement& element);
+/// with its members. The files of pictures are seen from `folder`. Raises what the class and the image
+/// library raise, with the property's name.
+ElementRef MakeElement(const PageElement& element, const std::string& folder = {});
 
-/// The page with the properties that differ from those of a fresh element, and position and size always.
+/// The page with the properties that differ from those of a fresh element, and position and size always, and
+/// with the pictures of saved elements.
 std::string CanonicalPageText(const PageInfo& info, const std::vector<ElementRef>& elements);
 
-/// The page with all properties of each element.
-std::string CompletePageText(const PageInfo& info, const std::vector<ElementRef>& elements);
+/// What a page's pictures are told apart by: PictureText of each element that can hold one, in the order of
+/// WalkElements.
+Json PictureTexts(const std::vector<ElementRef>& elements);
+
+/// The page with all properties of each element, and `pictures` in the place of their pictures: what a page
+/// is compared with, which no import takes.
+std::string CompletePageText(const PageInfo& info, const std::vector<ElementRef>& elements,
+                             const Json& pictures);
+inline std::string CompletePageText(const PageInfo& info, const std::vector<ElementRef>& elements) {
+  return CompletePageText(info, elements, PictureTexts(elements));
+}
+
+/// The page of a text of CompletePageText, and its pictures, which the elements are without. Throws as
+/// ReadPageFile.
+struct CompletePage {
+  PageFile page;
+  Json pictures;
+};
+CompletePage ReadCompletePage(std::string_view text, const std::string& place);
 
 }  // namespace quenzel7::cli

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <filesystem>
 #include <limits>
 
 #include "framework/tab_index.h"
@@ -24,6 +25,9 @@ constexpr Long kHighest = std::numeric_limits<Long>::max();
 
 /// The list of a page's elements, and that of a group's.
 constexpr std::string_view kElements = "elements";
+
+/// The list of what a page's pictures are told apart by.
+constexpr const char* kPictures = "pictures";
 
 void RequireObject(const Json& value) {
   if (!value.is_object()) throw UserError("must be an object, " + Shown(value) + " was given");
@@ -103,6 +107,10 @@ bool IsElementsKey(std::string_view key) { return automation::EqualFolded(key, k
 
 bool IsClassKey(std::string_view key) { return automation::EqualFolded(key, "class"); }
 
+bool IsPictureKey(std::string_view key) { return automation::EqualFolded(key, kPictureKey); }
+
+bool HoldsPicture(const ClassInfo& elementClass) { return PictureInterfaceOf(elementClass) != nullptr; }
+
 /// Whether the key is one of those that every object of its kind has, and no property.
 bool IsFixedKey(std::string_view key) { return IsClassKey(key) || IsElementsKey(key); }
 
@@ -117,6 +125,13 @@ const ClassInfo& ReadClass(const Json& element, const ElementClasses& classes) {
 
 const Member& FindProperty(const ClassInfo& elementClass, const std::vector<const Member*>& properties,
                            const std::string& name) {
+  const auto isNamed = [&name](const Member* property) {
+    return automation::EqualFolded(property->name, name);
+  };
+  if (const auto found = std::find_if(properties.begin(), properties.end(), isNamed);
+      found != properties.end()) {
+    return **found;
+  }
   const Member* member = elementClass.Default().Find(name);
   const std::string named = "property " + Quoted(name);
   if (!member) {
@@ -126,16 +141,17 @@ const Member& FindProperty(const ClassInfo& elementClass, const std::vector<cons
     }
     std::vector<std::string_view> names;
     for (const Member* property : properties) names.push_back(property->name);
+    if (HoldsPicture(elementClass)) names.push_back(kPictureKey);
     throw UserError(named + " does not exist; nearest is " + Quoted(automation::NearestName(name, names)));
   }
   if (member->IsMethod()) throw UserError(Quoted(name) + " is a method, not a property");
   if (member->mark == Mark::Identity) {
     throw UserError(named + " cannot be set: it is given by the project and the element's place in the file");
   }
-  if (std::find(properties.begin(), properties.end(), member) == properties.end()) {
-    throw UserError(named + " cannot be set in a page file");
+  if (IsOfPicture(elementClass, *member)) {
+    throw UserError(named + " cannot be set: it follows from " + Quoted(kPictureKey));
   }
-  return *member;
+  throw UserError(named + " cannot be set in a page file");
 }
 
 std::vector<PropertyValue> ReadValues(const Json& element, const ClassInfo& elementClass) {
@@ -148,6 +164,7 @@ std::vector<PropertyValue> ReadValues(const Json& element, const ClassInfo& elem
       throw UserError(Quoted(kElements) + " can be given for a " + std::string(clsGroup::kClassName) +
                       " only");
     }
+    if (IsPictureKey(key) && HoldsPicture(elementClass)) continue;
     const Member& property = FindProperty(elementClass, properties, key);
     values.push_back({&property, Named("property " + Quoted(property.name), [&property, &value = value] {
                         // The property is wider than the column of its row.
@@ -161,6 +178,16 @@ std::vector<PropertyValue> ReadValues(const Json& element, const ClassInfo& elem
   std::sort(values.begin(), values.end(),
             [&place](const PropertyValue& a, const PropertyValue& b) { return place(a) < place(b); });
   return values;
+}
+
+std::optional<FiledPicture> ReadPicture(const Json& element, const ClassInfo& elementClass) {
+  if (!HoldsPicture(elementClass)) return {};
+  for (const auto& [key, value] : element.items()) {
+    if (IsPictureKey(key)) {
+      return Named("property " + Quoted(kPictureKey), [&value = value] { return PictureFromJson(value); });
+    }
+  }
+  return {};
 }
 
 /// A group that got a touchable member would refuse it, and be deleted for it, when all are saved already.
@@ -214,6 +241,7 @@ class ElementReader {
     const Json* members = nullptr;
     PageElement element = AtPlace(elementPlace, [&] {
       PageElement read{&elementClass, ReadValues(json, elementClass)};
+      read.picture = ReadPicture(json, elementClass);
       RequireSingleKeys(json,
                         [](std::string_view key) { return std::string(IsFixedKey(key) ? "" : "property "); });
       if (depth > 0) RequireNoTouch(read.values);
@@ -242,8 +270,11 @@ std::string ElementPlace(const std::string& place, std::size_t index, std::strin
   return place + ", element " + std::to_string(index) + " (" + std::string(className) + ")";
 }
 
-PageFile ReadPageFile(std::string_view text, const std::string& place, const ElementClasses& classes) {
-  const Json json = ParseJson(text, place);
+std::string FolderOf(const std::string& path) { return std::filesystem::path(path).parent_path().string(); }
+
+namespace {
+
+PageFile ReadPage(const Json& json, const std::string& place, const ElementClasses& classes) {
   PageFile page;
   const Json* elements = nullptr;
   AtPlace(place, [&] {
@@ -261,13 +292,33 @@ PageFile ReadPageFile(std::string_view text, const std::string& place, const Ele
   return page;
 }
 
-ElementRef MakeElement(const PageElement& element) {
+}  // namespace
+
+PageFile ReadPageFile(std::string_view text, const std::string& place, const ElementClasses& classes) {
+  return ReadPage(ParseJson(text, place), place, classes);
+}
+
+CompletePage ReadCompletePage(std::string_view text, const std::string& place) {
+  Json json = ParseJson(text, place);
+  Json pictures = Json::array();
+  if (json.is_object() && json.contains(kPictures)) {
+    pictures = json[kPictures];
+    json.erase(kPictures);
+  }
+  return {ReadPage(json, place, ElementClasses::All()), pictures};
+}
+
+ElementRef MakeElement(const PageElement& element, const std::string& folder) {
   ElementRef made = ElementClasses::Create(*element.elementClass);
   for (const PropertyValue& value : element.values) {
-    AtPlace("property " + Quoted(value.property->name),
-            [&] { automation::PutByName(*made, value.property->name, value.value); });
+    AtPlace("property " + Quoted(value.property->name), [&] { value.property->put(*made, value.value); });
   }
-  for (const PageElement& member : element.elements) AddMember(*made, MakeElement(member));
+  if (element.picture) {
+    AtPlace("property " + Quoted(kPictureKey), [&] { TakePicture(*made, *element.picture, folder); });
+  } else if (HoldsPicture(*element.elementClass)) {
+    TakeNoPicture(*made);
+  }
+  for (const PageElement& member : element.elements) AddMember(*made, MakeElement(member, folder));
   return made;
 }
 

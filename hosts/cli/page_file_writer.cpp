@@ -42,10 +42,15 @@ class ElementWriter {
     Json json;
     json["class"] = elementClass.name;
     for (const Member* property : known.properties) {
-      const automation::Variant value = automation::GetByName(element, property->name);
-      if (extent_ == Extent::All || IsPositionProperty(*property) ||
-          value != automation::GetByName(*known.fresh, property->name)) {
+      const automation::Variant value = property->get(element);
+      if (extent_ == Extent::All || IsPositionProperty(property->name) ||
+          value != property->get(*known.fresh)) {
         json[std::string(property->name)] = JsonFromValue(property->type, value);
+      }
+    }
+    if (extent_ == Extent::Differing && PictureInterfaceOf(elementClass)) {
+      if (Json picture = JsonFromPicture(element); !picture.is_null()) {
+        json[std::string(kPictureKey)] = std::move(picture);
       }
     }
     if (IsGroup(element)) json["elements"] = List(MembersOf(element));
@@ -56,12 +61,14 @@ class ElementWriter {
   std::map<const ClassInfo*, ClassToWrite> classes_;
 };
 
-std::string PageText(const PageInfo& info, const std::vector<ElementRef>& elements, Extent extent) {
+std::string PageText(const PageInfo& info, const std::vector<ElementRef>& elements, Extent extent,
+                     const Json& pictures = Json::array()) {
   Json page;
   page["page"] = info.number;
   if (!info.name.empty()) page["name"] = info.name;
   page["panel"] = {{"type", info.panel.type}, {"width", info.panel.width}, {"height", info.panel.height}};
   page["elements"] = ElementWriter(extent).List(elements);
+  if (!pictures.empty()) page["pictures"] = pictures;
   constexpr int kIndentation = 2;
   // A project that another program wrote may hold texts that are no UTF-8.
   return page.dump(kIndentation, ' ', false, Json::error_handler_t::replace) + "\n";
@@ -73,8 +80,17 @@ std::string CanonicalPageText(const PageInfo& info, const std::vector<ElementRef
   return PageText(info, elements, Extent::Differing);
 }
 
-std::string CompletePageText(const PageInfo& info, const std::vector<ElementRef>& elements) {
-  return PageText(info, elements, Extent::All);
+Json PictureTexts(const std::vector<ElementRef>& elements) {
+  Json texts = Json::array();
+  WalkElements(elements, [&texts](ItfHmiElement& element, const ElementPath&) {
+    if (PictureInterfaceOf(element.Class())) texts.push_back(PictureText(element));
+  });
+  return texts;
+}
+
+std::string CompletePageText(const PageInfo& info, const std::vector<ElementRef>& elements,
+                             const Json& pictures) {
+  return PageText(info, elements, Extent::All, pictures);
 }
 
 }  // namespace quenzel7::cli

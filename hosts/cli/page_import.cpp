@@ -5,6 +5,7 @@
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/element_tree.h"
 #include "hosts/cli/host_tables.h"
+#include "hosts/cli/image_setup.h"
 #include "hosts/cli/page_operands.h"
 #include "hosts/cli/page_store.h"
 #include "hosts/cli/progress_bar.h"
@@ -23,11 +24,12 @@ using automation::Variant;
 /// after its members, since it takes saved elements in.
 class ElementImport {
  public:
-  ElementImport(ProjectSession& project, PageOperands& operands, std::size_t count, const Console& console)
+  ElementImport(ProjectSession& project, PageOperands& operands, const PageFile& page, const Console& console)
       : project_(project),
+        folder_(page.folder),
         operands_(operands),
         groups_(project.Connection()),
-        progress_(console, "importing", count) {}
+        progress_(console, "importing", CountElements(page.elements)) {}
 
   /// Saves a list of elements, which stands at that place of the page file.
   std::vector<ElementRef> Save(const std::vector<PageElement>& elements, const std::string& place) {
@@ -45,7 +47,7 @@ class ElementImport {
 
  private:
   ElementRef SaveSingle(const PageElement& description) {
-    ElementRef element = MakeElement(description);
+    ElementRef element = MakeElement(description, folder_);
     // Most classes take the next number of the page for a new row; the round rectangle takes this one.
     automation::PutByName(*element, ItfHmiElement::InterfaceOf(), "OrderIndex", ++order_);
     SaveElement(project_, *element);
@@ -72,6 +74,7 @@ class ElementImport {
   }
 
   ProjectSession& project_;
+  const std::string& folder_;
   PageOperands& operands_;
   HostGroups groups_;
   ProgressBar progress_;
@@ -118,6 +121,7 @@ ImportResult ImportPage(ProjectSession& project, const PageFile& page, std::stri
   HostProperties(connection).Create();
   HostGroups(connection).Create();
   project.OpenPage(page.info.number);
+  UsePanel(page.info.panel.type);
   PageOperands operands(connection);
 
   // What the page shows boxes of, it shows when it is read back.
@@ -125,7 +129,7 @@ ImportResult ImportPage(ProjectSession& project, const PageFile& page, std::stri
   result.elementsBefore = RemoveElements(project, page.info, console);
   result.replaced = result.elementsBefore > 0 || pages.Has(page.info.number);
 
-  ElementImport(project, operands, CountElements(page.elements), console).Save(page.elements, place);
+  ElementImport(project, operands, page, console).Save(page.elements, place);
   operands.Settle();
   quiet.reset();
   // What was saved is what is compared with later on, so it is read back.

@@ -22,7 +22,9 @@ struct OperandProperty {
 
 constexpr OperandProperty kOperandProperties[] = {
     {"TouchOprndAddr", eOP_TouchOperand, {}},
+    {"EnabledOpAddr", eOP_EnabledOperand, {}},
     {"VisibleOpAddr", eOP_VisibleOperand, {}},
+    {"HighlightOpAddr", eOP_HighlightOperand, {}},
     {"StorageStringID", eOP_StorageStringIdOperand, "StorageStringType"},
 };
 

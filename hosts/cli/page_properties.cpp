@@ -4,6 +4,7 @@
 #include <iterator>
 #include <string_view>
 
+#include "hosts/cli/element_picture.h"
 #include "hosts/cli/property_values.h"
 
 namespace quenzel7::cli {
@@ -13,6 +14,18 @@ using automation::Mark;
 using automation::Member;
 
 constexpr std::string_view kPosition[] = {"Xs", "Ys", "Dx", "Dy"};
+
+/// What follows from a picture: its key in the project, its place there, and its pixels.
+constexpr std::string_view kOfPicture[] = {"ImageCRC", "ImageIndexInVar", "Bits"};
+
+/// What the owner of a picture says of it. It is told through ItfImage: not all owners have such a property
+/// of their own, and others change the project's links when it is set.
+constexpr std::string_view kTransparency = "TransparencyLevel";
+
+template <std::size_t Count>
+bool IsAmong(const std::string_view (&names)[Count], std::string_view name) {
+  return std::find(std::begin(names), std::end(names), name) != std::end(names);
+}
 
 bool IsPageProperty(const Member& member) {
   constexpr Mark kNotOfThePage[] = {Mark::Identity, Mark::NotCarried, Mark::Transient};
@@ -29,17 +42,22 @@ std::vector<const Member*> PageProperties(const automation::ClassInfo& elementCl
     const Member* member = elementClass.Default().Find(name);
     if (member && IsPageProperty(*member)) properties.push_back(member);
   }
+  const automation::Interface* const images = PictureInterfaceOf(elementClass);
   for (const Member& member : elementClass.Default().Members()) {
-    if (IsPageProperty(member) &&
+    if (images && member.name == kTransparency) continue;
+    if (IsPageProperty(member) && !IsOfPicture(elementClass, member) &&
         std::find(properties.begin(), properties.end(), &member) == properties.end()) {
       properties.push_back(&member);
     }
   }
+  if (images) properties.push_back(images->Find(kTransparency));
   return properties;
 }
 
-bool IsPositionProperty(const Member& property) {
-  return std::find(std::begin(kPosition), std::end(kPosition), property.name) != std::end(kPosition);
+bool IsOfPicture(const automation::ClassInfo& elementClass, const Member& property) {
+  return PictureInterfaceOf(elementClass) && IsAmong(kOfPicture, property.name);
 }
+
+bool IsPositionProperty(std::string_view property) { return IsAmong(kPosition, property); }
 
 }  // namespace quenzel7::cli

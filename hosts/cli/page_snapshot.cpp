@@ -1,10 +1,12 @@
 #include "hosts/cli/page_snapshot.h"
 
 #include "hosts/cli/element_calls.h"
+#include "hosts/cli/element_picture.h"
 #include "hosts/cli/element_tree.h"
 #include "hosts/cli/json_document.h"
 #include "hosts/cli/page_properties.h"
 #include "hosts/cli/property_values.h"
+#include "hosts/cli/user_error.h"
 #include "platform/automation/call_by_name.h"
 
 namespace quenzel7::cli {
@@ -28,11 +30,18 @@ class Snapshot {
 
  private:
   ElementSnapshot Take(ItfHmiElement& element) {
-    ElementSnapshot taken{&element.Class(), PageProperties(element.Class()), {}, {}};
-    for (const automation::Member* property : taken.properties) {
-      const Json value = JsonFromValue(property->type, automation::GetByName(element, property->name));
+    ElementSnapshot taken{&element.Class(), {}, {}, {}};
+    const auto take = [&taken](std::string_view name, const Json& value) {
+      taken.properties.push_back(name);
       // A project that another program wrote may hold texts that are no UTF-8.
       taken.values.push_back(value.dump(-1, ' ', false, Json::error_handler_t::replace));
+    };
+    for (const automation::Member* property : PageProperties(element.Class())) {
+      take(property->name, JsonFromValue(property->type, property->get(element)));
+    }
+    if (PictureInterfaceOf(element.Class())) {
+      taken.properties.push_back(kPictureKey);
+      taken.values.push_back(OneLine(PictureText(element)));
     }
     const Long id = IdOf(element);
     if (const auto guid = guids_.find(id); guid != guids_.end()) {

@@ -3,6 +3,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "hosts/cli/page_store.h"
@@ -15,8 +16,9 @@ inline constexpr std::size_t kNoElement = static_cast<std::size_t>(-1);
 /// An element of a page as it is compared with others.
 struct ElementSnapshot {
   const automation::ClassInfo* elementClass;
-  /// PageProperties of the class and their values, as a page file writes them.
-  std::vector<const automation::Member*> properties;
+  /// The names of PageProperties of the class and of the picture, and their values, as a page file writes
+  /// them; of the picture what tells it from others.
+  std::vector<std::string_view> properties;
   std::vector<std::string> values;
   /// ID and GUID of the row; nothing for an element that has none.
   std::optional<std::string> identity;

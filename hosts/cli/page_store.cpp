@@ -6,6 +6,7 @@
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/element_tree.h"
 #include "hosts/cli/host_tables.h"
+#include "hosts/cli/image_setup.h"
 #include "hosts/cli/page_tree.h"
 #include "hosts/cli/progress_bar.h"
 #include "hosts/cli/quiet_boxes.h"
@@ -30,10 +31,10 @@ std::optional<std::string> Remade(const KeptPage& kept) {
   // The page itself has shown its boxes.
   const QuietBoxes quiet;
   try {
-    const PageFile page = ReadPageFile(kept.imported, "page as imported");
+    const auto [page, pictures] = ReadCompletePage(kept.imported, "page as imported");
     std::vector<ElementRef> elements;
     for (const PageElement& element : page.elements) elements.push_back(MakeElement(element));
-    return CompletePageText(page.info, elements);
+    return CompletePageText(page.info, elements, pictures);
   } catch (const UserError&) {
     return {};
   }
@@ -45,6 +46,7 @@ void Raise(const UserError& error) { throw error; }
 LoadedPage LoadRows(ProjectSession& project, const PageInfo& info, const Console& console,
                     const ElementClasses& classes, TextsFrom texts,
                     const std::function<void(const UserError&)>& wrong) {
+  UsePanel(info.panel.type);
   std::vector<PageRow> loaded;
   RowLoader loader(project.Connection(), classes, texts);
   const HostGroups groups(project.Connection());
@@ -66,7 +68,7 @@ LoadedPage LoadRows(ProjectSession& project, const PageInfo& info, const Console
     }
     progress.Advance();
   }
-  return {info, TreeOf(loaded)};
+  return {info, TreeOf(loaded), PicturesBehind(project.Connection(), info.number)};
 }
 
 }  // namespace

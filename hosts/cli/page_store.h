@@ -8,6 +8,7 @@
 #include "hosts/cli/console.h"
 #include "hosts/cli/page_file.h"
 #include "hosts/cli/project_session.h"
+#include "hosts/cli/stored_pictures.h"
 
 namespace quenzel7::cli {
 
@@ -16,6 +17,8 @@ namespace quenzel7::cli {
 struct LoadedPage {
   PageInfo info;
   std::vector<ElementRef> elements;
+  /// The pictures that lie behind it, the lowest first.
+  std::vector<BackPicture> pictures = {};
 };
 
 /// The page of that number, or the only page without `number`. Throws UserError that tells the pages that

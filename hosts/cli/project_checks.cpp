@@ -14,6 +14,7 @@
 #include "hosts/cli/host_tables.h"
 #include "hosts/cli/library_texts.h"
 #include "hosts/cli/page_operands.h"
+#include "hosts/cli/picture_check.h"
 #include "hosts/cli/place_check.h"
 #include "hosts/cli/progress_bar.h"
 #include "hosts/cli/property_values.h"
@@ -89,9 +90,11 @@ class Check {
     ReadOperands();
     ReadRows();
     groupFindings_ = CheckGroups(rows_);
+    ErrorOf([&] { pictures_.emplace(connection_); });
     CheckElements();
     CheckOperands();
     CheckLibrary();
+    CheckPictures();
     result_.pages = pages_.size();
     return std::move(result_);
   }
@@ -191,6 +194,10 @@ class Check {
       for (const std::string& finding : CheckText(*element)) Tell(finding);
     });
     TellErrorOf([&] { CheckOperandsOf(*element); });
+    TellErrorOf([&] {
+      if (!pictures_) return;
+      for (const std::string& finding : pictures_->Check(*element)) Tell(finding);
+    });
   }
 
   void CheckGuid(Long id) {
@@ -266,6 +273,16 @@ class Check {
     });
   }
 
+  /// The tables of the pictures, and the files that they came from.
+  void CheckPictures() {
+    const std::string wrong = ErrorOf([&] {
+      const std::vector<std::string> findings = CheckPictureTables(connection_, ids_);
+      result_.findings.insert(result_.findings.end(), findings.begin(), findings.end());
+      for (const std::string& note : CheckPictureFiles(connection_)) result_.notes.push_back(note);
+    });
+    if (!wrong.empty()) result_.findings.push_back(wrong);
+  }
+
   template <class Action>
   void TellErrorOf(const Action& action) {
     const std::string wrong = ErrorOf(action);
@@ -286,6 +303,8 @@ class Check {
   HostGroups hostGroups_;
   RowLoader loader_;
   PlaceCheck places_;
+  /// Nothing when the table of pictures is wrong, which is told once.
+  std::optional<PictureCheck> pictures_;
   CheckResult result_;
   /// The panels of the pages that the project has, of those that the host knows.
   std::map<Long, std::optional<Panel>> pages_;

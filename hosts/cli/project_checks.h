@@ -13,8 +13,8 @@ namespace quenzel7::cli {
 /// What a check of a project found.
 struct CheckResult {
   /// One line each: where, what is there, what was expected. First the pages, then the elements by page and
-  /// ID, then the operand rows and the texts of the string library, so that the same project gives the same
-  /// lines.
+  /// ID, then the operand rows, the texts of the string library and the rows of pictures, so that the same
+  /// project gives the same lines.
   std::vector<std::string> findings;
   /// What could not be judged.
   std::vector<std::string> notes;

@@ -4,6 +4,7 @@
 #include <string>
 #include <system_error>
 
+#include "hosts/cli/image_setup.h"
 #include "hosts/cli/user_error.h"
 #include "platform/ado/connection.h"
 #include "platform/corvane1/global_values.h"
@@ -11,7 +12,8 @@
 
 namespace quenzel7::cli {
 
-/// An open project: while it lives, the services of the thread work with it.
+/// An open project: while it lives, the services of the thread work with it, and the image library of the
+/// thread has the panel's colours.
 class ProjectSession {
  public:
   /// Throws UserError when the file is no project that can be opened so. `path` is the file, `name` how
@@ -43,6 +45,7 @@ class ProjectSession {
 
  private:
   std::string place_;
+  ImageSetup images_;
   ado::ConnectionRef connection_;
   ado::ConnectionRef heldBefore_;
   std::shared_ptr<corvane1::HeldGlobalValues> openPage_ = std::make_shared<corvane1::HeldGlobalValues>();

@@ -12,8 +12,8 @@
 #include "platform/corvane1/utf8.h"
 #include "platform/platform.h"
 #include "shapes/element_columns.h"
-#include "shapes/frame.h"
 #include "shapes/frame_styles.h"
+#include "shapes/text.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -125,8 +125,8 @@ Findings CheckTextNumbers(ItfHmiElement& element, const ado::Recordset& row) {
     findings.push_back(property + " is " + std::to_string(number) + "; a number from 0 to " +
                        std::to_string(highest) + " was expected");
   };
-  const bool isFrame = element.Class().name == clsFrame::kClassName;
-  require("Flat3D", isFrame ? kSunken : kTransparent);
+  const bool isText = element.Class().name == clsText::kClassName;
+  require("Flat3D", isText ? kTransparent : kSunken);
   require("Alignment", kHighestAlignment);
   const Long font = ReadColumn<Long>(row, "HMI_Elements", "FontNumber");
   if (!corvane1::IsPanelFont(font)) {

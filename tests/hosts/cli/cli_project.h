@@ -63,12 +63,16 @@ class CliProjectTest : public ::testing::Test {
   std::string Path() const { return folder_.File("p.qz7"); }
   const Console& NoTerminal() const { return console_; }
 
-  ImportResult Import(const std::string& text) {
-    return ImportPage(Session(), ReadPageFile(text, "page file x"), text, "page file x", console_);
+  std::string File(const std::string& name) const { return folder_.File(name); }
+  /// `folder` is that of the files of pictures.
+  ImportResult Import(const std::string& text, const std::string& folder = {}) {
+    PageFile page = ReadPageFile(text, "page file x");
+    page.folder = folder;
+    return ImportPage(Session(), page, text, "page file x", console_);
   }
   /// Imports the page of the demo and its texts, and opens the project again.
   void ImportDemo(corvane1::ProjectMode mode = corvane1::ProjectMode::Create) {
-    Import(std::string(DemoPage()));
+    Import(std::string(DemoPage()), QUENZEL7_SOURCE_DIR "/demo");
     session_.reset();
     const std::string strings = folder_.File("strings.csv");
     WriteTextFile(strings, std::string(DemoStrings()), "file");

@@ -8,9 +8,11 @@
 #include "framework/enums.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/demo_files.h"
+#include "hosts/cli/element_picture.h"
 #include "hosts/cli/element_tree.h"
 #include "hosts/cli/library_texts.h"
 #include "hosts/cli/picture.h"
+#include "hosts/cli/stored_pictures.h"
 #include "hosts/cli/text_check.h"
 #include "hosts/cli/text_file.h"
 #include "platform/automation/call_by_name.h"
@@ -66,7 +68,10 @@ TEST(Demo, TellsWhatItMadeAndWhatBecameOfIt) {
       "  page file  " +
           folder +
           "/boiler.json\n"
-          "  project    page 1: 442 elements imported into " +
+          "  pictures   5 files in " +
+          folder +
+          "/pictures\n"
+          "  project    page 1: 455 elements imported into " +
           folder +
           "/boiler.qz7\n"
           "  strings    8 texts and 4 languages imported into " +
@@ -81,12 +86,14 @@ TEST(Demo, TellsWhatItMadeAndWhatBecameOfIt) {
           " last step eCS_OutOfRAnge\n"
           "  drag       the bar is stretched past its other end: (81, 293, 34, 8) -> (47, 293, 34, 8),"
           " last step eCS_Legall\n"
+          "  drag       the evening is made smaller: (190, 326, 90, 60) -> (190, 326, 75, 50), last step "
+          "eCS_Legall\n"
           "  drag       the wagon, groups in a group, goes to the fire: (236, 166, 64, 40) -> (170, 166, 64, "
           "40),"
           " last step eCS_Legall\n"
           "  drag       the wagon is pulled beyond the page: (170, 166, 64, 40) -> (162, 166, 64, 40),"
           " last step eCS_OutOfRAnge\n"
-          "  undo       element 429 is deleted and comes back as element 443\n"
+          "  undo       element 429 is deleted and comes back as element 456\n"
           "  picture    " +
           folder +
           "/after.png: after the drags, from the objects that were dragged\n"
@@ -96,7 +103,7 @@ TEST(Demo, TellsWhatItMadeAndWhatBecameOfIt) {
           "  picture    " +
           folder +
           "/sheet.png: all that the graphics interface draws\n"
-          "  compared   after.png and reopened.png are the same, pixel by pixel (153600 pixels)\n");
+          "  compared   after.png and reopened.png are the same, pixel by pixel (192000 pixels)\n");
 }
 
 TEST(Demo, ItsPicturesShowTheChange) {
@@ -106,9 +113,9 @@ TEST(Demo, ItsPicturesShowTheChange) {
   const Picture after = test::ReadPng(folder.File("after.png"));
   const Picture reopened = test::ReadPng(folder.File("reopened.png"));
   EXPECT_EQ(before.width, 480);
-  EXPECT_EQ(before.height, 320);
-  EXPECT_GT(DifferingPixels(before, after), 3000u);
-  EXPECT_LT(DifferingPixels(before, after), 6000u);
+  EXPECT_EQ(before.height, 400);
+  EXPECT_GT(DifferingPixels(before, after), 8000u);
+  EXPECT_LT(DifferingPixels(before, after), 11000u);
   EXPECT_EQ(DifferingPixels(after, reopened), 0u);
 }
 
@@ -160,12 +167,12 @@ TEST(Demo, LeavesAProjectInWhichTheChangesStand) {
   }
   EXPECT_EQ(automation::GetByName(*page.elements.at(wagon), "Depth"), automation::Variant(Long{3}));
   // The push button has a new row at its old place, still solid, and its operands again.
-  EXPECT_EQ(touched.at(104)->ID(), 443);
+  EXPECT_EQ(touched.at(104)->ID(), 456);
   EXPECT_EQ(touched.at(104)->OrderIndex(), 401);
   EXPECT_EQ(touched.at(104)->FillStyle(), eFS_Solid);
   const auto rows =
       ado::OpenRecordset(project.Connection(),
-                         "SELECT OprndAddr, OprndPurpose FROM HMI_Operands WHERE ElementID=443 ORDER BY "
+                         "SELECT OprndAddr, OprndPurpose FROM HMI_Operands WHERE ElementID=456 ORDER BY "
                          "OprndPurpose",
                          ado::adOpenStatic, ado::adLockReadOnly);
   ASSERT_EQ(rows->RecordCount(), 2);
@@ -244,7 +251,8 @@ TEST(Demo, ItsPageShowsTextsAndFramesOfEveryStyle) {
   });
   for (const Long style : {0, 1, 2, 3, 4}) EXPECT_GT((styles[{"clsText", style}]), 0) << style;
   for (const Long style : {0, 1, 2, 3}) EXPECT_GT((styles[{"clsFrame", style}]), 0) << style;
-  EXPECT_EQ(styles.size(), 9u);
+  for (const Long style : {0, 1, 2}) EXPECT_GT((styles[{"clsButton", style}]), 1) << style;
+  EXPECT_EQ(styles.size(), 12u);
   EXPECT_GT(ofLibrary["clsText"], 0);
   EXPECT_GT(ofLibrary["clsFrame"], 0);
   EXPECT_GT(ofSeveralLines, 1);
@@ -258,6 +266,37 @@ TEST(Demo, ItsPageShowsTextsAndFramesOfEveryStyle) {
   }
 }
 
+TEST(Demo, ItsPicturesAreTheFilesInTheDemoFolder) {
+  std::vector<std::string> names;
+  for (const DemoPicture& picture : DemoPictures()) {
+    names.emplace_back(picture.name);
+    EXPECT_EQ(picture.bytes,
+              ReadTextFile(QUENZEL7_SOURCE_DIR "/demo/pictures/" + names.back(), "demo picture"));
+  }
+  EXPECT_EQ(names,
+            (std::vector<std::string>{"drop.gif", "evening.jpg", "fan.bmp", "start.bmp", "warning.ico"}));
+}
+
+TEST(Demo, ItsPageShowsPicturesOfAllKindsAndSharesThem) {
+  const TemporaryFolder folder;
+  RunDemo(folder.File(""));
+  ProjectSession project(folder.File("boiler.qz7"), corvane1::ProjectMode::ReadOnly);
+  std::map<Long, std::size_t> users;
+  for (const PictureLink& link : PictureLinks(project.Connection())) ++users[link.crc];
+  std::vector<std::pair<std::string, std::size_t>> pictures;
+  for (const StoredPicture& picture : StoredPictures(project.Connection())) {
+    pictures.emplace_back(PictureName(picture.path), users[picture.crc]);
+  }
+  // The row of the evening became free when it was made smaller.
+  EXPECT_EQ(pictures, (std::vector<std::pair<std::string, std::size_t>>{{"pictures/fan.bmp", 1},
+                                                                        {"pictures/drop.gif", 2},
+                                                                        {"pictures/warning.ico", 1},
+                                                                        {"", 0},
+                                                                        {"pictures/start.bmp", 2},
+                                                                        {"pictures/start.bmp", 1},
+                                                                        {"pictures/evening.jpg", 1}}));
+}
+
 TEST(Demo, TellsWhenAnEarlierProjectCannotBeRemoved) {
   const TemporaryFolder folder;
   std::filesystem::create_directories(folder.File("boiler.qz7/x"));
@@ -266,6 +305,16 @@ TEST(Demo, TellsWhenAnEarlierProjectCannotBeRemoved) {
               DemoCommand(folder.File("."), {out, err});
             }),
             "project " + folder.File(".") + "/boiler.qz7 cannot be removed: Directory not empty");
+}
+
+TEST(Demo, TellsWhenTheFolderOfItsPicturesCannotBeMade) {
+  const TemporaryFolder folder;
+  WriteTextFile(folder.File("pictures"), "a file", "file");
+  std::ostringstream out, err;
+  EXPECT_EQ(test::MessageOf([&] {
+              DemoCommand(folder.File("."), {out, err});
+            }),
+            "folder " + folder.File(".") + "/pictures cannot be made: Not a directory");
 }
 
 TEST(Demo, TellsWhenItsFolderCannotBeMade) {

@@ -23,7 +23,7 @@ class DiffSideTest : public test::CliProjectTest {
   static std::string ValueOf(const PageSnapshot& page, std::string_view property) {
     const ElementSnapshot& element = page.elements.at(0);
     for (std::size_t at = 0; at < element.values.size(); ++at) {
-      if (element.properties[at]->name == property) return element.values[at];
+      if (element.properties[at] == property) return element.values[at];
     }
     return "none";
   }
@@ -158,7 +158,7 @@ TEST_F(DiffSideTexts, APageFileHasThePlacesInTheTabOrderThatImportGives) {
     std::vector<std::string> found;
     for (const ElementSnapshot& element : side.Snapshot(side.Pages().at(0), NoTerminal()).elements) {
       for (std::size_t at = 0; at < element.values.size(); ++at) {
-        if (element.properties[at]->name == "TabIndex") found.push_back(element.values[at]);
+        if (element.properties[at] == "TabIndex") found.push_back(element.values[at]);
       }
     }
     return found;
@@ -180,7 +180,7 @@ TEST_F(DiffSideTexts, WhatTheTabOrderHasNoRoomForHasNoPlace) {
   const auto placeOf = [&page](std::size_t index) {
     const ElementSnapshot& element = page.elements.at(index);
     for (std::size_t at = 0; at < element.values.size(); ++at) {
-      if (element.properties[at]->name == "TabIndex") return element.values[at];
+      if (element.properties[at] == "TabIndex") return element.values[at];
     }
     return std::string();
   };

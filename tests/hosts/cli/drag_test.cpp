@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "hosts/cli/element_picture.h"
 #include "hosts/cli/element_tree.h"
+#include "hosts/cli/image_setup.h"
 #include "platform/automation/array.h"
+#include "platform/platform.h"
+#include "shapes/bitmap.h"
 #include "shapes/group.h"
 #include "shapes/line.h"
 #include "shapes/rectangle.h"
@@ -132,6 +136,52 @@ TEST_F(GroupDragTest, AGroupWithoutMembersHasNoPlace) {
   EXPECT_EQ(result.status, eCS_Legall);
   EXPECT_EQ(result.before, Descriptor{});
   EXPECT_EQ(result.after, Descriptor{});
+}
+
+/// A bitmap of 4 by 2 pixels at (10, 20) whose picture can be made anew.
+class BitmapDragTest : public DragTest {
+ protected:
+  BitmapDragTest() {
+    Platform::Current() = Platform();
+    bitmap_.Xs(10);
+    bitmap_.Ys(20);
+    bitmap_.Dx(4);
+    bitmap_.Dy(2);
+    FiledPicture picture;
+    picture.hasPixels = true;
+    picture.width = picture.height = 2;
+    picture.pixels = {0, 8, 9, 96};
+    TakePicture(bitmap_, picture, {});
+  }
+  DragResult Stretch(enPickUpDirection handle, std::vector<Drag::Step> steps) {
+    return PerformDrag(bitmap_, {handle, std::move(steps)}, map_);
+  }
+
+  ImageSetup images_;
+  clsBitmap bitmap_;
+};
+
+TEST_F(BitmapDragTest, TheLastStepMakesThePictureInItsNewSize) {
+  const DragResult result = Stretch(ePD_DownRight, {{9, 9}, {4, 0}, {0, 2}});
+  EXPECT_EQ(result.status, eCS_Legall);
+  EXPECT_EQ(result.after, (Descriptor{10, 20, 4, 4}));
+  EXPECT_EQ(PanelPixelsOf(bitmap_), (PixelBytes{0, 0, 8, 8, 0, 0, 8, 8, 9, 9, 96, 96, 9, 9, 96, 96}));
+}
+
+TEST_F(BitmapDragTest, ALastStepThatIsNotLegalLeavesPlaceAndPicture) {
+  const PixelBytes before = PanelPixelsOf(bitmap_);
+  const DragResult result = Stretch(ePD_Right, {{4, 0}, {500, 0}});
+  EXPECT_EQ(result.status, eCS_OutOfRAnge);
+  EXPECT_EQ(result.after, (Descriptor{10, 20, 4, 2}));
+  EXPECT_EQ(PanelPixelsOf(bitmap_), before);
+  EXPECT_EQ(before, (PixelBytes{0, 0, 8, 8, 9, 9, 96, 96}));
+}
+
+TEST_F(BitmapDragTest, AMoveIsJudgedAtEachStepAndKeepsThePicture) {
+  const DragResult result = Stretch(ePD_None, {{5, 5}, {500, 0}});
+  EXPECT_EQ(result.status, eCS_OutOfRAnge);
+  EXPECT_EQ(result.after, (Descriptor{15, 25, 4, 2}));
+  EXPECT_EQ(PanelPixelsOf(bitmap_).size(), 8u);
 }
 
 }  // namespace

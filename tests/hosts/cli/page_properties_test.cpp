@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "shapes/bitmap.h"
+#include "shapes/button.h"
 #include "shapes/line.h"
 #include "shapes/rectangle.h"
 #include "tests/hosts/cli/every_kind_element.h"
@@ -35,11 +37,41 @@ TEST(PageProperties, LeaveOutTheSlotsThatAClassDoesNotCarry) {
                                            "ColorBackTouch"}));
 }
 
+TEST(PageProperties, OfAPictureTellTransparencyAndNothingThatFollowsFromIt) {
+  EXPECT_EQ(NamesOf(clsBitmap::ClassOf()),
+            (std::vector<std::string_view>{"Xs", "Ys", "Dx", "Dy", "VisibleOpAddr", "TouchOprndAddr",
+                                           "ColorBack", "TransparencyLevel"}));
+  EXPECT_EQ(NamesOf(clsButton::ClassOf()), (std::vector<std::string_view>{"Xs",
+                                                                          "Ys",
+                                                                          "Dx",
+                                                                          "Dy",
+                                                                          "ColorBack",
+                                                                          "ColorBackTouch",
+                                                                          "ColorFore",
+                                                                          "ColorForeTouch",
+                                                                          "TouchOprndAddr",
+                                                                          "Txt",
+                                                                          "FontNumber",
+                                                                          "EnabledOpAddr",
+                                                                          "VisibleOpAddr",
+                                                                          "HighlightOpAddr",
+                                                                          "Alignment",
+                                                                          "Flat3D",
+                                                                          "StorageStringType",
+                                                                          "StorageStringID",
+                                                                          "TabIndex",
+                                                                          "TransparencyLevel"}));
+  for (const char* name : {"ImageCRC", "Bits", "ImageIndexInVar"}) {
+    EXPECT_TRUE(IsOfPicture(clsBitmap::ClassOf(), *clsBitmap::ClassOf().Default().Find(name))) << name;
+  }
+  EXPECT_FALSE(IsOfPicture(clsBitmap::ClassOf(), *clsBitmap::ClassOf().Default().Find("ColorBack")));
+}
+
 TEST(PageProperties, PositionIsXsYsDxDy) {
   for (const auto* property : PageProperties(clsRectangle::ClassOf())) {
     const bool expected =
         property->name == "Xs" || property->name == "Ys" || property->name == "Dx" || property->name == "Dy";
-    EXPECT_EQ(IsPositionProperty(*property), expected) << property->name;
+    EXPECT_EQ(IsPositionProperty(property->name), expected) << property->name;
   }
 }
 

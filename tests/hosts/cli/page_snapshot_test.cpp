@@ -45,12 +45,12 @@ TEST_F(PageSnapshotTest, ValuesAreThoseOfAPageFile) {
   const ElementSnapshot& line = page.elements[0];
   ASSERT_EQ(line.properties.size(), line.values.size());
   std::map<std::string_view, std::string> values;
-  for (std::size_t at = 0; at < line.values.size(); ++at) values[line.properties[at]->name] = line.values[at];
+  for (std::size_t at = 0; at < line.values.size(); ++at) values[line.properties[at]] = line.values[at];
   EXPECT_EQ(values["Xs"], "7");
   EXPECT_EQ(values["PenStyle"], "\"ePS_Dash\"");
   EXPECT_EQ(values["TouchOprndAddr"], "4");
   EXPECT_EQ(values.count("ID"), 0u);
-  EXPECT_EQ(line.properties[0]->name, "Xs");
+  EXPECT_EQ(line.properties[0], "Xs");
 }
 
 TEST_F(PageSnapshotTest, TextsThatAreNoUtf8AreShownAllTheSame) {

@@ -418,7 +418,8 @@ bool BearsText(const automation::ClassInfo& elementClass) {
 }
 
 std::vector<Json> ValuesFor(const automation::ClassInfo& elementClass, const automation::Member& property) {
-  if (BearsText(elementClass) && IsPositionProperty(property)) return {-1000000000, -1, 0, 1, 1000000000};
+  if (BearsText(elementClass) && IsPositionProperty(property.name))
+    return {-1000000000, -1, 0, 1, 1000000000};
   if (property.name == "TabIndex") return {0, 1, 254};
   return ValuesFor(property.type);
 }
@@ -455,10 +456,12 @@ TEST_F(PageStoreTest, EveryPropertyOfEveryClassComesBackWithEveryValue) {
       for (const automation::Member* property : PageProperties(*elementClass)) {
         const bool isTouch = property->name == "TouchOprndAddr" || property->name == "TabIndex";
         if (BearsText(*elementClass) && isTouch && property != trials[index].property) continue;
-        const auto found = automation::GetByName(element, property->name);
-        const auto expected = property == trials[index].property
+        // How transparent a picture is stands beside it: a button without one has none.
+        const bool isKept = elementClass->name != "clsButton" || property->name != "TransparencyLevel";
+        const auto found = property->get(element);
+        const auto expected = isKept && property == trials[index].property
                                   ? ValueFromJson(property->type, trials[index].value)
-                                  : automation::GetByName(*fresh, property->name);
+                                  : property->get(*fresh);
         EXPECT_EQ(found, expected) << elementClass->name << "." << property->name << " after "
                                    << trials[index].property->name << " = " << trials[index].value;
       }

@@ -115,10 +115,10 @@ TEST_F(SettingsCommandTest, ThePlaceThatIsGivenTwiceIsRefused) {
 }
 
 TEST_F(SettingsCommandTest, APlaceThatNothingReadsIsTold) {
-  EXPECT_EQ(Run({"7000/2=x", "7000/1=1251", "6000/6017=y", "6000/1=z", "7000/6018=1", "6001/6018=1"}),
-            "6000/1=z\n6000/6017=y\n6001/6018=1\n7000/1=1251\n7000/2=x\n7000/6018=1\n");
+  EXPECT_EQ(Run({"7000/2=x", "7000/1=1251", "6000/6015=y", "6000/1=z", "7000/6018=1", "6001/6018=1"}),
+            "6000/1=z\n6000/6015=y\n6001/6018=1\n7000/1=1251\n7000/2=x\n7000/6018=1\n");
   EXPECT_EQ(notes_,
-            "note: nothing reads setting 7000/2\nnote: nothing reads setting 6000/6017\n"
+            "note: nothing reads setting 7000/2\nnote: nothing reads setting 6000/6015\n"
             "note: nothing reads setting 6000/1\nnote: nothing reads setting 7000/6018\n"
             "note: nothing reads setting 6001/6018\n");
   Run({"7000/2="});

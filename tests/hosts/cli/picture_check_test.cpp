@@ -1,0 +1,101 @@
+#include "hosts/cli/picture_check.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "hosts/cli/element_picture.h"
+#include "hosts/cli/project_checks.h"
+#include "tests/hosts/cli/picture_fixture.h"
+
+namespace quenzel7::cli {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class PictureCheckTest : public test::PictureTest {
+ protected:
+  void SetUp() override {
+    PictureTest::SetUp();
+    ImportElements({Bitmap(0, 0, 4, 2, {"\"Picture\": \"pump.bmp\""}), Bitmap(0, 4, 2, 2)});
+    crc_ = std::to_string(PictureCrcOf(*Load().elements[0]));
+  }
+  CheckResult Check() { return CheckProject(Session(), NoTerminal()); }
+  Lines FindingsAfter(const std::string& statement) {
+    Connection().Execute(statement);
+    return Check().findings;
+  }
+  std::string crc_;
+};
+
+TEST_F(PictureCheckTest, SoundPicturesAreNotTold) {
+  EXPECT_EQ(Check().findings, Lines());
+  EXPECT_EQ(Check().notes, Lines());
+}
+
+TEST_F(PictureCheckTest, APictureThatIsNotInTheProjectIsTold) {
+  const Lines expected = {"page 1, row 1 (clsBitmap): picture " + crc_ +
+                              " is not in ProjectImages; the CRC of a row in use was expected",
+                          "ElementsAndImages, element 1, index 0: Image_CRC " + crc_ +
+                              " names no picture; the CRC of a row of ProjectImages in use was expected"};
+  EXPECT_EQ(FindingsAfter("UPDATE ProjectImages SET RecordStatus=2 WHERE CRC=" + crc_), expected);
+  EXPECT_EQ(FindingsAfter("DELETE * FROM ProjectImages WHERE CRC=" + crc_), expected);
+}
+
+TEST_F(PictureCheckTest, PixelsThatDoNotFitAreTold) {
+  EXPECT_EQ(FindingsAfter("UPDATE HMI_Elements SET Dx=3 WHERE ID=1"), Lines{});
+  EXPECT_EQ(FindingsAfter("UPDATE HMI_Elements SET Dx=6 WHERE ID=1"),
+            Lines{"page 1, row 1 (clsBitmap): picture " + crc_ +
+                  " has 8 bytes of pixels for size (4, 2); pixels of size (6, 2) were expected"});
+}
+
+TEST_F(PictureCheckTest, LinksOfNothingAreTold) {
+  EXPECT_EQ(FindingsAfter("UPDATE ElementsAndImages SET Element_ID=77 WHERE Element_ID=1"),
+            Lines{"ElementsAndImages, element 77, index 0: Element_ID names no row; the ID of a row of "
+                  "HMI_Elements was expected"});
+  EXPECT_EQ(
+      FindingsAfter("INSERT INTO PagesAndImages (Page_ID, Image_Type, TransparencyLevel, Image_CRC) VALUES "
+                    "(4, 2, 0, 9)")
+          .back(),
+      "PagesAndImages, page 4, type 2: Image_CRC 9 names no picture; the CRC of a row of ProjectImages in "
+      "use was expected");
+}
+
+TEST_F(PictureCheckTest, PicturesThatNothingHasAreTold) {
+  const Lines expected = {"ProjectImages, row 1 (CRC " + crc_ +
+                          "): is in use, and no element and no page has it; a link was expected"};
+  EXPECT_EQ(FindingsAfter("DELETE * FROM ElementsAndImages WHERE Element_ID=1"), expected);
+  EXPECT_EQ(
+      FindingsAfter("INSERT INTO PagesAndImages (Page_ID, Image_Type, TransparencyLevel, Image_CRC) VALUES "
+                    "(4, 2, 0, " +
+                    crc_ + ")"),
+      Lines());
+}
+
+TEST_F(PictureCheckTest, FilesThatCannotBeReadAnyMoreAreNoted) {
+  const std::string path = "picture file pump.bmp;" + File("pump.bmp");
+  const std::string end = ": its pictures are made from the pixels in the project when their size changes";
+  WriteBmp("pump.bmp", {{0}});
+  EXPECT_EQ(Check().notes, Lines{path + " cannot be read or is another one now" + end});
+  std::filesystem::remove(File("pump.bmp"));
+  EXPECT_EQ(Check().notes, Lines{path + " is not there" + end});
+  EXPECT_EQ(Check().findings, Lines());
+  Connection().Execute("UPDATE ProjectImages SET RecordStatus=2");
+  EXPECT_EQ(Check().notes, Lines());
+}
+
+TEST_F(PictureCheckTest, EachFileIsNotedOnce) {
+  ImportElements(
+      {Bitmap(0, 0, 4, 2, {"\"Picture\": \"pump.bmp\""}), Bitmap(0, 0, 2, 2, {"\"Picture\": \"pump.bmp\""})});
+  std::filesystem::remove(File("pump.bmp"));
+  EXPECT_EQ(Check().notes.size(), 1u);
+}
+
+TEST_F(PictureCheckTest, ATableThatIsWrongIsTold) {
+  EXPECT_EQ(FindingsAfter("UPDATE ProjectImages SET DxORG='x' WHERE CRC=-1"),
+            (Lines{"page 1, row 2 (clsBitmap): column 'DxORG': type mismatch: \"x\" is not a number",
+                   "column 'DxORG' of ProjectImages: type mismatch: \"x\" is not a number"}));
+}
+
+}  // namespace
+}  // namespace quenzel7::cli
