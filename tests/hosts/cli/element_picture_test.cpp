@@ -136,6 +136,30 @@ TEST_F(ElementPicture, AFileThatGivesAnotherPictureIsNotNamed) {
   EXPECT_NE(Canonical().find("\"source\": 5"), std::string::npos);
 }
 
+TEST_F(ElementPicture, AFileThatGivesOtherPanelPixelsIsNotNamed) {
+  ImportElements({Bitmap(0, 0, 2, 2, {Pump()})});
+  Connection().Execute("UPDATE ProjectImages SET CRC=5");
+  Connection().Execute("UPDATE ElementsAndImages SET Image_CRC=5");
+  EXPECT_NE(Canonical().find("\"panelPixels\": \"AAgJYA==\""), std::string::npos);
+}
+
+TEST_F(ElementPicture, WithoutOriginalPixelsThereIsNoSizeOfTheirs) {
+  ImportElements({Bitmap(0, 0, 2, 2, {Pump()})});
+  Connection().Execute("UPDATE ProjectImages SET Data8bppORG=NULL, ImagePath='', LibCRC=-1");
+  EXPECT_EQ(Canonical(),
+            PageOf({Bitmap(0, 0, 2, 2, {"\"Picture\": {\n        \"panelPixels\": \"AAgJYA==\"\n      }"})}));
+}
+
+TEST_F(ElementPicture, ExportTellsAPictureWithoutPixels) {
+  ImportElements({Bitmap(0, 0, 2, 2, {Pump()})});
+  Connection().Execute("DELETE * FROM ProjectImages");
+  std::ostringstream out, err;
+  EXPECT_EQ(ExportCommand(Path(), {}, "", {out, err}), 0);
+  EXPECT_EQ(out.str(), PageOf({Bitmap(0, 0, 2, 2)}));
+  EXPECT_EQ(err.str(),
+            "note: row 1 of HMI_Elements (clsBitmap): its picture has no pixels and is not exported\n");
+}
+
 TEST_F(ElementPicture, PathsOfOtherHostsAreNotTakenForNames) {
   ImportElements({Bitmap(0, 0, 2, 2, {Pump()})});
   const auto exported = [this](const std::string& path) {

@@ -76,6 +76,10 @@ TEST_F(ImageCommand, SizeAndBitsAreThoseThatAreTold) {
   addition.size = "1X32767";
   addition.bits = 8;
   Add(addition);
+  const std::string file = ReadTextFile(File("pump.bmp"), "file");
+  const std::string source =
+      std::to_string(Platform::Current().crcService->Crc(PixelBytes(file.begin(), file.end())));
+  EXPECT_EQ(Rows("SELECT * FROM ProjectImages", {"LibCRC"}), (Lines{source, source}));
   EXPECT_EQ(Rows("SELECT * FROM ProjectImages ORDER BY [Index]", {"Dx", "Dy", "DxORG", "DyORG", "Bits"}),
             (Lines{"4 2 2 2 16", "1 32767 2 2 0"}));
   for (const char* size : {"4", "0x2", "4x0", "x", "4x2x1", "32768x1", "1x32768", "-1x4", "4 x2"}) {

@@ -579,5 +579,32 @@ TEST_F(ProgramTest, RunsItsDemoInAFolderOfItsOwn) {
   EXPECT_TRUE(fs::exists(File("elsewhere/boiler.qz7")));
 }
 
+TEST_F(ProgramTest, BringsPicturesIntoAProjectAndOut) {
+  ImportPages({1});
+  const std::string fan = QUENZEL7_SOURCE_DIR "/demo/pictures/fan.bmp";
+  const test::ProgramRun added = Run({"image", "p.qz7", "add", fan, fan, "--size", "8x6", "--bits", "16",
+                                      "--page", "1", "--type", "4", "--transparent"});
+  EXPECT_EQ(added.status, 0);
+  EXPECT_EQ(added.err, "");
+  const std::string crc = added.out.substr(8, added.out.find(" of ") - 8);
+  const std::string line = "picture " + crc + " of 8x6: page 1, type ";
+  EXPECT_EQ(added.out,
+            line + "4, from " + fan + "\n" + line + "5, from " + fan + "\n2 pictures added to p.qz7\n");
+  const test::ProgramRun listed = Run({"image", "p.qz7", "list"});
+  EXPECT_NE(
+      listed.out.find(crc + "  in use  8x6   40x40       16      2  page 1 type 4, page 1 type 5  " + fan),
+      std::string::npos)
+      << listed.out;
+  EXPECT_EQ(Run({"image", "p.qz7", "extract", crc, "-o", "x.png"}).status, 0);
+  EXPECT_EQ(test::ReadPng(File("x.png")).width, 8);
+  EXPECT_EQ(Run({"image", "p.qz7", "extract", crc, "--original", "-o", "x.png"}).status, 0);
+  EXPECT_EQ(test::ReadPng(File("x.png")).width, 40);
+  ExpectFailure({"image", "p.qz7", "extract", "-5", "-o", "x.png"},
+                "project p.qz7 has no picture -5; quenzel7 image PROJECT list tells them");
+  ExpectFailure({"image", "p.qz7", "add", fan, "--bits", "9"},
+                "quenzel7: --bits: 9 not in {8,16}; quenzel7 --help tells more");
+  ExpectFailure({"image", "p.qz7"}, "quenzel7: A subcommand is required; quenzel7 --help tells more");
+}
+
 }  // namespace
 }  // namespace quenzel7::cli
