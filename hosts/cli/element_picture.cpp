@@ -137,7 +137,7 @@ std::string NameForPageFile(const std::string& path) {
 }
 
 loomis2::LibraryPicture ReadFile(const std::string& path, const PictureMeasure& measure) {
-  return CurrentImageLibrary().ReadPicture(path, measure.dx, measure.dy, measure.bits);
+  return CurrentImageLibrary()->ReadPicture(path, measure.dx, measure.dy, measure.bits);
 }
 
 /// Whether the file gives the element's picture.

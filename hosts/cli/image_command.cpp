@@ -102,7 +102,7 @@ Picture Painted(const PixelBytes& pixels, Long dx, Long dy, Long bits) {
                                          " bytes of pixels, which do not fit its size " + SizeText(dx, dy));
   }
   gdi::Surface surface(dx, dy);
-  PaintOpaquePicture(surface.Dc(), 0, 0, bitmap.Get());
+  PaintOpaquePicture(surface.Dc(), 0, 0, bitmap.Get(), BitmapSizeOf(bitmap.Get()));
   const auto painted = surface.Pixels();
   return {dx, dy, {painted.begin(), painted.end()}};
 }

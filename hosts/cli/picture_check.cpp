@@ -80,7 +80,7 @@ std::vector<std::string> CheckPictureFiles(ado::Connection& connection) {
     if (path.empty() || !told.insert(path).second) continue;
     Long status = loomis2::kImageDone;
     const gdi::OwnedBitmap bitmap(
-        CurrentImageLibrary().LoadResizedImage(path, NumberIn(*rows, "LibCRC"), 1, 1, status));
+        CurrentImageLibrary()->LoadResizedImage(path, NumberIn(*rows, "LibCRC"), 1, 1, status));
     if (status == loomis2::kImageDone) continue;
     notes.push_back(
         "picture file " + path +

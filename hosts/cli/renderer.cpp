@@ -40,7 +40,7 @@ void PaintBehind(const LoadedPage& page, Long hdc) {
   for (const BackPicture& picture : page.pictures) {
     const gdi::OwnedBitmap bitmap(BitmapOfPixels(picture.pixels, picture.dx, picture.dy, picture.bits));
     if (picture.transparency == 0) {
-      PaintOpaquePicture(hdc, 0, 0, bitmap.Get());
+      PaintOpaquePicture(hdc, 0, 0, bitmap.Get(), BitmapSizeOf(bitmap.Get()));
     } else {
       PaintTransparentPicture(hdc, 0, 0, bitmap.Get(), picture.pixels, picture.bits,
                               *Platform::Current().colorService);
