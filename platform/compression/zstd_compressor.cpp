@@ -25,6 +25,8 @@ constexpr Byte kZstdFormat = 1;
 
 /// No frame may ask for more than 2 to this power bytes of what came before; those made here take a quarter.
 constexpr int kLargestWindow = 23;
+/// The bit of the byte behind the beginning that says that a checksum follows the content.
+constexpr Byte kChecksumFlag = 4;
 /// As much is made of a block before it is believed that there is more.
 constexpr std::size_t kFirstStep = std::size_t{1} << 20;
 
@@ -56,6 +58,10 @@ CompressionStatus Begin(std::span<const Byte> bytes, std::span<const Byte> begin
 
 CompressionStatus UnpackFrame(std::span<const Byte> frame, std::size_t largest, Bytes& data) {
   if (const CompressionStatus status = Begin(frame, kFrameBeginning, kBlockDamaged)) return status;
+  const auto described = frame.subspan(kFrameBeginning.size());
+  if (described.empty()) return kBlockTruncated;
+  // Without one, changed bytes would be taken for those that were packed.
+  if ((described.front() & kChecksumFlag) == 0) return kBlockDamaged;
   unsigned long long size = ZSTD_getFrameContentSize(frame.data(), frame.size());
   if (size == ZSTD_CONTENTSIZE_UNKNOWN) return kBlockDamaged;
   // With a beginning that cannot be read there is nothing to make; the frame will tell what is wrong with it.

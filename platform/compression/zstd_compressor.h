@@ -16,7 +16,8 @@ enum CompressionStatus : Long {
   kUnknownFormat = 2,
   /// The block ends too early.
   kBlockTruncated = 3,
-  /// What is in the block contradicts itself: its checksum, its size, or bytes behind its end.
+  /// What is in the block contradicts itself: its checksum, which must be there, its size, or bytes behind
+  /// its end.
   kBlockDamaged = 4,
   /// There are more bytes than a block may have, or the block says so.
   kBlockTooLarge = 5,

@@ -210,10 +210,35 @@ TEST(ZstdCompressor, TellsABlockThatHoldsMoreOrLessThanItSays) {
 TEST(ZstdCompressor, RefusesAFrameThatDoesNotTellItsSize) {
   const std::unique_ptr<ZSTD_CCtx, std::size_t (*)(ZSTD_CCtx*)> context(ZSTD_createCCtx(), ZSTD_freeCCtx);
   ZSTD_CCtx_setParameter(context.get(), ZSTD_c_contentSizeFlag, 0);
+  ZSTD_CCtx_setParameter(context.get(), ZSTD_c_checksumFlag, 1);
   const Bytes data(300, 5);
   Bytes frame(ZSTD_compressBound(data.size()));
   frame.resize(ZSTD_compress2(context.get(), frame.data(), frame.size(), data.data(), data.size()));
   EXPECT_EQ(StatusOf(Joined({kHeader, frame})), kBlockDamaged);
+}
+
+TEST(ZstdCompressor, RefusesAFrameWithoutAChecksum) {
+  const Bytes data(300, 5);
+  Bytes frame(ZSTD_compressBound(data.size()));
+  frame.resize(ZSTD_compress(frame.data(), frame.size(), data.data(), data.size(), 3));
+  EXPECT_EQ(StatusOf(Joined({kHeader, frame})), kBlockDamaged);
+  for (std::size_t size = 4; size < frame.size(); ++size) {
+    EXPECT_EQ(StatusOf(Joined({kHeader, {frame.begin(), frame.begin() + static_cast<std::ptrdiff_t>(size)}})),
+              size == 4 ? kBlockTruncated : kBlockDamaged)
+        << size;
+  }
+}
+
+TEST(ZstdCompressor, ReadsAFrameOfNoBytes) {
+  const Bytes frame = {0x24, 0, 1, 0, 0, 0x99, 0xE9, 0xD8, 0x51};
+  Bytes data = kBefore;
+  EXPECT_EQ(ZstdCompressor().UnCompress(Joined({kHeader, kMagic, frame}), data), kCompressionDone);
+  EXPECT_EQ(data, Bytes());
+  for (std::size_t size = 0; size < frame.size(); ++size) {
+    const Bytes part(frame.begin(), frame.begin() + static_cast<std::ptrdiff_t>(size));
+    EXPECT_EQ(StatusOf(Joined({kHeader, kMagic, part})), kBlockTruncated) << size;
+  }
+  EXPECT_EQ(StatusOf(Joined({kHeader, kMagic, frame, {0}})), kBlockDamaged);
 }
 
 TEST(ZstdCompressor, RefusesAFrameThatIsToBeSkipped) {
