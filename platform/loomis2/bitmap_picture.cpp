@@ -16,7 +16,9 @@ constexpr std::uint32_t kBlack = 0, kWhite = 0xFFFFFF;
 
 std::optional<Picture> PictureOf(gdi::HBITMAP bitmap) {
   gdi::BITMAP form{};
-  if (gdi::GetObjectA(bitmap, sizeof form, &form) != sizeof form) return {};
+  // Of other objects, as fonts, the first bytes would be taken for a bitmap's.
+  if (gdi::GetObjectA(bitmap, 0, nullptr) != sizeof form) return {};
+  gdi::GetObjectA(bitmap, sizeof form, &form);
   Picture picture{form.bmWidth, form.bmHeight, {}};
   picture.pixels.resize(static_cast<std::size_t>(form.bmWidth) * static_cast<std::size_t>(form.bmHeight));
   const std::int32_t size = gdi::GetBitmapBits(bitmap, 0, nullptr);

@@ -49,6 +49,12 @@ TEST(BitmapPictures, ReadNothingElse) {
   EXPECT_FALSE(PictureOf(12345).has_value());
   const gdi::OwnedObject brush(gdi::CreateSolidBrush(0));
   EXPECT_FALSE(PictureOf(brush.Get()).has_value());
+  // Their descriptions are longer than a bitmap's, and this one's begins as if it were some pixels wide.
+  EXPECT_FALSE(PictureOf(gdi::GetStockObject(gdi::SYSTEM_FONT)).has_value());
+  gdi::LOGFONT description{};
+  description.lfWidth = -1;
+  const gdi::OwnedObject font(gdi::CreateFontIndirectA(&description));
+  EXPECT_FALSE(PictureOf(font.Get()).has_value());
   const gdi::HBITMAP gone = BitmapOf({1, 1, {0}});
   gdi::DeleteObject(gone);
   EXPECT_FALSE(PictureOf(gone).has_value());
