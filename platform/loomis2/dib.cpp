@@ -161,7 +161,9 @@ DibHeader ReadDibHeader(ByteReader& reader) {
 }
 
 ColorTable ReadDibColors(std::span<const Byte> bytes, const DibHeader& header) {
-  const std::uint64_t count = std::min<std::uint64_t>(header.colors, bytes.size() / header.bytesPerColor);
+  if (header.bitsPerPixel > kMostNumberBits) return {};
+  const std::uint64_t count = std::min({header.colors, std::uint64_t{1} << header.bitsPerPixel,
+                                        std::uint64_t{bytes.size()} / header.bytesPerColor});
   std::vector<std::uint32_t> colors;
   for (std::uint64_t i = 0; i < count; ++i) {
     colors.push_back(NumberOf(bytes.subspan(i * header.bytesPerColor, 3)));

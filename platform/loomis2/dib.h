@@ -37,7 +37,8 @@ std::uint64_t DibRowBytes(std::int64_t width, int bitsPerPixel);
 /// read.
 DibHeader ReadDibHeader(ByteReader& reader);
 
-/// The colours in the bytes between the header and the pixels: as many as the header says, or as there are.
+/// The colours in the bytes between the header and the pixels: as many as the header says, as pixels can name
+/// and as there are; none where pixels are no numbers of colours.
 ColorTable ReadDibColors(std::span<const Byte> bytes, const DibHeader& header);
 
 /// Reads the pixels: 0xAARRGGBB, where alpha is 0 in all of them unless the header has a mask for it. What

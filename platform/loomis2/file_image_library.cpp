@@ -7,6 +7,7 @@
 #include "platform/automation/class_info.h"
 #include "platform/loomis2/bitmap_picture.h"
 #include "platform/loomis2/color_reduction.h"
+#include "platform/loomis2/new_picture.h"
 #include "platform/loomis2/panel_pixels.h"
 #include "platform/loomis2/picture_file.h"
 #include "platform/loomis2/resized_picture.h"
@@ -23,12 +24,17 @@ using automation::VariantKind;
 constexpr Long kTwoBytes = 16;
 
 bool IsSize(std::int64_t dx, std::int64_t dy) {
-  return dx > 0 && dy > 0 && dx <= FileImageLibrary::kLongestSide && dy <= FileImageLibrary::kLongestSide &&
-         dx * dy <= FileImageLibrary::kMostPixels;
+  return dx > 0 && dy > 0 && dx <= kLongestSide && dy <= kLongestSide && dx * dy <= kMostPixels;
 }
 
 bool IsSizeOf(const Picture& picture, Long dx, Long dy) {
-  return picture.width == dx && picture.height == dy;
+  return IsSize(dx, dy) && picture.width == dx && picture.height == dy;
+}
+
+void RequirePalette(const std::optional<PanelColors>& colors) {
+  if (!colors) {
+    throw AutomationError(ErrorNumber::InvalidProcedureCall, "the panel has no palette of 1 to 256 colours");
+  }
 }
 
 /// What the action gives; nothing where there is no room for it.
@@ -41,9 +47,27 @@ auto IfThereIsRoom(Action action) -> decltype(action()) {
   }
 }
 
-/// The new bitmap of a picture, 0 of none.
-gdi::HBITMAP BitmapOf(const std::optional<Picture>& picture) {
-  return picture ? loomis2::BitmapOf(*picture) : 0;
+/// What the action gives. Error 7 where there is no room for it.
+template <class Action>
+auto WithRoom(Action action) {
+  try {
+    return action();
+  } catch (const std::bad_alloc&) {
+    throw AutomationError(ErrorNumber::OutOfMemory, "there is no room for the picture");
+  }
+}
+
+/// The new bitmap of the picture that the action gives, 0 where it gives none. Error 7 where there is no room
+/// for either.
+template <class Action>
+gdi::HBITMAP NewBitmapOf(Action picture) {
+  return WithRoom([&]() -> gdi::HBITMAP {
+    const std::optional<Picture> made = picture();
+    if (!made) return 0;
+    const gdi::HBITMAP bitmap = BitmapOf(*made);
+    if (bitmap == 0) throw std::bad_alloc();
+    return bitmap;
+  });
 }
 
 bool EndsWith(std::string_view text, std::string_view ending) {
@@ -81,7 +105,15 @@ Source SourceOf(const std::string& folder, const std::string& path, Long libCrc)
 }
 
 Long StatusOf(const AutomationError& error) {
-  return error.Code() == ErrorNumber::FileNotFound ? kImageFileNotFound : kImageFileNotRead;
+  switch (error.Code()) {
+    case ErrorNumber::FileNotFound:
+      return kImageFileNotFound;
+    case ErrorNumber::OutOfMemory:
+    case ErrorNumber::InvalidProcedureCall:
+      return kImageRefused;
+    default:
+      return kImageFileNotRead;
+  }
 }
 
 }  // namespace
@@ -101,20 +133,26 @@ void FileImageLibrary::Palette(const Variant& palette) {
 }
 
 gdi::HBITMAP FileImageLibrary::CreateBitmapFrom8bpp(const std::vector<Byte>& pixels, Long dx, Long dy) {
-  return IfThereIsRoom([&]() -> gdi::HBITMAP {
+  return NewBitmapOf([&]() -> std::optional<Picture> {
     const std::optional<PanelColors> colors = PanelColorsOf(palette_);
-    return colors ? BitmapOf(PictureOf8bpp(pixels, dx, dy, *colors)) : 0;
+    RequirePalette(colors);
+    if (!IsSize(dx, dy)) return {};
+    return PictureOf8bpp(pixels, dx, dy, *colors);
   });
 }
 
 gdi::HBITMAP FileImageLibrary::CreateBitmapFrom16bpp(const std::vector<Byte>& pixels, Long dx, Long dy) {
-  return IfThereIsRoom([&] { return BitmapOf(PictureOf16bpp(pixels, dx, dy)); });
+  return NewBitmapOf([&]() -> std::optional<Picture> {
+    if (!IsSize(dx, dy)) return {};
+    return PictureOf16bpp(pixels, dx, dy);
+  });
 }
 
 gdi::HBITMAP FileImageLibrary::StretchBitmap(gdi::HBITMAP bitmap, Long dx, Long dy) {
-  return IfThereIsRoom([&]() -> gdi::HBITMAP {
+  return NewBitmapOf([&]() -> std::optional<Picture> {
     const std::optional<Picture> picture = PictureOf(bitmap);
-    return picture && IsSize(dx, dy) ? loomis2::BitmapOf(Resized(*picture, dx, dy)) : 0;
+    if (!picture || !IsSize(picture->width, picture->height) || !IsSize(dx, dy)) return {};
+    return Resized(*picture, dx, dy);
   });
 }
 
@@ -150,7 +188,7 @@ gdi::HBITMAP FileImageLibrary::LoadResizedImage(const std::string& path, Long li
   if (!IsSize(dx, dy)) return 0;
   const gdi::HBITMAP bitmap = IfThereIsRoom([&]() -> gdi::HBITMAP {
     try {
-      return loomis2::BitmapOf(Resized(SourceOf(folder_, path, libCrc).picture, dx, dy));
+      return BitmapOf(Resized(SourceOf(folder_, path, libCrc).picture, dx, dy));
     } catch (const AutomationError& error) {
       status = StatusOf(error);
       return 0;
@@ -161,7 +199,8 @@ gdi::HBITMAP FileImageLibrary::LoadResizedImage(const std::string& path, Long li
 }
 
 Long FileImageLibrary::SelectImageFile(LibraryPicture& picture, Long dx, Long dy) {
-  const std::string chosen = chooser_->Choose(PictureFileTypes());
+  if (!IsSize(dx, dy)) return kImageRefused;
+  const std::string chosen = chooser_ ? chooser_->Choose(PictureFileTypes()) : "";
   if (chosen.empty()) return kImageNotChosen;
   // Otherwise the path would be what is behind the ";".
   const std::string path = (chosen.find(';') == std::string::npos ? "" : ";") + chosen;
@@ -169,22 +208,19 @@ Long FileImageLibrary::SelectImageFile(LibraryPicture& picture, Long dx, Long dy
     picture = ReadPicture(path, dx, dy, picture.bits);
     return kImageDone;
   } catch (const AutomationError& error) {
-    return error.Code() == ErrorNumber::InvalidProcedureCall ? kImageRefused : StatusOf(error);
+    return StatusOf(error);
   }
 }
 
 LibraryPicture FileImageLibrary::ReadPicture(const std::string& path, Long dx, Long dy, Long bits) {
   const bool isOwnSize = dx == 0 && dy == 0;
-  const std::optional<PanelColors> colors = PanelColorsOf(palette_);
-  try {
+  const auto read = [&] {
+    const std::optional<PanelColors> colors = PanelColorsOf(palette_);
     if (!isOwnSize && !IsSize(dx, dy)) {
       throw AutomationError(ErrorNumber::InvalidProcedureCall,
                             std::to_string(dx) + " x " + std::to_string(dy) + " is no size of a picture");
     }
-    if (bits != kTwoBytes && !colors) {
-      throw AutomationError(ErrorNumber::InvalidProcedureCall,
-                            "the panel has no palette of 1 to 256 colours");
-    }
+    if (bits != kTwoBytes) RequirePalette(colors);
     const auto converted = [&](const Picture& picture) {
       if (bits == kTwoBytes) return PixelsOf16bpp(picture).bytes;
       return ReducedTo(NearestIn(*colors), GetConversionMode(path), picture).bytes;
@@ -198,15 +234,17 @@ LibraryPicture FileImageLibrary::ReadPicture(const std::string& path, Long dx, L
     result.dataOrg = converted(source.picture);
     result.dx = isOwnSize ? result.dxOrg : dx;
     result.dy = isOwnSize ? result.dyOrg : dy;
-    result.data = converted(Resized(source.picture, result.dx, result.dy));
+    result.data = IsSizeOf(source.picture, result.dx, result.dy)
+                      ? result.dataOrg
+                      : converted(Resized(source.picture, result.dx, result.dy));
     result.crc = PictureCrc(result.data);
     result.bits = bits;
     return result;
+  };
+  try {
+    return WithRoom(read);
   } catch (const AutomationError& error) {
     throw error.In("picture file \"" + path + "\"");
-  } catch (const std::bad_alloc&) {
-    throw AutomationError(ErrorNumber::OutOfMemory, "there is no room for the picture")
-        .In("picture file \"" + path + "\"");
   }
 }
 

@@ -16,15 +16,12 @@ namespace quenzel7::loomis2 {
 ///
 /// A path is that of an element: what stands behind its first ";" if there is one, looked for in Folder
 /// unless it begins at the root, then as it stands; backslashes are slashes. Files end at `kMostFileBytes`. A
-/// size to make something at counts when both sides are from 1 to `kLongestSide` and there are no more than
-/// `kMostPixels` in all; others are none. A bitmap that is made has 32 bits a pixel. Where there is no room
-/// for a result it is refused, as what was given wrong is.
+/// size, of a picture that is given too, counts when both sides are from 1 to `loomis2::kLongestSide` and
+/// there are no more than `loomis2::kMostPixels` in all; others are none. A bitmap that is made has 32 bits a
+/// pixel. Where there is no room for a result, what gives a status refuses it; the others raise error 7.
 class FileImageLibrary final : public ImageLibrary {
  public:
-  static constexpr Long kLongestSide = 32767;
-  static constexpr std::int64_t kMostPixels = std::int64_t{1} << 26;
-
-  /// `chooser` lets the user choose files.
+  /// `chooser` lets the user choose files; without one nothing is ever chosen.
   explicit FileImageLibrary(std::shared_ptr<FileChooser> chooser);
   ~FileImageLibrary() override;
 

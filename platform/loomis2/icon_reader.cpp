@@ -98,7 +98,9 @@ Picture ReadIconDib(const IconPicture& source) {
   if (header.coding == DibCoding::kRuns8 || header.coding == DibCoding::kRuns4) {
     RefusePicture(source.name + " is coded in runs, which icons cannot be");
   }
-  if (header.bitsPerPixel == kAlphaDepth && header.masks.alpha == 0) header.masks.alpha = kAlphaMask;
+  const ColorMasks& masks = header.masks;
+  const bool isByteFree = ((masks.red | masks.green | masks.blue) & kAlphaMask) == 0;
+  if (header.bitsPerPixel == kAlphaDepth && masks.alpha == 0 && isByteFree) header.masks.alpha = kAlphaMask;
   const ColorTable colors = ReadDibColors(reader.Take(header.colors * header.bytesPerColor), header);
   Picture picture = ReadDibPixels(reader, header, colors);
   if (!BlendOverWhite(picture)) ApplyMask(reader, header, picture);

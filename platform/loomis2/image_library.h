@@ -85,11 +85,14 @@ class ImageLibrary : public automation::Object {
   virtual void Palette(const automation::Variant& palette) = 0;
 
   /// A bitmap of palette indices, in the colours of Palette; 0 when the pixels are not those of a picture of
-  /// that size, or an index has no colour.
+  /// that size, or an index has no colour: then they are damaged. What is no fault of theirs is an automation
+  /// error: 5 when a palette is missing, 7 when there is no room for the bitmap.
   virtual gdi::HBITMAP CreateBitmapFrom8bpp(const std::vector<Byte>& pixels, Long dx, Long dy) = 0;
-  /// A bitmap of pixels of two bytes; 0 when they are not those of a picture of that size.
+  /// A bitmap of pixels of two bytes; 0 when they are not those of a picture of that size. Error 7 when there
+  /// is no room for it.
   virtual gdi::HBITMAP CreateBitmapFrom16bpp(const std::vector<Byte>& pixels, Long dx, Long dy) = 0;
-  /// A copy of a bitmap at another size; 0 when it is none or the size is none.
+  /// A copy of a bitmap at another size; 0 when it is none or the size is none. Error 7 when there is no room
+  /// for it.
   virtual gdi::HBITMAP StretchBitmap(gdi::HBITMAP bitmap, Long dx, Long dy) = 0;
   /// Turns a bitmap of that size into palette indices and tells their CRC, leaving both alone unless
   /// IsConverted. Gives an ImageStatus.
@@ -102,12 +105,12 @@ class ImageLibrary : public automation::Object {
   /// The ConversionMode that suits the picture in that file, which need not be there.
   virtual Long GetConversionMode(const std::string& path) = 0;
   /// Reads the picture of a file again, at another size: kImageDone, kImageFileNotFound, kImageFileNotRead,
-  /// or kImageRefused for what is no size. The bitmap is 0 unless done. A file whose CRC is not `libCrc` is
-  /// not read; -1 takes any.
+  /// or kImageRefused for what is no size or has no room. The bitmap is 0 unless done. A file whose CRC is
+  /// not `libCrc` is not read; -1 takes any.
   virtual gdi::HBITMAP LoadResizedImage(const std::string& path, Long libCrc, Long dx, Long dy,
                                         Long& status) = 0;
   /// Lets the user choose a picture file and reads it at that size, in the pixels that `picture.bits` tells.
-  /// Gives an ImageStatus; the picture stays as it is unless done.
+  /// Gives an ImageStatus; the picture stays as it is unless done. Nobody is asked when the size is none.
   virtual Long SelectImageFile(LibraryPicture& picture, Long dx, Long dy) = 0;
 
   /// Reads a picture file at that size, or at its own for a size of 0 x 0, in pixels of two bytes when `bits`

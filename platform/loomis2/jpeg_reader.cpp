@@ -8,6 +8,8 @@
 #include <jerror.h>
 // clang-format on
 
+#include <algorithm>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -21,6 +23,11 @@ namespace {
 /// Scans of the whole picture that a file may hold; a progressive one usually has ten. More could keep the
 /// library busy for as long as a file likes.
 constexpr int kMostScans = 100;
+/// The most pixels in all scans together, as each goes over the whole picture.
+constexpr std::int64_t kMostScannedPixels = std::int64_t{1} << 30;
+/// The most pixels of a picture in several scans: the library keeps two bytes of each colour of a pixel until
+/// the last scan, 128 MiB with four colours.
+constexpr std::int64_t kMostPixelsInScans = std::int64_t{16} << 20;
 
 struct JpegErrors : jpeg_error_mgr {
   std::jmp_buf place;
@@ -51,6 +58,7 @@ class JpegStream {
 
   const jpeg_decompress_struct& Header() const { return picture_; }
   const char* Message() const { return errors_.message; }
+  bool HasSeveralScans() { return jpeg_has_multiple_scans(&picture_) != 0; }
 
   bool Begin(std::span<const Byte> file) {
     return Try([this, file] {
@@ -92,8 +100,11 @@ class JpegStream {
   }
   static void Watch(j_common_ptr picture) {
     auto& errors = *static_cast<JpegErrors*>(picture->err);
-    if (reinterpret_cast<j_decompress_ptr>(picture)->input_scan_number <= kMostScans) return;
-    std::snprintf(errors.message, sizeof errors.message, "more than %d scans", kMostScans);
+    const auto& header = *reinterpret_cast<j_decompress_ptr>(picture);
+    const std::int64_t pixels = std::int64_t{header.image_width} * header.image_height;
+    const int most = static_cast<int>(std::min<std::int64_t>(kMostScans, kMostScannedPixels / pixels));
+    if (header.input_scan_number <= most) return;
+    std::snprintf(errors.message, sizeof errors.message, "more than %d scans", most);
     std::longjmp(errors.place, 1);
   }
 
@@ -118,6 +129,12 @@ Picture ReadJpeg(std::span<const Byte> file) {
   require(stream.Begin(file));
   const jpeg_decompress_struct& header = stream.Header();
   CheckCodedPictureSize(header.image_width, header.image_height, file.size());
+  if (header.arith_code) RefusePicture("the jpg file cannot be read: it is coded by arithmetic");
+  const std::int64_t pixels = std::int64_t{header.image_width} * header.image_height;
+  if (stream.HasSeveralScans() && pixels > kMostPixelsInScans) {
+    RefusePicture("the jpg file cannot be read: " + std::to_string(pixels) +
+                  " pixels in several scans, expected at most " + std::to_string(kMostPixelsInScans));
+  }
   const bool hasInks = header.jpeg_color_space == JCS_CMYK || header.jpeg_color_space == JCS_YCCK;
   const bool isInverted = header.saw_Adobe_marker != 0;
   require(stream.Start(hasInks ? JCS_CMYK : JCS_RGB));

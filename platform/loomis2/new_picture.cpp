@@ -19,16 +19,20 @@ void CheckPictureSize(std::int64_t width, std::int64_t height) {
   if (width < 1 || height < 1) {
     RefusePicture(NameOf(width, height) + " cannot be: expected at least 1 x 1");
   }
+  if (width > kLongestSide || height > kLongestSide) {
+    RefusePicture(NameOf(width, height) + " is too large: expected at most " + std::to_string(kLongestSide) +
+                  " a side");
+  }
   if (width * height > kMostPixels) {
     RefusePicture(NameOf(width, height) + " is too large: expected at most " + std::to_string(kMostPixels));
   }
 }
 
-void CheckCodedPictureSize(std::int64_t width, std::int64_t height, std::size_t bytes) {
+void CheckCodedPictureSize(std::int64_t width, std::int64_t height, std::size_t bytes, std::int64_t most) {
   CheckPictureSize(width, height);
-  if (width * height > static_cast<std::int64_t>(bytes) * kMostPixelsPerByte) {
+  if (width * height > static_cast<std::int64_t>(bytes) * most) {
     RefusePicture(NameOf(width, height) + " is too large for " + std::to_string(bytes) +
-                  " bytes: expected at most " + std::to_string(kMostPixelsPerByte) + " pixels a byte");
+                  " bytes: expected at most " + std::to_string(most) + " pixels a byte");
   }
 }
 

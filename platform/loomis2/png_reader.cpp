@@ -29,7 +29,7 @@ Picture ReadPng(std::span<const Byte> file) {
     if (done == 0) RefusePicture("the png picture cannot be read: " + std::string(image.message));
   };
   require(png_image_begin_read_from_memory(&image, file.data(), file.size()));
-  CheckCodedPictureSize(image.width, image.height, file.size());
+  CheckCodedPictureSize(image.width, image.height, file.size(), kMostPngPixelsPerByte);
   Picture picture = WhitePicture(image.width, image.height);
   image.format = std::endian::native == std::endian::little ? PNG_FORMAT_BGRA : PNG_FORMAT_ARGB;
   image.flags |= PNG_IMAGE_FLAG_16BIT_sRGB;

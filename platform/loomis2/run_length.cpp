@@ -1,5 +1,6 @@
 #include "platform/loomis2/run_length.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace quenzel7::loomis2 {
@@ -48,24 +49,28 @@ class RunReader {
 
   /// Two pixels of four bits are painted in turn.
   void Repeat(int count, Byte pixels) {
-    for (int i = 0; i < count; ++i) PaintOne(bitsPerPixel_ == 8 ? pixels : Half(pixels, i));
+    const int room = RoomFor(count);
+    for (int i = 0; i < room; ++i) PaintOne(bitsPerPixel_ == 8 ? pixels : Half(pixels, i));
   }
   void Paint(int count, std::span<const Byte> pixels) {
-    for (int i = 0; i < count; ++i) {
+    const int room = RoomFor(count);
+    for (int i = 0; i < room; ++i) {
       const auto at = static_cast<std::size_t>(i);
       PaintOne(bitsPerPixel_ == 8 ? pixels[at] : Half(pixels[at / 2], i));
     }
+  }
+
+  /// How many of so many pixels the row has room for.
+  int RoomFor(int count) const {
+    return static_cast<int>(std::clamp<std::int64_t>(picture_.width - x_, 0, count));
   }
 
   /// The higher half of a byte comes first.
   static std::size_t Half(Byte pair, int i) { return i % 2 == 0 ? pair >> 4 : pair & 0xF; }
 
   void PaintOne(std::size_t number) {
-    if (x_ < picture_.width) {
-      const std::int64_t y = picture_.height - 1 - row_;
-      picture_.pixels[static_cast<std::size_t>(y * picture_.width + x_)] = colors_[number];
-    }
-    ++x_;
+    const std::int64_t y = picture_.height - 1 - row_;
+    picture_.pixels[static_cast<std::size_t>(y * picture_.width + x_++)] = colors_[number];
   }
 
   ByteReader& reader_;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <new>
 #include <system_error>
 
 #include "platform/automation/automation_error.h"
@@ -51,6 +52,15 @@ class OpenFile {
 
 [[noreturn]] void RaiseUnreadable() { RaiseUnreadable({errno, std::generic_category()}); }
 
+std::vector<Byte> NewBytes(std::size_t count) {
+  try {
+    return std::vector<Byte>(count);
+  } catch (const std::bad_alloc&) {
+    throw AutomationError(ErrorNumber::OutOfMemory,
+                          "no room for the " + std::to_string(count) + " bytes of the file");
+  }
+}
+
 }  // namespace
 
 std::string FoundFile(const std::string& folder, const std::string& imagePath) {
@@ -71,10 +81,10 @@ std::vector<Byte> FileBytes(const std::string& path) {
   if (file.Get() < 0 || fstat(file.Get(), &form) != 0) RaiseUnreadable();
   if (!S_ISREG(form.st_mode)) throw AutomationError(ErrorNumber::InvalidPicture, "it is no ordinary file");
   if (form.st_size > kMostFileBytes) {
-    throw AutomationError(ErrorNumber::OutOfMemory,
+    throw AutomationError(ErrorNumber::InvalidPicture,
                           "the file has " + std::to_string(form.st_size) + " bytes, more than are read");
   }
-  std::vector<Byte> bytes(static_cast<std::size_t>(form.st_size));
+  std::vector<Byte> bytes = NewBytes(static_cast<std::size_t>(form.st_size));
   std::size_t count = 0;
   while (count < bytes.size()) {
     const ssize_t got = read(file.Get(), bytes.data() + count, bytes.size() - count);

@@ -15,8 +15,8 @@ constexpr std::int64_t kMostFileBytes = std::int64_t{256} << 20;
 /// it stands. Empty when it is in neither place.
 std::string FoundFile(const std::string& folder, const std::string& imagePath);
 
-/// The bytes of a file; never waits for any. Error 481 when it is no ordinary file or cannot be read, 7 when
-/// it is larger than `kMostFileBytes` or there is no room for it.
+/// The bytes of a file; never waits for any. Error 481 when it is no ordinary file, cannot be read or is
+/// larger than `kMostFileBytes`, 7 when there is no room for it.
 std::vector<Byte> FileBytes(const std::string& path);
 
 }  // namespace quenzel7::loomis2

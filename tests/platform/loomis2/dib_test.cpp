@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/platform/automation/allocation_watch.h"
 #include "tests/support/picture_samples.h"
 #include "tests/support/raises.h"
 
@@ -90,20 +91,25 @@ TEST(Dib, OfTheOldestHeaderHasColoursOfThreeBytes) {
 }
 
 TEST(Dib, OfTheOldestHeaderHasMeasuresWithoutSign) {
-  std::vector<Byte> pixels(40000 * 4);
-  pixels[39999 * 4] = 0x80;
+  std::vector<Byte> pixels(32767 * 4);
+  pixels[32766 * 4] = 0x80;
   const Picture picture =
-      Read({.width = 1, .height = 40000, .bits = 1, .pixels = pixels, .colors = {0, 0x00FF00}, .header = 12});
+      Read({.width = 1, .height = 32767, .bits = 1, .pixels = pixels, .colors = {0, 0x00FF00}, .header = 12});
   EXPECT_EQ(picture.width, 1);
-  EXPECT_EQ(picture.height, 40000);
+  EXPECT_EQ(picture.height, 32767);
   EXPECT_EQ(picture.pixels.front(), 0x00FF00u);
-  const Picture wide = Read({.width = 40000,
+  const Picture wide = Read({.width = 32767,
                              .bits = 1,
-                             .pixels = std::vector<Byte>(5000, 0xFF),
+                             .pixels = std::vector<Byte>(4096, 0xFF),
                              .colors = {0, 0x00FF00},
                              .header = 12});
-  EXPECT_EQ(wide.width, 40000);
+  EXPECT_EQ(wide.width, 32767);
   EXPECT_EQ(wide.pixels.back(), 0x00FF00u);
+  // With a sign these would be below 0.
+  EXPECT_RAISES(481, "a picture of 40000 x 1 pixels is too large: expected at most 32767 a side",
+                Read({.width = 40000, .bits = 1, .header = 12}));
+  EXPECT_RAISES(481, "a picture of 1 x 40000 pixels is too large: expected at most 32767 a side",
+                Read({.width = 1, .height = 40000, .bits = 1, .header = 12}));
 }
 
 TEST(Dib, OfEveryLaterHeaderHasItsColoursAfterIt) {
@@ -276,12 +282,30 @@ TEST(Dib, PixelsOfColoursBeyondTheTableAreBlack) {
 TEST(Dib, ColoursOfWhichBytesAreMissingDoNotCount) {
   const std::vector<Byte> bytes{1, 0, 0, 0, 2, 0, 0};
   DibHeader header;
+  header.bitsPerPixel = 8;
   header.colors = 9;
   header.bytesPerColor = 4;
   EXPECT_EQ(ReadDibColors(bytes, header)[0], 1u);
   EXPECT_EQ(ReadDibColors(bytes, header)[1], 0u);
   header.bytesPerColor = 3;
   EXPECT_EQ(ReadDibColors(bytes, header)[1], 0x000200u);
+}
+
+TEST(Dib, ColoursThatNoPixelCanNameAreNotRead) {
+  const std::vector<Byte> bytes(4 * 300, 5);
+  DibHeader header;
+  header.colors = 300;
+  header.bytesPerColor = 4;
+  for (const auto& [bits, count] : {std::pair{1, 2u}, {2, 4u}, {4, 16u}, {8, 256u}}) {
+    header.bitsPerPixel = bits;
+    const ColorTable colors = ReadDibColors(bytes, header);
+    EXPECT_EQ(colors[count - 1], 0x050505u) << bits;
+    EXPECT_EQ(colors[count], kBlack) << bits;
+  }
+  for (const int bits : {16, 24, 32}) {
+    header.bitsPerPixel = bits;
+    EXPECT_EQ(ReadDibColors(bytes, header)[0], kBlack) << bits;
+  }
 }
 
 TEST(Dib, RunsPaintOnWhite) {
@@ -315,11 +339,12 @@ TEST(Dib, MeasuresBelowOneAreRefused) {
 }
 
 TEST(Dib, HugePicturesAreRefusedBeforeMemoryIsTaken) {
+  const automation::AllocationWatch watch;
   EXPECT_RAISES(481, "a picture of 20000 x 20000 pixels is too large: expected at most 67108864",
                 Read({.width = 20000, .height = 20000}));
   EXPECT_RAISES(481, "a picture of 20000 x 20000 pixels is too large: expected at most 67108864",
                 Read({.width = 20000, .height = -20000}));
-  EXPECT_RAISES(481, "a picture of 1 x 2147483648 pixels is too large: expected at most 67108864",
+  EXPECT_RAISES(481, "a picture of 1 x 2147483648 pixels is too large: expected at most 32767 a side",
                 Read({.width = 1, .height = static_cast<std::int32_t>(0x80000000)}));
   EXPECT_RAISES(481, "the bitmap ends after 44 bytes: expected 192000000 from byte 40 on",
                 Read({.width = 8000, .height = 8000, .pixels = {1, 2, 3, 4}}));
@@ -328,6 +353,7 @@ TEST(Dib, HugePicturesAreRefusedBeforeMemoryIsTaken) {
   EXPECT_RAISES(481,
                 "a picture of 8193 x 1 pixels is too large for 2 bytes: expected at most 4096 pixels a byte",
                 Read({.width = 8193, .bits = 8, .pixels = {0, 1}, .coding = 1}));
+  EXPECT_LT(watch.Biggest(), 1000u);
   EXPECT_EQ(Read({.width = 8192, .bits = 8, .pixels = {0, 1}, .coding = 1}).pixels.back(), 0xFFFFFFu);
 }
 

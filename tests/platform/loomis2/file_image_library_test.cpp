@@ -126,9 +126,11 @@ TEST_F(Pictures, OfIndicesThatAreNoneGiveNoBitmap) {
 }
 
 TEST_F(Pictures, OfIndicesNeedAPalette) {
-  EXPECT_EQ(FileImageLibrary(nullptr).CreateBitmapFrom8bpp({0, 0}, 2, 1), 0);
+  constexpr auto kMissing = "the panel has no palette of 1 to 256 colours";
+  EXPECT_RAISES(5, kMissing, FileImageLibrary(nullptr).CreateBitmapFrom8bpp({0, 0}, 2, 1));
+  EXPECT_RAISES(5, kMissing, FileImageLibrary(nullptr).CreateBitmapFrom8bpp({0}, 2, 1));
   library_.Palette(Array::OfSize(VariantKind::Long, 257));
-  EXPECT_EQ(library_.CreateBitmapFrom8bpp({0, 0}, 2, 1), 0);
+  EXPECT_RAISES(5, kMissing, library_.CreateBitmapFrom8bpp({0, 0}, 2, 1));
 }
 
 TEST_F(Pictures, OfTwoBytesAPixelBecomeBitmaps) {
@@ -138,6 +140,36 @@ TEST_F(Pictures, OfTwoBytesAPixelBecomeBitmaps) {
   EXPECT_EQ(picture.height, 2);
   EXPECT_EQ(picture.pixels, (Pixels{kRed, kBlue}));
   EXPECT_EQ(library.CreateBitmapFrom16bpp({0, 0, 0}, 1, 2), 0);
+}
+
+TEST_F(Pictures, BecomeBitmapsUpToTheLongestSide) {
+  for (const auto& [dx, dy] : {std::pair{32767, 1}, {1, 32767}}) {
+    EXPECT_EQ(Shown(library_.CreateBitmapFrom8bpp(Bytes(65536u - (dx == 1 ? 2 : 32768)), dx, dy)).width, dx);
+    EXPECT_EQ(Shown(library_.CreateBitmapFrom16bpp(Bytes(65534), dx, dy)).height, dy);
+  }
+  for (const auto& [dx, dy] : {std::pair{32768, 1}, {1, 32768}}) {
+    EXPECT_EQ(library_.CreateBitmapFrom8bpp(Bytes(dx == 1 ? 65536 : 32768), dx, dy), 0);
+    EXPECT_EQ(library_.CreateBitmapFrom16bpp(Bytes(65536), dx, dy), 0);
+  }
+}
+
+TEST_F(Pictures, BeyondTheLongestSideAreNeitherStretchedNorConverted) {
+  Bytes pixels{1};
+  Long crc = 77;
+  for (const auto& [dx, dy] : {std::pair{32768, 1}, {1, 32768}}) {
+    const gdi::OwnedBitmap bitmap(BitmapOf({dx, dy, Pixels(32768)}));
+    EXPECT_EQ(library_.StretchBitmap(bitmap.Get(), 1, 1), 0);
+    EXPECT_EQ(library_.ConvertBitmapTo8bpp(0, bitmap.Get(), kPalette, dx, dy, pixels, crc), kImageRefused);
+    EXPECT_EQ(library_.ConvertBitmapTo16bpp(bitmap.Get(), dx, dy, pixels, crc), kImageRefused);
+  }
+  EXPECT_EQ(pixels, Bytes{1});
+  EXPECT_EQ(crc, 77);
+  for (const auto& [dx, dy] : {std::pair{32767, 1}, {1, 32767}}) {
+    const gdi::OwnedBitmap bitmap(BitmapOf({dx, dy, Pixels(32767, kWhite)}));
+    EXPECT_EQ(Shown(library_.StretchBitmap(bitmap.Get(), 1, 1)).pixels, Pixels{kWhite});
+    EXPECT_EQ(library_.ConvertBitmapTo8bpp(0, bitmap.Get(), kPalette, dx, dy, pixels, crc), kImageDone);
+    EXPECT_EQ(library_.ConvertBitmapTo16bpp(bitmap.Get(), dx, dy, pixels, crc), kImageDone);
+  }
 }
 
 // Stretching.
@@ -303,16 +335,17 @@ RC_GTEST_PROP(PaletteIndices, AreThereAgainAfterBitmapAndConversion, ()) {
 
 // Room. A picture of 100 x 100 pixels takes 40000 bytes.
 
-TEST_F(Pictures, ThatThereIsNoRoomForAreRefused) {
+TEST_F(Pictures, ThatThereIsNoRoomForAreNotTakenForDamagedOnes) {
+  constexpr auto kNoRoom = "there is no room for the picture";
   const gdi::OwnedBitmap bitmap(BitmapOf({100, 100, Pixels(10000)}));
   const Bytes indices(10000), words(20000);
   Bytes pixels{1, 2, 3};
   Long crc = 77;
   for (const std::size_t limit : {9999u, 19999u, 39999u}) {
     const automation::AllocationWatch watch(limit);
-    EXPECT_EQ(library_.CreateBitmapFrom8bpp(indices, 100, 100), 0);
-    EXPECT_EQ(library_.CreateBitmapFrom16bpp(words, 100, 100), 0);
-    EXPECT_EQ(library_.StretchBitmap(bitmap.Get(), 1, 1), 0);
+    EXPECT_RAISES(7, kNoRoom, library_.CreateBitmapFrom8bpp(indices, 100, 100));
+    EXPECT_RAISES(7, kNoRoom, library_.CreateBitmapFrom16bpp(words, 100, 100));
+    EXPECT_RAISES(7, kNoRoom, library_.StretchBitmap(bitmap.Get(), 1, 1));
     for (const Long mode : {kNearestColor, kErrorDiffusion})
       EXPECT_EQ(library_.ConvertBitmapTo8bpp(mode, bitmap.Get(), kPalette, 100, 100, pixels, crc),
                 kImageRefused);
@@ -458,6 +491,51 @@ TEST_F(PictureFiles, AreReadAtTheirOwnSizeWhenNoneIsAskedFor) {
   EXPECT_EQ(picture.crc, PictureCrc(picture.data));
 }
 
+TEST_F(PictureFiles, AreConvertedOnceWhenTheirOwnSizeIsTheOneAskedFor) {
+  Write("large.bmp", {100, 100, Pixels(10000)});
+  const auto allocations = [&](Long dx) {
+    const automation::AllocationWatch watch;
+    library_.ReadPicture("large.bmp", dx, dx, 16);
+    return watch.Count();
+  };
+  EXPECT_EQ(allocations(0), allocations(100));
+  EXPECT_LT(allocations(100), allocations(99));
+}
+
+TEST_F(PictureFiles, AreReadUpToTheLongestSide) {
+  for (const auto& [dx, dy] : {std::pair{32767, 1}, {1, 32767}}) {
+    Write("long.bmp", {dx, dy, Pixels(32767)});
+    const LibraryPicture picture = library_.ReadPicture("long.bmp", 0, 0, 16);
+    EXPECT_EQ(picture.dx, dx);
+    EXPECT_EQ(picture.dy, dy);
+    EXPECT_EQ(Load("long.bmp", -1, 1, 1), kImageDone);
+  }
+  for (const auto& [dx, dy] : {std::pair{32768, 1}, {1, 32768}}) {
+    Write("long.bmp", {dx, dy, Pixels(32768)});
+    EXPECT_RAISES(481,
+                  "picture file \"long.bmp\": a picture of " + std::to_string(dx) + " x " +
+                      std::to_string(dy) + " pixels is too large: expected at most 32767 a side",
+                  library_.ReadPicture("long.bmp", 0, 0, 0));
+    EXPECT_EQ(Load("long.bmp", -1, 1, 1), kImageFileNotRead);
+  }
+}
+
+TEST_F(PictureFiles, ThatSayThatTheyAreHugeTakeNoRoom) {
+  std::string file = BmpOf({1, 1, {kRed}});
+  for (const std::size_t at : {18u, 22u}) file.replace(at, 2, "\x20\x4E");
+  WriteBytes("huge.bmp", file);
+  chooser_->Prepare("huge.bmp");
+  LibraryPicture picture;
+  const automation::AllocationWatch watch;
+  EXPECT_RAISES(481,
+                "picture file \"huge.bmp\": a picture of 20000 x 20000 pixels is too large: expected at "
+                "most 67108864",
+                library_.ReadPicture("huge.bmp", 0, 0, 0));
+  EXPECT_EQ(Load("huge.bmp", -1, 1, 1), kImageFileNotRead);
+  EXPECT_EQ(library_.SelectImageFile(picture, 1, 1), kImageFileNotRead);
+  EXPECT_LT(watch.Biggest(), 10000u);
+}
+
 TEST_F(PictureFiles, AreReadInTwoBytesAPixelForBits16AndNoOther) {
   FileImageLibrary library(nullptr);
   const LibraryPicture picture = library.ReadPicture(folder_.File("plain.bmp"), 2, 1, 16);
@@ -495,19 +573,28 @@ TEST_F(PictureFiles, ThatAreNotReadTellWhatIsWrongWithWhichFile) {
 
 TEST_F(PictureFiles, ThatThereIsNoRoomForAreNotTaken) {
   Write("large.bmp", {100, 100, Pixels(10000)});
-  chooser_->Prepare("large.bmp");
-  LibraryPicture picture{"p"};
-  const automation::AllocationWatch watch(29999);
-  EXPECT_RAISES(7, "picture file \"large.bmp\": there is no room for the picture",
-                library_.ReadPicture("large.bmp", 0, 0, 16));
-  EXPECT_EQ(Load("large.bmp", -1, 1, 1), kImageRefused);
-  EXPECT_EQ(library_.SelectImageFile(picture, 1, 1), kImageFileNotRead);
-  EXPECT_EQ(picture.path, "p");
+  // The file takes 30054 bytes, its picture 40000, twice that size 160000.
+  struct Case {
+    std::size_t limit;
+    const char* description;
+  };
+  for (const Case& none : {Case{30053, "no room for the 30054 bytes of the file"},
+                           Case{39999, "no room for a picture of 100 x 100 pixels"},
+                           Case{159999, "there is no room for the picture"}}) {
+    chooser_->Prepare("large.bmp");
+    LibraryPicture picture{"p"};
+    const automation::AllocationWatch watch(none.limit);
+    EXPECT_RAISES(7, "picture file \"large.bmp\": " + std::string(none.description),
+                  library_.ReadPicture("large.bmp", 200, 200, 16));
+    EXPECT_EQ(Load("large.bmp", -1, 200, 200), kImageRefused);
+    EXPECT_EQ(library_.SelectImageFile(picture, 200, 200), kImageRefused);
+    EXPECT_EQ(picture.path, "p");
+  }
 }
 
 TEST_F(PictureFiles, ThatAreTooLargeAreNotRead) {
   ASSERT_EQ(truncate(WriteBytes("large.bmp", "BM").c_str(), 268435457), 0);
-  EXPECT_RAISES(7, "picture file \"large.bmp\": the file has 268435457 bytes, more than are read",
+  EXPECT_RAISES(481, "picture file \"large.bmp\": the file has 268435457 bytes, more than are read",
                 library_.ReadPicture("large.bmp", 0, 0, 0));
   EXPECT_EQ(Load("large.bmp", -1, 1, 1), kImageFileNotRead);
   chooser_->Prepare("large.bmp");
@@ -576,9 +663,18 @@ class NotingChooser final : public FileChooser {
   }
 };
 
+TEST(FileImageLibrary, WithoutAChooserHasNothingChosen) {
+  LibraryPicture picture;
+  EXPECT_EQ(FileImageLibrary(nullptr).SelectImageFile(picture, 1, 1), kImageNotChosen);
+}
+
 TEST(FileImageLibrary, AsksForPictureFiles) {
   const auto chooser = std::make_shared<NotingChooser>();
   LibraryPicture picture;
+  for (const auto& [dx, dy] : {std::pair{0, 0}, {0, 1}, {1, 0}, {32768, 1}}) {
+    EXPECT_EQ(FileImageLibrary(chooser).SelectImageFile(picture, dx, dy), kImageRefused);
+    EXPECT_EQ(chooser->types, std::vector<FileType>());
+  }
   EXPECT_EQ(FileImageLibrary(chooser).SelectImageFile(picture, 1, 1), kImageNotChosen);
   EXPECT_EQ(chooser->types, PictureFileTypes());
 }
@@ -591,8 +687,9 @@ TEST_F(PictureFiles, ThatAreNotTakenLeaveThePictureAsItIs) {
   } cases[] = {{"", 1, 1, kImageNotChosen},
                {"none.bmp", 1, 1, kImageFileNotFound},
                {folder_.File("text.bmp"), 1, 1, kImageFileNotRead},
-               {folder_.File("plain.bmp"), 1, 0, kImageRefused},
-               {folder_.File("plain.bmp"), 32768, 1, kImageRefused}};
+               {"", 0, 0, kImageRefused},
+               {"", 1, 0, kImageRefused},
+               {"", 32768, 1, kImageRefused}};
   for (const auto& expected : cases) {
     if (!expected.chosen.empty()) chooser_->Prepare(expected.chosen);
     LibraryPicture picture{"p", 1, 2, 3, {4}, 5, 6, 7, {8}, 9};

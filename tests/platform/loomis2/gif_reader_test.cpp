@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/platform/automation/allocation_watch.h"
 #include "tests/support/coded_pictures.h"
 #include "tests/support/picture_samples.h"
 #include "tests/support/raises.h"
@@ -76,6 +77,13 @@ TEST(Gif, PassesOverOtherExtensions) {
   const Bytes transparent{0x21, 0xF9, 4, 1, 0, 0, 1, 0};
   file.insert(file.begin() + kFrame, transparent.begin(), transparent.end());
   EXPECT_EQ(test::Shown(ReadGif(file)), "111111 FFFFFF / 03FE04 0506FD");
+}
+
+TEST(Gif, HasNothingTransparentWhereASecondDescriptionTakesItBack) {
+  Bytes file = GifBytes(Small());
+  const Bytes descriptions{0x21, 0xF9, 4, 1, 0, 0, 1, 0, 0x21, 0xF9, 4, 0, 0, 0, 1, 0};
+  file.insert(file.begin() + kFrame, descriptions.begin(), descriptions.end());
+  EXPECT_EQ(test::Shown(ReadGif(file)), "111111 FF0102 / 03FE04 0506FD");
 }
 
 TEST(Gif, IsWhiteWhereTheFrameDoesNotReach) {
@@ -153,6 +161,7 @@ TEST(Gif, OfNoSizeIsRefused) {
 TEST(Gif, OfAHugeSizeIsRefusedBeforeMemoryIsTaken) {
   for (const std::size_t place : {std::size_t{6}, kFrame + 5}) {
     Bytes file = GifBytes(Small());
+    const automation::AllocationWatch watch;
     for (const std::size_t at : {place, place + 2}) {
       file[at] = 0x20;
       file[at + 1] = 0x4E;
@@ -164,6 +173,7 @@ TEST(Gif, OfAHugeSizeIsRefusedBeforeMemoryIsTaken) {
                   "a picture of 3872 x 3872 pixels is too large for " + std::to_string(file.size()) +
                       " bytes: expected at most 4096 pixels a byte",
                   ReadGif(file));
+    EXPECT_LT(watch.Biggest(), 1000u);
   }
 }
 
@@ -180,6 +190,12 @@ TEST(Gif, ThatEndsEarlyIsRefused) {
   const Bytes file = GifBytes(sample);
   test::ExpectNoBeginningIsAnotherPicture(file);
   test::ExpectNoBeginningIsAnotherPicture(GifBytes(Small()));
+  test::ExpectNoBeginningIsAnotherPicture(GifBytes({.width = 1,
+                                                    .height = 9,
+                                                    .colors = kColors,
+                                                    .frameHeight = 9,
+                                                    .pixels = {0, 1, 2, 3, 2, 1, 0, 1, 2},
+                                                    .isInterlaced = true}));
   EXPECT_RAISES(481, "the gif file cannot be read: Failed to read from given file",
                 ReadGif(std::span(file).first(5)));
   EXPECT_RAISES(481, "the gif file cannot be read: Failed to read from given file",

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/platform/automation/allocation_watch.h"
 #include "tests/support/coded_pictures.h"
 #include "tests/support/picture_samples.h"
 #include "tests/support/raises.h"
@@ -118,6 +119,45 @@ TEST(Icon, WithAlphaIsPutOnWhiteAndItsMaskDoesNotCount) {
                    .coding = 6,
                    .masks = {0xFF000000, 0xFF0000, 0xFF00, 0xFF}}),
             "818080");
+}
+
+TEST(Icon, HasNoAlphaInBitsOfItsColours) {
+  const Bytes pixels{0x33, 0x11, 0x22, 0x80, 0x33, 0x11, 0x22, 0, 0x40, 0, 0, 0};
+  EXPECT_EQ(Shows({.width = 2,
+                   .height = 2,
+                   .bits = 32,
+                   .pixels = pixels,
+                   .coding = 3,
+                   .masks = {0xFF000000, 0xFF0000, 0xFF00}}),
+            "802211 FFFFFF");
+  EXPECT_EQ(Shows({.width = 2,
+                   .height = 2,
+                   .bits = 32,
+                   .pixels = pixels,
+                   .coding = 3,
+                   .masks = {0xFF, 0xFF000000, 0xFF00}}),
+            "338011 FFFFFF");
+  EXPECT_EQ(Shows({.width = 2,
+                   .height = 2,
+                   .bits = 32,
+                   .pixels = pixels,
+                   .coding = 3,
+                   .masks = {0xFF, 0xFF0000, 0x01000000}}),
+            "332200 FFFFFF");
+  // The byte is free here, and the mask does not count.
+  EXPECT_EQ(Shows({.width = 2,
+                   .height = 2,
+                   .bits = 32,
+                   .pixels = pixels,
+                   .coding = 3,
+                   .masks = {0xFF, 0xFF0000, 0xFF00}}),
+            "999088 FFFFFF");
+}
+
+TEST(Icon, MayBeABlankPngOfManyPixels) {
+  const Bytes png =
+      PngBytes({.width = 4096, .height = 4096, .bits = 1, .colorType = 0, .rows = Bytes(4096 * 512, 0xFF)});
+  EXPECT_EQ(ReadIcon(IconBytes(1, {png})).pixels, std::vector<std::uint32_t>(4096 * 4096, 0xFFFFFF));
 }
 
 TEST(Icon, FromTheTopDownHasItsMaskSoToo) {
@@ -254,12 +294,14 @@ TEST(Icon, WithMoreColoursThanBytesIsRefused) {
 }
 
 TEST(Icon, OfAHugeSizeIsRefusedBeforeMemoryIsTaken) {
+  const automation::AllocationWatch watch;
   const std::string description = "a picture of 20000 x 20000 pixels is too large: expected at most 67108864";
   EXPECT_EQ(RaisedBy([] { Shows({.width = 20000, .height = 40000, .pixels = {1}}); }),
             (test::Raised{481, description}));
   EXPECT_EQ(RaisedBy([] { Shows({test::PngHeader(20000, 20000)}); }), (test::Raised{481, description}));
   EXPECT_EQ(RaisedBy([] { Shows({.width = 0, .height = 2, .pixels = {1}}); }),
             (test::Raised{481, "a picture of 0 x 1 pixels cannot be: expected at least 1 x 1"}));
+  EXPECT_LT(watch.Biggest(), 1000u);
 }
 
 TEST(Icon, WithMeasuresThatCannotBeIsRefusedWhateverElseItHolds) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/platform/automation/allocation_watch.h"
 #include "tests/support/coded_pictures.h"
 #include "tests/support/picture_samples.h"
 #include "tests/support/raises.h"
@@ -129,6 +130,55 @@ TEST(Jpeg, OfMoreScansThanAHundredIsRefused) {
   EXPECT_RAISES(481, "the jpg file cannot be read: more than 100 scans", ReadJpeg(JpegBytes(sample)));
 }
 
+/// The file of a blank picture that first tells the means and then so many coefficients, each in a scan of
+/// its own: the 63 of them, then the last bit of the first.
+Bytes InScans(const Bytes& file, int coefficients) {
+  // The tables and the scan of all coefficients, between the means and the end.
+  const auto end = file.end() - 2;
+  const Bytes tables{0xFF, 0xC4}, scan{0xFF, 0xDA};
+  const auto means = std::search(file.begin(), end, scan.begin(), scan.end());
+  const auto first = std::search(means, end, tables.begin(), tables.end());
+  Bytes one(first, end);
+  const auto place = static_cast<std::size_t>(PlaceOf(one, 0xDA) + 7);
+  Bytes all(file.begin(), first);
+  for (int i = 0; i < coefficients; ++i) {
+    one[place] = one[place + 1] = static_cast<Byte>(i % 63 + 1);
+    one[place + 2] = i < 63 ? 0x01 : 0x10;
+    all.insert(all.end(), one.begin(), one.end());
+  }
+  all.insert(all.end(), {0xFF, 0xD9});
+  return all;
+}
+
+TEST(Jpeg, OfMoreScansThanItsPixelsAllowIsRefused) {
+  // 16 Mi pixels and 64 scans are the most of both.
+  const Bytes file =
+      JpegBytes({.width = 4096, .height = 4096, .samples = Bytes(4096 * 4096, 0x80), .scans = 2});
+  EXPECT_EQ(ReadJpeg(InScans(file, 63)).pixels, std::vector<std::uint32_t>(4096 * 4096, 0x808080));
+  EXPECT_RAISES(481, "the jpg file cannot be read: more than 64 scans", ReadJpeg(InScans(file, 64)));
+}
+
+TEST(Jpeg, OfSeveralScansHasNoMorePixelsThan16Mi) {
+  Bytes file = Changed(JpegBytes({.samples = Squares({{0x11}}), .scans = 2}), 0xC2, 5, {0x10, 0x01, 0x10, 0});
+  file.resize(5000);
+  const automation::AllocationWatch watch;
+  EXPECT_RAISES(481,
+                "the jpg file cannot be read: 16781312 pixels in several scans, expected at most 16777216",
+                ReadJpeg(file));
+  EXPECT_LT(watch.Biggest(), 1000u);
+  // A plain file may have them.
+  Bytes plain = Changed(Small(), 0xC0, 5, {0x10, 0x01, 0x10, 0});
+  plain.resize(5000);
+  EXPECT_RAISES(481, "the jpg file cannot be read: Corrupt JPEG data: premature end of data segment",
+                ReadJpeg(plain));
+}
+
+TEST(Jpeg, CodedByArithmeticIsRefused) {
+  Bytes file = Small();
+  file[static_cast<std::size_t>(PlaceOf(file, 0xC0) + 1)] = 0xC9;
+  EXPECT_RAISES(481, "the jpg file cannot be read: it is coded by arithmetic", ReadJpeg(file));
+}
+
 TEST(Jpeg, StandsAsItIsHoweverTheCameraWasHeld) {
   const Bytes turned{'E',  'x', 'i', 'f', 0, 0, 'I', 'I', 42, 0, 8, 0, 0, 0, 1, 0,
                      0x12, 1,   3,   0,   1, 0, 0,   0,   6,  0, 0, 0, 0, 0, 0, 0};
@@ -173,6 +223,7 @@ TEST(Jpeg, OfColoursThatNobodyKnowsIsRefused) {
 }
 
 TEST(Jpeg, OfAHugeSizeIsRefusedBeforeMemoryIsTaken) {
+  const automation::AllocationWatch watch;
   const Bytes file = Small();
   EXPECT_RAISES(481, "a picture of 20000 x 20000 pixels is too large: expected at most 67108864",
                 ReadJpeg(Changed(file, 0xC0, 5, {0x4E, 0x20, 0x4E, 0x20})));
@@ -182,12 +233,15 @@ TEST(Jpeg, OfAHugeSizeIsRefusedBeforeMemoryIsTaken) {
                 ReadJpeg(Changed(file, 0xC0, 5, {0x17, 0x70, 0x13, 0x88})));
   EXPECT_RAISES(481, "the jpg file cannot be read: Empty JPEG image (DNL not supported)",
                 ReadJpeg(Changed(file, 0xC0, 5, {0, 0})));
+  EXPECT_LT(watch.Biggest(), 1000u);
 }
 
 TEST(Jpeg, ThatEndsEarlyIsRefused) {
   test::ExpectNoBeginningIsAnotherPicture(Small());
   test::ExpectNoBeginningIsAnotherPicture(
       JpegBytes({.width = 16, .samples = Squares({{0x11}, {0x99}}), .scans = 2}));
+  test::ExpectNoBeginningIsAnotherPicture(
+      JpegBytes({.kind = Kind::kCmyk, .width = 16, .samples = Squares({{1, 2, 3, 4}, {250, 100, 50, 9}})}));
   Bytes file = Small();
   file.resize(file.size() - 2);
   EXPECT_RAISES(481, "the jpg file cannot be read: Premature end of JPEG file", ReadJpeg(file));

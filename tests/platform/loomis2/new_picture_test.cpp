@@ -13,8 +13,8 @@ using test::DescriptionOf;
 TEST(CheckPictureSize, TakesFromOnePixelTo64Mi) {
   CheckPictureSize(1, 1);
   CheckPictureSize(8192, 8192);
-  CheckPictureSize(1, 67108864);
-  CheckPictureSize(67108864, 1);
+  CheckPictureSize(2048, 32767);
+  CheckPictureSize(32767, 2048);
 }
 
 TEST(CheckPictureSize, RefusesMeasuresBelowOne) {
@@ -25,12 +25,22 @@ TEST(CheckPictureSize, RefusesMeasuresBelowOne) {
 }
 
 TEST(CheckPictureSize, RefusesMorePixelsThan64Mi) {
-  EXPECT_RAISES(481, "a picture of 67108865 x 1 pixels is too large: expected at most 67108864",
-                CheckPictureSize(67108865, 1));
+  EXPECT_RAISES(481, "a picture of 8192 x 8193 pixels is too large: expected at most 67108864",
+                CheckPictureSize(8192, 8193));
+  EXPECT_RAISES(481, "a picture of 2049 x 32767 pixels is too large: expected at most 67108864",
+                CheckPictureSize(2049, 32767));
   EXPECT_RAISES(481, "a picture of 20000 x 20000 pixels is too large: expected at most 67108864",
                 CheckPictureSize(20000, 20000));
-  EXPECT_RAISES(481, "a picture of 2147483647 x 2147483648 pixels is too large: expected at most 67108864",
-                CheckPictureSize(2147483647, 2147483648));
+}
+
+TEST(CheckPictureSize, RefusesLongerSidesThan32767) {
+  EXPECT_RAISES(481, "a picture of 32768 x 1 pixels is too large: expected at most 32767 a side",
+                CheckPictureSize(32768, 1));
+  EXPECT_RAISES(481, "a picture of 1 x 32768 pixels is too large: expected at most 32767 a side",
+                CheckPictureSize(1, 32768));
+  EXPECT_RAISES(481,
+                "a picture of 2147483647 x 4294967296 pixels is too large: expected at most 32767 a side",
+                CheckPictureSize(2147483647, 4294967296));
 }
 
 TEST(CheckCodedPictureSize, TakesUpTo4096PixelsAByte) {
@@ -41,6 +51,13 @@ TEST(CheckCodedPictureSize, TakesUpTo4096PixelsAByte) {
   EXPECT_RAISES(481,
                 "a picture of 1 x 1 pixels is too large for 0 bytes: expected at most 4096 pixels a byte",
                 CheckCodedPictureSize(1, 1, 0));
+}
+
+TEST(CheckCodedPictureSize, TakesAsManyPixelsAByteAsItIsTold) {
+  EXPECT_EQ(kMostPngPixelsPerByte, 8256);
+  CheckCodedPictureSize(7, 3, 3, 7);
+  EXPECT_RAISES(481, "a picture of 8 x 3 pixels is too large for 3 bytes: expected at most 7 pixels a byte",
+                CheckCodedPictureSize(8, 3, 3, 7));
 }
 
 TEST(CheckCodedPictureSize, RefusesWhatCannotBeInAnyFile) {

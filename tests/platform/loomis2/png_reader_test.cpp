@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "tests/platform/automation/allocation_watch.h"
 #include "tests/support/coded_pictures.h"
 #include "tests/support/picture_samples.h"
 #include "tests/support/raises.h"
@@ -50,11 +51,22 @@ TEST(Png, ThatIsDamagedIsRefused) {
 }
 
 TEST(Png, OfAHugeSizeIsRefusedBeforeMemoryIsTaken) {
+  const automation::AllocationWatch watch;
   EXPECT_RAISES(481, "a picture of 20000 x 20000 pixels is too large: expected at most 67108864",
                 ReadPng(test::PngHeader(20000, 20000)));
   EXPECT_RAISES(
-      481, "a picture of 5000 x 6000 pixels is too large for 41 bytes: expected at most 4096 pixels a byte",
+      481, "a picture of 5000 x 6000 pixels is too large for 41 bytes: expected at most 8256 pixels a byte",
       ReadPng(test::PngHeader(5000, 6000)));
+  EXPECT_LT(watch.Biggest(), 1000u);
+  EXPECT_RAISES(481, "the png picture cannot be read: read beyond end of data",
+                ReadPng(test::PngHeader(41, 8256)));
+}
+
+TEST(Png, ThatIsBlankMayHaveVeryManyPixelsAByte) {
+  const std::vector<Byte> file = PngBytes(
+      {.width = 4096, .height = 4096, .bits = 1, .colorType = 0, .rows = std::vector<Byte>(4096 * 512)});
+  EXPECT_LT(file.size(), 4096u);
+  EXPECT_EQ(ReadPng(file).pixels, std::vector<std::uint32_t>(4096 * 4096));
 }
 
 }  // namespace

@@ -84,6 +84,14 @@ TEST(Runs, AreCutAtTheRightEdge) {
             "22.");
 }
 
+TEST(Runs, ThatNeverEndTheirRowAreReadToItsEndAndOn) {
+  std::vector<Byte> bytes;
+  for (int i = 0; i < 100000; ++i) bytes.insert(bytes.end(), {1, 7, 255, 8, 0, 4, 9, 9, 9, 9});
+  bytes.insert(bytes.end(), {0, 0, 255, 5});
+  EXPECT_EQ(Painted(bytes, 8, 1, 2), "5/7");
+  EXPECT_EQ(Painted(bytes, 8, 3, 2), "555/788");
+}
+
 TEST(Runs, SkippedPastTheRightEdgePaintNothing) {
   EXPECT_EQ(Painted({0, 2, 3, 0, 1, 9, 0, 0, 1, 2, 0, 1}, 8, 3, 2), "2../...");
 }

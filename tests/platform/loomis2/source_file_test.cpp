@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "tests/platform/automation/allocation_watch.h"
 #include "tests/support/raises.h"
 #include "tests/support/temporary_folder.h"
 
@@ -113,10 +114,20 @@ TEST_F(SourceFiles, AreClosedAgain) {
   EXPECT_EQ(before, after);
 }
 
-TEST_F(SourceFiles, LargerThanAreReadAreError7) {
+TEST_F(SourceFiles, WithoutRoomForThemAreError7) {
+  const std::string file = Write("a", std::string(1000, 'a'));
+  {
+    const automation::AllocationWatch watch(999);
+    EXPECT_RAISES(7, "no room for the 1000 bytes of the file", FileBytes(file));
+  }
+  const automation::AllocationWatch watch(1000);
+  EXPECT_EQ(FileBytes(file).size(), 1000u);
+}
+
+TEST_F(SourceFiles, LargerThanAreReadAreError481) {
   const std::string file = Write("large", "");
   ASSERT_EQ(truncate(file.c_str(), 268435457), 0);
-  EXPECT_RAISES(7, "the file has 268435457 bytes, more than are read", FileBytes(file));
+  EXPECT_RAISES(481, "the file has 268435457 bytes, more than are read", FileBytes(file));
   ASSERT_EQ(truncate(file.c_str(), 268435456), 0);
   EXPECT_EQ(FileBytes(file).size(), 268435456u);
 }
