@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 
 #include <cmath>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -202,7 +203,10 @@ std::vector<Ratio> ReductionRatios() {
   return ratios;
 }
 #else
-std::vector<Ratio> ReductionRatios() { return {}; }
+std::vector<Ratio> ReductionRatios() {
+  std::puts("ImageMagick is not there: nothing is measured against it");
+  return {};
+}
 #endif
 
 }  // namespace quenzel7::bench
