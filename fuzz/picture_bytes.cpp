@@ -3,13 +3,12 @@
 #include <algorithm>
 
 #include "platform/automation/automation_error.h"
-#include "platform/loomis2/picture_file.h"
 
 namespace quenzel7::fuzz {
 
-std::string ReadAsPicture(std::span<const std::uint8_t> bytes) {
+std::string ReadAsPicture(PictureDecoder decode, std::span<const std::uint8_t> bytes) {
   try {
-    const loomis2::Picture picture = loomis2::DecodePicture(bytes);
+    const loomis2::Picture picture = decode(bytes);
     if (picture.width < 1 || picture.height < 1) return "a picture has at least one pixel";
     const auto count = static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height);
     if (picture.pixels.size() != count) return "a picture has as many pixels as its measures say";
