@@ -70,7 +70,7 @@ std::vector<Ratio> PictureRatios();
 /// Pictures of a project: drawing one against plain copies, keeping many against prepared statements.
 std::vector<Ratio> BitmapRatios();
 /// Reducing a photograph to the colours of a panel against ImageMagick, its time and how far the colours are
-/// off. Empty where ImageMagick is not there.
+/// off. Empty, and says so, where ImageMagick is not there.
 std::vector<Ratio> ReductionRatios();
 /// Recordsets against prepared statements.
 std::vector<Ratio> AdoRatios();
