@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "platform/automation/array.h"
+#include "platform/gdi/gdi.h"
+#include "platform/gdi/owned.h"
+#include "platform/loomis2/file_image_library.h"
 #include "platform/loomis2/picture_file.h"
 #include "tests/support/coded_pictures.h"
 #include "tests/support/failing_memory.h"
@@ -30,6 +34,26 @@ TEST(OutOfMemory, IsErrorSevenForAPictureOfAnyKind) {
       DecodePicture(file);
     }());
     EXPECT_EQ(DecodePicture(file).width, 200);
+  }
+}
+
+TEST(OutOfMemory, IsErrorSevenForABitmapOfAPicture) {
+  FileImageLibrary library(nullptr);
+  library.Palette(automation::Array::OfSize(automation::VariantKind::Long, 1));
+  const gdi::OwnedBitmap source(gdi::CreateBitmap(1, 1, 1, 1, nullptr));
+  const std::vector<Byte> indices(1000), words(2000);
+  // The first room of 4000 bytes is for the picture, the second for the bitmap.
+  for (const int after : {0, 1}) {
+    const auto failsToMake = [&](auto make) {
+      EXPECT_RAISES(7, "there is no room for the picture", [&] {
+        const test::Failing failing(after, 4000);
+        make();
+      }());
+      gdi::DeleteObject(make());
+    };
+    failsToMake([&] { return library.CreateBitmapFrom8bpp(indices, 100, 10); });
+    failsToMake([&] { return library.CreateBitmapFrom16bpp(words, 100, 10); });
+    failsToMake([&] { return library.StretchBitmap(source.Get(), 100, 10); });
   }
 }
 
