@@ -96,9 +96,7 @@ clsButton::clsButton()
 
 // --- Properties ---
 
-void clsButton::hBmp(Long pValue) {
-  if (pValue != bitmap_.Get()) bitmap_.Reset(pValue);
-}
+void clsButton::hBmp(Long pValue) { TakeBitmap(bitmap_, pValue); }
 
 void clsButton::Flat3D(Long pValue) {
   TextBearingElement::Flat3D(pValue);
@@ -269,10 +267,7 @@ void clsButton::DrawButtonImage(Long hdc, const gdi::RECT& area) {
     PaintOpaquePicture(hdc, area.left, area.top, bitmap_.Get(), BitmapSizeOf(bitmap_.Get()));
     return;
   }
-  if (colorBack_ >= 0) {
-    const gdi::OwnedObject brush(gdi::CreateSolidBrush(Rgb(colorBack_)));
-    gdi::FillRect(hdc, &area, brush.Get());
-  }
+  if (colorBack_ >= 0) FillInPanelColor(hdc, area, colorBack_, ColorsToPaint());
   PaintTransparentPicture(hdc, area.left, area.top, bitmap_.Get(), image_->GetData8bpp(), image_->Bits(),
                           ColorsToPaint());
 }

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "framework/transparent_bitmap.h"
-#include "platform/gdi/owned.h"
+#include "platform/gdi/gdi.h"
 
 namespace quenzel7 {
 namespace {
@@ -17,6 +17,15 @@ gdi::COLORREF FirstPixel(gdi::HBITMAP bitmap) {
 }
 
 }  // namespace
+
+void TakeBitmap(gdi::OwnedBitmap& owned, gdi::HBITMAP bitmap) {
+  if (bitmap != owned.Get()) owned.Reset(bitmap);
+}
+
+void FillInPanelColor(Long hdc, const gdi::RECT& area, Long color, corvane1::ColorService& colors) {
+  const gdi::OwnedObject brush(gdi::CreateSolidBrush(colors.GetColor(color)));
+  gdi::FillRect(hdc, &area, brush.Get());
+}
 
 void PaintOpaquePicture(Long hdc, Long x, Long y, gdi::HBITMAP bitmap, const BitmapSize& size) {
   const gdi::OwnedContext memory(hdc);

@@ -3,10 +3,17 @@
 #include "framework/bitmap_size.h"
 #include "images/panel_pixels.h"
 #include "platform/corvane1/color_service.h"
+#include "platform/gdi/owned.h"
 #include "platform/gdi/types.h"
 
 /// How elements paint a picture of the project.
 namespace quenzel7 {
+
+/// Gives an element a bitmap, which it then owns; the one it had is deleted unless it is the same.
+void TakeBitmap(gdi::OwnedBitmap& owned, gdi::HBITMAP bitmap);
+
+/// Fills an area in a colour of the panel.
+void FillInPanelColor(Long hdc, const gdi::RECT& area, Long color, corvane1::ColorService& colors);
 
 /// Paints the bitmap, which is of that size, at a point in panel pixels.
 void PaintOpaquePicture(Long hdc, Long x, Long y, gdi::HBITMAP bitmap, const BitmapSize& size);

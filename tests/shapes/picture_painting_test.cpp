@@ -18,6 +18,30 @@ gdi::HBITMAP RowOf(const std::vector<std::uint32_t>& pixels) {
   return gdi::CreateBitmap(static_cast<Long>(pixels.size()), 1, 1, 32, pixels.data());
 }
 
+TEST(PicturePainting, ABitmapThatIsGivenReplacesTheOneBefore) {
+  const std::size_t before = gdi::LiveObjects();
+  const gdi::HBITMAP bitmap = RowOf({1, 2});
+  gdi::OwnedBitmap owned(RowOf({3}));
+  TakeBitmap(owned, bitmap);
+  EXPECT_EQ(gdi::LiveObjects(), before + 1);
+  // The same one stays alive.
+  TakeBitmap(owned, bitmap);
+  EXPECT_EQ(owned.Get(), bitmap);
+  EXPECT_EQ(gdi::LiveObjects(), before + 1);
+  TakeBitmap(owned, 0);
+  EXPECT_EQ(gdi::LiveObjects(), before);
+}
+
+TEST(PicturePainting, AnAreaIsFilledInAColorOfThePanel) {
+  test::TracedColors colors;
+  EXPECT_EQ(test::CallsOfPainting([&](Long dc) {
+              FillInPanelColor(dc, {3, -2, 8, 9}, 200, colors);
+            }),
+            (Calls{"CreateSolidBrush(0x0a00c8) -> brush:1", "FillRect(dc:1, {3, -2, 8, 9}, brush:1)",
+                   "DeleteObject(brush:1)"}));
+  EXPECT_EQ(colors.asked, std::vector<Long>{200});
+}
+
 TEST(PicturePainting, OpaqueTakesFiveCalls) {
   const gdi::OwnedBitmap bitmap(gdi::CreateBitmap(5, 7, 1, 32, nullptr));
   EXPECT_EQ(test::CallsOfPainting([&](Long dc) {
