@@ -98,9 +98,7 @@ void clsBitmap::ItfHmiElement_Dy(Long pValue) {
   boundBottom_ = Add(Initial().ys, pValue);
 }
 
-void clsBitmap::ItfHmiElement_hBmp(Long pValue) {
-  if (pValue != bitmap_.Get()) bitmap_.Reset(pValue);
-}
+void clsBitmap::ItfHmiElement_hBmp(Long pValue) { TakeBitmap(bitmap_, pValue); }
 
 Long clsBitmap::ItfHmiElement_ColorBackTouch() const {
   // Required: reading gives 0 and moves the colour behind the picture. Only saving sees the field.
@@ -116,6 +114,7 @@ void clsBitmap::ItfHmiElement_TransparencyLevel(Long pValue) {
 void clsBitmap::ImageCRC(Long pValue) {
   imageCrc_ = pValue;
   if (pValue == kPaintedImage) return;
+  DropOldBitmap();
   GetImageRecord(pValue, data_, imageDx_, imageDy_);
   bits_ = GetImageBitsByCRC(pValue);
 }
@@ -144,6 +143,17 @@ void clsBitmap::ItfImage_SetImageProps(const ImageProps& props) {
   transparencyLevel_ = props.transparencyLevel;
   imagePath_ = props.imagePath;
   if (props.bits) bits_ = *props.bits;
+  DropOldBitmap();
+}
+
+void clsBitmap::ItfImage_SetImageData8bpp(PixelBytes pRHS) {
+  data_ = std::move(pRHS);
+  DropOldBitmap();
+}
+
+void clsBitmap::DropOldBitmap() {
+  // Whoever paints a bitmap gives it before or after the CRC that says so.
+  if (imageCrc_ != kPaintedImage) bitmap_.Reset(0);
 }
 
 ImageProps clsBitmap::OwnImageProps() const {
@@ -237,7 +247,7 @@ void clsBitmap::AskForAnotherFile(Long message, Long dx, Long dy) {
 template <class Change>
 void clsBitmap::ChangeMonoBits(Change change) {
   Long w = dxOrg_, h = dyOrg_;
-  if (w < 1 || h < 1) return;
+  if (w < 1 || h < 1 || bitmap_.Get() == 0) return;
   const Long size = WordAlignedSize(w, h);
   PixelBytes bits = NewPictureBytes(static_cast<std::size_t>(size), w, h);
   gdi::GetBitmapBits(bitmap_.Get(), size, bits.data());
@@ -304,9 +314,13 @@ bool clsBitmap::RenewBitmap() {
   if (imageCrc_ == kPaintedImage) return true;
   bitmap_.Reset(0);
   if (imageCrc_ == kNoImage) {
+    if (imageDx_ < 1 || imageDy_ < 1) return false;
     bitmap_.Reset(NewWhiteMonoBitmap(imageDx_, imageDy_));
   } else if (!data_.empty()) {
-    bitmap_.Reset(BitmapOfPixels(data_, Displayed().dx, Displayed().dy, bits_));
+    const auto& [x, y, dx, dy] = Displayed();
+    bitmap_.Reset(BitmapOfPixels(data_, dx, dy, bits_));
+    // A host that refuses a stretch shows the element at its old size, with a picture of the new one.
+    if (bitmap_.Get() == 0) bitmap_.Reset(BitmapOfPixels(data_, imageDx_, imageDy_, bits_));
   }
   if (bitmap_.Get() != 0) return true;
   ReportCorruptedImage(imagePath_, id_);
@@ -325,8 +339,7 @@ void clsBitmap::ItfHmiElement_Draw(Long pHdc, bool pDrawBoundingRect) {
   } else {
     if (colorBack_ >= 0) {
       const gdi::RECT place{x, y, Add(x, displayed.dx), Add(y, displayed.dy)};
-      const gdi::OwnedObject brush(gdi::CreateSolidBrush(colorService_->GetColor(colorBack_)));
-      gdi::FillRect(pHdc, &place, brush.Get());
+      FillInPanelColor(pHdc, place, colorBack_, *colorService_);
     }
     if (imageCrc_ != kNoImage) {
       PaintTransparentPicture(pHdc, x, y, bitmap_.Get(), data_, bits_, *colorService_);
@@ -340,7 +353,8 @@ void clsBitmap::ItfHmiElement_Draw(Long pHdc, bool pDrawBoundingRect) {
 
 void clsBitmap::ItfHmiElement_DrawToPrinter(Long pHdc, const std::string&) {
   // Hosts print pages that they never showed.
-  if (bitmap_.Get() == 0 && !data_.empty()) bitmap_.Reset(BitmapOfPixels(data_, imageDx_, imageDy_, bits_));
+  const bool hasPixels = imageCrc_ != kNoImage && imageCrc_ != kPaintedImage && !data_.empty();
+  if (bitmap_.Get() == 0 && hasPixels) bitmap_.Reset(BitmapOfPixels(data_, imageDx_, imageDy_, bits_));
   const BitmapSize size = BitmapSizeOf(bitmap_.Get());
   const gdi::OwnedContext source(pHdc), copy(pHdc);
   const gdi::Selection picture(source.Get(), bitmap_.Get());

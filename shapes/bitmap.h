@@ -47,9 +47,10 @@ struct BitmapElementMembers {
           QUENZEL7_BITMAP_PROPERTY(
               Long, ImageCRC,
               "CRC key of the picture; -1 none. Writing takes the pixels of that picture "
-              "from the project."),
+              "from the project; where it has none, the old ones stay."),
           QUENZEL7_BITMAP_PROPERTY(Long, TransparencyLevel,
-                                   "0 opaque, otherwise transparent. Writing is saved at once."),
+                                   "0 opaque, otherwise transparent. Writing is saved at once, for all "
+                                   "pictures of the element; none is saved before the element has a row."),
           QUENZEL7_BITMAP_PROPERTY(Long, ImageIndexInVar, "Place of the picture in its owner."),
           QUENZEL7_BITMAP_PROPERTY(Long, Bits, "16 when a pixel takes two bytes."),
           automation::Property<std::shared_ptr<Element>>("ReplicaForDraw",
@@ -57,7 +58,8 @@ struct BitmapElementMembers {
                                                          AUTOMATION_GETTER(Element, ReplicaForDraw), nullptr),
           automation::Method<Element, &Element::ResizeImageEx>(
               "ResizeImageEx",
-              "Makes the picture anew at another size; True when there was something to do."),
+              "Makes the picture anew at another size; True when there was something to do, also when "
+              "nothing could be made."),
           automation::Method<Element, &Element::ResizeImage>(
               "ResizeImage", "Tells that it is no longer in use; always False."),
           automation::Method<Element, &ItfHmiElement::InvertColors>("InvertColors",
@@ -81,8 +83,13 @@ class BitmapBase : public PositionedElement, public ItfImage {};
 
 /// A picture of the project's store. Variables that show a picture, and graphs, hold one to paint with.
 ///
-/// It holds the panel pixels, and a device bitmap made of them anew for each drawing. A picture that was
-/// painted by somebody else (CRC 0x3F3F3F3F) has a bitmap alone, given by `hBmp`.
+/// It holds the panel pixels, and a device bitmap made of them anew for each drawing: at the size at which
+/// the element is shown, or at the picture's own when the pixels are none of that size. Pixels that give no
+/// bitmap either way are reported as damaged, and the element is removed from the project. Without a picture
+/// (CRC -1) it is white, or nothing below a size of 1 x 1. A picture that was painted by somebody else (CRC
+/// 0x3F3F3F3F) has a bitmap alone, given by `hBmp`, before or after its CRC. Other pixels or another CRC drop
+/// the bitmap of the earlier picture, so that paper shows the new one too. `InvertColors` and `Rotate` change
+/// the bitmap alone, and do nothing without one.
 class clsBitmap final : public ElementClass<clsBitmap, BitmapBase, kBitmapElement, BitmapElementMembers> {
  public:
   /// The name under which hosts create it.
@@ -106,7 +113,8 @@ class clsBitmap final : public ElementClass<clsBitmap, BitmapBase, kBitmapElemen
   void StretchImage(bool pValue) { stretchImage_ = pValue; }
 
   /// CRC key of the picture. Writing takes pixels, their size and bits from the project; where it has no such
-  /// picture in use, pixels and size stay. Errors of the project and its database.
+  /// picture in use, pixels and size stay. The device bitmap goes unless the CRC is 0x3F3F3F3F. Errors of the
+  /// project and its database.
   Long ImageCRC() const { return imageCrc_; }
   void ImageCRC(Long pValue);
 
@@ -119,7 +127,8 @@ class clsBitmap final : public ElementClass<clsBitmap, BitmapBase, kBitmapElemen
   std::shared_ptr<clsBitmap> ReplicaForDraw() const;
 
   /// Makes the picture anew at another size, in panel pixels: from its file, or from its original pixels when
-  /// the file cannot be read; then the user is asked for another file. True when there was something to do.
+  /// the file cannot be read; then the user is asked for another file. True when there was something to do,
+  /// also when nothing could be made.
   /// The old size does not count. Tells the host of the change in either case if the element has a row. Error
   /// 91 without an image library.
   bool ResizeImageEx(Long pOldDx, Long pOldDy, Long pNewDx, Long pNewDy);
@@ -140,7 +149,10 @@ class clsBitmap final : public ElementClass<clsBitmap, BitmapBase, kBitmapElemen
     PixelBytes data = {};
   };
 
+  /// Makes the bitmap anew for a drawing; false when there is nothing to paint.
   bool RenewBitmap();
+  /// Forgets the bitmap of a picture that was replaced, unless somebody else paints it.
+  void DropOldBitmap();
   void RemakePicture(Long mode, Long dx, Long dy);
   void AskForAnotherFile(Long message, Long dx, Long dy);
   void TakePicture(NewPicture picture, Long dx, Long dy);
@@ -198,7 +210,7 @@ class clsBitmap final : public ElementClass<clsBitmap, BitmapBase, kBitmapElemen
   Long ItfImage_ImageIndexInVar() const override { return imageIndexInVar_; }
   void ItfImage_ImageIndexInVar(Long pValue) override { imageIndexInVar_ = pValue; }
   PixelBytes ItfImage_GetImageData8bpp() const override { return data_; }
-  void ItfImage_SetImageData8bpp(PixelBytes pRHS) override { data_ = std::move(pRHS); }
+  void ItfImage_SetImageData8bpp(PixelBytes pRHS) override;
   Long ItfImage_TransparencyLevel() const override { return transparencyLevel_; }
   void ItfImage_TransparencyLevel(Long pValue) override { transparencyLevel_ = pValue; }
   std::string ItfImage_ImagePath() const override { return imagePath_; }

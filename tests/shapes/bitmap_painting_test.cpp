@@ -2,9 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
+#include <functional>
 
 #include "framework/bitmap_size.h"
 #include "images/image_queries.h"
+#include "platform/automation/call_by_name.h"
 #include "platform/gdi/selected.h"
 #include "shapes/bitmap.h"
 #include "tests/platform/gdi/picture.h"
@@ -19,6 +23,7 @@ namespace {
 using gdi::COLORREF;
 using gdi::Surface;
 using test::CallLog;
+using test::DescriptorOf;
 using test::ErrorOf;
 using test::PanelColor;
 using test::PictureSample;
@@ -163,12 +168,31 @@ TEST_F(PaintedBitmap, TransparentTakesTheseSteps) {
   bitmap->ColorBack(7);
   const Calls steps = Steps(CallsOf(*bitmap));
   ASSERT_EQ(steps.size(), 6u);
-  EXPECT_TRUE(steps[0].starts_with("CreateSolidBrush(0x")) << steps[0];
+  char brush[40];
+  std::snprintf(brush, sizeof brush, "CreateSolidBrush(0x%06x) -> brush:1",
+                static_cast<unsigned>(PanelColor(7)));
+  EXPECT_EQ(steps[0], brush);
   EXPECT_EQ(steps[1], "FillRect(dc:1, {10, 20, 13, 22}, brush:1)");
   EXPECT_TRUE(steps[2].starts_with("SetBkColor(")) << steps[2];
   EXPECT_TRUE(steps[3].starts_with("SetBkColor(")) << steps[3];
   EXPECT_TRUE(steps[4].ends_with(", dc:1, 10, 20, 0xcc0020)")) << steps[4];
   EXPECT_TRUE(steps[5].starts_with("BitBlt(dc:1, 10, 20, 3, 2, ")) << steps[5];
+}
+
+TEST_F(PaintedBitmap, ItsBitmapIsMeasuredOnceBeforeItIsPaintedEitherWay) {
+  LibraryState::Current().ImageLibrary = std::make_shared<test::LoggingImageLibrary>(Recorder());
+  for (const auto& bitmap : {WithPicture(), Transparent()}) {
+    bitmap->ColorBack(7);
+    Calls calls = CallsOf(*bitmap);
+    const auto painted = std::find_if(calls.begin(), calls.end(), [](const std::string& call) {
+      return call.starts_with("CreateCompatibleDC") || call.starts_with("CreateSolidBrush");
+    });
+    calls.erase(painted, calls.end());
+    EXPECT_EQ(std::count_if(calls.begin(), calls.end(),
+                            [](const std::string& call) { return call.starts_with("GetObjectA("); }),
+              1);
+    EXPECT_TRUE(calls.back().ends_with(", 24)")) << calls.back();
+  }
 }
 
 TEST_F(PaintedBitmap, TheColorBehindShowsThroughFrom0On) {
@@ -231,6 +255,34 @@ TEST_F(PaintedBitmap, WithoutAPictureIsWhiteWhenOpaque) {
   EXPECT_EQ(size.bits, 1);
   const Calls calls = CallsOf(*bitmap);
   EXPECT_NE(std::find(calls.begin(), calls.end(), "PatBlt(dc:1, 0, 0, 3, 2, 0xff0062)"), calls.end());
+}
+
+TEST_F(PaintedBitmap, WithoutAPictureAndASizeIsNothingAndNotDamaged) {
+  for (const auto& [dx, dy] : {std::pair{0, 0}, {0, 2}, {3, 0}, {-1, 2}, {3, -1}, {1, 1}}) {
+    PictureSample sample;
+    sample.crc = -1;
+    sample.dx = dx;
+    sample.dy = dy;
+    for (const Long level : {0, 1}) {
+      sample.transparency = level;
+      const auto bitmap = WithPicture(sample);
+      bitmap->Dx(9);
+      bitmap->Dy(9);
+      bitmap->SaveToDB();
+      bitmap->ColorBack(7);
+      // What it had of an earlier picture goes all the same.
+      bitmap->hBmp(gdi::CreateBitmap(5, 5, 1, 1, nullptr));
+      Errors().Clear();
+      TakeLog();
+      const bool isThere = dx == 1;
+      const auto colors = Painted(*bitmap, 10, 20, 9, 9, true);
+      EXPECT_EQ(std::count(colors.begin(), colors.end(), kGround) < 81, isThere) << dx << ' ' << dy;
+      EXPECT_EQ(bitmap->hBmp() != 0, isThere) << dx << ' ' << dy;
+      EXPECT_TRUE(TakeLog().empty());
+      EXPECT_TRUE(Errors().Reports().empty());
+      EXPECT_EQ(Frame().Interruptions(), 0);
+    }
+  }
 }
 
 TEST_F(PaintedBitmap, WithoutAPictureIsTheColorBehindWhenTransparent) {
@@ -363,6 +415,42 @@ TEST_F(PaintedBitmap, OfDamagedPixelsGoesFromTheProjectAndNothingElseDoes) {
   }
 }
 
+/// A host that refuses a stretch shows the element at its old size, while its picture has the new one.
+TEST_F(PaintedBitmap, OfARefusedStretchIsPaintedInTheSizeOfItsPicture) {
+  for (PictureSample sample : {PictureSample(), test::TwoByteSample()}) {
+    for (const Long level : {0, 1}) {
+      sample.transparency = level;
+      sample.path.clear();
+      const auto bitmap = WithPicture(sample);
+      bitmap->SaveToDB();
+      const auto elements = Elements(), links = Links();
+      bitmap->UpdateBoundingRectangle(4, 3, ePD_DownRight);
+      bitmap->Stretch(4, 3, ePD_DownRight);
+      bitmap->UpdateDisplayWithLastLegal();
+      ASSERT_EQ(DescriptorOf(*bitmap, 4), (Descriptor{10, 20, 3, 2}));
+      const auto colors = Painted(*bitmap, 10, 20, 7, 5);
+      EXPECT_EQ(colors.front() == kGround, level == 1);
+      EXPECT_NE(colors.back(), kGround);
+      EXPECT_EQ(BitmapSizeOf(bitmap->hBmp()).w, 7);
+      EXPECT_EQ(BitmapSizeOf(bitmap->hBmp()).h, 5);
+      EXPECT_EQ(Elements(), elements);
+      EXPECT_EQ(Links(), links);
+      EXPECT_TRUE(Errors().Reports().empty());
+      EXPECT_EQ(Frame().Interruptions(), 0);
+      bitmap->DeleteFromDB();
+    }
+  }
+}
+
+TEST_F(PaintedBitmap, OfTheSizeThatIsShownIsNotMadeInThatOfItsPicture) {
+  // Rows of three pixels and of four take as many bytes.
+  const auto bitmap = WithPicture();
+  bitmap->Dx(4);
+  bitmap->Dy(2);
+  Painted(*bitmap, 10, 20, 4, 2);
+  EXPECT_EQ(BitmapSizeOf(bitmap->hBmp()).w, 4);
+}
+
 TEST_F(PaintedBitmap, OfDamagedPixelsShowsNoSelectionRectangle) {
   const auto bitmap = WithPicture();
   bitmap->SaveToDB();
@@ -417,6 +505,22 @@ TEST_F(PaintedBitmap, FillsItsPlaceOnPaperInTheStretchModeOfThePanel) {
   for (const std::string& call : plain) EXPECT_FALSE(call.starts_with("SetStretchBltMode")) << call;
 }
 
+TEST_F(PaintedBitmap, FillsOnPaperTheSizeThatIsShown) {
+  const auto bitmap = WithPicture();
+  bitmap->Dx(6);
+  bitmap->Dy(8);
+  bitmap->Stretch(3, 5, ePD_UpLeft);
+  bitmap->UpdateDisplayWithTransx();
+  bitmap->Stretch(1, 1, ePD_DownRight);
+  bitmap->hBmp(gdi::CreateBitmap(3, 2, 1, 1, nullptr));
+  const Calls calls = test::CallsOfPainting([&](Long dc) { bitmap->DrawToPrinter(dc, ""); });
+  // No colour behind is written as it stands, too.
+  for (const char* call :
+       {"SetBkColor(dc:3, 0xffffffff)", "StretchBlt(dc:1, 13, 25, 3, 3, dc:3, 0, 0, 3, 2, 0xcc0020)"}) {
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), call), 1) << call;
+  }
+}
+
 TEST_F(PaintedBitmap, OfOneBitTakesTheColorBehindAndThatOfThePenOnPaper) {
   clsBitmap bitmap;
   bitmap.Xs(4);
@@ -455,6 +559,71 @@ TEST_F(PaintedBitmap, ThatWasNeverShownIsMadeForPaper) {
   bitmap->DrawToPrinter(paper.Dc(), "");
   EXPECT_EQ(paper.At(10, 20), 0xFF0000u);
   EXPECT_EQ(paper.At(15, 23), 0xFF0000u);
+}
+
+TEST_F(PaintedBitmap, WithoutAPictureOrPaintedByOthersIsNotMadeForPaper) {
+  for (const Long crc : {-1, 0x3F3F3F3F, -2, 0x3F3F3F3E}) {
+    const bool isMade = crc != -1 && crc != 0x3F3F3F3F;
+    PictureSample sample;
+    sample.crc = crc;
+    const auto bitmap = WithPicture(sample);
+    const Surface paper(60, 60);
+    bitmap->DrawToPrinter(paper.Dc(), "");
+    EXPECT_EQ(bitmap->hBmp() != 0, isMade) << crc;
+    EXPECT_EQ(paper.At(12, 20), isMade ? PanelColor(3) : 0u) << crc;
+  }
+}
+
+TEST_F(PaintedBitmap, ShowsItsNewPictureOnPaper) {
+  PictureSample other;
+  other.crc = 501;
+  other.data[0] = 5;
+  AddBitmapImageToProject(other.ToSave(), 70, 0, 0);
+  const std::function<void(clsBitmap&)> kWays[] = {
+      [&](clsBitmap& bitmap) { test::Give(bitmap, other); },
+      [&](clsBitmap& bitmap) {
+        static_cast<ItfImage&>(bitmap).SetImage8bppProps(0, 0, 0, other.dataOrg, 501, 3, 2, other.data, 0, 0,
+                                                         "");
+      },
+      [&](clsBitmap& bitmap) { static_cast<ItfImage&>(bitmap).SetImageData8bpp(other.data); },
+      [&](clsBitmap& bitmap) { bitmap.ImageCRC(501); },
+      [&](clsBitmap& bitmap) { bitmap.hBmpCRC(501); },
+  };
+  for (const auto& give : kWays) {
+    const auto bitmap = WithPicture();
+    const std::size_t before = gdi::LiveObjects();
+    EXPECT_EQ(Painted(*bitmap, 10, 20, 3, 2).front(), PanelColor(0));
+    EXPECT_EQ(gdi::LiveObjects(), before + 1);
+    give(*bitmap);
+    EXPECT_EQ(bitmap->hBmp(), 0);
+    EXPECT_EQ(gdi::LiveObjects(), before);
+    const Surface paper(60, 60);
+    bitmap->DrawToPrinter(paper.Dc(), "");
+    EXPECT_EQ(paper.At(10, 20), PanelColor(5));
+  }
+}
+
+/// Graphs paint a bitmap and give it with its CRC, in either order.
+TEST_F(PaintedBitmap, PaintedByOthersKeepsTheBitmapThatCameWithItsCrc) {
+  PictureSample painted;
+  painted.crc = 0x3F3F3F3F;
+  const std::function<void(clsBitmap&)> kWays[] = {
+      [&](clsBitmap& bitmap) { test::Give(bitmap, painted); },
+      [](clsBitmap& bitmap) { bitmap.ImageCRC(0x3F3F3F3F); },
+      [](clsBitmap& bitmap) { bitmap.hBmpCRC(0x3F3F3F3F); },
+      [](clsBitmap& bitmap) {
+        bitmap.ImageCRC(0x3F3F3F3F);
+        static_cast<ItfImage&>(bitmap).SetImageData8bpp({1});
+      },
+  };
+  for (const auto& give : kWays) {
+    const auto bitmap = WithPicture();
+    const Long made = gdi::CreateBitmap(1, 1, 1, 32, nullptr);
+    bitmap->hBmp(made);
+    give(*bitmap);
+    EXPECT_EQ(bitmap->hBmp(), made);
+    EXPECT_EQ(BitmapSizeOf(made).w, 1);
+  }
 }
 
 TEST_F(PaintedBitmap, WithoutPixelsAndBitmapIsNothingOnPaper) {
@@ -564,13 +733,61 @@ TEST_F(PaintedBitmap, DeletesItsBitmapBeforeItMakesTheNext) {
   EXPECT_EQ(calls.front(), "DeleteObject(bitmap:1)");
 }
 
+TEST_F(PaintedBitmap, WithoutABitmapIsNeitherInvertedNorTurned) {
+  const auto bitmap = WithPicture();
+  const std::size_t before = gdi::LiveObjects();
+  gdi::Recorder recorder;
+  bitmap->InvertColors();
+  bitmap->Rotate();
+  EXPECT_TRUE(recorder.Take().empty());
+  EXPECT_EQ(bitmap->hBmp(), 0);
+  EXPECT_EQ(gdi::LiveObjects(), before);
+}
+
+TEST_F(PaintedBitmap, IsInvertedAndTurnedByNameToo) {
+  const automation::Interface* const kFaces[] = {&clsBitmap::ClassOf().Default(),
+                                                 &ItfHmiElement::InterfaceOf()};
+  for (const automation::Interface* face : kFaces) {
+    const auto bitmap = OfBits(2, 1, {0x80, 0});
+    automation::InvokeByName(*bitmap, *face, "InvertColors");
+    EXPECT_EQ(BitsOf(*bitmap).at(0) & 0xC0, 0x40);
+    automation::InvokeByName(*bitmap, *face, "Rotate");
+    EXPECT_EQ(BitmapSizeOf(bitmap->hBmp()).h, 2);
+    EXPECT_EQ(BitsOf(*bitmap).at(2) & 0x80, 0x80);
+  }
+}
+
+TEST_F(PaintedBitmap, InvertingAndTurningTwiceLeaveItsOwnSizeAndPixels) {
+  const auto bitmap = OfBits(9, 2, {0x80, 0x80, 0x0F, 0x80});
+  gdi::Recorder recorder;
+  for (Long time = 0; time < 2; ++time) {
+    bitmap->InvertColors();
+    bitmap->Rotate();
+    Descriptor natural;
+    bitmap->GetOptimalDimensions(natural.xs, natural.ys, natural.dx, natural.dy);
+    EXPECT_EQ(natural, (Descriptor{0, 0, 9, 2}));
+    const ItfImage& image = *bitmap;
+    EXPECT_EQ(image.GetImageData8bpp(), PictureSample().data);
+    EXPECT_EQ(image.Dx(), 3);
+    EXPECT_EQ(image.Dy(), 2);
+    EXPECT_EQ(bitmap->ImageCRC(), 401);
+    // The bits are read in the picture's own size again, which is not that of the turned bitmap.
+    EXPECT_EQ(BitmapSizeOf(bitmap->hBmp()).w, 2);
+    EXPECT_EQ(BitmapSizeOf(bitmap->hBmp()).h, 9);
+    const Calls calls = recorder.Take();
+    EXPECT_TRUE(calls.front().starts_with("GetBitmapBits(") && calls.front().ends_with(", 4)"))
+        << calls.front();
+  }
+}
+
 TEST_F(PaintedBitmap, WithoutASizeOfItsOwnIsNeitherInvertedNorTurned) {
   for (const auto& [w, h] : {std::pair{0, 2}, {2, 0}, {0, 0}, {-1, 2}, {2, -1}}) {
-    const auto bitmap = OfBits(1, 1, {0x80, 0});
+    const auto bitmap = std::make_shared<clsBitmap>();
     PictureSample sample;
     sample.dxOrg = w;
     sample.dyOrg = h;
     test::Give(*bitmap, sample);
+    bitmap->hBmp(gdi::CreateBitmap(1, 1, 1, 1, std::array<Byte, 2>{0x80, 0}.data()));
     const Long before = bitmap->hBmp();
     bitmap->InvertColors();
     bitmap->Rotate();

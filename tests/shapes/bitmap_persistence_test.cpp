@@ -117,7 +117,7 @@ const CallLog kPictureColumns = {
     "put Dy=2:Long",
     "put Data8bpp=Array",
     "put LibCRC=402:Long",
-    "put DxORG=2:Long",
+    "put DxORG=6:Long",
     "put DyORG=1:Long",
     "put Data8bppORG=Array",
     "put ImagePath=pumps\\one.bmp:String",
@@ -161,7 +161,7 @@ TEST_F(SavedBitmap, ANewRowIsMadeInThisOrder) {
                          {"element 5", "page 7"}}));
   EXPECT_EQ(bitmap->ID(), 5);
   EXPECT_EQ(bitmap->OrderIndex(), 1);
-  EXPECT_EQ(Pictures(), std::vector<std::string>{"1 401 402 3 2 2 1 pumps\\one.bmp 3 8"});
+  EXPECT_EQ(Pictures(), std::vector<std::string>{"1 401 402 3 2 6 1 pumps\\one.bmp 3 8"});
   EXPECT_EQ(Links(), std::vector<std::string>{"5 0 4 401"});
   EXPECT_EQ(PixelsIn("Data8bpp"), DistinctPicture().data);
   EXPECT_EQ(PixelsIn("Data8bppORG"), DistinctPicture().dataOrg);
@@ -236,6 +236,8 @@ TEST_F(SavedBitmap, BothFacesOfSaveToDBSave) {
 
 TEST_F(SavedBitmap, OfPixelsOfTheWrongLengthIsRepairedAndLogged) {
   PictureSample sample = DistinctPicture();
+  sample.dxOrg = 2;
+  sample.dataOrg = {3, 5};
   for (const PixelBytes& pixels : {PixelBytes{}, PixelBytes{1, 2, 3, 4, 5, 6, 7}, PixelBytes(9)}) {
     Errors().Clear();
     sample.data = pixels;
@@ -320,7 +322,7 @@ TEST_F(SavedBitmap, ComesBackFromAReopenedProject) {
     EXPECT_EQ(loaded->TransparencyLevel(), 4);
     Descriptor natural;
     loaded->GetOptimalDimensions(natural.xs, natural.ys, natural.dx, natural.dy);
-    EXPECT_EQ(natural, (Descriptor{12, 13, 2, 1}));
+    EXPECT_EQ(natural, (Descriptor{12, 13, 6, 1}));
     for (Long location = 1; location <= 4; ++location) {
       EXPECT_EQ(DescriptorOf(*loaded, location), (Descriptor{12, 13, 14, 15})) << location;
     }
@@ -460,7 +462,7 @@ TEST_F(SavedBitmap, TwoShareOnePictureUntilTheLastGoes) {
   second->SaveToDB();
   EXPECT_EQ(Pictures().size(), 1u);
   first->DeleteFromDB();
-  EXPECT_EQ(Pictures(), std::vector<std::string>{"1 401 402 3 2 2 1 pumps\\one.bmp 3 8"});
+  EXPECT_EQ(Pictures(), std::vector<std::string>{"1 401 402 3 2 6 1 pumps\\one.bmp 3 8"});
   EXPECT_EQ(Links(), std::vector<std::string>{"6 0 4 401"});
   second->DeleteFromDB();
   EXPECT_TRUE(Pictures().empty());
@@ -477,7 +479,7 @@ TEST_F(SavedBitmap, AnUndoneDeletionBringsOperandsRowAndPictureBack) {
   EXPECT_EQ(Elements(), std::vector<std::string>{"6"});
   EXPECT_EQ(Links(), std::vector<std::string>{"6 0 4 401"});
   // The database gives no number twice.
-  EXPECT_EQ(Pictures(), std::vector<std::string>{"2 401 402 3 2 2 1 pumps\\one.bmp 3 8"});
+  EXPECT_EQ(Pictures(), std::vector<std::string>{"2 401 402 3 2 6 1 pumps\\one.bmp 3 8"});
   const auto rows = OperandRows();
   ASSERT_EQ(rows.size(), 2u);
   EXPECT_EQ(rows[0].substr(0, 2), "6 ");
@@ -585,7 +587,7 @@ class SystemPicture : public SavedBitmap {
 const CallLog kWriteSystem = {"put CRC=501:Long",
                               "put Dx=29:Long",
                               "put Dy=21:Long",
-                              "put DxORG=2:Long",
+                              "put DxORG=6:Long",
                               "put DyORG=1:Long",
                               "put Data8bpp=Array",
                               "put LibCRC=402:Long",
@@ -605,7 +607,7 @@ TEST_F(SystemPicture, IsAddedUnderItsNumberInThisOrder) {
                     kWriteSystem}));
   EXPECT_EQ(SystemPictures(), std::vector<std::string>{"1 501 29 21 1"});
   EXPECT_EQ(PixelsIn("Data8bpp", 501), (PixelBytes{8, 9}));
-  EXPECT_EQ(PixelsIn("Data8bppORG", 501), (PixelBytes{3, 5}));
+  EXPECT_EQ(PixelsIn("Data8bppORG", 501), test::PictureSample().dataOrg);
   EXPECT_EQ(Frame().Pointers(), (std::deque<Long>{11, 0}));
 }
 

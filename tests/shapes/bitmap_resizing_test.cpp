@@ -60,7 +60,8 @@ class ResizedBitmap : public test::PictureTest<clsBitmap> {
 };
 
 const CallLog kBegin = {"mode pumps\\one.bmp", "pointer 11", "load pumps\\one.bmp 402 30x20"};
-const CallLog kFromOriginal = {"from8 [3 5] as 2x1", "stretch 2x1 to 30x20", "to8 by 7 30x20 as 30x20"};
+const CallLog kFromOriginal = {"from8 [3 5 4 2 6 7] as 6x1", "stretch 6x1 to 30x20",
+                               "to8 by 7 30x20 as 30x20"};
 const CallLog kEnd = {"pointer 0", "element 6"};
 
 TEST_F(ResizedBitmap, IsReadFromItsFileAgain) {
@@ -68,7 +69,7 @@ TEST_F(ResizedBitmap, IsReadFromItsFileAgain) {
   const std::size_t before = gdi::LiveObjects();
   EXPECT_EQ(LogOfResizing(*bitmap),
             test::Joined({kBegin, {"to8 by 7 30x20 as 30x20", "from8 [8 9] as 30x20"}, kEnd}));
-  EXPECT_EQ(PictureOf(*bitmap), "pumps\\one.bmp 402 2x1 501 30x20 [8 9] 8");
+  EXPECT_EQ(PictureOf(*bitmap), "pumps\\one.bmp 402 6x1 501 30x20 [8 9] 8");
   EXPECT_EQ(bitmap->hBmp(), library_->ofPixels);
   // The earlier bitmap and the one of the file are gone.
   EXPECT_EQ(gdi::LiveObjects(), before);
@@ -81,7 +82,7 @@ TEST_F(ResizedBitmap, OfTwoBytePixelsIsConvertedToThose) {
   const auto bitmap = Made(test::TwoByteSample());
   EXPECT_EQ(LogOfResizing(*bitmap),
             test::Joined({kBegin, {"to16 30x20 as 30x20", "from16 [8 9] as 30x20"}, kEnd}));
-  EXPECT_EQ(PictureOf(*bitmap), "pumps\\one.bmp 402 2x1 501 30x20 [8 9] 16");
+  EXPECT_EQ(PictureOf(*bitmap), "pumps\\one.bmp 402 6x1 501 30x20 [8 9] 16");
   EXPECT_EQ(bitmap->hBmp(), library_->ofPixels);
 }
 
@@ -98,7 +99,7 @@ TEST_F(ResizedBitmap, IsMadeFromItsOriginalPixelsWhereTheFileIsNotRead) {
       const auto bitmap = Made();
       const std::size_t before = gdi::LiveObjects();
       EXPECT_EQ(LogOfResizing(*bitmap), test::Joined({kBegin, kFromOriginal, message, kEnd})) << status;
-      EXPECT_EQ(PictureOf(*bitmap), "pumps\\one.bmp 402 2x1 501 30x20 [8 9] 8") << status;
+      EXPECT_EQ(PictureOf(*bitmap), "pumps\\one.bmp 402 6x1 501 30x20 [8 9] 8") << status;
       EXPECT_EQ(bitmap->hBmp(), library_->stretched) << status;
       EXPECT_EQ(gdi::LiveObjects(), before) << status;
     }
@@ -108,10 +109,10 @@ TEST_F(ResizedBitmap, IsMadeFromItsOriginalPixelsWhereTheFileIsNotRead) {
 TEST_F(ResizedBitmap, OfTwoBytePixelsIsMadeFromItsOriginalOnesLikewise) {
   library_->loadStatus = 6;
   const auto bitmap = Made(test::TwoByteSample());
-  EXPECT_EQ(
-      LogOfResizing(*bitmap),
-      test::Joined(
-          {kBegin, {"from16 [31 0 224 7] as 2x1", "stretch 2x1 to 30x20", "to16 30x20 as 30x20"}, kEnd}));
+  EXPECT_EQ(LogOfResizing(*bitmap), test::Joined({kBegin,
+                                                  {"from16 [31 0 224 7 255 255 0 248 0 0 1 0] as 6x1",
+                                                   "stretch 6x1 to 30x20", "to16 30x20 as 30x20"},
+                                                  kEnd}));
   EXPECT_EQ(bitmap->hBmp(), library_->stretched);
 }
 
@@ -120,7 +121,7 @@ TEST_F(ResizedBitmap, WithoutAFileIsMadeFromItsOriginalPixelsUnasked) {
   sample.path.clear();
   const auto bitmap = Made(sample);
   EXPECT_EQ(LogOfResizing(*bitmap), test::Joined({{"mode ", "pointer 11"}, kFromOriginal, kEnd}));
-  EXPECT_EQ(PictureOf(*bitmap), " 402 2x1 501 30x20 [8 9] 8");
+  EXPECT_EQ(PictureOf(*bitmap), " 402 6x1 501 30x20 [8 9] 8");
 }
 
 TEST_F(ResizedBitmap, StaysAsItIsAfterAnyOtherStatus) {
@@ -131,7 +132,7 @@ TEST_F(ResizedBitmap, StaysAsItIsAfterAnyOtherStatus) {
     const Long hBmp = bitmap->hBmp();
     const std::size_t before = gdi::LiveObjects();
     EXPECT_EQ(LogOfResizing(*bitmap), test::Joined({kBegin, kEnd})) << status;
-    EXPECT_EQ(PictureOf(*bitmap), std::string("pumps\\one.bmp 402 2x1 401 3x2 ") + kOldPixels + " 8");
+    EXPECT_EQ(PictureOf(*bitmap), std::string("pumps\\one.bmp 402 6x1 401 3x2 ") + kOldPixels + " 8");
     EXPECT_EQ(bitmap->hBmp(), hBmp);
     EXPECT_EQ(gdi::LiveObjects(), before);
   }
@@ -150,7 +151,7 @@ TEST_F(ResizedBitmap, StaysAsItIsWhenItCannotBeConverted) {
       EXPECT_EQ(LogOfResizing(*bitmap), loadStatus == 0
                                             ? test::Joined({kBegin, {"to8 by 7 30x20 as 30x20"}, kEnd})
                                             : test::Joined({kBegin, kFromOriginal, message, kEnd}));
-      EXPECT_EQ(PictureOf(*bitmap), std::string("pumps\\one.bmp 402 2x1 401 3x2 ") + kOldPixels + " 8");
+      EXPECT_EQ(PictureOf(*bitmap), std::string("pumps\\one.bmp 402 6x1 401 3x2 ") + kOldPixels + " 8");
       EXPECT_EQ(bitmap->hBmp(), hBmp);
       EXPECT_EQ(gdi::LiveObjects(), before);
     }
@@ -163,23 +164,27 @@ TEST_F(ResizedBitmap, InNearColorsIsConverted) {
     library_->convertStatus = 6;
     const auto bitmap = Made();
     LogOfResizing(*bitmap);
-    EXPECT_EQ(PictureOf(*bitmap), "pumps\\one.bmp 402 2x1 501 30x20 [8 9] 8");
+    EXPECT_EQ(PictureOf(*bitmap), "pumps\\one.bmp 402 6x1 501 30x20 [8 9] 8");
   }
 }
 
 // --- Another file ---
 
 const loomis2::LibraryPicture kOther{"other.gif", 602, 5, 4, {6}, 601, 31, 21, {7, 7}, 16};
-const char* const kSelected = "select pumps\\one.bmp 402 2x1[3 5] 501 30x20[8 9] 8 for 30x20";
+const char* const kSelected = "select pumps\\one.bmp 402 6x1[3 5 4 2 6 7] 501 30x20[8 9] 8 for 30x20";
 
 TEST_F(ResizedBitmap, TakesAllOfAnotherFileThatTheUserChooses) {
   library_->selected = kOther;
   for (const Long status : {1, 2}) {
     library_->loadStatus = status;
     const auto bitmap = Made();
+    const std::size_t before = gdi::LiveObjects();
     const CallLog message = {status == 1 ? "message 377 one.bmp" : "message 378 one.bmp"};
     EXPECT_EQ(LogOfResizing(*bitmap), test::Joined({kBegin, kFromOriginal, message, {kSelected}, kEnd}));
     EXPECT_EQ(PictureOf(*bitmap), "other.gif 602 5x4 601 31x21 [7 7] 16");
+    // The bitmap was that of the earlier file.
+    EXPECT_EQ(bitmap->hBmp(), 0);
+    EXPECT_EQ(gdi::LiveObjects(), before - 1);
     // The original pixels too, which the next resizing shows.
     library_->loadStatus = 6;
     EXPECT_EQ(LogOfResizing(*bitmap),
@@ -196,7 +201,7 @@ TEST_F(ResizedBitmap, KeepsWhatItHasWhenTheChoiceIsNotDone) {
     const auto bitmap = Made();
     EXPECT_EQ(LogOfResizing(*bitmap),
               test::Joined({kBegin, kFromOriginal, {"message 377 one.bmp", kSelected}, kEnd}));
-    EXPECT_EQ(PictureOf(*bitmap), "pumps\\one.bmp 402 2x1 501 30x20 [8 9] 8");
+    EXPECT_EQ(PictureOf(*bitmap), "pumps\\one.bmp 402 6x1 501 30x20 [8 9] 8");
   }
 }
 
@@ -205,9 +210,10 @@ TEST_F(ResizedBitmap, IsOfTheNewSizeBeforeTheUserChoosesAlsoWhenItCouldNotBeConv
   library_->convertStatus = 3;
   library_->selectStatus = 4;
   const auto bitmap = Made();
-  EXPECT_EQ(LogOfResizing(*bitmap).at(7),
-            std::string("select pumps\\one.bmp 402 2x1[3 5] 401 30x20") + kOldPixels + " 8 for 30x20");
-  EXPECT_EQ(PictureOf(*bitmap), std::string("pumps\\one.bmp 402 2x1 401 30x20 ") + kOldPixels + " 8");
+  EXPECT_EQ(
+      LogOfResizing(*bitmap).at(7),
+      std::string("select pumps\\one.bmp 402 6x1[3 5 4 2 6 7] 401 30x20") + kOldPixels + " 8 for 30x20");
+  EXPECT_EQ(PictureOf(*bitmap), std::string("pumps\\one.bmp 402 6x1 401 30x20 ") + kOldPixels + " 8");
 }
 
 TEST_F(ResizedBitmap, AsksForNoFileUnlessTheAnswerIsYes) {
@@ -291,6 +297,15 @@ TEST_F(ResizedBitmap, PutsThePointerBackAndTellsNobodyWhenTheLibraryRaises) {
   TakeLog();
   EXPECT_EQ(ErrorOf([&] { bitmap->ResizeImageEx(0, 0, kDx, kDy); }), 5);
   EXPECT_EQ(TakeLog(), CallLog{"mode pumps\\one.bmp"});
+}
+
+TEST_F(ResizedBitmap, DeletesItsBitmapBeforeItMakesTheNext) {
+  library_->failing = "from8 ";
+  const auto bitmap = Made();
+  const std::size_t before = gdi::LiveObjects();
+  EXPECT_EQ(ErrorOf([&] { bitmap->ResizeImageEx(0, 0, kDx, kDy); }), 5);
+  EXPECT_EQ(bitmap->hBmp(), 0);
+  EXPECT_EQ(gdi::LiveObjects(), before - 1);
 }
 
 TEST_F(ResizedBitmap, NeedsAnImageLibrary) {

@@ -203,6 +203,17 @@ TEST_F(Bitmap, PositionWritersSetAllDescriptorsAndTheirEdgeOfTheBounds) {
   EXPECT_EQ(static_cast<ItfImage&>(bitmap).Dy(), 0);
 }
 
+TEST_F(Bitmap, ItsFarEdgesLieBehindItsPlaceAtRest) {
+  clsBitmap bitmap;
+  bitmap.Xs(3);
+  bitmap.Ys(4);
+  bitmap.Move(100, 200);
+  bitmap.UpdateDisplayWithTransx();
+  bitmap.Dx(50);
+  bitmap.Dy(60);
+  EXPECT_EQ(BoundsOf(bitmap), (Longs{103, 204, 53, 64}));
+}
+
 TEST_F(Bitmap, AnEdgeBeyond32BitsOverflows) {
   clsBitmap bitmap;
   bitmap.Xs(1);
@@ -236,6 +247,10 @@ TEST_F(Bitmap, ATransparencyIsWrittenIntoAllLinksAtOnce) {
   EXPECT_EQ(TakeLog(), expected);
   EXPECT_EQ(bitmap.TransparencyLevel(), 3);
   EXPECT_EQ(Links(), (std::vector<std::string>{"6 0 3 401", "6 1 3 402", "7 0 0 402"}));
+  // Without a row it has no links.
+  clsBitmap().TransparencyLevel(9);
+  EXPECT_EQ(Links(), (std::vector<std::string>{"6 0 3 401", "6 1 3 402", "7 0 0 402"}));
+  TakeLog();
   bitmap.ID(8);
   automation::PutByName(bitmap, Contract(), "TransparencyLevel", Variant(Long{4}));
   EXPECT_EQ(TakeLog(),
@@ -366,7 +381,7 @@ TEST_F(Bitmap, GivesItsNaturalSizeAtItsPlaceAtRest) {
   bitmap->UpdateDisplayWithTransx();
   Descriptor natural;
   bitmap->GetOptimalDimensions(natural.xs, natural.ys, natural.dx, natural.dy);
-  EXPECT_EQ(natural, (Descriptor{10, 20, 2, 1}));
+  EXPECT_EQ(natural, (Descriptor{10, 20, 6, 1}));
 }
 
 TEST_F(Bitmap, MovesThePlacesOfPicturesByOneStatement) {
@@ -426,7 +441,7 @@ TEST_F(Bitmap, TakesAWholePictureWithItsSizeAsItsOwn) {
   }
   Descriptor natural;
   bitmap.GetOptimalDimensions(natural.xs, natural.ys, natural.dx, natural.dy);
-  EXPECT_EQ(natural, (Descriptor{10, 20, 2, 1}));
+  EXPECT_EQ(natural, (Descriptor{10, 20, 6, 1}));
   test::Give(bitmap, sample);
   EXPECT_EQ(bitmap.Bits(), 8);
   // Neither link nor store is touched.
@@ -445,7 +460,16 @@ TEST_F(Bitmap, AReplicaForDrawHasThePictureAlone) {
   bitmap->VisibleOpAddr(9);
   bitmap->OrderIndex(10);
   bitmap->StretchImage(false);
+  TakeLog();
   const auto copy = bitmap->ReplicaForDraw();
+  // The transparency is no one's to save.
+  EXPECT_TRUE(TakeLog().empty());
+  const auto named =
+      std::dynamic_pointer_cast<clsBitmap>(automation::GetByName(*bitmap, "ReplicaForDraw").Object());
+  ASSERT_NE(named, nullptr);
+  EXPECT_NE(named, bitmap);
+  EXPECT_EQ(named->ID(), -1);
+  EXPECT_EQ(static_cast<ItfImage&>(*named).GetImageData8bpp(), sample.data);
   EXPECT_EQ(copy->ID(), -1);
   EXPECT_EQ(copy->GroupID(), -1);
   EXPECT_EQ(copy->ColorBack(), -1);
@@ -463,7 +487,7 @@ TEST_F(Bitmap, AReplicaForDrawHasThePictureAlone) {
   EXPECT_EQ(copy->Bits(), 16);
   Descriptor natural;
   copy->GetOptimalDimensions(natural.xs, natural.ys, natural.dx, natural.dy);
-  EXPECT_EQ(natural, (Descriptor{0, 0, 2, 1}));
+  EXPECT_EQ(natural, (Descriptor{0, 0, 6, 1}));
 }
 
 TEST_F(Bitmap, AReplicaIsAlikeInAllFieldsAndSharesTheOperandBags) {
@@ -483,7 +507,9 @@ TEST_F(Bitmap, AReplicaIsAlikeInAllFieldsAndSharesTheOperandBags) {
   bitmap->Dy(40);
   // Some of the four places, which a copy does not have.
   bitmap->Move(1, 1);
+  TakeLog();
   const auto copy = std::dynamic_pointer_cast<clsBitmap>(bitmap->Replica());
+  EXPECT_TRUE(TakeLog().empty());
   ASSERT_NE(copy, nullptr);
   // Before the other colour is read, which moves it here.
   EXPECT_EQ(copy->ColorBack(), 8);

@@ -14,11 +14,12 @@
 
 namespace quenzel7::test {
 
-/// A picture as hosts hand it over. Its pixels as the panel shows them and those of its own size differ.
+/// A picture as hosts hand it over. Its pixels as the panel shows them and those of its own size differ, and
+/// no two of its sizes are alike.
 struct PictureSample {
   Long libCrc = 402;
-  Long dxOrg = 2, dyOrg = 1;
-  PixelBytes dataOrg = {3, 5};
+  Long dxOrg = 6, dyOrg = 1;
+  PixelBytes dataOrg = {3, 5, 4, 2, 6, 7};
   Long crc = 401;
   Long dx = 3, dy = 2;
   /// Two rows of three pixels and one of padding.
@@ -34,7 +35,7 @@ struct PictureSample {
 /// Three by two pixels of two bytes each.
 inline PictureSample TwoByteSample() {
   PictureSample sample;
-  sample.dataOrg = {0x1F, 0x00, 0xE0, 0x07};
+  sample.dataOrg = {0x1F, 0x00, 0xE0, 0x07, 0xFF, 0xFF, 0x00, 0xF8, 0x00, 0x00, 0x01, 0x00};
   sample.data = {0x00, 0xF8, 0xE0, 0x07, 0x1F, 0x00, 0xFF, 0xFF, 0x00, 0x00, 0x00, 0xF8};
   sample.bits = 16;
   return sample;
