@@ -10,8 +10,7 @@ namespace {
 using automation::Object;
 using automation::Variant;
 
-/// Addresses that stand for no operand.
-constexpr Long kKeypadTouch = -2;
+/// The address of no touch at all.
 constexpr Long kNoTouch = -1;
 
 /// What the object answers under that name, be it a property or a method without arguments.

@@ -30,11 +30,6 @@ struct clsButton::Columns : TextColumns<clsButton> {
           .Then(kOperands)
           .Then(kStyle)
           .Then(MakeColumnTable(NoOperandColumn<Button>("KeypadSuccessOpAddr")));
-  /// Written once the place in the tab order is known.
-  static constexpr auto kSaveLast = MakeColumnTable(
-      kTabIndex,
-      kStorageStringType, kStorageStringId,
-      kOrderIndex);
 
   static constexpr auto kLoad =
       MakeColumnTable(
@@ -64,13 +59,6 @@ struct clsButton::Operands : TextOperands<clsButton> {
       kTouchWithBag, kEnabled, kHideWithBag, kHighlight, kStorageString};
 };
 // clang-format on
-
-namespace {
-
-/// How much smaller than a raised button its picture is, both edges together.
-constexpr Long kPictureInset = 8;
-
-}  // namespace
 
 clsButton::clsButton()
     : ElementClass(
@@ -131,13 +119,11 @@ void clsButton::ItfHmiElement_hBmpCRC(Long pValue) {
   image_->CRC8bpp(pValue);
 }
 
-Long clsButton::ItfImage_Dx() const {
-  return flat3D_ == kRaised ? Subtract(Initial().dx, kPictureInset) : Initial().dx;
-}
+Long clsButton::PictureInset() const { return flat3D_ == kRaised ? 2 * kFaceInset : 0; }
 
-Long clsButton::ItfImage_Dy() const {
-  return flat3D_ == kRaised ? Subtract(Initial().dy, kPictureInset) : Initial().dy;
-}
+Long clsButton::ItfImage_Dx() const { return Subtract(Initial().dx, PictureInset()); }
+
+Long clsButton::ItfImage_Dy() const { return Subtract(Initial().dy, PictureInset()); }
 
 void clsButton::TakePicture(const ImageProps& props) {
   image_->CRC8bpp(props.imgCRC);
@@ -189,7 +175,7 @@ void clsButton::FitImageToButton() {
   if (crc == kNoImage || crc == kPaintedImage) return;
   Long storedDx = 0, storedDy = 0;
   GetImageDimensions(crc, storedDx, storedDy);
-  const Long inset = flat3D_ == kRaised ? kPictureInset : 0;
+  const Long inset = PictureInset();
   const Long dx = Subtract(Displayed().dx, inset), dy = Subtract(Displayed().dy, inset);
   if (storedDx != dx || storedDy != dy) ResizePicture(dx, dy);
 }
@@ -197,17 +183,14 @@ void clsButton::FitImageToButton() {
 // --- Painting ---
 
 void clsButton::ItfHmiElement_Draw(Long pHdc, bool) {
-  const auto [xs, ys, dx, dy] = Displayed();
-  const gdi::RECT box{xs, ys, Add(xs, dx), Add(ys, dy)};
   switch (flat3D_) {
     case kFlat:
       DrawFlatFrame(pHdc, Displayed(), Rgb(colorBack_));
-      DrawButtonImage(pHdc, box);
+      DrawButtonImage(pHdc);
       break;
     case kRaised:
       DrawRaisedFrame(pHdc, Displayed(), colorBack_, ColorsToPaint());
-      DrawButtonImage(pHdc, {Add(box.left, kFaceInset), Add(box.top, kFaceInset),
-                             Subtract(box.right, kFaceInset), Subtract(box.bottom, kFaceInset)});
+      DrawButtonImage(pHdc);
       break;
     case kBoxed:
       DrawPlainFrame(pHdc, Displayed(), Rgb(colorBack_));
@@ -220,28 +203,13 @@ void clsButton::ItfHmiElement_Draw(Long pHdc, bool) {
 
 void clsButton::PaintText(Long hdc) const {
   const TextColors colors = OwnTextColors(hdc);
-  using Painter = corvane1::TextPainter;
   // What a painter of the library's strings is told of a text in one block.
   static constexpr Long kWhole = 1;
   if (flat3D_ == kBoxed) {
-    PaintBlockOrLines(
-        hdc, flat3D_,
-        [](Painter& painter, Long x, Long y, const std::string& text, Long dc, Long font) {
-          painter.DrawStorageText(x, y, text, dc, font);
-        },
-        [](Painter& painter, Long x, Long y, const std::string& text, Long dc, Long font) {
-          painter.DrawText(x, y, text, dc, font);
-        });
-    return;
+    PaintBlockOrLines(hdc, flat3D_, PaintStored, PaintConstant);
+  } else {
+    PaintBlockOrLines(hdc, flat3D_, PaintStoredTransparent<kWhole>, PaintConstantTransparent);
   }
-  PaintBlockOrLines(
-      hdc, flat3D_,
-      [](Painter& painter, Long x, Long y, const std::string& text, Long dc, Long font) {
-        painter.DrawStorageTextTransparent(x, y, text, dc, font, kWhole);
-      },
-      [](Painter& painter, Long x, Long y, const std::string& text, Long dc, Long font) {
-        painter.DrawTextTransparent(x, y, text, dc, font);
-      });
 }
 
 bool clsButton::RenewBitmap(Long dx, Long dy) {
@@ -257,10 +225,13 @@ bool clsButton::RenewBitmap(Long dx, Long dy) {
   return false;
 }
 
-void clsButton::DrawButtonImage(Long hdc, const gdi::RECT& area) {
-  const Long inset = HasBevel(flat3D_) ? kPictureInset : 0;
-  const Long dx = Subtract(Displayed().dx, inset), dy = Subtract(Displayed().dy, inset);
+void clsButton::DrawButtonImage(Long hdc) {
+  const Descriptor place = Displayed();
+  const Long inset = PictureInset();
+  const Long dx = Subtract(place.dx, inset), dy = Subtract(place.dy, inset);
   if (dx < 1 || dy < 1) return;
+  const Long left = Add(place.xs, inset / 2), top = Add(place.ys, inset / 2);
+  const gdi::RECT area{left, top, Add(left, dx), Add(top, dy)};
   FitImageToButton();
   if (!RenewBitmap(dx, dy)) return;
   if (image_->TransparencyLevel() == 0) {

@@ -49,27 +49,37 @@ class ButtonBase : public TextBearingElement, public ItfImage {
 ///
 /// Styles (Flat3D): 0 flat, 1 raised, both with the picture; 2 plain, without it; any other number, 3 too,
 /// paints nothing.
+///
+/// A replica has a picture of its own and no bitmap yet: one that was painted (CRC 0x3F3F3F3F) has nothing to
+/// be made of again, and is not drawn there until `hBmp` is written.
 class clsButton final : public ElementClass<clsButton, ButtonBase, kButtonElement, ButtonElementMembers> {
  public:
   /// The name under which hosts create it.
   static constexpr std::string_view kClassName = "clsButton";
   /// What its styles are.
   static constexpr std::string_view kStyles =
-      "Frame style: 0 flat with the picture, 1 raised with the picture, 2 plain without it, 3 not painted.";
+      "Frame style: 0 flat with the picture, 1 raised with the picture, 2 plain without it, 3 and any other "
+      "number not painted.";
 
   /// Takes style, colours, alignment and transparency from the settings, the font from the font service.
   /// Errors of ElementSetting.
   clsButton();
 
-  // The element's own size, not that of the picture.
+  // The element's own size, not that of the picture; and how transparent that is as the element tells it,
+  // which only ItfImage writes.
   using ItfHmiElement::Dx;
   using ItfHmiElement::Dy;
+  using ItfHmiElement::TransparencyLevel;
 
-  /// Handle of the bitmap that the picture was drawn with. Writing deletes the one before.
+  /// Handle of the bitmap that the picture was drawn with, 0 for none. The button owns it: whoever writes one
+  /// hands it over, and it is deleted when another one is written or drawn, and with the button.
   Long hBmp() const { return bitmap_.Get(); }
   void hBmp(Long pValue);
 
-  /// The frame style. Writing fits the text and the picture; errors of both.
+  /// The frame style. Writing stores it, then fits the text, then looks the picture up in the project and
+  /// makes it anew when it has another size there than the style leaves it; without a picture, or with a
+  /// painted one, it stops at the text. Errors of the text's fitting; for a picture those of the database, 91
+  /// without a project, and 91 when it is to be made and there is no image library. What came before stays.
   Long Flat3D() const { return flat3D_; }
   void Flat3D(Long pValue);
 
@@ -97,7 +107,9 @@ class clsButton final : public ElementClass<clsButton, ButtonBase, kButtonElemen
   friend ElementClass;
 
   void PaintText(Long hdc) const;
-  void DrawButtonImage(Long hdc, const gdi::RECT& area);
+  void DrawButtonImage(Long hdc);
+  /// How much smaller than the button its picture is, both edges together.
+  Long PictureInset() const;
   /// Makes the bitmap of the picture anew; false when there is nothing to draw.
   bool RenewBitmap(Long dx, Long dy);
   void FitImageToButton();

@@ -19,8 +19,8 @@ struct clsFrame::Columns : TextColumns<clsFrame> {
           .Then(MakeColumnTable(
               NoOperandColumn<Frame>("KeypadSuccessOpAddr"), NoOperandColumn<Frame>("EnabledOpAddr"),
               NoOperandColumn<Frame>("HighlightOpAddr"), NoOperandColumn<Frame>("VisibleOpAddr")));
-  /// Written once the place in the tab order is known.
-  static constexpr auto kSaveLast = MakeColumnTable(kTabIndex, kStorageStringType, kStorageStringId);
+  /// The order is given with a new row and never written again.
+  static constexpr auto kSaveLast = TextColumns<clsFrame>::kSaveLast.Without("OrderIndex");
 
   static constexpr auto kReadBack = MakeColumnTable(kId, kOrderIndex);
 
@@ -86,15 +86,7 @@ void clsFrame::ItfHmiElement_Draw(Long pHdc, bool) {
 
 void clsFrame::PaintCaption(Long hdc) const {
   const TextColors colors = OwnTextColors(hdc);
-  using Painter = corvane1::TextPainter;
-  PaintBlockOrLines(
-      hdc, flat3D_,
-      [](Painter& painter, Long x, Long y, const std::string& text, Long dc, Long font) {
-        painter.DrawStorageText(x, y, text, dc, font);
-      },
-      [](Painter& painter, Long x, Long y, const std::string& text, Long dc, Long font) {
-        painter.DrawText(x, y, text, dc, font);
-      });
+  PaintBlockOrLines(hdc, flat3D_, PaintStored, PaintConstant);
 }
 
 void clsFrame::DrawTransparent(Long pHdc) {

@@ -13,10 +13,12 @@ namespace quenzel7 {
 enum FrameStyle : Long {
   kFlat = 0,
   kRaised = 1,
-  /// A text: flat, with room for a box that is not painted. A frame: plain, with a border.
+  /// A text: flat, with room for a box that is not painted. A frame and a button: plain, with a border; a
+  /// button has no picture then.
   kBoxed = 2,
+  /// A button of this style is not painted at all.
   kSunken = 3,
-  /// A text without background; no style of a frame.
+  /// A text without background; no style of a frame or a button.
   kTransparent = 4,
 };
 
@@ -26,7 +28,8 @@ inline constexpr std::uint32_t kWhite = 0xFFFFFF;
 /// How far the face of a frame with a bevel keeps from the edges.
 inline constexpr Long kFaceInset = 4;
 
-/// Whether a frame of that style has a bevel: raised or sunken.
+/// Whether the frame of a text or of a frame element has a bevel in that style: raised or sunken. Of a button
+/// only the raised one has.
 constexpr bool HasBevel(Long style) { return style == kRaised || style == kSunken; }
 
 /// Paints a raised frame and its face over the place. Error 6 when an edge does not fit 32 bits.

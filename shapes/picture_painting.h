@@ -19,7 +19,9 @@ void FillInPanelColor(Long hdc, const gdi::RECT& area, Long color, corvane1::Col
 void PaintOpaquePicture(Long hdc, Long x, Long y, gdi::HBITMAP bitmap, const BitmapSize& size);
 
 /// Paints the bitmap in its own size at a point; its pixels of the colour of its first one, whatever that is,
-/// let the background show. The bitmap stays as it is. `pixels` are those it was made of, if any.
+/// let the background show. The bitmap stays as it is. `pixels` are those it was made of, if any, and `bits`
+/// what one of them takes. That colour is the panel colour of the first of them, by `colors`; of pixels of 16
+/// bits, and where there are none, that of the bitmap's own pixel at the left above.
 void PaintTransparentPicture(Long hdc, Long x, Long y, gdi::HBITMAP bitmap, const PixelBytes& pixels,
                              Long bits, corvane1::ColorService& colors);
 

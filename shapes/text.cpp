@@ -22,11 +22,6 @@ struct clsText::Columns : TextColumns<clsText> {
               NoOperandColumn<Text>("EnabledOpAddr"), NoOperandColumn<Text>("HighlightOpAddr"),
               NoOperandColumn<Text>("KeypadSuccessOpAddr")))
           .Then(kStyle);
-  /// Written once the place in the tab order is known.
-  static constexpr auto kSaveLast = MakeColumnTable(
-      kTabIndex,
-      kStorageStringType, kStorageStringId,
-      kOrderIndex);
 
   static constexpr auto kLoad = MakeColumnTable(
       kId, kGroupId,
@@ -49,27 +44,11 @@ namespace {
 /// The panel colours of the marker that shows where a text is of which nothing fits.
 constexpr Long kMarkerHatchColor = 2, kMarkerLineColor = 0;
 
-using Painter = corvane1::TextPainter;
-
 /// The frame flag of the font service for a text clear of a bevel, and for one that has all the room.
 constexpr Long kClearOfBevel = 1, kNoBevel = 0;
 
 /// What a painter of the library's strings is told of a text that is painted line by line.
 constexpr Long kLineByLine = 255;
-
-void PaintConstant(Painter& painter, Long x, Long y, const std::string& text, Long hdc, Long font) {
-  painter.DrawText(x, y, text, hdc, font);
-}
-void PaintConstantTransparent(Painter& painter, Long x, Long y, const std::string& text, Long hdc,
-                              Long font) {
-  painter.DrawTextTransparent(x, y, text, hdc, font);
-}
-void PaintStored(Painter& painter, Long x, Long y, const std::string& text, Long hdc, Long font) {
-  painter.DrawStorageText(x, y, text, hdc, font);
-}
-void PaintStoredTransparent(Painter& painter, Long x, Long y, const std::string& text, Long hdc, Long font) {
-  painter.DrawStorageTextTransparent(x, y, text, hdc, font, kLineByLine);
-}
 
 /// How much larger than its text an element of that style is; none for a number that is no style.
 std::optional<Long> FrameAllowance(Long style) {
@@ -148,7 +127,7 @@ void clsText::PaintText(Long hdc) const {
   const TextColors colors = OwnTextColors(hdc);
   const bool isTransparent = flat3D_ == kTransparent;
   const PaintOperation paint = ShowsLibraryText()
-                                   ? (isTransparent ? PaintStoredTransparent : PaintStored)
+                                   ? (isTransparent ? PaintStoredTransparent<kLineByLine> : PaintStored)
                                    : (isTransparent ? PaintConstantTransparent : PaintConstant);
   PaintLines(hdc, HasBevel(flat3D_) ? kClearOfBevel : kNoBevel, paint);
 }

@@ -181,10 +181,7 @@ void TextBearingElement::ItfHmiElement_DrawToPrinter(Long pHdc, const std::strin
   const TextColors colors(
       pHdc, [] { return kBlack; }, [] { return kWhite; });
   // On paper a string of the library is a text like others.
-  constexpr PaintOperation kPaint = [](corvane1::TextPainter& painter, Long x, Long y,
-                                       const std::string& text, Long hdc,
-                                       Long font) { painter.DrawText(x, y, text, hdc, font); };
-  PaintBlockOrLines(pHdc, flat3D_, kPaint, kPaint);
+  PaintBlockOrLines(pHdc, flat3D_, PaintConstant, PaintConstant);
 }
 
 // --- Report ---

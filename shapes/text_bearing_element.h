@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "framework/touch_style.h"
 #include "platform/corvane1/font_service.h"
 #include "platform/corvane1/text_painter.h"
 #include "platform/gdi/selected.h"
@@ -89,6 +90,25 @@ class TextBearingElement : public ColoredElement {
   /// How a line, or all lines at once, are painted.
   using PaintOperation = void (*)(corvane1::TextPainter&, Long x, Long y, const std::string& text, Long hdc,
                                   Long font);
+  /// The painter's operations for a constant text, on its background and without one.
+  static void PaintConstant(corvane1::TextPainter& painter, Long x, Long y, const std::string& text, Long hdc,
+                            Long font) {
+    painter.DrawText(x, y, text, hdc, font);
+  }
+  static void PaintConstantTransparent(corvane1::TextPainter& painter, Long x, Long y,
+                                       const std::string& text, Long hdc, Long font) {
+    painter.DrawTextTransparent(x, y, text, hdc, font);
+  }
+  /// Those for a string of the library; `option` is what the painter is told beside it.
+  static void PaintStored(corvane1::TextPainter& painter, Long x, Long y, const std::string& text, Long hdc,
+                          Long font) {
+    painter.DrawStorageText(x, y, text, hdc, font);
+  }
+  template <Long option>
+  static void PaintStoredTransparent(corvane1::TextPainter& painter, Long x, Long y, const std::string& text,
+                                     Long hdc, Long font) {
+    painter.DrawStorageTextTransparent(x, y, text, hdc, font, option);
+  }
   /// Paints each line at its own place across, the block of all lines at its place down. `frameFlag` as for
   /// FontService::GetTextPosition.
   void PaintLines(Long hdc, Long frameFlag, PaintOperation paint) const;
@@ -207,17 +227,22 @@ struct TextBearingElement::TextColumns : ColorColumns<Element> {
       ZeroColumn<Element>("VarType"), ZeroColumn<Element>("VarKeyPadEntry"),
       ZeroColumn<Element>("VarOprndType"), ZeroColumn<Element>("VarOprndAddr"),
       ZeroColumn<Element>("GlobalVarID"), ZeroColumn<Element>("DefaultDisplay"));
+  /// Written once the place in the tab order is known.
+  static constexpr auto kSaveLast = MakeColumnTable(
+      kTabIndex,
+      kStorageStringType, kStorageStringId,
+      Common::kOrderIndex);
 };
 // clang-format on
 
 template <class Element>
 struct TextBearingElement::TextOperands : PresentOperands<Element> {
-  /// A touch that opens a keypad has no operand of its own, and so nothing to bring back.
-  static constexpr Long kKeypad = -2;
-  /// The touch operand of a class that always has a bag for it.
+  /// The touch operand of a class that always has a bag for it. A touch that opens a keypad has nothing to
+  /// bring back.
   static constexpr ElementOperand<Element> kTouchWithBag = {
-      eOP_TouchOperand, &Element::touchOprndAddr_, nullptr, Always<Element>,
-      [](const Element& element) { return element.HasTouchOperand() && element.touchOprndAddr_ != kKeypad; }};
+      eOP_TouchOperand, &Element::touchOprndAddr_, nullptr, Always<Element>, [](const Element& element) {
+        return element.HasTouchOperand() && element.touchOprndAddr_ != kKeypadTouch;
+      }};
   /// The operand that picks the string.
   static constexpr ElementOperand<Element> kStorageString = {
       eOP_StorageStringIdOperand, &Element::storageStringId_, &Element::storageStringType_,

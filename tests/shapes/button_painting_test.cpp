@@ -2,6 +2,7 @@
 /// image library, and what it looks like.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -71,6 +72,12 @@ class PaintedButton : public test::TextPaintingTest<clsButton> {
       recorder.Take();
       for (const std::string& call : calls) recorder.Add(call);
     });
+  }
+
+  /// What the host is told of is printed nowhere.
+  static void TellNobody() {
+    Platform::Current().errorLog = std::make_shared<corvane1::CollectedErrors>(nullptr);
+    Platform::Current().hostFrame = std::make_shared<corvane1::CollectedHostFrame>(nullptr);
   }
 
   static std::shared_ptr<clsButton> WithPicture(Long style, const ButtonPicture& picture,
@@ -198,6 +205,15 @@ TEST_F(PaintedButton, ARaisedOneHasItsPictureOverItsFace) {
             InARow({RaisedGround(), Made("bitmap 16", "92", "42", "bitmap:1"), Copied("14, 24", "92, 42")}));
 }
 
+TEST_F(PaintedButton, OnlyTwoKeysAreNoPicture) {
+  const Calls drawn = CallsWithPicture(*WithPicture(0, Fixed()));
+  for (const Long crc : {-2, 0, 1, 0x3F3F3F3E, 0x3F3F3F40}) {
+    ButtonPicture picture = Fixed();
+    picture.crc = crc;
+    EXPECT_EQ(CallsWithPicture(*WithPicture(0, picture)), drawn) << crc;
+  }
+}
+
 TEST_F(PaintedButton, APlainOneHasNoPicture) {
   const Long level = 1;
   EXPECT_EQ(CallsWithPicture(*WithPicture(2, Fixed(level))), kPlainGround);
@@ -271,6 +287,72 @@ TEST_F(PaintedButton, ABitmapOfBeforeGoesWhenThePictureDoes) {
   static_cast<ItfHmiElement&>(*button).Draw(surface.Dc(), false);
   EXPECT_EQ(button->hBmp(), 0);
   EXPECT_EQ(gdi::LiveObjects(), before);
+}
+
+TEST_F(PaintedButton, ABitmapOfBeforeGoesBeforeThePixelsAreLookedAt) {
+  TellNobody();
+  for (const bool hasPixels : {true, false}) {
+    ButtonPicture picture = Fixed();
+    if (!hasPixels) picture.data.clear();
+    const auto button = WithPicture(0, picture);
+    const Calls calls = CallsOf([&](Long dc) {
+      button->hBmp(gdi::CreateBitmap(2, 2, 1, 32, nullptr));
+      static_cast<ItfHmiElement&>(*button).Draw(dc, false);
+      button->hBmp(0);
+    });
+    const Calls before =
+        InARow({{"CreateBitmap(2, 2, 1, 32) -> bitmap:1"}, kFlatGround, {"DeleteObject(bitmap:1)"}});
+    if (hasPixels) {
+      EXPECT_TRUE(test::BeginsWith(calls, InARow({before, {"CreateBitmap(100, 50, 1, 32) -> bitmap:2"}})));
+    } else {
+      EXPECT_EQ(calls, before);
+    }
+  }
+}
+
+TEST_F(PaintedButton, OfADamagedPictureNothingIsDrawnAndTheTextIs) {
+  TellNobody();
+  for (const Long level : {0, 1}) {
+    for (const bool hasPixels : {true, false}) {
+      library_->makesBitmaps = false;
+      ButtonPicture picture = Fixed(level);
+      if (!hasPixels) picture.data.clear();
+      const Calls asked = hasPixels ? Calls{"bitmap of 2 bytes, 100 x 50"} : Calls{};
+      EXPECT_EQ(CallsWithPicture(*WithPicture(0, picture, "ab")),
+                InARow({kFlatGround, asked, InOwnColors("pen:2", OneLine(0, "DrawTextTransparent"))}));
+    }
+  }
+}
+
+TEST_F(PaintedButton, APaintedPictureWithoutABitmapCopiesNoPixels) {
+  for (const Long level : {0, 1}) {
+    ButtonPicture painted = Fixed(level);
+    painted.crc = 0x3F3F3F3F;
+    painted.data.clear();
+    const std::size_t before = gdi::LiveObjects();
+    const auto button = WithPicture(0, painted);
+    const Calls calls = CallsWithPicture(*button);
+    EXPECT_TRUE(test::BeginsWith(calls, kFlatGround));
+    // The ground of a transparent picture, and no pixel of one.
+    Calls copies;
+    for (const std::string& call : calls) {
+      if (call.rfind("FillRect(dc:1", 0) == 0 || call.rfind("BitBlt(dc:1", 0) == 0) copies.push_back(call);
+    }
+    EXPECT_EQ(copies, (level == 0 ? Calls{"BitBlt(dc:1, 10, 20, 0, 0, dc:2, 0, 0, 0xcc0020)"}
+                                  : Calls{"FillRect(dc:1, {10, 20, 110, 70}, brush:2)",
+                                          "BitBlt(dc:1, 10, 20, 0, 0, dc:6, 0, 0, 0xcc0020)"}));
+    EXPECT_EQ(button->hBmp(), 0);
+    EXPECT_EQ(gdi::LiveObjects(), before);
+  }
+}
+
+TEST_F(PaintedButton, WithoutAnImageLibraryHasItsGroundAndError91) {
+  const auto button = WithPicture(0, Fixed(), "ab");
+  LibraryState::Current().ImageLibrary = nullptr;
+  EXPECT_EQ(CallsOf([&](Long dc) {
+              EXPECT_EQ(ErrorOf([&] { static_cast<ItfHmiElement&>(*button).Draw(dc, false); }), 91);
+            }),
+            kFlatGround);
 }
 
 TEST_F(PaintedButton, KeepsTheBitmapOfItsLastDrawing) {
@@ -355,6 +437,16 @@ TEST_F(PaintedButton, AFarEdgeBeyond32BitsOverflowsAndLeavesNothingBehind) {
   }
 }
 
+TEST_F(PaintedButton, WhatIsNotPaintedHasNoEdgesToOverflow) {
+  for (const Long style : {3, 4, -1}) {
+    for (const bool across : {true, false}) {
+      const auto button = WithPicture(style, Fixed());
+      across ? button->Xs(kMost) : button->Ys(kMost);
+      EXPECT_EQ(CallsWithPicture(*button), Calls{}) << style;
+    }
+  }
+}
+
 // --- In a project ---
 
 /// The bitmap and the picture of a button that is drawn on a white surface.
@@ -417,6 +509,63 @@ TEST_F(DrawnButton, WithoutAPictureInAnyProjectLooksNowhere) {
   }
 }
 
+TEST_F(DrawnButton, APictureIsFittedWhateverItsKeyButForTwo) {
+  for (const Long crc : {-2, 0}) {
+    const auto button = Distinct();
+    static_cast<ItfHmiElement&>(*button).Flat3D(Integer{0});
+    ButtonPicture picture = Fitting();
+    picture.crc = crc;
+    GivePicture(*button, picture);
+    EXPECT_EQ(LogOfDrawing(*button), (CallLog{"open SELECT Dx,Dy FROM ProjectImages WHERE CRC=" +
+                                                  std::to_string(crc) + " AND RecordStatus=3 [0,3,1]",
+                                              "Close", "load C:\\pictures\\valve.bmp 62, 140 x 150",
+                                              "convert, 140 x 150", "bitmap of 21000 bytes, 140 x 150"}));
+    EXPECT_EQ(button->Image().CRC8bpp(), 90);
+  }
+}
+
+TEST_F(DrawnButton, APictureThatTheProjectDoesNotHaveCountsAsOneWithoutASize) {
+  const struct {
+    Integer style;
+    Long dx, dy;
+    bool isFitted;
+  } kCases[] = {{0, 1, 1, true},  {0, 0, 0, false}, {0, 1, 0, true}, {0, 0, 1, true}, {1, 9, 9, true},
+                {1, 8, 8, false}, {1, 9, 8, true},  {1, 8, 9, true}, {1, 0, 0, true}};
+  for (const auto& [style, dx, dy, isFitted] : kCases) {
+    const auto button = test::Placed<clsButton>(0, 0, dx, dy);
+    GivePicture(*button);
+    library_->converting = loomis2::kImageRefused;
+    library_->loading = loomis2::kImageFileNotFound;
+    NotePictures();
+    button->Flat3D(Long{style});
+    const CallLog log = TakeLog();
+    const Long inset = style == 1 ? 8 : 0;
+    const std::string load =
+        "load C:\\pictures\\valve.bmp 62, " + std::to_string(dx - inset) + " x " + std::to_string(dy - inset);
+    EXPECT_EQ(std::find(log.begin(), log.end(), load) != log.end(), isFitted) << style << dx << dy;
+    EXPECT_EQ(log.size() > 2, isFitted) << style << dx << dy;
+    EXPECT_EQ(button->Image().CRC8bpp(), 61);
+    EXPECT_EQ(button->Image().GetData8bpp(), (PixelBytes{7, 8}));
+  }
+}
+
+TEST_F(DrawnButton, WithoutRoomForItsPictureFitsNothing) {
+  const struct {
+    Integer style;
+    Long dx, dy;
+  } kCases[] = {{1, 8, 150}, {1, 140, 8}, {0, 0, 150}, {0, 140, 0}};
+  for (const auto& [style, dx, dy] : kCases) {
+    const auto button = Distinct();
+    static_cast<ItfHmiElement&>(*button).Flat3D(style);
+    GivePicture(*button);
+    button->Dx(dx);
+    button->Dy(dy);
+    EXPECT_TRUE(LogOfDrawing(*button).empty()) << dx << ' ' << dy;
+    EXPECT_EQ(button->Image().CRC8bpp(), 61);
+    EXPECT_EQ(button->hBmp(), 0);
+  }
+}
+
 TEST_F(DrawnButton, ADamagedPictureIsToldAndLeavesTheProjectTheButtonStays) {
   const auto frame = std::make_shared<corvane1::CollectedHostFrame>();
   for (const bool isEmpty : {true, false}) {
@@ -430,10 +579,18 @@ TEST_F(DrawnButton, ADamagedPictureIsToldAndLeavesTheProjectTheButtonStays) {
     library_->makesBitmaps = isEmpty;
     Platform::Current().hostFrame = frame;
     frame->Clear();
+    const auto errors = std::make_shared<corvane1::CollectedErrors>(nullptr);
+    Platform::Current().errorLog = errors;
     const CallLog log = LogOfDrawing(*button);
     library_->makesBitmaps = true;
     EXPECT_EQ(button->hBmp(), 0);
     EXPECT_EQ(frame->Interruptions(), 1);
+    ASSERT_EQ(errors->Reports().size(), 1u);
+    EXPECT_EQ(errors->Reports()[0].source, "Corruted Image");
+    EXPECT_TRUE(errors->Reports()[0].description.ends_with(
+        " holds corrupted image data from file: C:\\pictures\\valve.bmp\r\nThis picture will be removed from "
+        "project"))
+        << errors->Reports()[0].description;
     EXPECT_EQ(Elements(), CallLog{std::to_string(button->ID())});
     EXPECT_TRUE(Links().empty());
     EXPECT_TRUE(PictureRows().empty());
