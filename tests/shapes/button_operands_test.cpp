@@ -102,6 +102,48 @@ TEST_F(OperandsOfButton, AnAddressBuildsTheBagsAnewWhenThereIsOneAndARow) {
   }
 }
 
+TEST_F(OperandsOfButton, ATouchBuildsTheBagsAnewAlsoWithoutARow) {
+  clsButton button;
+  const auto before = button.ColOpPropBag();
+  button.TouchOprndAddr(-1);
+  EXPECT_EQ(button.ColOpPropBag(), before);
+  for (const Long address : {0, -2, 8}) {
+    button.TouchOprndAddr(address);
+    EXPECT_EQ(OperandsIn(button.ColOpPropBag()),
+              (CallLog{"1 " + std::to_string(address), "1 -1", "1 -1", "1 -1"}));
+  }
+  const auto touched = button.ColOpPropBag();
+  button.TouchOprndAddr(-1);
+  EXPECT_EQ(button.ColOpPropBag(), touched);
+}
+
+TEST_F(OperandsOfButton, TheOperandOfTheStringBuildsTheBagsAnewWhenThereIsOneAndARow) {
+  const struct {
+    Long id, type;
+    bool isBuilt;
+  } kCases[] = {{-1, 24, false}, {5, 0, false}, {5, 24, true}, {-2, 24, true}, {0, -1, true}};
+  for (const auto& [id, type, isBuilt] : kCases) {
+    const std::string first = std::to_string(type) + " ";
+    const auto expect = [&, isBuilt = isBuilt](clsButton& button, const automation::CollectionRef& before,
+                                               const std::string& last) {
+      EXPECT_EQ(button.ColOpPropBag() != before, isBuilt) << last;
+      if (!isBuilt) return;
+      EXPECT_EQ(OperandsIn(button.ColOpPropBag()), (CallLog{"1 -1", "1 -1", "1 -1", "1 -1", last}));
+    };
+    clsButton button;
+    button.ID(id);
+    auto before = button.ColOpPropBag();
+    button.StorageStringType(type);
+    expect(button, before, first + "-1");
+    before = button.ColOpPropBag();
+    button.StorageStringID(25);
+    expect(button, before, first + "25");
+    before = std::make_shared<automation::Collection>();
+    button.ColOpPropBag(before);
+    expect(button, before, first + "25");
+  }
+}
+
 TEST_F(OperandsOfButton, ValuesAreStoredBeforeTheBagsAreBuilt) {
   clsButton button;
   button.ID(5);
@@ -144,6 +186,12 @@ TEST_F(OperandsOfButton, OnlyTheContractRemovesTheRowOfAnOperandThatGoes) {
     EXPECT_EQ(TakeLog(), removed);
     EXPECT_EQ(automation::GetByName(*button, name), Variant(Long{-1}));
     EXPECT_FALSE(IsDefined(address));
+    // Once more, though there is none left: the row of the address -1.
+    PutByName(*button, ItfHmiElement::InterfaceOf(), name, Long{-1});
+    EXPECT_EQ(TakeLog(),
+              CallLog{"execute DELETE * FROM HMI_Operands WHERE ElementID=5 AND OprndType=1 AND OprndAddr=-1 "
+                      "AND OprndNetID =0 AND OprndPurpose=" +
+                      std::to_string(purpose)});
   }
 }
 

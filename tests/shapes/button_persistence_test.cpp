@@ -198,6 +198,23 @@ TEST_F(RowsOfButton, APaintedPictureIsSavedAndNoneIsNot) {
   EXPECT_TRUE(Links().empty());
 }
 
+TEST_F(RowsOfButton, APictureIsKeptWhateverItsKeyButForMinus1) {
+  for (const Long crc : {-2, 0}) {
+    ButtonPicture picture = Fitting();
+    picture.crc = crc;
+    picture.level = 4;
+    const auto button = SavedWithPicture(picture);
+    EXPECT_EQ(Links(), CallLog{std::to_string(button->ID()) + " " + std::to_string(crc) + " 0 4"});
+    EXPECT_EQ(PictureRows(),
+              CallLog{std::to_string(crc) + " 3 140 150 140 150 62 C:\\pictures\\valve.bmp 0"});
+    const auto loaded = Loaded(button->ID());
+    EXPECT_EQ(loaded->Image().CRC8bpp(), crc);
+    EXPECT_EQ(loaded->Image().GetData8bpp(), picture.data);
+    EXPECT_EQ(loaded->Image().TransparencyLevel(), 4);
+    static_cast<ItfHmiElement&>(*button).DeleteFromDB();
+  }
+}
+
 TEST_F(RowsOfButton, SavingAgainKeepsOneLinkAndSetsThePictureBeforeFree) {
   const auto button = SavedWithPicture();
   ButtonPicture other = Fitting();
@@ -358,6 +375,31 @@ TEST_F(RowsOfButton, TakesTextAndFontOfTheLibrarysStringBeforeItFitsThem) {
   }
 }
 
+TEST_F(RowsOfButton, TheLibrarysStringIsReadBeforeThePictureAndFittedBehindIt) {
+  services_.strings->languages = 1;
+  services_.strings->texts = {{{70, 1}, {"abc", 1}}};
+  const auto saved = Distinct();
+  saved->StorageStringType(0);
+  saved->StorageStringID(70);
+  GivePicture(*saved, Fitting());
+  saved->SaveToDB();
+  const auto row = ado::OpenRecordset(*ProjectConnection(), "SELECT * FROM HMI_Elements WHERE ID=5",
+                                      ado::adOpenStatic, ado::adLockReadOnly);
+  clsButton button;
+  NoteServices();
+  TakeLog();
+  static_cast<ItfHmiElement&>(button).LoadFromDB(*row);
+  const CallLog log = TakeLog();
+  services_.NoteInto(nullptr);
+  const auto placeOf = [&log](const std::string& call) {
+    return std::find(log.begin(), log.end(), call) - log.begin();
+  };
+  EXPECT_LT(placeOf("get VarOprndAddr"), placeOf("string 70"));
+  EXPECT_LT(placeOf("string 70"), placeOf("open SELECT Image_CRC,Image_Index FROM ElementsAndImages WHERE "
+                                          "Element_ID=5 ORDER BY (Image_Index) [0,3,1]"));
+  EXPECT_EQ(CallLog(log.end() - 3, log.end()), (CallLog{"Close", "height of font 1", "widths of font 1"}));
+}
+
 TEST_F(RowsOfButton, EveryColumnThatIsReadMayNotBeNull) {
   Distinct()->SaveToDB();
   for (const std::string& read : kColumnsRead) {
@@ -480,6 +522,12 @@ TEST_F(RowsOfButton, LoadingThatFailsAtAnyCallHasOnlyReadWhatCameBefore) {
     }
     return place;
   };
+  // Each question about the picture ends with a call of its own.
+  std::vector<int> answered;
+  for (std::size_t call = 0; call < calls.size(); ++call) {
+    if (calls[call] == "Close") answered.push_back(static_cast<int>(call));
+  }
+  ASSERT_EQ(answered.size(), 8u);
   for (int step = 0; step < static_cast<int>(calls.size()); ++step) {
     clsButton button;
     Recorder().FailAt(step + 1);
@@ -488,7 +536,16 @@ TEST_F(RowsOfButton, LoadingThatFailsAtAnyCallHasOnlyReadWhatCameBefore) {
     EXPECT_EQ(button.EnabledOpAddr(), step > readBy("get EnabledOpAddr") ? 28 : -1) << step;
     EXPECT_EQ(button.HighlightOpAddr(), step > readBy("get HighlightOpAddr") ? 29 : -1) << step;
     EXPECT_EQ(button.ColOpPropBag()->Count(), step > readBy("get VarOprndAddr") ? 5 : 0) << step;
-    EXPECT_EQ(button.Image().Bits(), 0) << step;
+    const clsVarImageElement& image = button.Image();
+    EXPECT_EQ(image.CRC8bpp(), step > answered[0] ? 61 : -1) << step;
+    EXPECT_EQ(image.GetData8bpp().empty(), step <= answered[1]) << step;
+    EXPECT_EQ(image.GetData8bppORG().empty(), step <= answered[2]) << step;
+    EXPECT_EQ(image.DxORG(), step > answered[3] ? 140 : 0) << step;
+    EXPECT_EQ(image.DyORG(), step > answered[3] ? 150 : 0) << step;
+    EXPECT_EQ(image.SourceCRC(), step > answered[4] ? 62 : -1) << step;
+    EXPECT_EQ(image.Path(), step > answered[5] ? "C:\\pictures\\valve.bmp" : "") << step;
+    EXPECT_EQ(image.TransparencyLevel(), step > answered[6] ? 4 : 0) << step;
+    EXPECT_EQ(image.Bits(), 0) << step;
   }
   TakeLog();
 }

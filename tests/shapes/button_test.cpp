@@ -8,9 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "framework/report_lines.h"
+#include "framework/touch_style.h"
 #include "platform/automation/array.h"
 #include "platform/automation/call_by_name.h"
+#include "platform/corvane1/project_database.h"
 #include "tests/support/button_fixture.h"
 #include "tests/support/font_double.h"
 #include "tests/support/raises.h"
@@ -356,6 +357,7 @@ TEST_F(Button, WouldLikeItsTextAnd8PixelsWhateverTheStyle) {
     dx = dy = 0;
     button->SaveInitialPosition();
     button->Move(50, 60);
+    button->UpdateDisplayWithTransx();
     ContractOf(*button).GetOptimalDimensions(xs, ys, dx, dy);
     EXPECT_EQ(std::vector<Long>({xs, ys, dx, dy}), std::vector<Long>({3, 5, 12, 12})) << style;
   }
@@ -457,6 +459,9 @@ TEST_F(Button, TheContractReadsHowTransparentThePictureIsAndTakesNothing) {
   PictureOf(button).TransparencyLevel(4);
   ContractOf(button).TransparencyLevel(5);
   EXPECT_EQ(ContractOf(button).TransparencyLevel(), 4);
+  // The class itself is an element first.
+  button.TransparencyLevel(6);
+  EXPECT_EQ(button.TransparencyLevel(), 4);
   EXPECT_EQ(PictureOf(button).TransparencyLevel(), 4);
 }
 
@@ -553,6 +558,51 @@ TEST_F(ButtonInProject, TheStyleFitsThePictureThroughTheDefaultInterfaceOnly) {
   EXPECT_EQ(button->Image().GetData8bpp(), PixelBytes(32 * 22, 9));
 }
 
+TEST_F(ButtonInProject, TheStyleFitsTheTextBeforeThePicture) {
+  const auto button = test::Placed<clsButton>(0, 0, 40, 30);
+  GivePicture(*button);
+  NoteServices();
+  NotePictures();
+  button->Flat3D(Long{1});
+  const CallLog log = TakeLog();
+  services_.NoteInto(nullptr);
+  EXPECT_EQ(log, (CallLog{"height of font 4", "widths of font 4",
+                          "open SELECT Dx,Dy FROM ProjectImages WHERE CRC=61 AND RecordStatus=3 [0,3,1]",
+                          "Close", "load C:\\pictures\\valve.bmp 62, 32 x 22", "convert, 32 x 22"}));
+}
+
+TEST_F(ButtonInProject, WithoutAnImageLibraryOrAProjectTheStyleIsStoredAndTheTextFitted) {
+  for (const bool hasProject : {true, false}) {
+    if (!hasProject) {
+      Platform::Current().projectDatabase = std::make_shared<corvane1::HeldProjectDatabase>();
+    }
+    const auto button = test::Placed<clsButton>(0, 0, 40, 30);
+    GivePicture(*button);
+    button->ActualText("seen");
+    LibraryState::Current().ImageLibrary = nullptr;
+    EXPECT_EQ(ErrorOf([&] { button->Flat3D(Long{2}); }), 91);
+    EXPECT_EQ(button->Flat3D(), 2);
+    EXPECT_NE(services_.ShownBy(*button), "seen");
+    EXPECT_EQ(button->Image().CRC8bpp(), 61);
+  }
+}
+
+TEST_F(ButtonInProject, APictureThatCannotBeMadeAtASizeBelow0Stays) {
+  NotePictures();
+  library_->loading = loomis2::kImageFileNotFound;
+  library_->converting = loomis2::kImageRefused;
+  const auto button = test::Placed<clsButton>(0, 0, 5, 5);
+  GivePicture(*button);
+  TakeLog();
+  button->Flat3D(Long{1});
+  const CallLog log = TakeLog();
+  EXPECT_EQ(log, (CallLog{"open SELECT Dx,Dy FROM ProjectImages WHERE CRC=61 AND RecordStatus=3 [0,3,1]",
+                          "Close", "load C:\\pictures\\valve.bmp 62, -3 x -3", "bitmap of 8 bytes, 3 x 2",
+                          "stretch, -3 x -3", "convert, -3 x -3"}));
+  EXPECT_EQ(button->Image().CRC8bpp(), 61);
+  EXPECT_EQ(button->Image().GetData8bpp(), (PixelBytes{7, 8}));
+}
+
 TEST_F(ButtonInProject, OnlyTheStyleOfARaisedOneLeavesThePictureLessRoom) {
   for (const Long style : {0, 1, 2, 3, 4, -1}) {
     NotePictures();
@@ -594,6 +644,67 @@ TEST_F(ButtonInProject, AReplicaHasAPictureOfItsOwn) {
   EXPECT_EQ(button->Image().Path(), picture.path);
 }
 
+TEST_F(Button, AReplicaOfAPaintedPictureHasNoBitmap) {
+  clsButton button;
+  ButtonPicture painted;
+  painted.crc = 0x3F3F3F3F;
+  GivePicture(button, painted);
+  button.hBmp(gdi::CreateBitmap(2, 2, 1, 32, nullptr));
+  const std::size_t before = gdi::LiveObjects();
+  const auto copy = std::dynamic_pointer_cast<clsButton>(button.Replica());
+  ASSERT_NE(copy, nullptr);
+  EXPECT_EQ(copy->Image().CRC8bpp(), 0x3F3F3F3F);
+  EXPECT_EQ(copy->hBmp(), 0);
+  EXPECT_NE(button.hBmp(), 0);
+  EXPECT_EQ(gdi::LiveObjects(), before);
+}
+
+// --- What it does not carry, and what a touch does ---
+
+TEST_F(Button, ReadsTheStubsOfWhatItDoesNotCarryAndIgnoresWrites) {
+  clsButton button;
+  for (const char* name :
+       {"KeypadSuccessOpAddr", "ColorHatch", "PenWidth", "PenStyle", "FillStyle", "HatchStyle", "hBmp"}) {
+    EXPECT_EQ(GetByName(button, Contract(), name), Variant(Long{0})) << name;
+    PutByName(button, Contract(), name, Long{3});
+    EXPECT_EQ(GetByName(button, Contract(), name), Variant(Long{0})) << name;
+  }
+  for (const Long font : {0, 1, 2}) {
+    button.FontNumber(font);
+    Variant table = automation::From(std::vector<Byte>{7, 8, 9});
+    button.SetNewFontNumberByLookUpTBL(table);
+    EXPECT_EQ(button.FontNumber(), font);
+  }
+}
+
+TEST_F(ButtonInProject, ItsToolTipTellsOfItsTouchAndItsPlaceOnDisplay) {
+  const auto button = test::Placed<clsButton>(1, -2, 30, 40);
+  EXPECT_EQ(button->GetToolTipText(), "Pos: 1, -2 ; Size: 30, 40");
+  button->TouchOprndAddr(22);
+  button->Move(5, 5);
+  EXPECT_EQ(button->GetToolTipText(), "(Touch - MB 22) Pos: 1, -2 ; Size: 30, 40");
+  button->UpdateDisplayWithTransx();
+  EXPECT_EQ(button->GetToolTipText(), "(Touch - MB 22) Pos: 6, 3 ; Size: 30, 40");
+}
+
+TEST_F(ButtonInProject, ATouchSetsItsOperandOrChangesItsColoursToo) {
+  const struct {
+    Long touch, back, fore;
+    enTouchStyle style;
+  } kCases[] = {{-1, 6, 6, eTS_None},        {-2, 6, 6, eTS_None},        {-2, 1, 1, eTS_None},
+                {-1, 1, 1, eTS_None},        {5, 6, 7, eTS_MB_Connected}, {0, 6, 7, eTS_MB_Connected},
+                {5, 1, 7, eTS_ChangeColors}, {5, 6, 1, eTS_ChangeColors}, {0, 1, 1, eTS_ChangeColors}};
+  for (const auto& [touch, back, fore, style] : kCases) {
+    clsButton button;
+    button.ColorBack(6);
+    button.ColorFore(7);
+    button.ColorBackTouch(back);
+    button.ColorForeTouch(fore);
+    button.TouchOprndAddr(touch);
+    EXPECT_EQ(GetTouchStyle(button), style) << touch << ' ' << back << ' ' << fore;
+  }
+}
+
 // --- Where it may stand ---
 
 TEST_F(Button, MayNotStandOnAMarkOfTheMap) {
@@ -615,16 +726,15 @@ TEST_F(Button, MayNotStandOnAMarkOfTheMap) {
 
 TEST_F(ButtonInProject, ReportsInThisOrder) {
   const auto button = Distinct();
-  Define(25, "", 24);
+  Define(25, "", 3);
+  button->StorageStringType(3);
   GivePicture(*button);
   test::ReportDouble report;
   button->CreateStaticElementPrinterReport(report);
-  EXPECT_EQ(report.Lines(),
-            (CallLog{"Coordinates (Left,Top,Width,Height): (12,13,140,150)", "Text: one ...", "Font: no. 5",
-                     AlignmentReportLine(6), Flat3DReportLine(2), "Hide Operand: MB 23",
-                     "Disable Mode Operand: MB 28", "Marking View Operand: MB 29",
-                     "Operand for String Library ID: " + OperandDescription(24, 25, kLocalNetwork),
-                     "Image: valve.bmp"}));
+  EXPECT_EQ(report.Lines(), (CallLog{"Coordinates (Left,Top,Width,Height): (12,13,140,150)", "Text: one ...",
+                                     "Font: no. 5", "Alignment: Bottom Left", "", "Hide Operand: MB 23",
+                                     "Disable Mode Operand: MB 28", "Marking View Operand: MB 29",
+                                     "Operand for String Library ID: MW 25", "Image: valve.bmp"}));
 }
 
 TEST_F(Button, ReportsNoOperandsAndNoStringWithoutThem) {
