@@ -6,7 +6,7 @@
 namespace quenzel7 {
 
 /// What the library knows of the host's work as a whole: one set per thread, which lives as long as the
-/// thread does. Nothing saves it. clsGrpElmntsSrv sets it.
+/// thread does. Nothing saves it. clsGrpElmntsSrv sets all but the last.
 struct LibraryState {
   /// The set of the calling thread.
   static LibraryState& Current();
@@ -21,7 +21,7 @@ struct LibraryState {
   Long StretchMode = 0;
   /// The pictures that elements share; none until set up.
   loomis2::ImageLibraryRef ImageLibrary;
-  /// Whether a picture of a variable could not be fitted to its new size since this was last looked at.
+  /// Set by resizing the pictures of a variable when one could not be made; stays until the host clears it.
   bool ImageResizeFailed = false;
 };
 

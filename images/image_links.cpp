@@ -11,8 +11,12 @@ std::string LinksOf(Long elementId) {
 
 }  // namespace
 
+std::string ElementLinksQuery(const std::string& columns, Long elementId) {
+  return "SELECT " + columns + " FROM " + LinksOf(elementId);
+}
+
 std::string ElementImageLinkQuery(Long elementId, Long imageIndex) {
-  return "SELECT * FROM " + LinksOf(elementId) + " AND Image_Index=" + std::to_string(imageIndex);
+  return ElementLinksQuery("*", elementId) + " AND Image_Index=" + std::to_string(imageIndex);
 }
 
 std::string PageImageLinkQuery(Long pageId, Long imageType) {
@@ -30,15 +34,15 @@ void WriteImageLink(const std::string& query, ado::CursorType cursor, const Link
 
 Long GetElementImageTransparency(Long pElement_ID, Long pImageIndex) {
   Long level = 0;
-  ReadFirstImageRow("SELECT TransparencyLevel FROM " + LinksOf(pElement_ID) +
-                        " AND Image_Index=" + std::to_string(pImageIndex),
-                    [&](const ado::Recordset& row) { level = NumberIn(row, "TransparencyLevel"); });
+  ReadFirstImageRow(
+      ElementLinksQuery("TransparencyLevel", pElement_ID) + " AND Image_Index=" + std::to_string(pImageIndex),
+      [&](const ado::Recordset& row) { level = NumberIn(row, "TransparencyLevel"); });
   return level;
 }
 
 Long GetElementTransparency(Long pElement_ID) {
   const ado::RecordsetRef rows =
-      ProjectConnection()->Execute("SELECT TransparencyLevel FROM " + LinksOf(pElement_ID));
+      ProjectConnection()->Execute(ElementLinksQuery("TransparencyLevel", pElement_ID));
   const Long level = rows->Eof() ? 0 : NumberIn(*rows, "TransparencyLevel");
   rows->Close();
   return level;
@@ -53,7 +57,7 @@ void ReleaseElementImages(Long pElement_ID) {
   std::vector<Long> images;
   {
     const ado::RecordsetRef links =
-        OpenImageRows("SELECT * FROM " + LinksOf(pElement_ID), ado::adOpenForwardOnly);
+        OpenImageRows(ElementLinksQuery("*", pElement_ID), ado::adOpenForwardOnly);
     ForEachRow(*links, [&](const ado::Recordset& link) { images.push_back(NumberIn(link, "Image_CRC")); });
     links->Close();
   }
@@ -72,7 +76,7 @@ void ReleaseElementImage(Long pCRC, Long pElement_ID, Long pImageIndex) {
 void TrimElementImages(Long pElement_ID, Long pCount) {
   if (pCount < 1) return;
   const ado::RecordsetRef links =
-      OpenImageRows("SELECT * FROM " + LinksOf(pElement_ID) + " Order By Image_Index", ado::adOpenDynamic);
+      OpenImageRows(ElementLinksQuery("*", pElement_ID) + " Order By Image_Index", ado::adOpenDynamic);
   Long place = 0;
   ForEachRow(*links, [&](ado::Recordset& link) {
     if (++place > pCount) link.Delete();

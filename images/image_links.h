@@ -10,6 +10,8 @@
 /// Which elements and pages have which pictures. Errors of the project and its database pass through.
 namespace quenzel7 {
 
+/// All links of an element.
+std::string ElementLinksQuery(const std::string& columns, Long elementId);
 /// The link of an element to its picture of that index, and that of a page to its picture of that kind.
 std::string ElementImageLinkQuery(Long elementId, Long imageIndex);
 std::string PageImageLinkQuery(Long pageId, Long imageType);

@@ -68,6 +68,7 @@ void ResizeElementImages(Long pDx, Long pDy, const automation::CollectionRef& pC
   const BusyPointer busy;
   const automation::CollectionRef pictures = Required(pColImageList);
   for (const Long crc : distinct) {
+    if (crc == kPaintedImage) continue;
     std::shared_ptr<Picture> first;
     for (Long place = 1; place <= pictures->Count(); ++place) {
       const auto picture = pictures->ObjectAt<Picture>(place);

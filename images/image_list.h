@@ -20,7 +20,7 @@ void SaveImageList(Long pElementID, enVarType pVarType, const automation::Collec
 
 /// Makes the pictures of a list anew at another size, in panel pixels, each one that the element's links
 /// name, once; the host's pointer tells that this takes a while. A picture that cannot be made is told in the
-/// host's output list, and LibraryState::ImageResizeFailed is set.
+/// host's output list, and LibraryState::ImageResizeFailed is set. A painted picture is passed over.
 void ResizeElementImages(Long pDx, Long pDy, const automation::CollectionRef& pColImageList, Long pElementID);
 
 }  // namespace quenzel7

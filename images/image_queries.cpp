@@ -3,19 +3,12 @@
 #include <cstdint>
 #include <new>
 
+#include "images/image_links.h"
 #include "images/image_rows.h"
 #include "platform/automation/automation_error.h"
 
 namespace quenzel7 {
 namespace {
-
-std::string ImageQuery(const std::string& columns, Long crc) {
-  return "SELECT " + columns + " FROM ProjectImages WHERE CRC=" + std::to_string(crc);
-}
-
-std::string ImageInUseQuery(const std::string& columns, Long crc) {
-  return ImageQuery(columns, crc) + " AND RecordStatus=3";
-}
 
 PixelBytes PixelsOf(Long crc, const std::string& column) {
   PixelBytes pixels;
@@ -24,21 +17,16 @@ PixelBytes PixelsOf(Long crc, const std::string& column) {
   return pixels;
 }
 
-std::string LinksQuery(const std::string& columns, Long elementId) {
-  return "SELECT " + columns + " FROM ElementsAndImages WHERE Element_ID=" + std::to_string(elementId);
-}
-
 std::string OrderedLinksQuery(Long elementId) {
-  return LinksQuery("Image_CRC,Image_Index", elementId) + " ORDER BY (Image_Index)";
+  return ElementLinksQuery("Image_CRC,Image_Index", elementId) + " ORDER BY (Image_Index)";
 }
 
-/// Whether the project has the column for the bits of a pixel.
-bool ImagesTellBits() {
-  const ado::RecordsetRef rows =
-      OpenImageRows("SELECT * FROM ProjectImages WHERE RecordStatus=-1", ado::adOpenForwardOnly);
+/// Whether the project is from before the column for the bits of a pixel.
+bool ImagesLackBits() {
+  const ado::RecordsetRef rows = OpenImageRows(kNoImageRowsQuery, ado::adOpenForwardOnly);
   const Long columns = rows->FieldCount();
   rows->Close();
-  return columns == kImageColumnsWithBits;
+  return columns < kImageColumnsWithBits;
 }
 
 /// The pictures in the order of the rows.
@@ -50,12 +38,17 @@ std::vector<Long> PicturesOf(const std::string& query) {
   return pictures;
 }
 
+[[noreturn]] void RaiseNoRoom(Long count) {
+  throw automation::AutomationError(automation::ErrorNumber::OutOfMemory,
+                                    "no room for " + std::to_string(count) + " pictures of a variable");
+}
+
 std::vector<Long> NoPictures(Long count) {
+  if (count > kMostVarImages) RaiseNoRoom(count);
   try {
     return std::vector<Long>(static_cast<std::size_t>(count), kNoImage);
   } catch (const std::bad_alloc&) {
-    throw automation::AutomationError(automation::ErrorNumber::OutOfMemory,
-                                      "no room for " + std::to_string(count) + " pictures of a variable");
+    RaiseNoRoom(count);
   }
 }
 
@@ -71,7 +64,7 @@ Long GetImageBitsByCRC(Long pCRC) {
     ReadFirstImageRow(ImageQuery("CRC,[Bits]", pCRC), [&](const ado::Recordset& row) { bits = BitsIn(row); });
   } catch (const automation::AutomationError&) {
     // In a project from before pixels of two bytes, all have one.
-    if (ImagesTellBits()) throw;
+    if (!ImagesLackBits()) throw;
   }
   return bits;
 }
@@ -122,14 +115,14 @@ std::vector<Long> GetElementImageCRCs(Long pElement_ID) {
 }
 
 std::vector<Long> GetDistinctElementImageCRCs(Long pElement_ID) {
-  return PicturesOf(LinksQuery("DISTINCT Image_CRC", pElement_ID));
+  return PicturesOf(ElementLinksQuery("DISTINCT Image_CRC", pElement_ID));
 }
 
 std::vector<Long> GetCRCsOfVarImages(Long pElement_ID, Long pNumOfImages) {
   if (pNumOfImages < 1) return {};
   std::vector<Long> pictures = NoPictures(pNumOfImages);
   Long actualCount = 0;
-  ReadFirstImageRow(LinksQuery("COUNT(Image_CRC) as ActualCount", pElement_ID),
+  ReadFirstImageRow(ElementLinksQuery("COUNT(Image_CRC) as ActualCount", pElement_ID),
                     [&](const ado::Recordset& row) { actualCount = NumberIn(row, "ActualCount"); });
   const bool hasHoles = actualCount != pNumOfImages;
   const ado::RecordsetRef rows = OpenImageRows(OrderedLinksQuery(pElement_ID), ado::adOpenForwardOnly);

@@ -30,8 +30,11 @@ std::string GetImagePathFromDB(Long pImageCRC);
 std::vector<Long> GetElementImageCRCs(Long pElement_ID);
 /// The pictures of an element, each once.
 std::vector<Long> GetDistinctElementImageCRCs(Long pElement_ID);
+/// The most pictures of a variable that are asked for at once: a count beyond is not a variable's.
+inline constexpr Long kMostVarImages = 1 << 24;
 /// The picture for each index of a variable from 0 on, -1 where it has none; empty for a number below 1.
-/// Error 7 when there is no room for so many.
+/// Error 7 for more than `kMostVarImages`, before the project is asked, and when there is no room for so
+/// many.
 std::vector<Long> GetCRCsOfVarImages(Long pElement_ID, Long pNumOfImages);
 
 }  // namespace quenzel7

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "framework/named_table.h"
 #include "images/image_saving.h"
@@ -41,6 +42,14 @@ class ImageRecord : public automation::Object {
   /// The picture for saving at a size on the panel; saving may repair the pixels through it.
   ImageToSave ToSave(Long dx, Long dy, Long bits) {
     return {CRC8bpp_, SourceCRC_, DxORG_, DyORG_, dataOrg_, dx, dy, data_, Path_, bits};
+  }
+  /// Becomes the picture of another record.
+  void TakeOver(ImageRecord&& other) {
+#define QUENZEL7_IMAGE_TAKE(Type, Name, Default, Documentation) Name##_ = std::move(other.Name##_);
+    QUENZEL7_IMAGE_PROPERTIES(QUENZEL7_IMAGE_TAKE)
+#undef QUENZEL7_IMAGE_TAKE
+    data_ = std::move(other.data_);
+    dataOrg_ = std::move(other.dataOrg_);
   }
 
  private:

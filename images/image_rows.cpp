@@ -53,6 +53,14 @@ ado::RecordsetRef OpenImageRows(const std::string& query, ado::CursorType cursor
   return ado::OpenRecordset(*ProjectConnection(), query, cursor, ado::adLockOptimistic, ado::adCmdText);
 }
 
+std::string ImageQuery(const std::string& columns, Long crc) {
+  return "SELECT " + columns + " FROM ProjectImages WHERE CRC=" + std::to_string(crc);
+}
+
+std::string ImageInUseQuery(const std::string& columns, Long crc) {
+  return ImageQuery(columns, crc) + " AND RecordStatus=3";
+}
+
 bool ReadFirstImageRow(const std::string& query, const std::function<void(const ado::Recordset&)>& read) {
   const ado::RecordsetRef rows = OpenImageRows(query, ado::adOpenForwardOnly);
   const bool found = !rows->Eof();
@@ -115,15 +123,18 @@ void FreeImageWithoutLinks(Long crc, FreeingOrder order) {
 }
 
 bool MoveImageRow(Long index) {
-  const std::string row = " FROM ProjectImages WHERE Index=" + std::to_string(index);
-  const ado::RecordsetRef found = OpenImageRows("SELECT *" + row, ado::adOpenForwardOnly);
-  const bool isThere = !found->Eof();
-  std::string columns = "CRC,LibCRC,Dx,Dy,DxORG,DyORG,Data8bpp,Data8bppORG,ImagePath,RecordStatus";
-  if (found->FieldCount() == kImageColumnsWithBits) columns += ",[Bits]";
-  found->Close();
-  if (!isThere) return false;
-  ProjectConnection()->Execute("INSERT INTO ProjectImages (" + columns + ") SELECT " + columns + row);
-  ProjectConnection()->Execute("DELETE *" + row);
+  const std::string row = " WHERE Index=" + std::to_string(index) + " AND RecordStatus IN (2,3)";
+  if (!ReadFirstImageRow("SELECT CRC FROM ProjectImages" + row, [](const ado::Recordset&) {})) return false;
+  // A row that is made and goes again reserves a number that no later picture gets. It is a free one, lest
+  // more than that stays behind when something fails here.
+  const ado::RecordsetRef reserved = OpenImageRows(kNoImageRowsQuery, ado::adOpenDynamic);
+  reserved->AddNew();
+  reserved->Put(kStatus.name, *kStatus.number);
+  reserved->Update();
+  const Long behindAll = NumberIn(*reserved, "Index");
+  reserved->Delete();
+  reserved->Close();
+  ProjectConnection()->Execute("UPDATE ProjectImages SET Index=" + std::to_string(behindAll) + row);
   return true;
 }
 

@@ -23,8 +23,15 @@ enum ImageRecordStatus : Long {
   kImageInUse = 3,
 };
 
+/// The query for a picture of any state, and for one that is in use.
+std::string ImageQuery(const std::string& columns, Long crc);
+std::string ImageInUseQuery(const std::string& columns, Long crc);
+
 /// The number of columns of a project whose pictures tell the bits of a pixel, the last of them.
 inline constexpr Long kImageColumnsWithBits = 12;
+
+/// The query for none of the pictures, which tells their columns and takes new ones.
+inline constexpr const char* kNoImageRowsQuery = "SELECT * FROM ProjectImages WHERE RecordStatus=-1";
 
 /// The rows of a query of the open project, run as the text that it is.
 ado::RecordsetRef OpenImageRows(const std::string& query, ado::CursorType cursor);
@@ -65,8 +72,8 @@ void FreeFirstOrphanImage();
 enum class FreeingOrder { PanelPixelsFirst, OriginalPixelsFirst };
 void FreeImageWithoutLinks(Long crc, FreeingOrder order);
 
-/// Gives the picture that has the row of that number another row, behind all others; tells whether there is
-/// one.
+/// Gives the row of that number, which an element or a page has or nothing, a number behind all others; tells
+/// whether there is one. The rows of the panel itself stay.
 bool MoveImageRow(Long index);
 
 /// Deletes the free rows behind the last one in use.

@@ -5,9 +5,9 @@
 
 #include "images/image_rows.h"
 
-/// How a picture comes into the project: into the row of its CRC, else into the first free row, else into a
-/// new one. Errors of the project, its database and the image library pass through; what was written by then
-/// stays.
+/// How a picture comes into the project: into the row of its CRC, else into the free row of lowest index,
+/// else into a new one; the pictures of pages differ where it is said. Errors of the project, its database
+/// and the image library pass through; what was written by then stays.
 namespace quenzel7 {
 
 /// A picture to be saved. The pixels are made anew if they do not fit the size, and what was repaired is
@@ -32,7 +32,8 @@ void AddBitmapImageToProject(const ImageToSave& image, Long elementId, Long imag
 /// the picture has its row under that one then. Projects from before pixels of two bytes are written too.
 Long UpdateListImage(const ImageToSave& image);
 
-/// Saves the row of a picture behind a page. Its CRC stays the key, also of repaired pixels.
+/// Saves the row of a picture behind a page. Its CRC stays the key, also of repaired pixels. Where only a
+/// free row has that CRC, the picture takes a new row all the same.
 void UpdatePageImage(const ImageToSave& image);
 
 /// Writes a picture of the panel itself into the current row, and its key with it; it is not checked.

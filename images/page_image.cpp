@@ -1,6 +1,7 @@
 #include "images/page_image.h"
 
 #include <memory>
+#include <utility>
 
 #include "images/image_links.h"
 
@@ -41,23 +42,24 @@ void clsPageImage::SaveToDBEx(Long pPageID, Long pImageType, Long pDx, Long pDy,
 }
 
 bool clsPageImage::ReadImagePropsFromDB(Long pImageType) {
-  const std::string crc = std::to_string(CRC8bpp());
-  const bool isThere = ReadFirstImageRow(
-      "SELECT * FROM ProjectImages WHERE CRC=" + crc + " AND RecordStatus=3", [&](const ado::Recordset& row) {
-        SourceCRC(NumberIn(row, "LibCRC"));
-        Path(TextIn(row, "ImagePath"));
-        DxORG(NumberIn(row, "DxORG"));
-        DyORG(NumberIn(row, "DyORG"));
-        SetData8bpp(PixelsIn(row, "Data8bpp"));
-        SetData8bppORG(PixelsIn(row, "Data8bppORG"));
-        Bits(BitsIn(row));
-      });
+  // Nothing is taken over before all of it is read.
+  clsPageImage read;
+  read.CRC8bpp(CRC8bpp());
+  const bool isThere = ReadFirstImageRow(ImageInUseQuery("*", CRC8bpp()), [&](const ado::Recordset& row) {
+    read.SourceCRC(NumberIn(row, "LibCRC"));
+    read.Path(TextIn(row, "ImagePath"));
+    read.DxORG(NumberIn(row, "DxORG"));
+    read.DyORG(NumberIn(row, "DyORG"));
+    read.SetData8bpp(PixelsIn(row, "Data8bpp"));
+    read.SetData8bppORG(PixelsIn(row, "Data8bppORG"));
+    read.Bits(BitsIn(row));
+  });
   if (!isThere) return false;
-  TransparencyLevel(0);
   ReadFirstImageRow(
-      "SELECT TransparencyLevel FROM PagesAndImages WHERE (Image_CRC=" + crc +
+      "SELECT TransparencyLevel FROM PagesAndImages WHERE (Image_CRC=" + std::to_string(CRC8bpp()) +
           " AND Image_Type=" + std::to_string(pImageType) + ")",
-      [&](const ado::Recordset& row) { TransparencyLevel(NumberIn(row, "TransparencyLevel")); });
+      [&](const ado::Recordset& row) { read.TransparencyLevel(NumberIn(row, "TransparencyLevel")); });
+  TakeOver(std::move(read));
   return true;
 }
 

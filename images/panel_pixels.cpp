@@ -1,6 +1,7 @@
 #include "images/panel_pixels.h"
 
 #include <cstdint>
+#include <utility>
 
 #include "framework/library_state.h"
 #include "platform/automation/automation_error.h"
@@ -19,6 +20,7 @@ loomis2::ImageLibraryRef CurrentImageLibrary() {
 }
 
 bool IsImageDataValid(const PixelBytes& data, Long dx, Long dy, Long bits) {
+  if (dx < 0 || dy < 0) return false;
   const std::int64_t width = dx, height = dy;
   const std::int64_t row = bits == kTwoBytePixels ? 2 * width : width + width % 2;
   return static_cast<std::int64_t>(data.size()) == row * height;
@@ -47,8 +49,14 @@ Long ConvertToPixels(gdi::HBITMAP bitmap, Long conversionMode, Long dx, Long dy,
 bool RebuildImageData(const PixelBytes& pDataORG, Long pDxORG, Long pDyORG, Long pDx, Long pDy,
                       PixelBytes& pData, Long& pCRC, Long bits) {
   const gdi::OwnedBitmap stretched(StretchedBitmapOfPixels(pDataORG, pDxORG, pDyORG, pDx, pDy, bits));
-  return loomis2::IsConverted(
-      ConvertToPixels(stretched.Get(), loomis2::kNearestColor, pDx, pDy, bits, pData, pCRC));
+  // The library may have written something before it gave up.
+  PixelBytes data;
+  Long crc = pCRC;
+  const Long status = ConvertToPixels(stretched.Get(), loomis2::kNearestColor, pDx, pDy, bits, data, crc);
+  if (!loomis2::IsConverted(status)) return false;
+  pData = std::move(data);
+  pCRC = crc;
+  return true;
 }
 
 std::string GetFileName(const std::string& path) {

@@ -24,7 +24,7 @@ using PixelBytes = std::vector<Byte>;
 /// The thread's image library, which is never none; error 91 before the host has set one up.
 loomis2::ImageLibraryRef CurrentImageLibrary();
 
-/// Whether the pixels have the length of a picture of that size.
+/// Whether the pixels have the length of a picture of that size; no pixels are those of a size below 0.
 bool IsImageDataValid(const PixelBytes& data, Long dx, Long dy, Long bits);
 
 /// A new bitmap of the pixels, which belongs to the caller; 0 when they are not those of a picture of that

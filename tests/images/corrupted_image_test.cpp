@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/support/image_fixture.h"
+#include "tests/support/noting_services.h"
 #include "tests/support/raises.h"
 
 namespace quenzel7 {
@@ -13,49 +16,26 @@ using test::CallLog;
 using test::operator+;
 using Lines = std::vector<std::string>;
 
-/// Notes in the log of the connection what the host is told.
-class NotingFrame final : public corvane1::HostFrame {
- public:
-  explicit NotingFrame(test::RecordingConnection& recorder) : recorder_(recorder) {}
-  void SetPointer(Long pointer) override { recorder_.Note("pointer " + std::to_string(pointer)); }
-  void AddOutput(const std::string& text, Long) override { recorder_.Note("output " + text); }
-  void InterruptWork() override { recorder_.Note("interrupt"); }
-  void Refresh(Long which, Long what) override {
-    recorder_.Note("refresh " + std::to_string(which) + " " + std::to_string(what));
-  }
-
- private:
-  test::RecordingConnection& recorder_;
-};
-
-class NotingErrors final : public corvane1::ErrorLog {
- public:
-  explicit NotingErrors(test::RecordingConnection& recorder) : recorder_(recorder) {}
-  void Report(const ErrorReport& report) override {
-    recorder_.Note("log");
-    reports.push_back(report);
-  }
-  std::vector<ErrorReport> reports;
-
- private:
-  test::RecordingConnection& recorder_;
-};
-
 class CorruptedImage : public test::ImageProjectTest {
  protected:
   void SetUp() override {
     ImageProjectTest::SetUp();
-    Platform::Current().hostFrame = std::make_shared<NotingFrame>(Recorder());
-    Platform::Current().errorLog = errors_ = std::make_shared<NotingErrors>(Recorder());
+    Platform::Current().hostFrame = std::make_shared<test::NotingFrame>(Recorder());
+    Platform::Current().errorLog = errors_ = std::make_shared<test::NotingErrors>(Recorder());
     PutRow("DispModules", {{"ModuleId", Long{2}}, {"ModuleName", "Main"}});
     PutRow("Pages", {{"Id", Long{7}}, {"ModuleID", Long{2}}, {"Description", "Start"}});
+    PutElements();
+    TakeLog();
+  }
+
+  /// The elements 5 and 6 with a picture each.
+  void PutElements() {
     for (Long id = 5; id <= 6; ++id) {
       PutRow("HMI_Elements",
              {{"ID", id}, {"DisplayID", Long{7}}, {"Type", Long{kBitmap}}, {"Text", "Level"}});
       PutImage(id, id * 10, kImageInUse);
       Link(id, 0, id * 10);
     }
-    TakeLog();
   }
 
   void SetType(Long type) {
@@ -68,7 +48,7 @@ class CorruptedImage : public test::ImageProjectTest {
   Lines Elements() { return Rows("SELECT * FROM HMI_Elements ORDER BY ID", {"ID"}); }
 
   static constexpr Long kBitmap = 3;
-  std::shared_ptr<NotingErrors> errors_;
+  std::shared_ptr<test::NotingErrors> errors_;
 };
 
 TEST_F(CorruptedImage, OfAnElementIsToldInThisOrder) {
@@ -171,13 +151,34 @@ TEST_F(CorruptedImage, OfAPageWithoutADescriptionHasNone) {
   EXPECT_EQ(ReportOf5().find("A picture of element in module Main, display  holds"), 0u);
 }
 
-TEST_F(CorruptedImage, AFailureOfTheDatabasePassesUpAndNothingIsTold) {
-  for (int call = 1; call <= 5; ++call) {
-    Recorder().FailAt(call);
-    EXPECT_NE(test::ErrorOf([] { ReportCorruptedImage("a.png", 5); }), 0) << call;
+TEST_F(CorruptedImage, AVariableWithoutATextIsToldWithout) {
+  SetType(5);
+  Connection().Execute("UPDATE HMI_Elements SET Text=NULL WHERE ID=5");
+  EXPECT_EQ(ReportOf5().find("A variable:  in module Main, display Start holds"), 0u);
+}
+
+TEST_F(CorruptedImage, AFailureOfAnyCallPassesUpAndNothingAfterItIsDone) {
+  SetType(5);
+  ReportCorruptedImage("a.png", 5);
+  const CallLog calls = TakeLog();
+  ASSERT_EQ(calls.size(), 35u) << ::testing::PrintToString(calls);
+  const auto told = std::find(calls.begin(), calls.end(), "log");
+  for (std::size_t call = 1; call <= calls.size(); ++call) {
+    for (const char* table : {"HMI_Elements", "ElementsAndImages", "ProjectImages"}) {
+      Connection().Execute(std::string("DELETE FROM ") + table);
+    }
+    PutElements();
+    SetType(5);
+    errors_->reports.clear();
+    TakeLog();
+    Recorder().FailAt(static_cast<int>(call));
+    const std::string raised = test::DescriptionOf([] { ReportCorruptedImage("a.png", 5); });
+    EXPECT_NE(raised.find("failed at " + calls[call - 1]), std::string::npos) << raised;
+    Recorder().FailAt(0);
+    EXPECT_EQ(TakeLog(), CallLog(calls.begin(), calls.begin() + static_cast<std::ptrdiff_t>(call)));
+    EXPECT_EQ(errors_->reports.size(),
+              told - calls.begin() < static_cast<std::ptrdiff_t>(call) - 1 ? 1u : 0u);
   }
-  EXPECT_TRUE(errors_->reports.empty());
-  EXPECT_EQ(Elements(), (Lines{"5", "6"}));
 }
 
 TEST_F(CorruptedImage, ARepairIsLoggedWithItsSource) {

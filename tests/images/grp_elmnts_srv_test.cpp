@@ -389,6 +389,10 @@ TEST_F(LibraryServiceObjectOfAProject, TellsOfItsPicturesByName) {
       automation::To<PixelBytes>(automation::InvokeByName(service_, "GetImageData8bppByCRC", {Long{50}})),
       test::PixelsOf(3, 2, 8));
   EXPECT_EQ(automation::InvokeByName(service_, "GetImagePathFromDB", {Long{50}}), Variant("C:\\p\\50.png"));
+  std::vector<Variant> sizes = {Long{50}, Long{7}, Long{7}};
+  automation::CallByName(service_, "GetImageOriginalDimansions", automation::CallKind::Method, sizes);
+  EXPECT_EQ(sizes[1], Variant(Long{4}));
+  EXPECT_EQ(sizes[2], Variant(Long{3}));
 }
 
 TEST_F(LibraryServiceObjectOfAProject, SavesTheListOfAVariable) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "images/image_queries.h"
 #include "tests/support/image_fixture.h"
 #include "tests/support/raises.h"
 
@@ -180,13 +181,51 @@ TEST_F(ImageList, AFileThatIsLostIsToldAndTheOthersAreStillResized) {
   EXPECT_EQ(library->Kept(), Lines{});
 }
 
-TEST_F(ImageList, AVariableWithoutARowHasNoTextToTell) {
+TEST_F(ImageList, APaintedPictureIsPassedOverAndThoseAroundAreResized) {
+  const auto library = UseNotingLibrary();
+  const Pictures pictures = {Entry(kPaintedImage), Entry(kPaintedImage - 1), Entry(kPaintedImage + 1)};
+  for (Long i = 0; i < 3; ++i) Link(6, i, pictures[static_cast<std::size_t>(i)]->CRC8bpp());
+  TakeLog();
+  ResizeElementImages(8, 9, ListOf(pictures), 6);
+  EXPECT_EQ(library->calls.size(), 6u);
+  EXPECT_EQ(Statements().size(), 1u);
+  EXPECT_EQ(Outputs().size(), 0u);
+  EXPECT_FALSE(LibraryState::Current().ImageResizeFailed);
+  EXPECT_EQ(pictures[0]->CRC8bpp(), kPaintedImage);
+  EXPECT_EQ(pictures[0]->GetData8bpp(), test::PixelsOf(3, 2, 8));
+  EXPECT_EQ(pictures[1]->CRC8bpp(), 77);
+  EXPECT_EQ(pictures[2]->CRC8bpp(), 77);
+}
+
+TEST_F(ImageList, ANewCrcThatAnotherPictureOfTheElementHasMakesThemOne) {
+  const auto library = UseNotingLibrary();
+  library->crc = 60;
+  const Pictures pictures = {Entry(50), Entry(60)};
+  Link(6, 0, 50);
+  Link(6, 1, 60);
+  ASSERT_EQ(GetDistinctElementImageCRCs(6), (std::vector<Long>{50, 60}));
+  ResizeElementImages(8, 9, ListOf(pictures), 6);
+  // When 60 has its turn, the first picture has that CRC too: it is resized again, and the second is its
+  // copy.
+  EXPECT_EQ(library->calls, (Lines{"mode of 'C:\\p\\50.png'", "load 'C:\\p\\50.png' 1050 8x9",
+                                   "to 8bpp mode 7 #1 of 256 colours 8x9", "mode of 'C:\\p\\50.png'",
+                                   "load 'C:\\p\\50.png' 1050 8x9", "to 8bpp mode 7 #2 of 256 colours 8x9"}));
+  for (const auto& picture : pictures) {
+    EXPECT_EQ(picture->CRC8bpp(), 60);
+    EXPECT_EQ(picture->GetData8bpp(), (PixelBytes{1, 2}));
+  }
+}
+
+TEST_F(ImageList, AVariableWithoutARowOrATextHasNoneToTell) {
   UseNotingLibrary();
   const auto picture = Entry(50);
   picture->SourceCRC(-1);
   Link(6, 0, 50);
   ResizeElementImages(8, 9, ListOf({picture}), 6);
-  EXPECT_EQ(Outputs().at(0).text, "During resize of variable : , image file: 50.png was not found.");
+  PutRow("HMI_Elements", {{"ID", Long{6}}, {"Text", automation::NullValue{}}});
+  ResizeElementImages(8, 9, ListOf({picture}), 6);
+  const corvane1::OutputEntry line{"During resize of variable : , image file: 50.png was not found.", 2};
+  EXPECT_EQ(Outputs(), (std::vector<corvane1::OutputEntry>{line, line}));
 }
 
 TEST_F(ImageList, ResizingThatSucceedsLeavesTheFlagOfAnEarlierFailure) {

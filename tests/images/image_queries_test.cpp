@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <limits>
 
 #include "images/image_rows.h"
 #include "tests/support/failing_memory.h"
@@ -131,6 +132,19 @@ TEST_F(ImageQueries, PassOnAFailureThatHasAnotherReason) {
             "failed at open SELECT CRC,[Bits] FROM ProjectImages WHERE CRC=40 [0,3,1]");
 }
 
+TEST_F(ImageQueries, OfATableWithMoreColumnsReadBitsAndPassOnFailures) {
+  PutAllStates();
+  Connection().Execute("ALTER TABLE ProjectImages ADD COLUMN More");
+  EXPECT_EQ(GetImageBitsByCRC(40), 16);
+  for (const int call : {1, 2, 3, 4}) {
+    Recorder().FailAt(call);
+    EXPECT_EQ(test::ErrorOf([] { GetImageBitsByCRC(40); }),
+              static_cast<Long>(automation::ErrorNumber::Database))
+        << call;
+    TakeLog();
+  }
+}
+
 TEST_F(ImageQueries, ReadSizesOfPicturesInUseOnly) {
   PutAllStates();
   for (const Long crc : {10, 20, 30, 50}) {
@@ -253,6 +267,23 @@ TEST_F(ImageQueries, OfAVariableLeaveHolesOpen) {
     EXPECT_EQ(GetCRCsOfVarImages(1, example.places), example.found)
         << ::testing::PrintToString(example.indexes) << " " << example.places;
   }
+}
+
+TEST_F(ImageQueries, OfAVariableBeyondTheMostAreAnErrorBeforeAnythingIsAsked) {
+  EXPECT_EQ(kMostVarImages, 16777216);
+  for (const Long count : {kMostVarImages + 1, std::numeric_limits<Long>::max()}) {
+    const test::Failing memory(0, 100000);
+    EXPECT_RAISES(7, "no room for " + std::to_string(count) + " pictures of a variable",
+                  GetCRCsOfVarImages(1, count));
+    // Not even their places were asked for.
+    EXPECT_EQ(test::allocationsLeft, 0);
+    EXPECT_EQ(TakeLog(), CallLog{});
+  }
+  Link(1, 3, 10);
+  const Crcs most = GetCRCsOfVarImages(1, kMostVarImages);
+  ASSERT_EQ(most.size(), 16777216u);
+  EXPECT_EQ(most[3], 10);
+  EXPECT_EQ(most.back(), -1);
 }
 
 TEST_F(ImageQueries, OfAVariableThatHaveNoRoomAreAnError) {

@@ -194,6 +194,114 @@ TEST_F(ImageRows, OnlyRowsInUseOfThatCrcGoFree) {
   EXPECT_EQ(ImageAt(4), kFree);
 }
 
+// Giving a row another number.
+
+const std::string kRow2 = " WHERE Index=2 AND RecordStatus IN (2,3)";
+const CallLog kLook = {"open SELECT CRC FROM ProjectImages" + kRow2 + " [0,3,1]", "Close"};
+
+TEST_F(ImageRows, AreMovedBehindAllOthersByOneStatement) {
+  // Rows that are numbered by hand use up a number each.
+  const struct { Long status, number; } cases[] = {{kFreeImage, 8}, {kImageInUse, 11}};
+  for (const auto& [status, number] : cases) {
+    EmptyTables();
+    PutImage(2, 50, status, Long{16});
+    PutImage(7, 60, kSystemImageRead);
+    TakeLog();
+    EXPECT_TRUE(MoveImageRow(2));
+    EXPECT_EQ(Writes(),
+              (kLook + CallLog{"open SELECT * FROM ProjectImages WHERE RecordStatus=-1 [2,3,1]", "AddNew",
+                               "put RecordStatus=2:Long", "Update", "Delete", "Close",
+                               "execute UPDATE ProjectImages SET Index=" + std::to_string(number) + kRow2}));
+    EXPECT_EQ(Images(), (Lines{"7 60 0", std::to_string(number) + " 50 " + std::to_string(status)}));
+  }
+}
+
+TEST_F(ImageRows, AreMovedWithEveryColumnThatTheyHave) {
+  const Lines columns = {"CRC",      "LibCRC",      "Dx",        "Dy",           "DxORG", "DyORG",
+                         "Data8bpp", "Data8bppORG", "ImagePath", "RecordStatus", "Bits",  "More"};
+  Long number = 3;
+  for (const Long count : {12, 11, 13}) {
+    // Each column is compared inside the database: which of them tell row 2 from row 3?
+    const auto sameAsRow3 = [&](const std::string& index) {
+      std::string condition;
+      for (const std::string& column : columns) {
+        if (count == 11 && column == "Bits") continue;
+        if (count != 13 && column == "More") continue;
+        condition += " AND a." + column + " IS b." + column;
+      }
+      return Rows("SELECT a.CRC FROM ProjectImages a, ProjectImages b WHERE b.\"Index\"=3 AND a.\"Index\"=" +
+                      index + condition,
+                  {"CRC"});
+    };
+    EmptyTables();
+    if (count == 11) ForgetBits();
+    if (count == 13) {
+      Connection().Execute("ALTER TABLE ProjectImages ADD COLUMN Bits");
+      Connection().Execute("ALTER TABLE ProjectImages ADD COLUMN More");
+    }
+    for (const char* index : {"2", "3"}) {
+      Connection().Execute(std::string("INSERT INTO ProjectImages (\"Index\",CRC,LibCRC,Dx,Dy,DxORG,DyORG,"
+                                       "Data8bpp,Data8bppORG,ImagePath,RecordStatus) VALUES (") +
+                           index + ",1,2,3,4,5,6,x'07',x'08','nine',3)");
+    }
+    if (count != 11) Connection().Execute("UPDATE ProjectImages SET Bits=16");
+    if (count == 13) Connection().Execute("UPDATE ProjectImages SET More='more'");
+    EXPECT_EQ(OpenImageRows("SELECT * FROM ProjectImages", ado::adOpenStatic)->FieldCount(), count);
+    EXPECT_TRUE(MoveImageRow(2));
+    const std::string moved = std::to_string(++number);
+    EXPECT_EQ(Images(), (Lines{"3 1 3", moved + " 1 3"}));
+    EXPECT_EQ(sameAsRow3(moved), Lines{"1"}) << count;
+  }
+}
+
+TEST_F(ImageRows, ThatAreMissingOrThePanelsOwnAreNotMoved) {
+  PutImage(1, 10, kImageInUse);
+  PutImage(3, 30, kImageInUse);
+  for (const Long status : {-1, 4, Long{kSystemImageRead}, Long{kSystemImageWritten}}) {
+    TakeLog();
+    EXPECT_FALSE(MoveImageRow(2));
+    EXPECT_EQ(TakeLog(), kLook);
+    EXPECT_EQ(Images(), (Lines{"1 10 3", "3 30 3"}));
+    PutImage(2, 20, status);
+    const Lines before = Images();
+    TakeLog();
+    EXPECT_FALSE(MoveImageRow(2)) << status;
+    EXPECT_EQ(TakeLog(), kLook);
+    EXPECT_EQ(Images(), before);
+    Connection().Execute("DELETE FROM ProjectImages WHERE CRC=20");
+  }
+}
+
+TEST_F(ImageRows, TheNextPictureGetsANumberAboveThatOfAMovedOne) {
+  PutImage(1, 10, kImageInUse);
+  PutImage(2, 20, kImageInUse);
+  EXPECT_TRUE(MoveImageRow(1));
+  EXPECT_TRUE(MoveImageRow(2));
+  PutRow("ProjectImages", {{"CRC", Long{30}}, {"RecordStatus", Long{3}}});
+  EXPECT_EQ(Images(), (Lines{"3 10 3", "4 20 3", "5 30 3"}));
+  Connection().Execute("DELETE FROM ProjectImages WHERE CRC=30");
+  EXPECT_TRUE(MoveImageRow(3));
+  EXPECT_EQ(Images(), (Lines{"4 20 3", "6 10 3"}));
+}
+
+TEST_F(ImageRows, ANumberBehindTheLastThereIsIsAnOverflow) {
+  PutImage(2, 20, kImageInUse);
+  PutImage(2147483647, 30, kImageInUse);
+  EXPECT_EQ(test::ErrorOf([] { MoveImageRow(2); }), 6);
+  EXPECT_EQ(Images(), (Lines{"2 20 3", "2147483647 30 3"}));
+}
+
+TEST_F(ImageRows, AFailureOfAnyCallOfAMovePassesUpAndTheRowStays) {
+  const auto prepare = [&] { PutImage(2, 20, kImageInUse); };
+  const auto check = [&] {
+    EXPECT_EQ(Rows("SELECT * FROM ProjectImages WHERE RecordStatus=3", {"CRC"}), Lines{"20"});
+    EXPECT_EQ(ImageAt(2), "none");
+  };
+  EXPECT_EQ(FailAtEachCall(
+                prepare, [] { MoveImageRow(2); }, check),
+            10);
+}
+
 // The trim.
 
 TEST_F(ImageRows, NothingIsTrimmedFromAnEmptyTable) {

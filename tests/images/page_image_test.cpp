@@ -219,6 +219,24 @@ TEST_F(PageImage, MayHaveNoBitsNoPathAndNoPixels) {
   EXPECT_EQ(Shown(*image_), "50 1050 4 3 0 0 0 0 ");
 }
 
+TEST_F(PageImage, StaysAsItWasWhenReadingFails) {
+  const std::string before = Shown(*image_);
+  for (const char* column : {"LibCRC", "DxORG", "DyORG"}) {
+    EmptyTables();
+    PutImage(1, 50, kImageInUse, Long{16});
+    Connection().Execute("UPDATE ProjectImages SET LibCRC=1,DxORG=2,DyORG=3,ImagePath='q',Data8bpp=NULL");
+    Connection().Execute(std::string("UPDATE ProjectImages SET ") + column + "=NULL");
+    EXPECT_EQ(test::ErrorOf([&] { image_->ReadImagePropsFromDB(2); }), 94) << column;
+    EXPECT_EQ(Shown(*image_), before) << column;
+  }
+  Connection().Execute("UPDATE ProjectImages SET DyORG=3");
+  PutRow("PagesAndImages", {{"Page_ID", Long{6}}, {"Image_Type", Long{2}}, {"Image_CRC", Long{50}}});
+  EXPECT_EQ(test::ErrorOf([&] { image_->ReadImagePropsFromDB(2); }), 94);
+  EXPECT_EQ(Shown(*image_), before);
+  EXPECT_TRUE(image_->ReadImagePropsFromDB(3));
+  EXPECT_EQ(Shown(*image_), "50 1 2 3 0 16 0 12 q");
+}
+
 TEST_F(PageImage, ThatWasSavedIsReadAgain) {
   image_->SaveToDBEx(6, 2, 3, 2, 8);
   clsPageImage read;

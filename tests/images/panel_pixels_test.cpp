@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "framework/library_state.h"
 #include "platform/platform.h"
 #include "tests/support/noting_image_library.h"
@@ -52,6 +54,15 @@ TEST(ImageData, IsValidWhenItsLengthIsThatOfItsSize) {
   EXPECT_FALSE(IsImageDataValid({}, 65536, 65536, 0));
   EXPECT_FALSE(IsImageDataValid({}, 65536, 32768, 16));
   EXPECT_FALSE(IsImageDataValid(PixelBytes(8), -3, 2, 0));
+  // No product of sizes below 0 is a length.
+  constexpr Long kLowest = std::numeric_limits<Long>::min(), kMost = std::numeric_limits<Long>::max();
+  for (const Long bits : {0, 16}) {
+    EXPECT_FALSE(IsImageDataValid(PixelBytes(bits == 16 ? 12 : 8), -3, -2, bits));
+    EXPECT_FALSE(IsImageDataValid(PixelBytes(bits == 16 ? 2 : 0), -1, -1, bits));
+    EXPECT_FALSE(IsImageDataValid({}, -1, 0, bits));
+    EXPECT_FALSE(IsImageDataValid({}, 0, -1, bits));
+    for (const Long size : {kLowest, kMost}) EXPECT_FALSE(IsImageDataValid({}, size, size, bits));
+  }
 }
 
 TEST_F(PanelPixels, ABitmapIsMadeInTheFormOfThePixels) {
@@ -107,6 +118,16 @@ TEST_F(PanelPixels, RebuildingIsDoneAtStatus0And6Only) {
   }
   EXPECT_EQ(data_, PixelBytes{9});
   EXPECT_EQ(crc_, 5);
+}
+
+TEST_F(PanelPixels, WhatTheLibraryWroteBeforeItGaveUpIsNotTakenOver) {
+  library_->status = loomis2::kImageRefused;
+  library_->writesAnyway = true;
+  for (const Long bits : {0, 16}) {
+    EXPECT_FALSE(RebuildImageData({1}, 1, 1, 1, 1, data_, crc_, bits));
+    EXPECT_EQ(data_, PixelBytes{9});
+    EXPECT_EQ(crc_, 5);
+  }
 }
 
 TEST_F(PanelPixels, WithoutAnImageLibraryThereAreNoBitmaps) {

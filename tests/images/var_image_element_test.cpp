@@ -191,6 +191,25 @@ TEST_F(VarImageElement, IsNotResizedWithoutAFileOrASource) {
   }
 }
 
+TEST_F(VarImageElement, APaintedPictureIsNotResizedWhateverThereIs) {
+  const auto library = UseNotingLibrary();
+  element_->CRC8bpp(kPaintedImage);
+  EXPECT_FALSE(element_->ResizeImage(8, 9));
+  EXPECT_FALSE(element_->ResizeImage16(8, 9));
+  EXPECT_EQ(library->calls, Lines{});
+  EXPECT_EQ(element_->CRC8bpp(), kPaintedImage);
+  EXPECT_EQ(element_->GetData8bpp(), test::PixelsOf(3, 2, 8));
+  for (const Long neighbour : {0x3F3F3F3E, 0x3F3F3F40}) {
+    element_->CRC8bpp(neighbour);
+    EXPECT_TRUE(element_->ResizeImage(8, 9));
+    EXPECT_EQ(element_->CRC8bpp(), 77);
+  }
+  element_->CRC8bpp(kPaintedImage);
+  LibraryState::Current() = {};
+  EXPECT_FALSE(element_->ResizeImage(8, 9));
+  EXPECT_FALSE(element_->ResizeImage16(8, 9));
+}
+
 TEST_F(VarImageElement, IsNotResizedWithoutAnImageLibrary) {
   LibraryState::Current() = {};
   EXPECT_EQ(test::ErrorOf([&] { element_->ResizeImage(8, 9); }), 91);
