@@ -296,6 +296,40 @@ TEST_F(ImageStatements, ASystemPictureCannotTakeTheNumberOfAnother) {
   EXPECT_EQ(Picture(1), (Lines{"50 77 3 2 6 4 <0102> <03> a.bmp 3 16"}));
 }
 
+TEST_F(ImageStatements, APictureMakesRoomForASystemPicture) {
+  const std::string row = " WHERE Index=1 AND RecordStatus IN (2,3)";
+  EXPECT_EQ(Ask("SELECT CRC FROM ProjectImages" + row, {"CRC"}), (Lines{"50"}));
+  const auto added = [&](bool stays) {
+    const RecordsetRef rows = Open("SELECT * FROM ProjectImages WHERE RecordStatus=-1", adOpenDynamic);
+    rows->AddNew();
+    rows->Put("RecordStatus", Long{2});
+    rows->Update();
+    const std::string index = Shown(rows->Get("Index"));
+    if (!stays) rows->Delete();
+    rows->Close();
+    return index;
+  };
+  EXPECT_EQ(added(false), "9");
+  Run("UPDATE ProjectImages SET Index=9" + row);
+  EXPECT_EQ(Picture(1), Lines{});
+  EXPECT_EQ(Picture(9), (Lines{"50 77 3 2 6 4 <0102> <03> a.bmp 3 16"}));
+  Run("UPDATE ProjectImages SET Index=10 WHERE Index=6 AND RecordStatus IN (2,3)");
+  EXPECT_EQ(Indexes(), (Lines{"2", "3", "4", "5", "6", "7", "8", "9"}));
+  // The next one is numbered behind it.
+  EXPECT_EQ(added(true), "10");
+}
+
+TEST_F(ImageStatements, TheColumnsOfPicturesAreCountedWithoutAnyOfThem) {
+  const std::string query = "SELECT * FROM ProjectImages WHERE RecordStatus=-1";
+  const RecordsetRef rows = Open(query, adOpenForwardOnly);
+  EXPECT_TRUE(rows->Eof());
+  EXPECT_EQ(rows->FieldCount(), 12);
+  rows->Close();
+  Run("ALTER TABLE ProjectImages DROP COLUMN Bits");
+  connection_ = project_.Open();
+  EXPECT_EQ(Open(query, adOpenForwardOnly)->FieldCount(), 11);
+}
+
 TEST_F(ImageStatements, PicturesWithoutLinksComeInTheOrderOfTheTableAndCanBeCleared) {
   for (const CursorType cursor : {adOpenForwardOnly, adOpenKeyset, adOpenDynamic, adOpenStatic}) {
     EXPECT_EQ(Ask(kOrphans, {"Index", "CRC"}, cursor), (Lines{"3 20", "5 10"}));
