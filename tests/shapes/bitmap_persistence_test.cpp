@@ -624,7 +624,55 @@ TEST_F(SystemPicture, IsSmallForTheFirstAloneAndAPageForAllOthers) {
 TEST_F(SystemPicture, TakesItsNumberFromThePictureOfAnElement) {
   AddRow(1, 3);
   bitmap_->SetImageSystem(1);
-  EXPECT_EQ(SystemPictures(), (std::vector<std::string>{"1 501 29 21 1", "2 701 Null Null 3"}));
+  // The new row had used up number 2.
+  EXPECT_EQ(SystemPictures(), (std::vector<std::string>{"1 501 29 21 1", "3 701 Null Null 3"}));
+}
+
+TEST_F(SystemPicture, TakesNoNumberFromAnother) {
+  AddRow(4, 0);
+  AddRow(6, 1);
+  const std::vector<std::string> before = SystemPictures();
+  for (const Long option : {4, 6}) {
+    EXPECT_EQ(ErrorOf([&] { bitmap_->SetImageSystem(option); }), kDatabaseError) << option;
+    EXPECT_EQ(SystemPictures(), before) << option;
+  }
+  Connection().Execute("DELETE FROM ProjectImages");
+  bitmap_->SetImageSystem(2);
+  const std::vector<std::string> one = {"2 501 320 240 1"};
+  EXPECT_EQ(SystemPictures(), one);
+  // The second picture of the panel would be that of number 2, which the first has.
+  EXPECT_EQ(ErrorOf([&] { bitmap_->SetImageSystem(2); }), kDatabaseError);
+  EXPECT_EQ(SystemPictures(), one);
+}
+
+TEST_F(SystemPicture, PassesUpAFailureThatHasAnotherReason) {
+  // The second time the picture is small already.
+  bitmap_->SetImageSystem(1);
+  Connection().Execute("DELETE FROM ProjectImages");
+  TakeLog();
+  bitmap_->SetImageSystem(1);
+  const CallLog added = TakeLog();
+  const auto update = std::find(added.begin(), added.end(), "Update");
+  ASSERT_NE(update, added.end());
+  Connection().Execute("DELETE FROM ProjectImages");
+  TakeLog();
+  // Nothing has that number: there is nothing to make room.
+  Recorder().FailAt(static_cast<int>(update - added.begin()) + 1);
+  EXPECT_EQ(test::DescriptionOf([&] { bitmap_->SetImageSystem(1); }), "failed at Update");
+  Recorder().FailAt(0);
+  EXPECT_EQ(TakeLog().back(), "Close");
+  EXPECT_TRUE(SystemPictures().empty());
+  // A row that is there already is not moved for its own sake.
+  AddRow(1, 0);
+  AddRow(2, 3);
+  TakeLog();
+  bitmap_->SetImageSystem(1);
+  const CallLog rewritten = TakeLog();
+  const auto again = std::find(rewritten.begin(), rewritten.end(), "Update");
+  Recorder().FailAt(static_cast<int>(again - rewritten.begin()) + 1);
+  EXPECT_EQ(test::DescriptionOf([&] { bitmap_->SetImageSystem(1); }), "failed at Update");
+  Recorder().FailAt(0);
+  EXPECT_EQ(TakeLog().back(), "Update");
 }
 
 TEST_F(SystemPicture, GoesIntoTheRowOfThatPlaceAmongThoseOfThePanel) {
