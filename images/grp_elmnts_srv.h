@@ -45,6 +45,7 @@ class clsGrpElmntsSrv final : public automation::Object {
   loomis2::ImageLibraryRef ImageLibrary() const;
 
   /// The picture for each index of a variable from 0 on, -1 where it has none; empty for a number below 1.
+  /// Error 7 for more than `kMostVarImages`, and when there is no room for so many.
   std::vector<Long> GetCRCsOfVarImages(Long pElement_ID, Long pNumOfImages) const;
   /// The pixels of a picture as the panel shows them; none when the project has no such picture.
   PixelBytes GetImageData8bppByCRC(Long pCRC) const;
