@@ -128,9 +128,8 @@ class clsBitmap final : public ElementClass<clsBitmap, BitmapBase, kBitmapElemen
 
   /// Makes the picture anew at another size, in panel pixels: from its file, or from its original pixels when
   /// the file cannot be read; then the user is asked for another file. True when there was something to do,
-  /// also when nothing could be made.
-  /// The old size does not count. Tells the host of the change in either case if the element has a row. Error
-  /// 91 without an image library.
+  /// also when nothing could be made. The old size does not count. Tells the host of the change in either
+  /// case if the element has a row. Error 91 without an image library.
   bool ResizeImageEx(Long pOldDx, Long pOldDy, Long pNewDx, Long pNewDy);
   /// No longer in use: shows a box that says so. Always false.
   bool ResizeImage(Long pOldDx, Long pOldDy, Long pNewDx, Long pNewDy, Long pHdc);
@@ -195,6 +194,7 @@ class clsBitmap final : public ElementClass<clsBitmap, BitmapBase, kBitmapElemen
   void ItfHmiElement_hBmp(Long pValue) override;
   Long ItfHmiElement_hBmpCRC() const override { return imageCrc_; }
   void ItfHmiElement_hBmpCRC(Long pValue) override { ImageCRC(pValue); }
+  /// Makes the bitmap when there is none, but neither of no picture nor of one painted by somebody else.
   void ItfHmiElement_DrawToPrinter(Long pHdc, const std::string& pVarAlias) override;
   automation::Variant ItfHmiElement_UpdateBoundingRectangle(Long pDx, Long pDy, Long pDirection) override;
   void ItfHmiElement_GetSizeFromBoundingRect() override;

@@ -437,7 +437,15 @@ TEST_F(PaintedBitmap, OfARefusedStretchIsPaintedInTheSizeOfItsPicture) {
       EXPECT_EQ(Links(), links);
       EXPECT_TRUE(Errors().Reports().empty());
       EXPECT_EQ(Frame().Interruptions(), 0);
-      bitmap->DeleteFromDB();
+      // Pixels of neither size are damaged.
+      static_cast<ItfImage&>(*bitmap).SetImageData8bpp(PixelBytes(41));
+      Painted(*bitmap, 10, 20, 7, 5);
+      EXPECT_EQ(bitmap->hBmp(), 0);
+      EXPECT_TRUE(Elements().empty());
+      EXPECT_TRUE(Links().empty());
+      EXPECT_EQ(Errors().Reports().size(), 1u);
+      Errors().Clear();
+      Frame().Clear();
     }
   }
 }
