@@ -636,12 +636,16 @@ TEST_F(PaintedBitmap, PaintedByOthersKeepsTheBitmapThatCameWithItsCrc) {
 
 TEST_F(PaintedBitmap, WithoutPixelsAndBitmapIsNothingOnPaper) {
   LibraryState::Current().ImageLibrary = nullptr;
-  const clsBitmap none;
-  clsBitmap bitmap;
-  const Surface paper(20, 20);
-  bitmap.DrawToPrinter(paper.Dc(), "");
-  EXPECT_EQ(bitmap.hBmp(), 0);
-  EXPECT_EQ(paper.At(0, 0), 0u);
+  PictureSample sample;
+  sample.data.clear();
+  for (const Long crc : {-1, 401}) {
+    sample.crc = crc;
+    const auto bitmap = WithPicture(sample);
+    const Surface paper(20, 40);
+    bitmap->DrawToPrinter(paper.Dc(), "");
+    EXPECT_EQ(bitmap->hBmp(), 0);
+    EXPECT_EQ(paper.At(10, 20), 0u);
+  }
 }
 
 // --- Bits ---
