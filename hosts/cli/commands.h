@@ -12,7 +12,10 @@
 namespace quenzel7::cli {
 
 /// Brings the page file at `pagePath` into the project at `projectPath`, which is made when it is not there.
-int ImportCommand(const std::string& pagePath, const std::string& projectPath, const Console& console);
+/// `pictures` are the files that are taken, each once and in this order, for pictures whose own file is not
+/// there; of those that are not needed a line on standard error tells.
+int ImportCommand(const std::string& pagePath, const std::string& projectPath, const Console& console,
+                  const std::vector<std::string>& pictures = {});
 
 /// Writes the page file of a page to `outputPath`, to standard output when that is empty. Without `page` it
 /// is the only page. A project may hold what no page file can: one line on standard error tells why an import
@@ -61,8 +64,9 @@ struct ImageAddition {
   /// 16 for pixels of two bytes.
   Long bits = 0;
   /// The page that they are pictures of, and the type of the first one there; the following ones have the
-  /// next types, and without `type` each the lowest that is free.
-  Long page = 0;
+  /// next types, and without `type` each the lowest that is free. Without `page` it is the only page of the
+  /// project, or page 0 when it has none or several.
+  std::optional<Long> page;
   std::optional<Long> type;
   bool isTransparent = false;
 };

@@ -11,6 +11,7 @@
 #include "images/image_queries.h"
 #include "platform/automation/call_by_name.h"
 #include "platform/automation/convert.h"
+#include "platform/gdi/owned.h"
 #include "platform/platform.h"
 
 namespace quenzel7::cli {
@@ -41,6 +42,11 @@ std::string WithSlashes(std::string path) {
   return path;
 }
 
+/// Whether an element is as large as its picture. Where the picture is smaller, ItfImage tells so.
+bool IsBitmap(const ItfHmiElement& element) {
+  return element.Class().Default().Find("ResizeImageEx") != nullptr;
+}
+
 /// The members of a picture in a page file.
 struct Key {
   std::string_view name;
@@ -66,7 +72,10 @@ constexpr Key kKeys[] = {
      [](const FiledPicture& picture) { return picture.path.empty() ? Json() : Json(picture.path); }},
     {"bits",
      [](FiledPicture& picture, const Json& value) {
-       picture.bits = WholeNumberFromJson(value, 0, std::numeric_limits<Long>::max());
+       if (value != 0 && value != kTwoBytePixels) {
+         throw UserError("must be 0 or 16, " + Shown(value) + " was given");
+       }
+       picture.bits = value == 0 ? 0 : kTwoBytePixels;
      },
      [](const FiledPicture& picture) { return picture.bits == 0 ? Json() : Json(picture.bits); }},
     {"source",
@@ -217,7 +226,13 @@ FiledPicture PictureFromJson(const Json& value) {
   if (!value.is_object()) throw UserError("must be a text or an object, " + Shown(value) + " was given");
   std::vector<std::string_view> seen;
   for (const auto& [name, member] : value.items()) ReadKey(picture, seen, name, member);
+  const auto requirePixels = [](std::string_view key, bool isGiven, std::string_view pixels) {
+    if (isGiven) throw UserError(Quoted(key) + " is given without " + Quoted(pixels));
+  };
+  requirePixels("width", picture.width > 0 && picture.pixels.empty(), "pixels");
+  requirePixels("height", picture.height > 0 && picture.pixels.empty(), "pixels");
   picture.hasPixels = !picture.pixels.empty() || !picture.panelPixels.empty();
+  requirePixels("source", picture.source != kNoImage && !picture.hasPixels, "pixels");
   if (!picture.hasPixels) RequireFile(picture);
   return picture;
 }
@@ -236,8 +251,29 @@ std::string PictureName(const std::string& path) {
 void TakePicture(ItfHmiElement& element, const FiledPicture& picture, const std::string& folder) {
   PictureMeasure measure = MeasureOf(element);
   measure.bits = picture.bits;
-  if (picture.hasPixels) return SetProps(element, FromPixels(picture, measure));
-  SetProps(element, ReadPictureFile(picture.path, folder, measure));
+  // A picture of no size would be read at its own.
+  if (!IsBitmap(element) && (measure.dx < 1 || measure.dy < 1)) {
+    throw UserError("there is no room for it: inside the element it would be " +
+                    SizeText(measure.dx, measure.dy));
+  }
+  loomis2::LibraryPicture taken =
+      picture.hasPixels ? FromPixels(picture, measure) : ReadPictureFile(picture.path, folder, measure);
+  KeepStoredSource(taken);
+  SetProps(element, taken);
+}
+
+void KeepStoredSource(loomis2::LibraryPicture& picture) {
+  Long dxOrg = 0, dyOrg = 0;
+  GetImageOriginalDimansions(picture.crc, dxOrg, dyOrg);
+  PixelBytes dataOrg = GetImageDataORGByCRC(picture.crc);
+  const bool serves = !dataOrg.empty() && GetImageBitsByCRC(picture.crc) == picture.bits &&
+                      IsImageDataValid(dataOrg, dxOrg, dyOrg, picture.bits);
+  if (!serves) return;
+  picture.path = GetImagePathFromDB(picture.crc);
+  picture.libCrc = GetImageLibCRC(picture.crc);
+  picture.dxOrg = dxOrg;
+  picture.dyOrg = dyOrg;
+  picture.dataOrg = std::move(dataOrg);
 }
 
 loomis2::LibraryPicture ReadPictureFile(const std::string& name, const std::string& folder,
@@ -251,6 +287,15 @@ loomis2::LibraryPicture ReadPictureFile(const std::string& name, const std::stri
     read.path = path;
     return read;
   } catch (const automation::AutomationError& error) {
+    if (error.Code() == automation::ErrorNumber::FileNotFound) {
+      loomis2::LibraryPicture chosen;
+      chosen.bits = measure.bits;
+      const Long status = CurrentImageLibrary()->SelectImageFile(chosen, measure.dx, measure.dy);
+      if (status == loomis2::kImageDone) return chosen;
+      if (status == loomis2::kImageFileNotFound || status == loomis2::kImageFileNotRead) {
+        throw UserError(error.Description() + ", and the one that was chosen for it cannot be read");
+      }
+    }
     throw UserError(error.Description());
   }
 }
@@ -261,13 +306,27 @@ void TakeNoPicture(ItfHmiElement& element) {
   }
 }
 
+bool IsWithoutPicture(ItfHmiElement& element) {
+  return PictureInterfaceOf(element.Class()) && PictureCrcOf(element) == kNoImage;
+}
+
+NoPictureSize::NoPictureSize(ItfHmiElement& element)
+    : element_(IsWithoutPicture(element) ? &element : nullptr) {
+  if (!element_) return;
+  for (const std::string_view side : {"Dx", "Dy"}) {
+    automation::PutByName(*element_, Images(*element_), side, Long{0});
+  }
+}
+
+NoPictureSize::~NoPictureSize() {
+  if (element_) TakeNoPicture(*element_);
+}
+
 Long PictureCrcOf(ItfHmiElement& element) { return NumberOf(element, "Image8bppCRC"); }
 
 PictureMeasure MeasureOf(ItfHmiElement& element) {
-  // A bitmap is as large as its picture; what is smaller tells so.
-  const bool isBitmap = element.Class().Default().Find("ResizeImageEx") != nullptr;
   const auto side = [&](std::string_view name) {
-    return isBitmap ? To<Long>(automation::GetByName(element, name)) : NumberOf(element, name);
+    return IsBitmap(element) ? To<Long>(automation::GetByName(element, name)) : NumberOf(element, name);
   };
   const Long crc = PictureCrcOf(element);
   return {side("Dx"), side("Dy"), crc == kNoImage ? 0 : GetImageBitsByCRC(crc)};
@@ -313,11 +372,25 @@ Json JsonFromPicture(ItfHmiElement& element) {
   return json;
 }
 
+std::string LostFileOf(ItfHmiElement& element) {
+  if (PictureCrcOf(element) == kNoImage) return {};
+  const std::string path = PicturePathOf(element);
+  if (NameForPageFile(path).empty() || GivesPicture(path, element)) return {};
+  Long status = loomis2::kImageDone;
+  const gdi::OwnedBitmap bitmap(CurrentImageLibrary()->LoadResizedImage(path, kNoImage, 1, 1, status));
+  return status == loomis2::kImageFileNotFound ? "is not there" : "is another one now";
+}
+
 std::string PictureText(ItfHmiElement& element) {
+  const std::string key = PictureKeyText(element);
+  if (PictureCrcOf(element) == kNoImage) return key;
+  return Quoted(PictureName(PicturePathOf(element))) + " (" + key + ")";
+}
+
+std::string PictureKeyText(ItfHmiElement& element) {
   const Long crc = PictureCrcOf(element);
   if (crc == kNoImage) return "none";
-  return Quoted(PictureName(PicturePathOf(element))) + " (CRC " + std::to_string(crc) + ", source " +
-         To<std::string>(ReadImage(element, "ImageLibCRC")) + ")";
+  return "CRC " + std::to_string(crc) + ", source " + To<std::string>(ReadImage(element, "ImageLibCRC"));
 }
 
 }  // namespace quenzel7::cli

@@ -44,6 +44,22 @@ void TakePicture(ItfHmiElement& element, const FiledPicture& picture, const std:
 /// Tells an element that it has no picture: it is as large as the element.
 void TakeNoPicture(ItfHmiElement& element);
 
+/// Whether the element could hold a picture and has none.
+bool IsWithoutPicture(ItfHmiElement& element);
+
+/// Makes the picture of an element that has none 0 by 0 for as long as it lives, so that saving does not miss
+/// the pixels of one; then it is as large as the element again. Other elements stay as they are.
+class NoPictureSize {
+ public:
+  explicit NoPictureSize(ItfHmiElement& element);
+  NoPictureSize(const NoPictureSize&) = delete;
+  NoPictureSize& operator=(const NoPictureSize&) = delete;
+  ~NoPictureSize();
+
+ private:
+  ItfHmiElement* element_;
+};
+
 /// How the project calls a file that a page file or a command names: the name, ";" and where the file is. A
 /// name with a ";" in it is left out.
 std::string PicturePath(const std::string& name, const std::string& folder);
@@ -57,6 +73,11 @@ struct PictureMeasure {
 loomis2::LibraryPicture ReadPictureFile(const std::string& name, const std::string& folder,
                                         const PictureMeasure& measure);
 
+/// Gives a picture whose panel pixels the project has in use what its row there tells of where they came
+/// from, file and original pixels: the row is shared, and what others have of it stays. Not where the row has
+/// no original pixels that serve. Errors of the project.
+void KeepStoredSource(loomis2::LibraryPicture& picture);
+
 /// The name of such a path, or the whole path when it is none.
 std::string PictureName(const std::string& path);
 
@@ -67,8 +88,15 @@ Json JsonFromPicture(ItfHmiElement& element);
 /// Whether the element has a picture of which there are no pixels, so that no page file can hold it.
 bool HasPictureWithoutPixels(ItfHmiElement& element);
 
+/// Why the file of a saved element's picture, when a page file can name it, no longer gives this picture:
+/// "is not there", "is another one now"; empty when it does, and without a picture or a name.
+std::string LostFileOf(ItfHmiElement& element);
+
 /// The picture of an element in one line, by its file and CRCs; "none" without one.
 std::string PictureText(ItfHmiElement& element);
+
+/// The same without the file: what tells a picture from another one.
+std::string PictureKeyText(ItfHmiElement& element);
 
 /// The CRC of the element's picture; -1 without one.
 Long PictureCrcOf(ItfHmiElement& element);

@@ -1,3 +1,6 @@
+#include <set>
+#include <vector>
+
 #include "hosts/cli/commands.h"
 #include "hosts/cli/distinct_output.h"
 #include "hosts/cli/element_calls.h"
@@ -28,6 +31,31 @@ void TellLostPictures(const LoadedPage& page, const Console& console) {
   });
 }
 
+/// Whether pictures come from files, in the order in which WalkElements visits the elements.
+void AddWhetherFiled(std::vector<bool>& filed, const std::vector<PageElement>& elements) {
+  for (const PageElement& element : elements) {
+    filed.push_back(element.picture && !element.picture->hasPixels);
+    AddWhetherFiled(filed, element.elements);
+  }
+}
+
+/// The text that was imported names files, which may be gone or others by now.
+void TellLostFiles(const LoadedPage& page, const std::string& text, const Console& console) {
+  std::vector<bool> filed;
+  AddWhetherFiled(filed, ReadPageFile(text, "page as imported").elements);
+  auto isFiled = filed.begin();
+  std::set<std::string> told;
+  WalkElements(page.elements, [&](ItfHmiElement& element, const ElementPath&) {
+    if (isFiled == filed.end() || !*isFiled++) return;
+    const std::string lost = LostFileOf(element);
+    const std::string path = lost.empty() ? lost : PicturePathOf(element);
+    if (lost.empty() || !told.insert(path).second) return;
+    console.err << OneLine("note: picture file " + Quoted(PictureName(path)) + " " + lost +
+                           ": the page file names it, its pixels are in the project")
+                << std::endl;
+  });
+}
+
 }  // namespace
 
 int ExportCommand(const std::string& projectPath, std::optional<Long> page, const std::string& outputPath,
@@ -39,7 +67,9 @@ int ExportCommand(const std::string& projectPath, std::optional<Long> page, cons
   const std::string text = project.Do([&] {
     const LoadedPage loaded = LoadPageAsFiled(project, info, console);
     TellLostPictures(loaded, console);
-    return ExportPage(project, loaded);
+    const ExportedPage exported = ExportPage(project, loaded);
+    if (exported.isAsImported) TellLostFiles(loaded, exported.text, console);
+    return exported.text;
   });
   if (outputPath.empty()) {
     console.out << text;

@@ -6,6 +6,7 @@
 #include "hosts/cli/counted.h"
 #include "hosts/cli/distinct_output.h"
 #include "hosts/cli/element_picture.h"
+#include "hosts/cli/host_tables.h"
 #include "hosts/cli/png_writer.h"
 #include "hosts/cli/progress_bar.h"
 #include "hosts/cli/project_session.h"
@@ -46,10 +47,24 @@ Size SizeFrom(const std::string& text) {
                   std::to_string(kLongestSide) + " is expected");
 }
 
+/// The page that pictures come to.
+Long PageFor(ado::Connection& connection, std::optional<Long> page) {
+  if (page) return *page;
+  const std::vector<PageInfo> pages = HostPages(connection).All();
+  return pages.size() == 1 ? pages.front().number : 0;
+}
+
+bool HasElements(Long page) {
+  return CountOf(
+             "SELECT COUNT(*) AS NumberOfElements FROM HMI_Elements WHERE DisplayID=" + std::to_string(page),
+             "NumberOfElements") > 0;
+}
+
 /// The types that new pictures of a page get.
 class FreeTypes {
  public:
-  FreeTypes(ado::Connection& connection, const ImageAddition& addition) : next_(addition.type.value_or(0)) {
+  FreeTypes(ado::Connection& connection, const ImageAddition& addition, Long page)
+      : next_(addition.type.value_or(0)) {
     const auto count = static_cast<Long>(addition.files.size());
     if (addition.type) {
       if (*addition.type > std::numeric_limits<Long>::max() - (count - 1)) {
@@ -57,7 +72,7 @@ class FreeTypes {
       }
       return;
     }
-    for (const PictureLink& link : PageLinks(connection, addition.page)) taken_.insert(link.place);
+    for (const PictureLink& link : PageLinks(connection, page)) taken_.insert(link.place);
   }
 
   Long Next() {
@@ -114,23 +129,27 @@ int AddImagesCommand(const std::string& projectPath, const ImageAddition& additi
   const Long bits = addition.bits == kTwoBytePixels ? kTwoBytePixels : 0;
   ProjectSession project(projectPath, corvane1::ProjectMode::Open);
   std::string told;
+  std::optional<Long> bare;
   project.Do([&] {
     ado::Transaction transaction(project.Connection());
-    FreeTypes types(project.Connection(), addition);
+    const Long page = PageFor(project.Connection(), addition.page);
+    FreeTypes types(project.Connection(), addition, page);
     ProgressBar progress(console, "adding", addition.files.size());
     for (const std::string& file : addition.files) {
-      const loomis2::LibraryPicture read = ReadPictureFile(file, {}, {size.dx, size.dy, bits});
+      loomis2::LibraryPicture read = ReadPictureFile(file, {}, {size.dx, size.dy, bits});
+      KeepStoredSource(read);
       const Long type = types.Next();
-      Save(read, addition.isTransparent, addition.page, type);
+      Save(read, addition.isTransparent, page, type);
       told += "picture " + std::to_string(read.crc) + " of " + SizeText(read.dx, read.dy) + ": page " +
-              std::to_string(addition.page) + ", type " + std::to_string(type) + ", from " + OneLine(file) +
-              "\n";
+              std::to_string(page) + ", type " + std::to_string(type) + ", from " + OneLine(file) + "\n";
       progress.Advance();
     }
     // Those that the new ones took the place of.
     CollectOrphanImagesAtOnce();
+    if (!HasElements(page)) bare = page;
     transaction.Commit();
   });
+  if (bare) console.err << "note: page " << *bare << " has no elements" << std::endl;
   console.out << told << Counted(addition.files.size(), "picture") << " added to " << projectPath << '\n';
   return 0;
 }

@@ -35,6 +35,12 @@ int main(int argc, char** argv) {
   import->add_option("PAGE.json", pageFile, "The page file")->required();
   import->add_option("PROJECT", project, "The project file; it is made when it is not there")->required();
 
+  std::vector<std::string> pictures;
+  import
+      ->add_option("--picture", pictures,
+                   "A file for a picture whose own file is not there; again for the next such picture")
+      ->allow_extra_args(false);
+
   CLI::App* exportPage = app.add_subcommand("export", "Write a page of a project as a page file");
   takeProject(exportPage);
   takePage(exportPage);
@@ -88,7 +94,8 @@ int main(int argc, char** argv) {
   addImages->add_option("--size", addition.size,
                         "The size on the panel, WIDTHxHEIGHT; else that of the file");
   addImages->add_option("--bits", addition.bits, "16 for pixels of two bytes")->check(CLI::IsMember({8, 16}));
-  addImages->add_option("--page", addition.page, "The page that they lie behind, 0 unless told")
+  addImages
+      ->add_option("--page", addition.page, "The page that they lie behind; else the only page, or page 0")
       ->check(CLI::Range(Long{0}, std::numeric_limits<Long>::max()));
   addImages
       ->add_option("--type", addition.type, "The type of the first one on its page; else the lowest free one")
@@ -119,7 +126,7 @@ int main(int argc, char** argv) {
 
   const cli::Console console{std::cout, std::cerr, isatty(STDERR_FILENO) == 1};
   return cli::RunCommand(console, [&] {
-    if (*import) return cli::ImportCommand(pageFile, project, console);
+    if (*import) return cli::ImportCommand(pageFile, project, console, pictures);
     if (*exportPage) return cli::ExportCommand(project, page, output, console);
     if (*render) return cli::RenderCommand(project, page, output, scale, console);
     if (*list) return cli::ListCommand(project, console);

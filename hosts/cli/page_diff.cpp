@@ -3,6 +3,7 @@
 #include "hosts/cli/alignment.h"
 #include "hosts/cli/counted.h"
 #include "hosts/cli/element_matching.h"
+#include "hosts/cli/element_picture.h"
 #include "hosts/cli/user_error.h"
 
 namespace quenzel7::cli {
@@ -96,8 +97,10 @@ class Comparison {
     }
     for (std::size_t at = 0; at < before.values.size(); ++at) {
       if (before.values[at] == after.values[at]) continue;
-      Tell(name + ": " + std::string(before.properties[at]) + " " + before.values[at] + " -> " +
-           after.values[at]);
+      const bool isPicture = before.properties[at] == kPictureKey;
+      Tell(name + ": " + std::string(before.properties[at]) + " " +
+           (isPicture ? before.picture : before.values[at]) + " -> " +
+           (isPicture ? after.picture : after.values[at]));
     }
     if (diff_.lines.size() > linesBefore) diff_.differsA[index] = diff_.differsB[partner] = true;
   }

@@ -1,3 +1,4 @@
+#include <list>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -66,7 +67,12 @@ class ElementImport {
     if (To<bool>(call("IsMaxDepth"))) throw UserError(NestsTooDeep());
     // The group needs a row, since its members are saved with its key.
     SaveElement(project_, *group);
-    call("AddObjectsToGroup");
+    {
+      // Members are saved again, with the key of the group.
+      std::list<NoPictureSize> sizes;
+      for (const ElementRef& member : members) sizes.emplace_back(*member);
+      call("AddObjectsToGroup");
+    }
     // What was not refused was taken out.
     if (collection->Count() > 0) throw UserError("a group holds no touchable element");
     if (members.empty()) groups_.Keep(IdOf(*group), order_ + 1);

@@ -41,7 +41,8 @@ class Snapshot {
     }
     if (PictureInterfaceOf(element.Class())) {
       taken.properties.push_back(kPictureKey);
-      taken.values.push_back(OneLine(PictureText(element)));
+      taken.values.push_back(PictureKeyText(element));
+      taken.picture = OneLine(PictureText(element));
     }
     const Long id = IdOf(element);
     if (const auto guid = guids_.find(id); guid != guids_.end()) {

@@ -27,6 +27,8 @@ struct ElementSnapshot {
   std::size_t place = 0;
   /// How many elements stand in it, at any depth: they follow it in the page's list.
   std::size_t inside = 0;
+  /// How the picture is told, with its file, by which pictures are not told apart.
+  std::string picture = {};
 
   bool IsGroup() const;
 };

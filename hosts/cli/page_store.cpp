@@ -1,6 +1,7 @@
 #include "hosts/cli/page_store.h"
 
 #include <functional>
+#include <list>
 #include <optional>
 
 #include "hosts/cli/element_calls.h"
@@ -38,6 +39,13 @@ std::optional<std::string> Remade(const KeptPage& kept) {
   } catch (const UserError&) {
     return {};
   }
+}
+
+/// Saves an element and all that is in it.
+void SaveRows(ItfHmiElement& element) {
+  std::list<NoPictureSize> sizes;
+  WalkElement(element, [&sizes](ItfHmiElement& saved) { sizes.emplace_back(saved); });
+  Call(element, "SaveToDB");
 }
 
 void Raise(const UserError& error) { throw error; }
@@ -101,17 +109,17 @@ LoadedPage LoadGoodRows(ProjectSession& project, const PageInfo& info, const Con
   return LoadRows(project, info, console, ElementClasses::All(), TextsFrom::Rows, [](const UserError&) {});
 }
 
-std::string ExportPage(ProjectSession& project, const LoadedPage& page) {
+ExportedPage ExportPage(ProjectSession& project, const LoadedPage& page) {
   const auto kept = HostPages(project.Connection()).Find(page.info.number);
   if (kept && Remade(*kept) == CompletePageText(page.info, page.elements)) {
     AtPlace(project.Place(), [&] { HostPages::RequireSource(*kept); });
-    return kept->source;
+    return {kept->source, true};
   }
-  return CanonicalPageText(page.info, page.elements);
+  return {CanonicalPageText(page.info, page.elements), false};
 }
 
 void SaveElement(ProjectSession& project, ItfHmiElement& element) {
-  Call(element, "SaveToDB");
+  SaveRows(element);
   HostProperties properties(project.Connection());
   WalkElement(element, [&properties](ItfHmiElement& saved) { properties.Keep(saved); });
 }
@@ -138,7 +146,7 @@ void RestoreElement(ProjectSession& project, ItfHmiElement& element) {
     if (!IsGroup(deleted)) orders.emplace_back(&deleted, To<Long>(Read(deleted, "OrderIndex")));
   });
   // The new rows come on top, and give members the key that their group had.
-  Call(element, "SaveToDB");
+  SaveRows(element);
   WalkElement(element, [&](ItfHmiElement& group) {
     for (const ElementRef& member : MembersOf(group)) put(*member, "GroupID", IdOf(group));
   });

@@ -52,9 +52,16 @@ struct ImportResult {
 ImportResult ImportPage(ProjectSession& project, const PageFile& page, std::string_view source,
                         const std::string& place, const Console& console);
 
+/// The page file of a page.
+struct ExportedPage {
+  std::string text;
+  /// Whether it is the text that was imported.
+  bool isAsImported = false;
+};
+
 /// The page file of a page, loaded by LoadPageAsFiled: the text that was imported when the page is still what
 /// it said, else the canonical one.
-std::string ExportPage(ProjectSession& project, const LoadedPage& page);
+ExportedPage ExportPage(ProjectSession& project, const LoadedPage& page);
 
 /// Saves a changed element of the open page, with all that is in it when it is a group, and the properties
 /// that the host keeps.

@@ -25,8 +25,12 @@ class PictureCheck {
 };
 
 /// What is wrong with the tables of pictures: links of elements that are not there, to pictures that are not
-/// there, and pictures in use that nothing has. `elements` are the IDs of all elements. Errors of the tables.
+/// there, pictures in use that nothing has, two of one CRC, and pictures in use of sizes, bits or pixels that
+/// cannot be. `elements` are the IDs of all elements. Errors of the tables.
 std::vector<std::string> CheckPictureTables(ado::Connection& connection, const std::set<Long>& elements);
+
+/// The pages that have pictures behind them and are none of `pages`. Errors of the tables.
+std::vector<std::string> CheckPicturePages(ado::Connection& connection, const std::set<Long>& pages);
 
 /// The files of pictures in use that cannot be read any more, or are others now. Errors of the tables.
 std::vector<std::string> CheckPictureFiles(ado::Connection& connection);

@@ -275,9 +275,14 @@ class Check {
 
   /// The tables of the pictures, and the files that they came from.
   void CheckPictures() {
+    // Pixels that do not unpack are a finding.
+    const QuietBoxes quiet;
+    std::set<Long> pages;
+    for (const auto& page : pages_) pages.insert(page.first);
     const std::string wrong = ErrorOf([&] {
       const std::vector<std::string> findings = CheckPictureTables(connection_, ids_);
       result_.findings.insert(result_.findings.end(), findings.begin(), findings.end());
+      for (const std::string& note : CheckPicturePages(connection_, pages)) result_.notes.push_back(note);
       for (const std::string& note : CheckPictureFiles(connection_)) result_.notes.push_back(note);
     });
     if (!wrong.empty()) result_.findings.push_back(wrong);

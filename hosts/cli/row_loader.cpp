@@ -3,6 +3,7 @@
 #include <string>
 
 #include "hosts/cli/element_calls.h"
+#include "hosts/cli/element_picture.h"
 #include "hosts/cli/library_texts.h"
 #include "hosts/cli/table_column.h"
 #include "hosts/cli/user_error.h"
@@ -22,6 +23,8 @@ ElementRef RowLoader::Load(const ado::RecordsetRef& rows) {
   if (!elementClass) throw UserError("there is no class of element type " + std::to_string(type));
   ElementRef element = ElementClasses::Create(*elementClass);
   Call(*element, "LoadFromDB", {rows});
+  // The row that elements without a picture share tells no size of theirs.
+  if (IsWithoutPicture(*element)) TakeNoPicture(*element);
   properties_.Apply(*element);
   if (texts_ == TextsFrom::Rows) TakeRowsText(*element, *rows);
   return element;

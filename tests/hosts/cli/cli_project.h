@@ -83,7 +83,7 @@ class CliProjectTest : public ::testing::Test {
   LoadedPage LoadAsFiled(Long page = 1) {
     return LoadPageAsFiled(Session(), ChoosePage(Session(), page), console_);
   }
-  std::string Export(Long page = 1) { return ExportPage(Session(), LoadAsFiled(page)); }
+  std::string Export(Long page = 1) { return ExportPage(Session(), LoadAsFiled(page)).text; }
 
   /// The rows of a query, a line each, columns parted by blanks.
   std::vector<std::string> Rows(const std::string& query, const std::vector<std::string>& columns) {

@@ -4,13 +4,14 @@
 
 #include "hosts/cli/element_picture.h"
 #include "hosts/cli/element_tree.h"
-#include "hosts/cli/image_setup.h"
+#include "hosts/cli/project_session.h"
 #include "platform/automation/array.h"
 #include "platform/platform.h"
 #include "shapes/bitmap.h"
 #include "shapes/group.h"
 #include "shapes/line.h"
 #include "shapes/rectangle.h"
+#include "tests/support/temporary_folder.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -18,6 +19,7 @@ namespace {
 class DragTest : public ::testing::Test {
  protected:
   DragTest() : map_(FreeMap(100, 80)) {
+    Platform::Current() = Platform();
     rectangle_.Xs(10);
     rectangle_.Ys(20);
     rectangle_.Dx(30);
@@ -142,7 +144,6 @@ TEST_F(GroupDragTest, AGroupWithoutMembersHasNoPlace) {
 class BitmapDragTest : public DragTest {
  protected:
   BitmapDragTest() {
-    Platform::Current() = Platform();
     bitmap_.Xs(10);
     bitmap_.Ys(20);
     bitmap_.Dx(4);
@@ -157,7 +158,8 @@ class BitmapDragTest : public DragTest {
     return PerformDrag(bitmap_, {handle, std::move(steps)}, map_);
   }
 
-  ImageSetup images_;
+  quenzel7::test::TemporaryFolder folder_;
+  ProjectSession project_{folder_.File("p.qz7"), corvane1::ProjectMode::Create};
   clsBitmap bitmap_;
 };
 

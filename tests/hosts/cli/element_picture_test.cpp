@@ -73,6 +73,63 @@ TEST_F(ElementPicture, ABitmapWithoutAPictureIsPaintedWhite) {
   EXPECT_EQ(pixels[3 * 8 + 4], 0xFFFFFFu);
 }
 
+TEST_F(ElementPicture, SavingABitmapWithoutAPictureAlarmsNobody) {
+  std::ostringstream log;
+  Platform::Current().errorLog = std::make_shared<corvane1::CollectedErrors>(&log);
+  ImportElements({"\"clsGroup\",\n      \"elements\": [{\"class\": " + Bitmap(2, 2, 3, 2) + "}]",
+                  Bitmap(0, 0, 6, 4), Element("Button", 0, 0, 5, 5)});
+  EXPECT_EQ(log.str(), "");
+}
+
+TEST_F(ElementPicture, EachBitmapWithoutAPictureHasItsOwnSize) {
+  ImportElements({Element("Rectangle", 0, 0, 8, 8, {"\"FillStyle\": \"eFS_Solid\"", "\"ColorBack\": 9"}),
+                  Bitmap(0, 0, 3, 2), Bitmap(4, 4, 1, 1)});
+  EXPECT_EQ(Rows("SELECT * FROM ProjectImages", {"CRC", "Dx", "Dy"}), Lines{"-1 0 0"});
+  const LoadedPage page = Load();
+  const auto pixels = RenderPage(page, NoTerminal()).pixels;
+  EXPECT_EQ(std::count(pixels.begin(), pixels.end(), 0xFFFFFFu), 7);
+  // Saved again it is as large as before.
+  Session().OpenPage(1);
+  SaveElement(Session(), *page.elements[1]);
+  EXPECT_EQ(RenderPage(page, NoTerminal()).pixels, pixels);
+}
+
+TEST_F(ElementPicture, ARaisedButtonNeedsRoomForItsPicture) {
+  const auto error = [this](Long dx, Long dy) {
+    return ImportError(Element("Button", 0, 0, dx, dy, {"\"Flat3D\": 1", Pump()}));
+  };
+  const std::string place = "page file x, element 1 (clsButton): property \"Picture\": ";
+  const std::string noRoom = place + "there is no room for it: inside the element it would be ";
+  EXPECT_EQ(error(8, 8), noRoom + "0x0");
+  EXPECT_EQ(error(9, 8), noRoom + "1x0");
+  EXPECT_EQ(error(8, 9), noRoom + "0x1");
+  EXPECT_EQ(error(4, 9), noRoom + "-4x1");
+  EXPECT_EQ(error(9, 9), "");
+}
+
+TEST_F(ElementPicture, ExportTellsFilesThatTheImportedTextNames) {
+  const std::string given = "\"Picture\": {\"path\": \"pump.bmp\", \"panelPixels\": \"AAAAAA==\"}";
+  const std::string text =
+      PageOf({"\"clsGroup\",\n      \"elements\": [{\"class\": " + Bitmap(0, 0, 4, 2, {Pump()}) + "}]",
+              Element("Line", 0, 0, 2, 2), Bitmap(0, 0, 2, 2, {"\"Picture\": \"fan.bmp\""}),
+              Bitmap(0, 0, 2, 2, {Pump()}), Bitmap(0, 0, 2, 2, {given}), Bitmap(0, 0, 1, 1)});
+  Import(text, File(""));
+  const auto notes = [&](const std::string& expected) {
+    std::ostringstream out, err;
+    ExportCommand(Path(), {}, "", {out, err});
+    EXPECT_EQ(out.str() == text, expected == text);
+    return err.str();
+  };
+  EXPECT_EQ(notes(text), "");
+  std::filesystem::remove(File("pump.bmp"));
+  WriteBmp("fan.bmp", {{0}});
+  const std::string end = ": the page file names it, its pixels are in the project\n";
+  EXPECT_EQ(notes(text), "note: picture file \"pump.bmp\" is not there" + end +
+                             "note: picture file \"fan.bmp\" is another one now" + end);
+  Connection().Execute("UPDATE HMI_Elements SET Xs=5");
+  EXPECT_EQ(notes(""), "");
+}
+
 TEST_F(ElementPicture, CanonicalPagesNameTheFile) {
   const std::string text = PageOf(
       {Bitmap(1, 2, 4, 2, {"\"TransparencyLevel\": 1", Pump()}), Button(0, {Pump()}), Bitmap(0, 0, 1, 1)});
@@ -264,8 +321,15 @@ TEST_F(ElementPicture, EveryMistakeInAPictureIsNamed) {
   EXPECT_EQ(PictureError(R"({"pth": "a"})"), "\"pth\" does not exist; nearest is \"path\"");
   EXPECT_EQ(PictureError(R"({"path": "a", "Path": "b"})"), "\"Path\" is given twice");
   EXPECT_EQ(PictureError(R"({"path": 1})"), "\"path\" must be a text, 1 was given");
-  EXPECT_EQ(PictureError(R"({"path": "a", "bits": -1})"),
-            "\"bits\" must be a whole number from 0 to 2147483647, -1 was given");
+  EXPECT_EQ(PictureError(R"({"path": "a", "bits": -1})"), "\"bits\" must be 0 or 16, -1 was given");
+  EXPECT_EQ(PictureError(R"({"path": "a", "bits": 8})"), "\"bits\" must be 0 or 16, 8 was given");
+  EXPECT_EQ(PictureError(R"({"path": "a", "bits": "16"})"), "\"bits\" must be 0 or 16, \"16\" was given");
+  EXPECT_EQ(PictureError(R"({"path": "a", "bits": 0, "source": -1})"), "");
+  EXPECT_EQ(PictureError(R"({"path": "a", "width": 1})"), "\"width\" is given without \"pixels\"");
+  EXPECT_EQ(PictureError(R"({"panelPixels": "AAgJYA==", "height": 1})"),
+            "\"height\" is given without \"pixels\"");
+  EXPECT_EQ(PictureError(R"({"path": "a", "source": 0})"), "\"source\" is given without \"pixels\"");
+  EXPECT_EQ(PictureError(R"({"panelPixels": "AAgJYA==", "source": 0})"), "");
   EXPECT_EQ(PictureError(R"({"width": 0})"), "\"width\" must be a whole number from 1 to 32767, 0 was given");
   EXPECT_EQ(PictureError(R"({"height": 32768})"),
             "\"height\" must be a whole number from 1 to 32767, 32768 was given");
@@ -318,6 +382,88 @@ TEST_F(ElementPicture, AnImportedPageDiffersInNothingAndAnotherPictureIsTold) {
             "page 1: element 1 (clsBitmap): TransparencyLevel 1 -> 0\npage 1: element 1 (clsBitmap): ");
   EXPECT_NE(told.find(" -> \"fan.bmp\" (CRC "), std::string::npos);
   EXPECT_NE(told.find("2 differences on 1 page\n"), std::string::npos);
+}
+
+TEST_F(ElementPicture, APictureInUseKeepsItsFirstName) {
+  // The same pixels at the panel's size, of another file and of other original pixels.
+  WriteBmp("large.bmp", {{0xE00000, 0xE00000, 0xFFFFFF, 0xFFFFFF}, {0x000000, 0x000000, 0x0066E8, 0x0066E8}});
+  const std::string large = "\"Picture\": \"large.bmp\"";
+  const Lines columns = {"CRC", "LibCRC", "DxORG", "DyORG", "ImagePath"};
+  ImportElements({Bitmap(0, 0, 2, 2, {Pump()})});
+  const Lines before = Rows("SELECT * FROM ProjectImages", columns);
+  const std::string text = PageOf({Bitmap(0, 0, 2, 2, {large})});
+  const std::string second = "{\n  \"page\": 2" + text.substr(text.find(','));
+  Import(second, File(""));
+  EXPECT_EQ(Rows("SELECT * FROM ProjectImages", columns), before);
+  EXPECT_EQ(GetImageDataORGByCRC(PictureCrcOf(*Load(2).elements[0])),
+            (PixelBytes{kRed, kWhite, kBlack, kBlue}));
+  EXPECT_EQ(Export(2), second);
+  EXPECT_EQ(Export(1), PageOf({Bitmap(0, 0, 2, 2, {Pump()})}));
+  WriteTextFile(File("second.json"), second, "file");
+  std::ostringstream out, err;
+  EXPECT_EQ(DiffCommand(Path(), File("second.json"), 2, "", {out, err}), 0);
+  EXPECT_EQ(out.str(), "nothing differs in 1 page with 1 element\n");
+  // When nothing has it any more, it is free for another name.
+  Import("{\n  \"page\": 2" + PageOf({}).substr(text.find(',')), File(""));
+  ImportElements({Bitmap(0, 0, 2, 2, {large})});
+  EXPECT_EQ(Rows("SELECT * FROM ProjectImages WHERE RecordStatus=3", {"DxORG", "ImagePath"}),
+            Lines{"4 large.bmp;" + File("large.bmp")});
+}
+
+TEST_F(ElementPicture, ARowWhoseOriginalPixelsDoNotServeTakesNewOnes) {
+  for (const char* damage : {"Data8bppORG=NULL", "DxORG=3", "Bits=16", "RecordStatus=2"}) {
+    ImportElements({});
+    ImportElements({Bitmap(0, 0, 2, 2, {Pump()})});
+    Connection().Execute(std::string("UPDATE ProjectImages SET ImagePath='x', ") + damage +
+                         " WHERE RecordStatus=3");
+    const std::string text = PageOf({Bitmap(0, 0, 2, 2, {Pump()})});
+    Import("{\n  \"page\": 2" + text.substr(text.find(',')), File(""));
+    EXPECT_EQ(Rows("SELECT * FROM ProjectImages WHERE RecordStatus=3", {"DxORG", "Bits", "ImagePath"}),
+              Lines{"2 0 pump.bmp;" + File("pump.bmp")})
+        << damage;
+    Import("{\n  \"page\": 2" + PageOf({}).substr(text.find(',')), File(""));
+  }
+}
+
+TEST_F(ElementPicture, ThePathOfAPictureIsNoDifference) {
+  std::filesystem::copy_file(File("pump.bmp"), File("copy.bmp"));
+  WriteTextFile(File("a.json"), PageOf({Bitmap(0, 0, 2, 2, {Pump()})}), "file");
+  WriteTextFile(File("b.json"), PageOf({Bitmap(0, 0, 2, 2, {"\"Picture\": \"copy.bmp\""})}), "file");
+  std::ostringstream out, err;
+  EXPECT_EQ(DiffCommand(File("a.json"), File("b.json"), {}, "", {out, err}), 0);
+  EXPECT_EQ(out.str(), "nothing differs in 1 page with 1 element\n");
+}
+
+TEST_F(ElementPicture, PicturesAreChosenForThoseThatAreNotThere) {
+  const auto gone = [](const std::string& name) { return "\"Picture\": \"" + name + "\""; };
+  WriteTextFile(File("page.json"),
+                PageOf({Bitmap(0, 0, 2, 2, {gone("a.bmp")}), Bitmap(0, 0, 2, 2, {Pump()}),
+                        Bitmap(0, 0, 2, 4, {gone("b.bmp")})}),
+                "file");
+  const auto before = Platform::Current().fileChooser;
+  const std::string place =
+      "page file " + File("page.json") + ", element 1 (clsBitmap): property \"Picture\": ";
+  std::ostringstream out, err;
+  const auto import = [&](const Lines& files) {
+    return ImportCommand(File("page.json"), File("new.qz7"), {out, err}, files);
+  };
+  const std::string wrong = place + "picture file \"" + File("a.bmp") + "\": there is no such file";
+  EXPECT_EQ(test::MessageOf([&] { import({}); }), wrong);
+  EXPECT_EQ(test::MessageOf([&] { import({File("c.bmp")}); }),
+            wrong + ", and the one that was chosen for it cannot be read");
+  WriteTextFile(File("notes.bmp"), "These are notes.", "file");
+  EXPECT_EQ(test::MessageOf([&] { import({File("notes.bmp")}); }),
+            wrong + ", and the one that was chosen for it cannot be read");
+  EXPECT_EQ(Platform::Current().fileChooser, before);
+  EXPECT_EQ(err.str(), "");
+  const std::string last = std::filesystem::relative(File("pump.bmp")).string();
+  EXPECT_EQ(import({File("fan.bmp"), File("pump.bmp"), last}), 0);
+  EXPECT_EQ(err.str(),
+            "note: picture file \"" + std::filesystem::absolute(last).string() + "\" was not needed\n");
+  std::ostringstream listed;
+  ListImagesCommand(File("new.qz7"), {listed, err});
+  EXPECT_NE(listed.str().find("element 1  " + File("fan.bmp")), std::string::npos) << listed.str();
+  EXPECT_NE(listed.str().find("element 3  " + File("pump.bmp")), std::string::npos) << listed.str();
 }
 
 TEST_F(ElementPicture, OperandsOfAButtonGetTheirRows) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "hosts/cli/commands.h"
 #include "hosts/cli/renderer.h"
 #include "tests/hosts/cli/picture_fixture.h"
@@ -15,9 +17,10 @@ class ImageCommand : public test::PictureTest {
   std::string Add(const ImageAddition& addition) {
     std::ostringstream out, err;
     EXPECT_EQ(AddImagesCommand(Path(), addition, {out, err}), 0);
-    EXPECT_EQ(err.str(), "");
+    notes_ = err.str();
     return out.str();
   }
+  std::string notes_;
   ImageAddition Of(const std::vector<std::string>& names) {
     ImageAddition addition;
     for (const std::string& name : names) addition.files.push_back(File(name));
@@ -110,6 +113,31 @@ TEST_F(ImageCommand, AddedPicturesStayWhenAnElementIsSaved) {
             Lines{File("fan.bmp") + ";" + File("fan.bmp")});
 }
 
+TEST_F(ImageCommand, TheOnlyPageIsTaken) {
+  Add(Of({"pump.bmp"}));
+  EXPECT_EQ(notes_, "note: page 0 has no elements\n");
+  EXPECT_EQ(Links(), Lines{"0 0 0"});
+  ImportElements({Bitmap(0, 0, 2, 2)});
+  Add(Of({"pump.bmp"}));
+  EXPECT_EQ(notes_, "");
+  EXPECT_EQ(Links(), (Lines{"0 0 0", "1 0 0"}));
+  ImageAddition addition = Of({"pump.bmp"});
+  addition.page = 7;
+  Add(addition);
+  EXPECT_EQ(notes_, "note: page 7 has no elements\n");
+  const std::string text = PageOf({});
+  Import("{\n  \"page\": 2" + text.substr(text.find(',')), File(""));
+  Add(Of({"fan.bmp"}));
+  EXPECT_EQ(Links(), (Lines{"0 0 0", "0 1 0", "1 0 0", "7 0 0"}));
+}
+
+TEST_F(ImageCommand, APictureInUseKeepsItsPath) {
+  ImportElements({Bitmap(0, 0, 2, 2, {"\"Picture\": \"pump.bmp\""})});
+  std::filesystem::copy_file(File("pump.bmp"), File("copy.bmp"));
+  Add(Of({"copy.bmp"}));
+  EXPECT_EQ(Rows("SELECT * FROM ProjectImages", {"ImagePath"}), Lines{"pump.bmp;" + File("pump.bmp")});
+}
+
 TEST_F(ImageCommand, ListTellsRowsStatesAndUsers) {
   ImportElements(
       {Bitmap(0, 0, 4, 2, {"\"Picture\": \"pump.bmp\""}), Bitmap(0, 0, 4, 2, {"\"Picture\": \"pump.bmp\""})});
@@ -196,6 +224,7 @@ TEST_F(ImageCommand, ADamagedPictureIsToldAndTheRestIsPainted) {
   ImportElements(
       {Bitmap(0, 0, 2, 2, {"\"Picture\": \"pump.bmp\""}), Bitmap(2, 0, 2, 2, {"\"Picture\": \"fan.bmp\""})});
   Connection().Execute("UPDATE HMI_Elements SET Dy=9 WHERE ID=1");
+  Connection().Execute("UPDATE ProjectImages SET Dy=9 WHERE [Index]=1");
   Open(corvane1::ProjectMode::ReadOnly);
   std::ostringstream out, err;
   const Picture page = RenderPage(Load(), {out, err});

@@ -72,8 +72,56 @@ TEST_F(PictureCheckTest, PicturesThatNothingHasAreTold) {
       Lines());
 }
 
+TEST_F(PictureCheckTest, PagesThatAreNotThereAreNoted) {
+  for (const char* page : {"4, 2", "4, 3", "1, 0"}) {
+    Connection().Execute(
+        std::string(
+            "INSERT INTO PagesAndImages (Page_ID, Image_Type, TransparencyLevel, Image_CRC) VALUES (") +
+        page + ", 0, " + crc_ + ")");
+  }
+  EXPECT_EQ(Check().notes, Lines{"page 4 has pictures behind it, and is not there"});
+  EXPECT_EQ(Check().findings, Lines());
+}
+
+TEST_F(PictureCheckTest, RowsThatCannotBeAreTold) {
+  const auto findings = [this](const std::string& change) {
+    Connection().Execute("UPDATE ProjectImages SET Bits=0, Dx=4, Dy=2, DxORG=2, DyORG=2 WHERE CRC=" + crc_);
+    Lines found = FindingsAfter("UPDATE ProjectImages SET " + change + " WHERE CRC=" + crc_);
+    for (std::string& line : found) {
+      const std::string row = "ProjectImages, row 1 (CRC " + crc_ + "): ";
+      if (line.substr(0, row.size()) == row) line.erase(0, row.size());
+    }
+    return found;
+  };
+  EXPECT_EQ(findings("Bits=NULL"), Lines());
+  EXPECT_EQ(findings("Bits=16, Dx=2, DxORG=1"),
+            Lines{"page 1, row 1 (clsBitmap): picture " + crc_ +
+                  " has 8 bytes of pixels for size (2, 2); pixels of size (4, 2) were expected"});
+  EXPECT_EQ(findings("Bits=8"), Lines{"has Bits 8; 0 or 16 was expected"});
+  EXPECT_EQ(findings("Dx=-4, Dy=-2"),
+            Lines{"has size (-4, -2) of its pixels; one of 0 or more was expected"});
+  EXPECT_EQ(findings("DyORG=-1"),
+            Lines{"has size (2, -1) of its original pixels; one of 0 or more was expected"});
+  EXPECT_EQ(findings("Dx=6"), Lines{"has 8 bytes of pixels; those of size (6, 2) were expected"});
+  EXPECT_EQ(findings("DxORG=3"), Lines{"has 4 bytes of original pixels; those of size (3, 2) were expected"});
+  EXPECT_EQ(findings("Data8bppORG=NULL"),
+            Lines{"has 0 bytes of original pixels; those of size (2, 2) were expected"});
+  EXPECT_EQ(findings("Data8bppORG=NULL, DxORG=0, DyORG=0"), Lines());
+  EXPECT_EQ(findings("Data8bppORG=x'0102030405'"),
+            Lines{"its original pixels do not unpack; pixels of size (2, 2) were expected"});
+}
+
+TEST_F(PictureCheckTest, TwoRowsOfOneCrcAreTold) {
+  const std::string columns = "CRC, LibCRC, Dx, Dy, DxORG, DyORG, Data8bpp, Data8bppORG, RecordStatus, Bits";
+  const std::string copy =
+      "INSERT INTO ProjectImages (" + columns + ") SELECT " + columns + " FROM ProjectImages WHERE [Index]=1";
+  EXPECT_EQ(FindingsAfter(copy), Lines{"ProjectImages, row 3 (CRC " + crc_ +
+                                       "): row 1 is in use with this CRC, too; one was expected"});
+  EXPECT_EQ(FindingsAfter("UPDATE ProjectImages SET RecordStatus=2 WHERE [Index]=3"), Lines());
+}
+
 TEST_F(PictureCheckTest, FilesThatCannotBeReadAnyMoreAreNoted) {
-  const std::string path = "picture file pump.bmp;" + File("pump.bmp");
+  const std::string path = "picture file pump.bmp";
   const std::string end = ": its pictures are made from the pixels in the project when their size changes";
   WriteBmp("pump.bmp", {{0}});
   EXPECT_EQ(Check().notes, Lines{path + " cannot be read or is another one now" + end});
