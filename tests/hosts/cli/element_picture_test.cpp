@@ -79,6 +79,11 @@ TEST_F(ElementPicture, SavingABitmapWithoutAPictureAlarmsNobody) {
   ImportElements({"\"clsGroup\",\n      \"elements\": [{\"class\": " + Bitmap(2, 2, 3, 2) + "}]",
                   Bitmap(0, 0, 6, 4), Element("Button", 0, 0, 5, 5)});
   EXPECT_EQ(log.str(), "");
+  Session().OpenPage(1);
+  const LoadedPage page = Load();
+  DeleteElement(Session(), *page.elements[1]);
+  RestoreElement(Session(), *page.elements[1]);
+  EXPECT_EQ(log.str(), "");
 }
 
 TEST_F(ElementPicture, EachBitmapWithoutAPictureHasItsOwnSize) {

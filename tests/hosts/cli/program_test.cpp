@@ -579,6 +579,22 @@ TEST_F(ProgramTest, RunsItsDemoInAFolderOfItsOwn) {
   EXPECT_TRUE(fs::exists(File("elsewhere/boiler.qz7")));
 }
 
+TEST_F(ProgramTest, TakesOtherFilesForPicturesThatAreNotThere) {
+  const std::string folder = QUENZEL7_SOURCE_DIR "/demo/pictures/", bitmap = R"({"class": "clsBitmap", )";
+  WriteTextFile(File("gone.json"),
+                R"({"page": 1, "panel": {"type": 1, "width": 80, "height": 40}, "elements": [)" + bitmap +
+                    R"("Dx": 8, "Dy": 8, "Picture": "a.bmp"}, )" + bitmap +
+                    R"("Dx": 8, "Dy": 8, "Picture": "b.bmp"}]})",
+                "file");
+  const auto run = Run({"import", "--picture", folder + "fan.bmp", "--picture", folder + "start.bmp",
+                        "gone.json", "gone.qz7"});
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.status, 0);
+  const std::string listed = Run({"image", "gone.qz7", "list"}).out;
+  EXPECT_NE(listed.find("element 1  " + folder + "fan.bmp"), std::string::npos) << listed;
+  EXPECT_NE(listed.find("element 2  " + folder + "start.bmp"), std::string::npos) << listed;
+}
+
 TEST_F(ProgramTest, BringsPicturesIntoAProjectAndOut) {
   ImportPages({1});
   const std::string fan = QUENZEL7_SOURCE_DIR "/demo/pictures/fan.bmp";
