@@ -111,6 +111,10 @@ TEST_F(PictureCheckTest, RowsThatCannotBeAreTold) {
             Lines{"its original pixels do not unpack; pixels of size (2, 2) were expected"});
 }
 
+TEST_F(PictureCheckTest, TheRowOfNoPictureMayTellAnySize) {
+  EXPECT_EQ(FindingsAfter("UPDATE ProjectImages SET Dx=9, Dy=9, DxORG=-1 WHERE CRC=-1"), Lines());
+}
+
 TEST_F(PictureCheckTest, TwoRowsOfOneCrcAreTold) {
   const std::string columns = "CRC, LibCRC, Dx, Dy, DxORG, DyORG, Data8bpp, Data8bppORG, RecordStatus, Bits";
   const std::string copy =
