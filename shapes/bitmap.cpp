@@ -226,11 +226,19 @@ void clsBitmap::TakePicture(NewPicture picture, Long dx, Long dy) {
 void clsBitmap::AskForAnotherFile(Long message, Long dx, Long dy) {
   automation::Variant name(GetFileName(imagePath_));
   if (ShowLibraryMessage(message, name) != corvane1::kAnswerYes) return;
+  const Long dxBefore = imageDx_, dyBefore = imageDy_;
   imageDx_ = dx;
   imageDy_ = dy;
   loomis2::LibraryPicture picture{imagePath_, libCrc_,  dxOrg_,   dyOrg_, dataOrg_,
                                   imageCrc_,  imageDx_, imageDy_, data_,  bits_};
-  if (CurrentImageLibrary()->SelectImageFile(picture, dx, dy) != loomis2::kImageDone) return;
+  if (CurrentImageLibrary()->SelectImageFile(picture, dx, dy) != loomis2::kImageDone) {
+    // Pixels that could not be made anew either would be taken for damaged ones at the new size.
+    if (IsImageDataValid(data_, dxBefore, dyBefore, bits_)) {
+      imageDx_ = dxBefore;
+      imageDy_ = dyBefore;
+    }
+    return;
+  }
   bitmap_.Reset(0);
   imagePath_ = std::move(picture.path);
   libCrc_ = picture.libCrc;

@@ -87,9 +87,9 @@ class BitmapBase : public PositionedElement, public ItfImage {};
 /// the element is shown, or at the picture's own when the pixels are none of that size. Pixels that give no
 /// bitmap either way are reported as damaged, and the element is removed from the project. Without a picture
 /// (CRC -1) it is white, or nothing below a size of 1 x 1. A picture that was painted by somebody else (CRC
-/// 0x3F3F3F3F) has a bitmap alone, given by `hBmp`, before or after its CRC. Other pixels or another CRC drop
-/// the bitmap of the earlier picture, so that paper shows the new one too. `InvertColors` and `Rotate` change
-/// the bitmap alone, and do nothing without one.
+/// 0x3F3F3F3F) has a bitmap alone, given by `hBmp`, before or after its CRC. Pixels and CRCs
+/// that are written drop the bitmap of the earlier picture, so that paper shows the new one too; of ItfImage,
+/// only the pixels do. `InvertColors` and `Rotate` change the bitmap alone, and do nothing without one.
 class clsBitmap final : public ElementClass<clsBitmap, BitmapBase, kBitmapElement, BitmapElementMembers> {
  public:
   /// The name under which hosts create it.

@@ -217,10 +217,19 @@ bool clsButton::RenewBitmap(Long dx, Long dy) {
   if (crc == kPaintedImage) return true;
   bitmap_.Reset(0);
   if (crc == kNoImage) return false;
-  if (!image_->GetData8bpp().empty()) {
-    bitmap_.Reset(BitmapOfPixels(image_->GetData8bpp(), dx, dy, image_->Bits()));
+  const PixelBytes& pixels = image_->GetData8bpp();
+  if (!pixels.empty()) bitmap_.Reset(BitmapOfPixels(pixels, dx, dy, image_->Bits()));
+  if (bitmap_.Get() == 0 && !pixels.empty()) {
+    // A picture that could not be fitted to the button is not damaged: it has the size of its row.
+    Long storedDx = 0, storedDy = 0;
+    GetImageDimensions(crc, storedDx, storedDy);
+    if (IsImageDataValid(pixels, storedDx, storedDy, image_->Bits())) {
+      bitmap_.Reset(BitmapOfPixels(pixels, storedDx, storedDy, image_->Bits()));
+    }
   }
   if (bitmap_.Get() != 0) return true;
+  // Before the host is told, which may have the button drawn again at once.
+  image_->CRC8bpp(kNoImage);
   ReportCorruptedImage(image_->Path(), id_);
   return false;
 }

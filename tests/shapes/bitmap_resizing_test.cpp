@@ -205,7 +205,7 @@ TEST_F(ResizedBitmap, KeepsWhatItHasWhenTheChoiceIsNotDone) {
   }
 }
 
-TEST_F(ResizedBitmap, IsOfTheNewSizeBeforeTheUserChoosesAlsoWhenItCouldNotBeConverted) {
+TEST_F(ResizedBitmap, IsOfTheNewSizeOnlyWhileTheUserChoosesWhenItCouldNotBeConverted) {
   library_->loadStatus = 2;
   library_->convertStatus = 3;
   library_->selectStatus = 4;
@@ -213,7 +213,7 @@ TEST_F(ResizedBitmap, IsOfTheNewSizeBeforeTheUserChoosesAlsoWhenItCouldNotBeConv
   EXPECT_EQ(
       LogOfResizing(*bitmap).at(7),
       std::string("select pumps\\one.bmp 402 6x1[3 5 4 2 6 7] 401 30x20") + kOldPixels + " 8 for 30x20");
-  EXPECT_EQ(PictureOf(*bitmap), std::string("pumps\\one.bmp 402 6x1 401 30x20 ") + kOldPixels + " 8");
+  EXPECT_EQ(PictureOf(*bitmap), std::string("pumps\\one.bmp 402 6x1 401 3x2 ") + kOldPixels + " 8");
 }
 
 TEST_F(ResizedBitmap, AsksForNoFileUnlessTheAnswerIsYes) {

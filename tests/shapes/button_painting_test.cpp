@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "framework/bitmap_size.h"
+#include "images/grp_elmnts_srv.h"
 #include "platform/corvane1/project_file.h"
 #include "platform/loomis2/file_image_library.h"
 #include "tests/support/button_fixture.h"
@@ -566,6 +568,29 @@ TEST_F(DrawnButton, WithoutRoomForItsPictureFitsNothing) {
   }
 }
 
+TEST_F(DrawnButton, APictureThatCannotBeFittedIsPaintedInTheSizeOfItsRow) {
+  automation::Variant palette = Platform::Current().colorService->GetPalette();
+  clsGrpElmntsSrv().InitImageLibrary("plant", palette);
+  const auto errors = std::make_shared<corvane1::CollectedErrors>(nullptr);
+  Platform::Current().errorLog = errors;
+  clsButton button;
+  static_cast<ItfHmiElement&>(button).Flat3D(Integer{0});
+  button.Txt("");
+  button.Dx(3);
+  button.Dy(2);
+  PixelBytes pixels = {1, 2, 3, 0, 4, 5, 6, 0}, none;
+  button.SetImage8bppPropsEx(-1, 0, 0, none, 77, 3, 2, pixels, 0, 0, "", 0);
+  button.SaveToDB();
+  button.Dx(5);
+  const gdi::Surface surface(8, 4);
+  static_cast<ItfHmiElement&>(button).Draw(surface.Dc(), false);
+  EXPECT_TRUE(errors->Reports().empty());
+  EXPECT_EQ(BitmapSizeOf(button.hBmp()).w, 3);
+  EXPECT_EQ(BitmapSizeOf(button.hBmp()).h, 2);
+  EXPECT_EQ(static_cast<ItfImage&>(button).Image8bppCRC(), 77);
+  EXPECT_EQ(PictureRows().size(), 1u);
+}
+
 TEST_F(DrawnButton, ADamagedPictureIsToldAndLeavesTheProjectTheButtonStays) {
   const auto frame = std::make_shared<corvane1::CollectedHostFrame>();
   for (const bool isEmpty : {true, false}) {
@@ -594,6 +619,10 @@ TEST_F(DrawnButton, ADamagedPictureIsToldAndLeavesTheProjectTheButtonStays) {
     EXPECT_EQ(Elements(), CallLog{std::to_string(button->ID())});
     EXPECT_TRUE(Links().empty());
     EXPECT_TRUE(PictureRows().empty());
+    // It has no picture from now on, and so tells nothing more.
+    EXPECT_EQ(static_cast<ItfImage&>(*button).Image8bppCRC(), -1);
+    LogOfDrawing(*button);
+    EXPECT_EQ(errors->Reports().size(), 1u);
     EXPECT_NE(
         std::find(log.begin(), log.end(),
                   "open SELECT * FROM HMI_Elements WHERE ID= " + std::to_string(button->ID()) + " [0,3,1]"),
