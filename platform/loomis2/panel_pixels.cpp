@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <iterator>
 
 #include "platform/automation/array.h"
 #include "platform/gdi/bitmap.h"
@@ -35,6 +37,27 @@ std::array<std::uint16_t, 256> NearestOf() {
   return nearest;
 }
 
+/// Walks over palette indices as the colours that they stand for, so that pixels are written once and not
+/// cleared before.
+struct ColorIterator {
+  using iterator_category = std::forward_iterator_tag;
+  using value_type = std::uint32_t;
+  using difference_type = std::ptrdiff_t;
+  using pointer = const std::uint32_t*;
+  using reference = const std::uint32_t&;
+
+  const std::uint32_t* table;
+  const Byte* index;
+
+  reference operator*() const { return table[*index]; }
+  ColorIterator& operator++() {
+    ++index;
+    return *this;
+  }
+  ColorIterator operator++(int) { return {table, index++}; }
+  friend bool operator==(const ColorIterator& a, const ColorIterator& b) { return a.index == b.index; }
+};
+
 constexpr std::uint32_t ColorOf(std::uint32_t pixel) {
   return Filled(pixel >> 11, 5) << 16 | Filled(pixel >> 5 & 0x3F, 6) << 8 | Filled(pixel & 0x1F, 5);
 }
@@ -60,15 +83,14 @@ std::optional<Picture> PictureOf8bpp(std::span<const Byte> pixels, Long dx, Long
   // Every byte has a colour here, so that pixels can be taken without a look at each.
   std::array<std::uint32_t, kMostColors> table{};
   std::copy(colors.begin(), colors.end(), table.begin());
-  Byte highest = 0;
-  Picture picture{dx, dy,
-                  std::vector<std::uint32_t>(static_cast<std::size_t>(dx) * static_cast<std::size_t>(dy))};
-  std::uint32_t* pixel = picture.pixels.data();
+  Picture picture{dx, dy, {}};
+  picture.pixels.reserve(static_cast<std::size_t>(dx) * static_cast<std::size_t>(dy));
   for (const Byte* row = pixels.data(); row != pixels.data() + pixels.size(); row += rowBytes) {
-    for (Long x = 0; x < dx; ++x) highest = std::max(highest, row[x]);
-    for (Long x = 0; x < dx; ++x) *pixel++ = table[row[x]];
+    const Byte* const end = row + dx;
+    if (colors.size() < kMostColors && *std::max_element(row, end) >= colors.size()) return {};
+    picture.pixels.insert(picture.pixels.end(), ColorIterator{table.data(), row},
+                          ColorIterator{table.data(), end});
   }
-  if (highest >= colors.size()) return {};
   return picture;
 }
 
