@@ -21,6 +21,9 @@ void Fill(gdi::HDC dc, std::uint32_t color, std::initializer_list<gdi::RECT> are
   for (const gdi::RECT& area : areas) gdi::FillRect(dc, &area, brush.Get());
 }
 
+/// Half the way from one edge to another, which may be more than 32 bits apart.
+Long Half(Long near, Long far) { return static_cast<Long>((std::int64_t{far} - near) / 2); }
+
 }  // namespace
 
 std::uint32_t ColorService::Get3DShadeColor(Long level, Long colorNumber) {
@@ -29,15 +32,12 @@ std::uint32_t ColorService::Get3DShadeColor(Long level, Long colorNumber) {
 
 std::uint32_t ColorService::Get3DFaceColor(Long colorNumber) { return GetColor(colorNumber); }
 
-void ColorService::DrawPressed3DRect(Long x, Long y, Long width, Long height, Long colorNumber, Long pressed,
-                                     gdi::HDC dc) {
-  if (width <= 0 || height <= 0) return;
-  const gdi::RECT all{x, y, Add(x, width), Add(y, height)};
-  Fill(dc, GetColor(colorNumber), {all});
-  const Long lines = std::min({kBevelLines, width / 2, height / 2});
-  for (Long line = 0; line < lines; ++line) {
-    const Long left = all.left + line, top = all.top + line;
-    const Long right = all.right - line, bottom = all.bottom - line;
+void ColorService::DrawPressed3DRect(Long left, Long top, Long right, Long bottom, Long colorNumber,
+                                     Long pressed, gdi::HDC dc) {
+  if (right <= left || bottom <= top) return;
+  Fill(dc, GetColor(colorNumber), {{left, top, right, bottom}});
+  const Long lines = std::min({kBevelLines, Half(left, right), Half(top, bottom)});
+  for (Long line = 0; line < lines; ++line, ++left, ++top, --right, --bottom) {
     const Long dark = line + 1, light = dark + kBevelLines;
     // The near sides come second: the corners between a dark and a light side are theirs.
     Fill(dc, Get3DShadeColor(pressed != 0 ? light : dark, colorNumber),

@@ -31,11 +31,12 @@ class ColorService {
   /// The colour of the face of a 3D frame: the panel colour itself.
   virtual std::uint32_t Get3DFaceColor(Long colorNumber);
 
-  /// Paints a rectangle in the panel colour, with a bevel of at most four pixels inside its edges: sunken
-  /// when `pressed` is not 0, otherwise raised. A rectangle less than 8 pixels wide or high has as many lines
-  /// of the bevel as there is room for on both sides. Nothing when width or height is not positive; error 6,
-  /// with nothing painted, when a far edge does not fit 32 bits.
-  virtual void DrawPressed3DRect(Long x, Long y, Long width, Long height, Long colorNumber, Long pressed,
+  /// Paints the rectangle between two corners, its far edges left out, in the panel colour, with a bevel of
+  /// at most four pixels inside its edges: sunken when `pressed` is not 0, otherwise raised. A rectangle less
+  /// than 8 pixels wide or high has as many lines of the bevel as there is room for on both sides. Nothing
+  /// when the second corner is not to the right of the first and below it; every other two corners will do,
+  /// however far apart they are.
+  virtual void DrawPressed3DRect(Long left, Long top, Long right, Long bottom, Long colorNumber, Long pressed,
                                  gdi::HDC dc);
   /// Fills a rectangle between two corners, its far edges left out, in whichever order the corners come.
   virtual void DrawFlatRect(Long x1, Long y1, Long x2, Long y2, Long colorNumber, gdi::HDC dc);

@@ -43,10 +43,10 @@ class BevelColors final : public ColorService {
     Note("Get3DFaceColor(" + std::to_string(colorNumber) + ")");
     return 0x030000 + static_cast<std::uint32_t>(colorNumber);
   }
-  void DrawPressed3DRect(Long x, Long y, Long width, Long height, Long colorNumber, Long pressed,
+  void DrawPressed3DRect(Long left, Long top, Long right, Long bottom, Long colorNumber, Long pressed,
                          gdi::HDC dc) override {
     std::string call = "DrawPressed3DRect(";
-    for (const Long argument : {x, y, width, height, colorNumber, pressed}) {
+    for (const Long argument : {left, top, right, bottom, colorNumber, pressed}) {
       call += std::to_string(argument) + ", ";
     }
     Note(call + recorder_.NameOf(dc) + ")");

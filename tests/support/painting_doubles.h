@@ -94,9 +94,9 @@ class PaintingColors final : public corvane1::ColorService {
     notes_->Add("Get3DFaceColor", colorNumber);
     return 0x0c0000 + static_cast<std::uint32_t>(colorNumber);
   }
-  void DrawPressed3DRect(Long x, Long y, Long width, Long height, Long colorNumber, Long pressed,
+  void DrawPressed3DRect(Long left, Long top, Long right, Long bottom, Long colorNumber, Long pressed,
                          gdi::HDC dc) override {
-    notes_->Add("DrawPressed3DRect", x, y, width, height, colorNumber, pressed, notes_->Named(dc));
+    notes_->Add("DrawPressed3DRect", left, top, right, bottom, colorNumber, pressed, notes_->Named(dc));
   }
 
  private:

@@ -151,9 +151,9 @@ TEST(DrawPressed3DRect, AnyNumberButZeroIsPressed) {
   EXPECT_EQ(gdi::Colors(sunken), gdi::Colors(other));
 }
 
-TEST(DrawPressed3DRect, StandsAtItsCornerInItsSize) {
+TEST(DrawPressed3DRect, StandsBetweenItsCornersWithoutItsFarEdges) {
   const gdi::Surface surface = Red(8, 7);
-  PaletteColorService().DrawPressed3DRect(2, 1, 4, 5, kFace, 0, surface.Dc());
+  PaletteColorService().DrawPressed3DRect(2, 1, 6, 6, kFace, 0, surface.Dc());
   EXPECT_EQ(LevelsOn(surface, kFace),
             (Calls{"........", "..5555..", "..5661..", "..5621..", "..5621..", "..5111..", "........"}));
 }
@@ -177,26 +177,50 @@ TEST(DrawPressed3DRect, ExactlyEightPixelsHoldTheWholeBevel) {
                                              "12377765", "12666665", "15555555"}));
 }
 
+TEST(DrawPressed3DRect, HasRoomForItsLinesByItsSizeAndNotByItsPlace) {
+  const gdi::Surface surface = Red(9, 8);
+  PaletteColorService colors;
+  colors.DrawPressed3DRect(-6, -7, 1, 1, kFace, 1, surface.Dc());
+  colors.DrawPressed3DRect(1, 6, 9, 7, kFace, 1, surface.Dc());
+  colors.DrawPressed3DRect(6, 0, 8, 5, kFace, 0, surface.Dc());
+  EXPECT_EQ(LevelsOn(surface, kFace), (Calls{"5.....55.", "......51.", "......51.", "......51.", "......51.",
+                                             ".........", ".00000000", "........."}));
+}
+
 TEST(DrawPressed3DRect, WithoutWidthOrHeightIsNothing) {
   const gdi::Surface surface = Red(9, 9);
   gdi::Recorder recorder;
   PaletteColorService colors;
-  colors.DrawPressed3DRect(4, 4, 0, 4, kFace, 1, surface.Dc());
-  colors.DrawPressed3DRect(4, 4, 4, 0, kFace, 1, surface.Dc());
-  colors.DrawPressed3DRect(4, 4, -4, 4, kFace, 1, surface.Dc());
-  colors.DrawPressed3DRect(4, 4, 4, -4, kFace, 1, surface.Dc());
+  colors.DrawPressed3DRect(4, 4, 4, 8, kFace, 1, surface.Dc());
+  colors.DrawPressed3DRect(4, 4, 8, 4, kFace, 1, surface.Dc());
   EXPECT_EQ(recorder.Calls(), Calls{});
 }
 
-TEST(DrawPressed3DRect, BeyondAllNumbersIsAnErrorAndPaintsNothing) {
-  const gdi::Surface surface = Red(2, 2);
-  PaletteColorService colors;
+TEST(DrawPressed3DRect, WithItsCornersInTheWrongOrderIsNothing) {
+  const gdi::Surface surface = Red(9, 9);
   gdi::Recorder recorder;
-  EXPECT_EQ(test::ErrorOf([&] { colors.DrawPressed3DRect(1, 0, kMost, 1, kFace, 1, surface.Dc()); }), 6);
-  EXPECT_EQ(test::ErrorOf([&] { colors.DrawPressed3DRect(0, 1, 1, kMost, kFace, 1, surface.Dc()); }), 6);
+  PaletteColorService colors;
+  colors.DrawPressed3DRect(4, 1, 3, 8, kFace, 1, surface.Dc());
+  colors.DrawPressed3DRect(1, 4, 8, 3, kFace, 1, surface.Dc());
+  colors.DrawPressed3DRect(8, 8, 1, 1, kFace, 1, surface.Dc());
+  colors.DrawPressed3DRect(kMost, 0, kLeast, 9, kFace, 1, surface.Dc());
+  colors.DrawPressed3DRect(0, kMost, 9, kLeast, kFace, 1, surface.Dc());
   EXPECT_EQ(recorder.Calls(), Calls{});
-  colors.DrawPressed3DRect(0, 0, kMost, kMost, kFace, 1, surface.Dc());
-  EXPECT_EQ(LevelsOn(surface, kFace), (Calls{"11", "12"}));
+}
+
+TEST(DrawPressed3DRect, ReachesToTheFarthestCorners) {
+  const gdi::Surface near = Red(2, 2), across = Red(2, 2);
+  PaletteColorService colors;
+  colors.DrawPressed3DRect(0, 0, kMost, kMost, kFace, 1, near.Dc());
+  EXPECT_EQ(LevelsOn(near, kFace), (Calls{"11", "12"}));
+  gdi::Recorder recorder;
+  colors.DrawPressed3DRect(kLeast, kLeast, kMost, kMost, kFace, 1, across.Dc());
+  EXPECT_EQ(LevelsOn(across, kFace), (Calls{"00", "00"}));
+  const Calls calls = recorder.Calls();
+  ASSERT_EQ(calls.size(), 3u + 4 * 2 * 4u);
+  // The fourth line above, three pixels from the edges.
+  EXPECT_EQ(calls[calls.size() - 3],
+            "FillRect(dc:1, {-2147483645, -2147483645, 2147483644, -2147483644}, brush:9)");
 }
 
 TEST(DrawPressed3DRect, FillsTheFaceThenEachLineFromTheOutermost) {
