@@ -14,6 +14,9 @@ namespace {
 /// The code page that the settings tell which the thread has at that time.
 corvane1::AnsiCodePage CurrentCodePage() { return corvane1::AnsiCodePageOf(*Platform::Current().settings); }
 
+/// The size that the change tracker tells which the thread has at that time.
+Long TrackedSize(Long elementId) { return Platform::Current().changeTracker->ElementSize(elementId); }
+
 /// Texts are painted in the fonts that they are measured in.
 const corvane1::PanelFontList& Fonts() {
   static const corvane1::PanelFontList fonts;
@@ -29,15 +32,18 @@ Platform::Platform()
       settings(std::make_shared<corvane1::LayeredSettings>(heldProject)),
       numberGenerator(std::make_shared<corvane1::ProjectNumberGenerator>(heldProject)),
       changeTracker(std::make_shared<corvane1::CollectedChanges>(heldProject)),
+      projectService(std::make_shared<corvane1::CollectedProjectEvents>(TrackedSize)),
       globalValues(std::make_shared<corvane1::HeldGlobalValues>()),
       fontService(std::make_shared<corvane1::PanelFontService>(Fonts(), CurrentCodePage)),
       newTextPainter([] { return std::make_shared<corvane1::PanelTextPainter>(Fonts(), CurrentCodePage); }),
+      textService(std::make_shared<corvane1::FirstLetterTextService>()),
       stringLibrary(std::make_shared<corvane1::ProjectStringLibrary>()),
       panelService(std::make_shared<corvane1::ListedPanels>()),
       messageService(std::make_shared<corvane1::CollectedMessages>()),
       messageBoxes(std::make_shared<corvane1::CollectedMessageBoxes>()),
       errorLog(std::make_shared<corvane1::CollectedErrors>()),
       hostFrame(std::make_shared<corvane1::CollectedHostFrame>()),
+      resources(std::make_shared<corvane1::DrawnResources>()),
       crcService(std::make_shared<corvane1::StandardCrc>()),
       application(std::make_shared<corvane1::RunningProgram>()),
       fileChooser(std::make_shared<loomis2::PreparedFileChooser>()),

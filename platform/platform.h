@@ -17,9 +17,12 @@
 #include "platform/corvane1/number_generator.h"
 #include "platform/corvane1/panel_service.h"
 #include "platform/corvane1/project_database.h"
+#include "platform/corvane1/project_service.h"
+#include "platform/corvane1/resources.h"
 #include "platform/corvane1/settings.h"
 #include "platform/corvane1/string_library.h"
 #include "platform/corvane1/text_painter.h"
+#include "platform/corvane1/text_service.h"
 #include "platform/fennick1/operand.h"
 #include "platform/loomis2/file_chooser.h"
 #include "platform/loomis2/image_library.h"
@@ -33,7 +36,8 @@ namespace quenzel7 {
 struct Platform {
   /// The embedded defaults, all of them real: colours of the panel palette, fonts of the panel list, panel
   /// models, settings, operands, numbers and strings kept in the project that `heldProject` holds, changes,
-  /// messages, boxes, errors and what the host's window is told collected, global values held.
+  /// what becomes of variables, messages, boxes, errors and what the host's window is told collected, global
+  /// values held.
   Platform();
 
   /// The services of the calling thread.
@@ -57,6 +61,9 @@ struct Platform {
   std::shared_ptr<corvane1::NumberGenerator> numberGenerator;
   /// Is told of changes, and tells the size of an element in the panel.
   std::shared_ptr<corvane1::ChangeTracker> changeTracker;
+  /// Is told what becomes of variables. The embedded one asks the change tracker that the thread has at that
+  /// time for sizes.
+  std::shared_ptr<corvane1::ProjectService> projectService;
   /// What the host has open, by number.
   std::shared_ptr<corvane1::GlobalValues> globalValues;
   /// The fonts of the panel.
@@ -65,6 +72,8 @@ struct Platform {
   /// too, so that texts are painted as they are measured. One that is empty or gives nothing leaves elements
   /// with a text uncreatable (error 429).
   std::function<std::shared_ptr<corvane1::TextPainter>()> newTextPainter;
+  /// Knows how texts are read.
+  std::shared_ptr<corvane1::TextService> textService;
   /// The texts of the project in its languages.
   std::shared_ptr<corvane1::StringLibrary> stringLibrary;
   /// The panel models, and which of them the project is for.
@@ -77,6 +86,8 @@ struct Platform {
   std::shared_ptr<corvane1::ErrorLog> errorLog;
   /// The window of the host.
   std::shared_ptr<corvane1::HostFrame> hostFrame;
+  /// The pictures that come with the library.
+  std::shared_ptr<corvane1::Resources> resources;
   /// Tells blocks of bytes apart.
   std::shared_ptr<corvane1::CrcService> crcService;
   /// The program that the library works for.

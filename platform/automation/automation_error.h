@@ -22,6 +22,8 @@ enum class ErrorNumber : Long {
   ObjectNotSet = 91,
   InvalidUseOfNull = 94,
   InvalidPropertyValue = 380,
+  /// There is no resource of that number.
+  ResourceNotFound = 326,
   PropertyNameNotFound = 327,
   InvalidBagContents = 331,
   PropertyIsReadOnly = 383,

@@ -25,13 +25,16 @@ TEST_F(PlatformServices, AreCompleteFromTheBeginning) {
   EXPECT_EQ(platform.settings->GetSetting(6000, 6051, "fall-back"), "fall-back");
   EXPECT_EQ(platform.globalValues->Value(25), 0);
   EXPECT_NE(platform.changeTracker, nullptr);
+  EXPECT_NE(dynamic_cast<corvane1::CollectedProjectEvents*>(platform.projectService.get()), nullptr);
   EXPECT_EQ(platform.fontService->GetFontName(0), "Unifont 16");
+  EXPECT_EQ(platform.textService->TextOrder("\xD7\x90"), 1);
   EXPECT_EQ(platform.stringLibrary->Language(), 1);
   EXPECT_EQ(platform.panelService->Model(1).width, 128);
   EXPECT_NE(dynamic_cast<corvane1::CollectedMessages*>(platform.messageService.get()), nullptr);
   EXPECT_NE(dynamic_cast<corvane1::CollectedMessageBoxes*>(platform.messageBoxes.get()), nullptr);
   EXPECT_NE(dynamic_cast<corvane1::CollectedErrors*>(platform.errorLog.get()), nullptr);
   EXPECT_NE(dynamic_cast<corvane1::CollectedHostFrame*>(platform.hostFrame.get()), nullptr);
+  EXPECT_NE(platform.resources->LoadPicture(501).Get(), 0u);
   EXPECT_EQ(platform.crcService->Crc(std::vector<Byte>{'a', 'b', 'c'}), 0x352441C2);
   EXPECT_NE(platform.application->Path(), "");
   EXPECT_EQ(platform.fileChooser->Choose({}), "");
@@ -94,6 +97,20 @@ TEST_F(PlatformServices, MeasureAndPaintInTheCodePageOfTheSettings) {
   EXPECT_EQ(painter->GetTextSize("\xCF\x89", 7).width, greek);
   settings->Set(7000, 1, "1");
   EXPECT_EQ(test::ErrorOf([&] { platform.fontService->GetCharWidths(7); }), 5);
+}
+
+TEST_F(PlatformServices, MeasureElementsByTheChangeTrackerOfTheTime) {
+  class HostsTracker final : public corvane1::ChangeTracker {
+   public:
+    void NotifyElementChanged(Long) override {}
+    void NotifyPageChanged(Long) override {}
+    Long ElementSize(Long elementId) override { return 100 + elementId; }
+  };
+  Platform& platform = Platform::Current();
+  const auto project = platform.projectService;
+  EXPECT_EQ(test::ErrorOf([&] { project->ElementSize(5); }), 91);
+  platform.changeTracker = std::make_shared<HostsTracker>();
+  EXPECT_EQ(project->ElementSize(5), 105);
 }
 
 TEST_F(PlatformServices, ThatStandOnTheProjectSayWhenNoneIsOpen) {

@@ -42,6 +42,7 @@ TEST(AutomationError, NumbersAreThoseOfTheRunTime) {
       {ErrorNumber::PathNotFound, 76},
       {ErrorNumber::ObjectNotSet, 91},
       {ErrorNumber::InvalidUseOfNull, 94},
+      {ErrorNumber::ResourceNotFound, 326},
       {ErrorNumber::PropertyNameNotFound, 327},
       {ErrorNumber::InvalidBagContents, 331},
       {ErrorNumber::InvalidPropertyValue, 380},
