@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/ado/connection.h"
+#include "platform/automation/class_info.h"
 #include "platform/automation/convert.h"
 #include "platform/corvane1/project_file.h"
 #include "platform/platform.h"
@@ -36,6 +37,43 @@ class RecordingTracker final : public corvane1::ChangeTracker {
 
  private:
   std::shared_ptr<corvane1::ChangeTracker> inner_;
+  std::shared_ptr<RecordingConnection> recorder_;
+};
+
+/// Passes on what it is told and notes it in the same log: "saved 5", "keypad 5 True", "global keypad 6
+/// False", "deleted 5", "global gone clsVar", "project size 5".
+class RecordingProject final : public corvane1::ProjectService {
+ public:
+  RecordingProject(std::shared_ptr<corvane1::ProjectService> inner,
+                   std::shared_ptr<RecordingConnection> recorder)
+      : inner_(std::move(inner)), recorder_(std::move(recorder)) {}
+  void NotifyElementSaved(Long elementId) override {
+    recorder_->Note("saved " + std::to_string(elementId));
+    inner_->NotifyElementSaved(elementId);
+  }
+  void NotifyVarKeypad(Long elementId, bool keypadEntry) override {
+    recorder_->Note("keypad " + std::to_string(elementId) + (keypadEntry ? " True" : " False"));
+    inner_->NotifyVarKeypad(elementId, keypadEntry);
+  }
+  void NotifyGlobalVarKeypad(Long globalVarId, bool keypadEntry) override {
+    recorder_->Note("global keypad " + std::to_string(globalVarId) + (keypadEntry ? " True" : " False"));
+    inner_->NotifyGlobalVarKeypad(globalVarId, keypadEntry);
+  }
+  void NotifyElementDeleted(Integer elementId) override {
+    recorder_->Note("deleted " + std::to_string(elementId));
+    inner_->NotifyElementDeleted(elementId);
+  }
+  void NotifyGlobalElementDeleted(const automation::ObjectRef& element) override {
+    recorder_->Note("global gone " + std::string(element->Class().name));
+    inner_->NotifyGlobalElementDeleted(element);
+  }
+  Long ElementSize(Long elementId) override {
+    recorder_->Note("project size " + std::to_string(elementId));
+    return inner_->ElementSize(elementId);
+  }
+
+ private:
+  std::shared_ptr<corvane1::ProjectService> inner_;
   std::shared_ptr<RecordingConnection> recorder_;
 };
 
@@ -72,6 +110,8 @@ class ProjectTest : public ::testing::Test {
     Platform::Current().projectDatabase = database;
     changes_ = std::make_shared<corvane1::CollectedChanges>(Platform::Current().heldProject);
     Platform::Current().changeTracker = std::make_shared<RecordingTracker>(changes_, recorder_);
+    events_ = std::dynamic_pointer_cast<corvane1::CollectedProjectEvents>(Platform().projectService);
+    Platform::Current().projectService = std::make_shared<RecordingProject>(events_, recorder_);
   }
 
   void CloseProject() {
@@ -90,6 +130,7 @@ class ProjectTest : public ::testing::Test {
   CallLog TakeLog() { return recorder_->Take(); }
   RecordingConnection& Recorder() { return *recorder_; }
   corvane1::CollectedChanges& Changes() { return *changes_; }
+  corvane1::CollectedProjectEvents& Events() { return *events_; }
 
   /// The rows of a query, a line each, columns parted by blanks.
   std::vector<std::string> Rows(const std::string& query, const std::vector<std::string>& columns) {
@@ -129,6 +170,7 @@ class ProjectTest : public ::testing::Test {
   ado::ConnectionRef connection_;
   std::shared_ptr<RecordingConnection> recorder_;
   std::shared_ptr<corvane1::CollectedChanges> changes_;
+  std::shared_ptr<corvane1::CollectedProjectEvents> events_;
 };
 
 }  // namespace quenzel7::test
