@@ -7,6 +7,8 @@
 #include "platform/corvane1/panel_text_painter.h"
 #include "platform/corvane1/project_string_library.h"
 #include "platform/loomis2/file_image_library.h"
+#include "platform/scripting/built_in_files.h"
+#include "platform/scripting/host_files.h"
 
 namespace quenzel7 {
 namespace {
@@ -46,6 +48,7 @@ Platform::Platform()
       resources(std::make_shared<corvane1::DrawnResources>()),
       crcService(std::make_shared<corvane1::StandardCrc>()),
       application(std::make_shared<corvane1::RunningProgram>()),
+      files(std::make_shared<scripting::HostFiles>(scripting::BuiltInFiles())),
       fileChooser(std::make_shared<loomis2::PreparedFileChooser>()),
       newImageLibrary([] { return std::make_shared<loomis2::FileImageLibrary>(Current().fileChooser); }),
       newCompressor([] { return std::make_shared<compression::ZstdCompressor>(); }),

@@ -26,6 +26,7 @@
 #include "platform/fennick1/operand.h"
 #include "platform/loomis2/file_chooser.h"
 #include "platform/loomis2/image_library.h"
+#include "platform/scripting/files.h"
 
 namespace quenzel7 {
 
@@ -92,6 +93,8 @@ struct Platform {
   std::shared_ptr<corvane1::CrcService> crcService;
   /// The program that the library works for.
   std::shared_ptr<corvane1::Application> application;
+  /// The text files that the library reads.
+  std::shared_ptr<scripting::Files> files;
   /// Lets the user choose picture files; the embedded image library keeps the one of its making.
   std::shared_ptr<loomis2::FileChooser> fileChooser;
   /// Makes the image library of the thread when the host sets one up; one that is empty or gives nothing

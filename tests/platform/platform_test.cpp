@@ -37,6 +37,8 @@ TEST_F(PlatformServices, AreCompleteFromTheBeginning) {
   EXPECT_NE(platform.resources->LoadPicture(501).Get(), 0u);
   EXPECT_EQ(platform.crcService->Crc(std::vector<Byte>{'a', 'b', 'c'}), 0x352441C2);
   EXPECT_NE(platform.application->Path(), "");
+  EXPECT_EQ(platform.files->OpenTextFile("\\none\\Strings\\Calendar_English.txt")->ReadLine(),
+            "//Day Of Week//");
   EXPECT_EQ(platform.fileChooser->Choose({}), "");
 }
 
