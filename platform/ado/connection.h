@@ -29,6 +29,10 @@ class Connection : public automation::Object {
   virtual void CommitTrans() = 0;
   virtual void RollbackTrans() = 0;
 
+  /// The file that the database is in, from the root and without "." and "..", also once the connection is
+  /// closed. Empty when it is in none, or the connection cannot tell.
+  virtual std::string FilePath() const { return {}; }
+
   /// Ends the connection; an open transaction is rolled back. Closing twice does nothing.
   virtual void Close() = 0;
 };

@@ -26,6 +26,8 @@ void SqliteConnection::CommitTrans() { database_->CommitTrans(); }
 
 void SqliteConnection::RollbackTrans() { database_->RollbackTrans(); }
 
+std::string SqliteConnection::FilePath() const { return database_->FilePath(); }
+
 void SqliteConnection::Close() { database_->Close(); }
 
 void SqliteConnection::SetStatementObserver(StatementObserver observer) {

@@ -50,6 +50,7 @@ class SqliteConnection final : public Connection {
   void BeginTrans() override;
   void CommitTrans() override;
   void RollbackTrans() override;
+  std::string FilePath() const override;
   void Close() override;
 
   /// Statements that this connection runs from now on are told to the observer; an empty one ends that.

@@ -79,6 +79,9 @@ SqliteDatabase::SqliteDatabase(const std::string& path, const OpenOptions& optio
 void SqliteDatabase::Open(const std::string& path, const OpenOptions& options) {
   if (path.empty()) Raise("the path is empty");
   if (path.find('\0') != std::string::npos) Raise("a path holds no zero bytes");
+  // As it is now: the current folder may be another one later.
+  std::error_code ignored;
+  filePath_ = std::filesystem::absolute(path, ignored).lexically_normal().string();
   const bool inspect = options.mode == OpenMode::Inspect;
   const bool unchanging = inspect && !HasLog(path);
   // A connection belongs to one thread at a time, so the engine need not lock itself.

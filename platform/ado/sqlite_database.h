@@ -31,6 +31,8 @@ class SqliteDatabase {
   SqliteDatabase& operator=(const SqliteDatabase&) = delete;
   ~SqliteDatabase() { Close(); }
 
+  /// The file, from the root and without "." and "..".
+  const std::string& FilePath() const { return filePath_; }
   bool IsOpen() const { return handle_ != nullptr; }
   /// The engine's handle; error 3704 when the database is closed.
   sqlite3* Handle() const;
@@ -97,6 +99,7 @@ class SqliteDatabase {
 
   RowTaker taker_;
   sqlite3* handle_ = nullptr;
+  std::string filePath_;
   bool readOnly_ = false;
   bool inTransaction_ = false;
   std::size_t compiled_ = 0;

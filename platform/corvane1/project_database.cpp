@@ -1,6 +1,7 @@
 #include "platform/corvane1/project_database.h"
 
 #include "platform/automation/automation_error.h"
+#include "platform/corvane1/application.h"
 
 namespace quenzel7::corvane1 {
 
@@ -10,5 +11,7 @@ ado::ConnectionRef HeldProjectDatabase::OpenConnection() {
   }
   return connection_;
 }
+
+std::string HeldProjectDatabase::Path() { return FolderOf(OpenConnection()->FilePath()); }
 
 }  // namespace quenzel7::corvane1

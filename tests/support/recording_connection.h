@@ -121,6 +121,7 @@ class RecordingConnection final : public ado::Connection {
     Note("RollbackTrans");
     inner_->RollbackTrans();
   }
+  std::string FilePath() const override { return inner_->FilePath(); }
   void Close() override { inner_->Close(); }
 
   /// Adds to the log what happened elsewhere.

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tests/platform/ado/database_test.h"
+#include "tests/support/working_folder.h"
 
 namespace quenzel7::ado {
 namespace {
@@ -91,6 +92,18 @@ TEST_F(SqliteConnectionTest, ClosedItRefusesEverythingButClosing) {
   EXPECT_RAISES(3704, "the connection is closed", connection_->BeginTrans());
   EXPECT_RAISES(3704, "the connection is closed", connection_->CommitTrans());
   EXPECT_RAISES(3704, "the connection is closed", connection_->RollbackTrans());
+}
+
+TEST_F(SqliteConnectionTest, TellsItsFileFromTheRootForAllItsLife) {
+  const fs::path folder = fs::path(Path()).parent_path();
+  SqliteConnectionRef connection;
+  {
+    const test::WorkingFolder there(folder);
+    connection = OpenSqlite("../" + folder.filename().string() + "/./new.db", {.mode = OpenMode::Create});
+  }
+  EXPECT_EQ(connection->FilePath(), folder / "new.db");
+  connection->Close();
+  EXPECT_EQ(connection->FilePath(), folder / "new.db");
 }
 
 TEST_F(SqliteConnectionTest, ClosingRollsBack) {
