@@ -18,7 +18,7 @@ using automation::ErrorNumber;
 namespace fs = std::filesystem;
 
 bool HasDriveLetter(std::string_view path) {
-  if (path.size() < 2 || path[1] != ':') return false;
+  if (path.find(':') != 1) return false;
   const char letter = path[0];
   return (letter >= 'A' && letter <= 'Z') || (letter >= 'a' && letter <= 'z');
 }

@@ -67,7 +67,7 @@ TEST(PathNames, RaiseWithoutACurrentFolder) {
 }
 
 TEST(PathNames, RefuseDriveLetters) {
-  EXPECT_RAISES(76, "there is no drive \"C:\" here", PathNames("C:\\a.txt"));
+  EXPECT_RAISES(76, "there is no drive \"C:\" here", PathNames("C:\\a:b.txt"));
   EXPECT_RAISES(76, "there is no drive \"A:\" here", PathNames("A:a.txt"));
   EXPECT_RAISES(76, "there is no drive \"Z:\" here", PathNames("Z:"));
   EXPECT_RAISES(76, "there is no drive \"a:\" here", PathNames("a:/b"));
@@ -118,6 +118,7 @@ TEST(IsSameName, ComparesLooseBytesOneByOne) {
                  "a\xFF"
                  "b"));
   EXPECT_FALSE(IsSameName("\xFF", "\xFE"));
+  EXPECT_FALSE(IsSameName("\xE4", "\xC3\xA4"));
   EXPECT_FALSE(IsSameName("\xFF\xFF", "\xFF"));
   // What begins a character, but is not all of it.
   EXPECT_TRUE(IsSameName("A\xC3", "a\xC3"));
@@ -130,9 +131,9 @@ TEST(IsSameName, ComparesLooseBytesOneByOne) {
 }
 
 TEST(IsSameName, LeavesTheThreadInItsLocale) {
-  const locale_t before = uselocale(nullptr);
+  const locale_t before = uselocale(LC_GLOBAL_LOCALE);
   IsSameName("a", "A");
-  EXPECT_EQ(uselocale(nullptr), before);
+  EXPECT_EQ(uselocale(before), LC_GLOBAL_LOCALE);
 }
 
 class Folder : public ::testing::Test {
