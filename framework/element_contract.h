@@ -30,42 +30,9 @@ class ItfHmiElement : public automation::Object {
   /// The member table.
   static const automation::Interface& InterfaceOf();
 
-// Stubs have parameters that they do not look at.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wunused-parameter"
-#define READ(type, name, stub, doc)                    \
- public:                                               \
-  type name() const { return ItfHmiElement_##name(); } \
-                                                       \
- protected:                                            \
-  virtual type ItfHmiElement_##name() const { return stub; }
-#define READ_WRITE(type, name, stub, doc)                             \
-  READ(type, name, stub, doc)                                         \
- public:                                                              \
-  void name(type pValue) { ItfHmiElement_##name(std::move(pValue)); } \
-                                                                      \
- protected:                                                           \
-  virtual void ItfHmiElement_##name(type pValue) {}
-#define WRITE_READ READ_WRITE
-#define METHOD(result, name, parameters, arguments, stub, doc)      \
- public:                                                            \
-  result name parameters { return ItfHmiElement_##name arguments; } \
-                                                                    \
- protected:                                                         \
-  virtual result ItfHmiElement_##name parameters { stub; }
-#define QUERY(result, name, parameters, arguments, stub, doc)             \
- public:                                                                  \
-  result name parameters const { return ItfHmiElement_##name arguments; } \
-                                                                          \
- protected:                                                               \
-  virtual result ItfHmiElement_##name parameters const { stub; }
-#include "framework/element_members.inc"
-#undef READ
-#undef READ_WRITE
-#undef WRITE_READ
-#undef METHOD
-#undef QUERY
-#pragma GCC diagnostic pop
+#define QUENZEL7_IMPLEMENTED(name) ItfHmiElement_##name
+#define QUENZEL7_MEMBERS "framework/element_members.inc"
+#include "framework/declare_contract.inc"
 
  public:
   /// GetBoundingRect with pLocation left out: the position at rest.

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <memory>
-#include <string>
 #include <string_view>
 #include <type_traits>
-#include <vector>
 
+#include "framework/creatable_class.h"
 #include "framework/element_contract.h"
 #include "framework/element_types.h"
 #include "images/itf_image.h"
@@ -26,17 +25,12 @@ class ElementClass : public Base {
   /// What hosts see of the class: the default interface first, then the element contract, then that of a
   /// picture if it has one.
   static const automation::ClassInfo& ClassOf() {
-    static const std::string interfaceName = "_" + std::string(Element::kClassName);
-    static const automation::Interface interface(interfaceName, Members<Element>::kMembers);
-    static const std::vector<const automation::Interface*> interfaces = [] {
-      std::vector all{&interface, &ItfHmiElement::InterfaceOf()};
-      if constexpr (std::is_base_of_v<ItfImage, Element>) all.push_back(&ItfImage::InterfaceOf<Element>());
-      return all;
-    }();
-    static const automation::ClassInfo info{Element::kClassName, interfaces, []() -> automation::ObjectRef {
-                                              return std::make_shared<Element>();
-                                            }};
-    return info;
+    if constexpr (std::is_base_of_v<ItfImage, Element>) {
+      return CreatableClass<Element>(Members<Element>::kMembers, ItfHmiElement::InterfaceOf(),
+                                     ItfImage::InterfaceOf<Element>());
+    } else {
+      return CreatableClass<Element>(Members<Element>::kMembers, ItfHmiElement::InterfaceOf());
+    }
   }
   /// ClassOf, of any object of the class.
   const automation::ClassInfo& Class() const override { return ClassOf(); }
