@@ -98,4 +98,14 @@ corvane1::TextExtent RoomForAllLanguages(Long number, Long fontNumber) {
   return FoundInLibrary([&](StringLibrary& library) { return RoomOf(library, number, fontNumber); });
 }
 
+void ForEachLanguageString(const std::vector<Long>& numbers,
+                           const std::function<void(const LibraryString&)>& visit) {
+  FoundInLibrary([&](StringLibrary& library) {
+    for (const Long number : numbers) {
+      ForEachLanguage(library, number, [&](Long, const LibraryString& string) { visit(string); });
+    }
+    return true;
+  });
+}
+
 }  // namespace quenzel7

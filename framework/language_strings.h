@@ -1,8 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/automation/types.h"
+#include "platform/corvane1/string_library.h"
 #include "platform/corvane1/text_extent.h"
 
 /// What the string library has in several languages. Its current language stays what it was, also when an
@@ -19,5 +22,10 @@ std::string WidestLanguageString(Long number, Long& fontNumber);
 /// height, each string measured in its own font, or in the given one when it leaves the font to whoever shows
 /// it. Where no language has a text it is that of the word "EMPTY" in font 0.
 corvane1::TextExtent RoomForAllLanguages(Long number, Long fontNumber);
+
+/// Visits the strings of those numbers, each in all languages that have a text of it, in the order of the
+/// numbers and of the languages.
+void ForEachLanguageString(const std::vector<Long>& numbers,
+                           const std::function<void(const corvane1::LibraryString&)>& visit);
 
 }  // namespace quenzel7

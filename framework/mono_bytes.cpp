@@ -1,5 +1,6 @@
 #include "framework/mono_bytes.h"
 
+#include <cstdint>
 #include <limits>
 #include <string>
 #include <utility>
@@ -28,16 +29,24 @@ void PutWord(Byte* at, Long value) {
 
 Long WordAt(const Byte* at) { return at[0] | at[1] << 8; }
 
-/// The bytes of the rows, so few that with the trailer an array of the run-time can have them.
-Long RowsSize(Long w, Long h) {
+/// That many bytes of rows, so few that with the trailer an array of the run-time can have them.
+Long Checked(std::int64_t size, Long w, Long h) {
   constexpr auto kMost = std::numeric_limits<Long>::max() - static_cast<Long>(kTrailerSize);
-  const Long size = WordAlignedSize(w, h);
   if (size > kMost) {
     throw AutomationError(ErrorNumber::Overflow, PictureName(w, h) + " takes " + std::to_string(size) +
                                                      " bytes before its trailer, beyond " +
                                                      std::to_string(kMost));
   }
-  return size;
+  return static_cast<Long>(size);
+}
+
+/// Room for the rows and the trailer, which is written.
+std::vector<Byte> NewBytes(Long size, Long w, Long h) {
+  std::vector<Byte> bytes = NewPictureBytes(static_cast<std::size_t>(size) + kTrailerSize, w, h);
+  Byte* const trailer = bytes.data() + size;
+  PutWord(trailer, w);
+  PutWord(trailer + 2, h);
+  return bytes;
 }
 
 }  // namespace
@@ -45,15 +54,21 @@ Long RowsSize(Long w, Long h) {
 void BitmapToBytes(gdi::HBITMAP bitmap, std::vector<Byte>& bytes, Long w, Long h) {
   const bool keepsSize = w == kOwnSize || h == kOwnSize;
   const BitmapSize measures = keepsSize ? BitmapSizeOf(bitmap) : BitmapSize{w, h};
-  const Long size = RowsSize(measures.w, measures.h);
-  std::vector<Byte> stored =
-      NewPictureBytes(static_cast<std::size_t>(size) + kTrailerSize, measures.w, measures.h);
+  const Long size = Checked(WordAlignedSize(measures.w, measures.h), measures.w, measures.h);
+  std::vector<Byte> stored = NewBytes(size, measures.w, measures.h);
   const gdi::OwnedBitmap resized(keepsSize ? 0 : StretchMonoBitmap(bitmap, w, h));
   gdi::GetBitmapBits(keepsSize ? bitmap : resized.Get(), size, stored.data());
-  Byte* const trailer = stored.data() + size;
-  PutWord(trailer, measures.w);
-  PutWord(trailer + 2, measures.h);
   bytes = std::move(stored);
+}
+
+std::vector<Byte> WholeBitmapToBytes(gdi::HBITMAP bitmap) {
+  const auto [w, h, bits] = BitmapSizeOf(bitmap);
+  constexpr std::int64_t kBytesOfColor = 4;
+  const std::int64_t rows = bits == 1 ? WordAlignedSize(w, h) : kBytesOfColor * w * h;
+  const Long size = Checked(rows, w, h);
+  std::vector<Byte> bytes = NewBytes(size, w, h);
+  gdi::GetBitmapBits(bitmap, size, bytes.data());
+  return bytes;
 }
 
 gdi::HBITMAP BytesToBitmap(const std::vector<Byte>& bytes) {

@@ -22,6 +22,10 @@ namespace quenzel7 {
 /// most that an array of 2^31-1 bytes has besides the trailer, 7 if there is no room for the array.
 void BitmapToBytes(gdi::HBITMAP bitmap, std::vector<Byte>& bytes, Long w = -1, Long h = -1);
 
+/// The same with all rows of a bitmap in colours, as they lie in memory: what tells any two pictures apart.
+/// Error 6 for rows beyond 2147483642 bytes, 7 if there is no room for the array.
+std::vector<Byte> WholeBitmapToBytes(gdi::HBITMAP bitmap);
+
 /// A one-bit bitmap of a byte form; it belongs to the caller. Bytes between the rows and the trailer are
 /// passed over; a picture without width or height becomes one black pixel. Error 9 for an array too short for
 /// a trailer or for the rows that its trailer tells.

@@ -92,6 +92,10 @@ std::string OperandDescription(Long type, Long address, Long network) {
   return operand.IsDefined() ? operand.OperandText() : std::string();
 }
 
+Currency OperandValueOf(Long type, Long address, Long network) {
+  return NewOperand(type, address, network).OperandValue();
+}
+
 bool IsValueOperandType(Long type) {
   return type == 15 || type == kConstant16 || type == kConstant32 || type == kRestoredConstant16 ||
          type == kRestoredConstant32;

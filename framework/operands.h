@@ -43,6 +43,9 @@ void RestoreOperand(Long& type, Long& address, const automation::PropertyBagRef&
 /// have.
 std::string OperandDescription(Long type, Long address, Long network);
 
+/// What an operand holds as its value; 0 for what the project does not have.
+Currency OperandValueOf(Long type, Long address, Long network);
+
 /// Whether operands of the type hold a value of their own: 15, 34, 35, 37 and 38.
 bool IsValueOperandType(Long type);
 

@@ -315,9 +315,7 @@ void clsButton::ItfHmiElement_DeleteFromDB() {
   NotifyPageChanged(CurrentDisplayID());
 }
 
-automation::CollectionRef clsButton::BuildOpPropBag() const {
-  return BagsOf<clsButton>(*this, Operands::kTable);
-}
+automation::CollectionRef clsButton::BuildOpPropBag() { return BagsOf<clsButton>(*this, Operands::kTable); }
 
 void clsButton::ItfHmiElement_RestoreAllOperands() {
   RestoreFromBags<clsButton>(*this, operandBags_, Operands::kTable);

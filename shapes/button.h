@@ -99,7 +99,7 @@ class clsButton final : public ElementClass<clsButton, ButtonBase, kButtonElemen
 
   /// A new collection with the bags of touch, enabled, hide and highlight operand, -1 for none, and of the
   /// operand that picks the string, if there is one.
-  automation::CollectionRef BuildOpPropBag() const override;
+  automation::CollectionRef BuildOpPropBag() override;
 
  private:
   struct Columns;

@@ -43,7 +43,31 @@ inline constexpr Long kElementDefaults = 6000;
   KEY(ButtonColorForeTouch, 6056, Long)     \
   KEY(FlatTextColorBackTouch, 6057, Long)   \
   KEY(TextColorBackTouch, 6058, Long)       \
-  KEY(TextColorForeTouch, 6059, Long)
+  KEY(TextColorForeTouch, 6059, Long)       \
+  KEY(BinaryTextColorBack, 6060, Long)      \
+  KEY(BinaryTextColorFore, 6061, Long)      \
+  KEY(ListTextColorBack, 6062, Long)        \
+  KEY(ListTextColorFore, 6063, Long)        \
+  KEY(RangeTextColorBack, 6064, Long)       \
+  KEY(RangeTextColorFore, 6065, Long)       \
+  KEY(NumericColorBack, 6066, Long)         \
+  KEY(NumericColorFore, 6067, Long)         \
+  KEY(NumericRangeColorBack, 6068, Long)    \
+  KEY(StringColorBack, 6070, Long)          \
+  KEY(StringColorFore, 6071, Long)          \
+  KEY(PasswordColorBack, 6072, Long)        \
+  KEY(PasswordColorFore, 6073, Long)        \
+  KEY(PassStringColorBack, 6074, Long)      \
+  KEY(MeterColorBack, 6076, Long)           \
+  KEY(TankGraphColorBack, 6077, Long)       \
+  KEY(ThermometerColorBack, 6078, Long)     \
+  KEY(LedColorBack, 6079, Long)             \
+  KEY(TimeFunctionsColorBack, 6082, Long)   \
+  KEY(UtcColorBack, 6084, Long)             \
+  KEY(TimerColorBack, 6086, Long)           \
+  KEY(CounterColorBack, 6088, Long)         \
+  KEY(SdBrowserColorBack, 6090, Long)       \
+  KEY(DateTimeColorBack, 6092, Long)
 
 /// Their names.
 enum class ElementDefault : Long {

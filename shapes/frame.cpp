@@ -138,9 +138,7 @@ void clsFrame::ReadRow(const ado::Recordset& row) {
   ReadColumns<clsFrame>(row, *this, Columns::kLoadLast);
 }
 
-automation::CollectionRef clsFrame::BuildOpPropBag() const {
-  return BagsOf<clsFrame>(*this, Operands::kTable);
-}
+automation::CollectionRef clsFrame::BuildOpPropBag() { return BagsOf<clsFrame>(*this, Operands::kTable); }
 
 void clsFrame::ItfHmiElement_RestoreAllOperands() {
   RestoreFromBags<clsFrame>(*this, operandBags_, Operands::kTable);

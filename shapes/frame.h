@@ -41,7 +41,7 @@ class clsFrame final : public ElementClass<clsFrame, TextBearingElement, kFrameE
 
   /// A new collection with the bag of the touch operand, -1 for none, and of the operand that picks the
   /// string, if there is one.
-  automation::CollectionRef BuildOpPropBag() const override;
+  automation::CollectionRef BuildOpPropBag() override;
 
   // Not that of an element with a hide operand.
   using ItfHmiElement::VisibleOpAddr;

@@ -44,7 +44,7 @@ void PositionedElement::ItfHmiElement_IsTouchable(bool pValue) {
   touchOprndAddr_ = kNone;
 }
 
-automation::CollectionRef PositionedElement::BuildOpPropBag() const {
+automation::CollectionRef PositionedElement::BuildOpPropBag() {
   return BagsOf<PositionedElement>(*this, Operands::kTable);
 }
 

@@ -33,7 +33,7 @@ class PositionedElement : public ItfHmiElement {
 
   /// A new collection with a bag for each operand that the element has: touch, then hide, unless its class
   /// tells otherwise.
-  virtual automation::CollectionRef BuildOpPropBag() const;
+  virtual automation::CollectionRef BuildOpPropBag();
 
  protected:
   PositionedElement() = default;

@@ -170,7 +170,7 @@ bool clsText::ItfHmiElement_LoadFromDB(ado::Recordset& pRsElement) {
   return false;
 }
 
-automation::CollectionRef clsText::BuildOpPropBag() const { return BagsOf<clsText>(*this, Operands::kTable); }
+automation::CollectionRef clsText::BuildOpPropBag() { return BagsOf<clsText>(*this, Operands::kTable); }
 
 void clsText::ItfHmiElement_RestoreAllOperands() {
   RestoreFromBags<clsText>(*this, operandBags_, Operands::kTable);

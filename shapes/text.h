@@ -47,7 +47,7 @@ class clsText final : public ElementClass<clsText, TextBearingElement, kTextElem
 
   /// A new collection with a bag for each operand that the element has: touch, hide, the one that picks the
   /// string.
-  automation::CollectionRef BuildOpPropBag() const override;
+  automation::CollectionRef BuildOpPropBag() override;
 
  private:
   struct Columns;

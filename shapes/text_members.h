@@ -59,4 +59,7 @@ struct TextMembers {
           ElementMemberText("CreateStaticElementPrinterReport")));
 };
 
+#undef QUENZEL7_CONTRACT_PROPERTY
+#undef QUENZEL7_TEXT_PROPERTY
+
 }  // namespace quenzel7

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <bit>
 #include <numeric>
+#include <optional>
+#include <utility>
 
 namespace quenzel7::automation {
 namespace {
@@ -56,7 +58,9 @@ const Member* Interface::Find(std::string_view name) const {
 
 std::vector<std::string> Interface::Slots() const {
   std::vector<std::string> slots;
+  std::optional<std::string> heldBack;
   for (const Member& member : members_) {
+    const std::optional<std::string> behindThis = std::exchange(heldBack, std::nullopt);
     const std::string name(member.name);
     const std::string type(member.type.name);
     if (member.IsMethod()) {
@@ -67,6 +71,7 @@ std::vector<std::string> Interface::Slots() const {
         line += DescribeParameter(member.parameters[index], index >= required);
       }
       slots.push_back(line + ")" + (type.empty() ? "" : " As " + type));
+      if (behindThis) slots.push_back(*behindThis);
       continue;
     }
     std::vector<std::string> accessors;
@@ -74,8 +79,14 @@ std::vector<std::string> Interface::Slots() const {
     if (member.put) accessors.push_back("put " + name + "(" + type + ")");
     if (member.putRef) accessors.push_back("putref " + name + "(" + type + ")");
     if (member.writerFirst) std::reverse(accessors.begin(), accessors.end());
+    if (member.writerAfterNext) {
+      heldBack = accessors.back();
+      accessors.pop_back();
+    }
     slots.insert(slots.end(), accessors.begin(), accessors.end());
+    if (behindThis) slots.push_back(*behindThis);
   }
+  if (heldBack) slots.push_back(*heldBack);
   return slots;
 }
 

@@ -85,6 +85,8 @@ struct Member {
   std::array<std::optional<Long>, 2> defaults{};
   /// Among the slots of the interface the writer of the property stands before the reader.
   bool writerFirst = false;
+  /// The writer of the property stands behind the slots of the next member.
+  bool writerAfterNext = false;
   Mark mark = Mark::None;
   Variant (*method)(Object&, Arguments) = nullptr;
   Variant (*get)(Object&) = nullptr;

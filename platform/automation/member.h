@@ -195,6 +195,12 @@ constexpr Member WriterFirst(Member member) {
   return member;
 }
 
+/// The same entry with the writer's slot behind those of the next entry.
+constexpr Member WriterAfterNext(Member member) {
+  member.writerAfterNext = true;
+  return member;
+}
+
 }  // namespace quenzel7::automation
 
 /// Thunks of a property that is an overload pair Name() / Name(value) of Class, looked up as a caller that

@@ -32,4 +32,14 @@ TextPosition FontService::GetTextPosition(const std::string& text, Long fontNumb
   return {place(x, width, extent.width, known % kSteps), place(y, height, extent.height, known / kSteps)};
 }
 
+Long FontService::GetGUIDigit(Long fontNumber) {
+  const std::array<Long, 256> widths = GetCharWidths(fontNumber);
+  const auto widthOf = [&widths](Long digit) { return widths[static_cast<std::size_t>('0' + digit)]; };
+  Long widest = 0;
+  for (Long digit = 1; digit <= 9; ++digit) {
+    if (widthOf(digit) >= widthOf(widest)) widest = digit;
+  }
+  return widest;
+}
+
 }  // namespace quenzel7::corvane1

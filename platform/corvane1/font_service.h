@@ -35,6 +35,9 @@ class FontService {
   virtual std::array<Long, 256> GetCharWidths(Long fontNumber) = 0;
   /// The rectangle that a text takes: its widest line, and the heights of all its lines.
   virtual TextExtent GetTextRect(const std::string& text, Long fontNumber) = 0;
+  /// The digit that stands for all of them where room for a number is shown: the widest, the greatest of
+  /// those as wide. Made from `GetCharWidths`.
+  virtual Long GetGUIDigit(Long fontNumber);
   /// The font's name as reports show it.
   virtual std::string GetFontName(Long fontNumber) = 0;
 
