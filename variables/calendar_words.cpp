@@ -68,10 +68,9 @@ std::vector<std::string> CalendarWords(Long language, Long formatType) {
   return words;
 }
 
-corvane1::TextExtent LargestCalendarWord(Long language, Long formatType, Long fontNumber, Long flat3D) {
+corvane1::TextExtent LargestCalendarWord(Long language, Long formatType, Long fontNumber) {
   clsText scratch;
   scratch.FontNumber(fontNumber);
-  scratch.Flat3D(flat3D);
   corvane1::TextExtent largest;
   for (const std::string& word : CalendarWords(language, formatType)) {
     scratch.Txt(word);

@@ -22,8 +22,8 @@ std::string CalendarFileName(Long language);
 std::vector<std::string> CalendarWords(Long language, Long formatType);
 
 /// The width of the widest and the height of the highest of these words, in panel pixels, each as the optimal
-/// size of a `clsText` in that font and frame style; 0 x 0 without words. Errors as CalendarWords, and those
+/// size of a new `clsText` in that font; 0 x 0 without words. Errors as CalendarWords, and those
 /// of clsText.
-corvane1::TextExtent LargestCalendarWord(Long language, Long formatType, Long fontNumber, Long flat3D);
+corvane1::TextExtent LargestCalendarWord(Long language, Long formatType, Long fontNumber);
 
 }  // namespace quenzel7

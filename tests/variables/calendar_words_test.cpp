@@ -60,8 +60,16 @@ class CalendarWord : public ::testing::Test {
     connection_ = corvane1::OpenProject(folder_.File("Projects/plant.qz7"), corvane1::ProjectMode::Create);
     Platform::Current().heldProject->Hold(connection_);
     services_.Install();
+    NewTextsAre("0");
   }
   void TearDown() override { Platform::Current() = Platform(); }
+
+  /// Chooses the frame style of new texts.
+  static void NewTextsAre(const char* style) {
+    const auto settings = std::make_shared<corvane1::LayeredSettings>(Platform::Current().heldProject);
+    settings->Set(6000, 6043, style);
+    Platform::Current().settings = settings;
+  }
 
   /// Gives the project a word file.
   void Write(const std::string& name, const std::string& text) {
@@ -184,33 +192,30 @@ TEST_F(CalendarWord, PassesOnWhatTheFilesRaise) {
 TEST_F(CalendarWord, IsLargestInEachDirectionByItself) {
   // Each character of font 2 is 3 pixels wide, each line 6 high.
   Write("Calendar_English.txt", "//Month//\nabc\nabcdef\nab\n\n//Day Of Week//\nabcdefgh\n");
-  EXPECT_EQ(LargestCalendarWord(0, 4, 2, kFlat), (TextExtent{18, 6}));
-  EXPECT_EQ(LargestCalendarWord(0, 2, 2, kFlat), (TextExtent{24, 6}));
-  EXPECT_EQ(LargestCalendarWord(0, 4, 0, kFlat), (TextExtent{6, 2}));
-  EXPECT_EQ(LargestCalendarWord(0, 4, 2, kTransparent), (TextExtent{18, 6}));
+  EXPECT_EQ(LargestCalendarWord(0, 4, 2), (TextExtent{18, 6}));
+  EXPECT_EQ(LargestCalendarWord(0, 2, 2), (TextExtent{24, 6}));
+  EXPECT_EQ(LargestCalendarWord(0, 4, 0), (TextExtent{6, 2}));
 }
 
-TEST_F(CalendarWord, HasRoomForTheFrameOfItsStyle) {
+TEST_F(CalendarWord, HasTheFrameOfNewTexts) {
   Write("Calendar_English.txt", "//Month//\nabc");
-  EXPECT_EQ(LargestCalendarWord(0, 4, 2, kRaised), (TextExtent{17, 14}));
-  EXPECT_EQ(LargestCalendarWord(0, 4, 2, kSunken), (TextExtent{17, 14}));
-  EXPECT_EQ(LargestCalendarWord(0, 4, 2, kBoxed), (TextExtent{11, 8}));
+  EXPECT_EQ(LargestCalendarWord(0, 4, 2), (TextExtent{9, 6}));
+  NewTextsAre("1");
+  EXPECT_EQ(LargestCalendarWord(0, 4, 2), (TextExtent{17, 14}));
 }
 
 TEST_F(CalendarWord, OfAnotherCodePageIsToldAndHasNoWidth) {
   const auto boxes = std::make_shared<corvane1::CollectedMessageBoxes>(nullptr);
   Platform::Current().messageBoxes = boxes;
-  EXPECT_EQ(LargestCalendarWord(23, 2, 2, kFlat), (TextExtent{0, 6}));
+  EXPECT_EQ(LargestCalendarWord(23, 2, 2), (TextExtent{0, 6}));
   EXPECT_EQ(boxes->Shown().size(), 7u);
-  EXPECT_EQ(LargestCalendarWord(23, 2, 2, kRaised), (TextExtent{8, 14}));
 }
 
 TEST_F(CalendarWord, HasNoSizeWithoutWords) {
   Write("Calendar_English.txt", "//Day Of Week//\nabc");
-  EXPECT_EQ(LargestCalendarWord(0, 4, 2, kRaised), (TextExtent{0, 0}));
-  EXPECT_EQ(LargestCalendarWord(0, 2, 2, 5), (TextExtent{0, 0}));
-  EXPECT_EQ(test::ErrorOf([] { LargestCalendarWord(12, 4, 2, kRaised); }), 5);
-  EXPECT_EQ(test::ErrorOf([] { LargestCalendarWord(0, 1, 2, kRaised); }), 5);
+  EXPECT_EQ(LargestCalendarWord(0, 4, 2), (TextExtent{0, 0}));
+  EXPECT_EQ(test::ErrorOf([] { LargestCalendarWord(12, 4, 2); }), 5);
+  EXPECT_EQ(test::ErrorOf([] { LargestCalendarWord(0, 1, 2); }), 5);
 }
 
 }  // namespace

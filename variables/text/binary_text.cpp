@@ -1,0 +1,34 @@
+#include "variables/text/binary_text.h"
+
+#include "variables/text_element_keys.h"
+
+namespace quenzel7 {
+
+// clang-format off
+struct clsVarBinaryText::KeyList : ListKeys<clsVarBinaryText> {
+  using Texts = clsVarTextElement::Keys;
+
+  static constexpr auto kEntry = MakeNamedTable(
+      Texts::kTxt, Texts::kColorFore, Texts::kColorBack,
+      Texts::kStorageStringId.Guarded(), Texts::kStorageStringType.Guarded());
+
+  // Only here the string library stands behind the list.
+  static constexpr auto kTable =
+      kDrawing
+          .Then(MakeNamedTable(
+              kCount,
+              EntriesKey<clsVarBinaryText, &clsVarBinaryText::texts_, kEntry>("ListTexts"),
+              FieldKey<clsVarBinaryText, &clsVarBinaryText::switch_>("Switch")))
+          .Then(kStorage);
+};
+// clang-format on
+
+clsVarBinaryText::clsVarBinaryText()
+    : HandlerClass(ElementDefault::BinaryTextColorBack, ElementDefault::BinaryTextColorFore, 2) {}
+
+const HandlerKeys& clsVarBinaryText::Keys() const {
+  static const KeysOf<clsVarBinaryText> keys(KeyList::kTable);
+  return keys;
+}
+
+}  // namespace quenzel7

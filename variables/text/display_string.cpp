@@ -1,0 +1,51 @@
+#include "variables/text/display_string.h"
+
+#include "framework/operands.h"
+#include "shapes/element_setting.h"
+
+namespace quenzel7 {
+
+// clang-format off
+struct clsVarDisplayString::KeyList {
+  using String = clsVarDisplayString;
+
+  static constexpr auto kTable = MakeNamedTable(
+      PartKey<String, &String::Drawing, DrawingKeys::kTxt>("DrawingText_txt"),
+      PartKey<String, &String::Drawing, DrawingKeys::kFontNumber>("DrawingText_FontNumber"),
+      PartKey<String, &String::Drawing, DrawingKeys::kColorFore>("DrawingText_ColorFore"),
+      // A replica takes it over, though data do not keep it.
+      PartKey<String, &String::Drawing, DrawingKeys::kColorBack>("DrawingText_ColorBack").For(kReplicated),
+      OperandTypeKey<String, &String::startVector_>("StartVectorOpType"),
+      OperandAddressKey<String, &String::startVector_>("StartVectorOpAddress"),
+      FieldKey<String, &String::stringPattern_>("StringPattern"),
+      FieldKey<String, &String::vectorLength_>("VectorLength"),
+      FieldKey<String, &String::keyboardsLanguage_>("KeyboardsLanguage"),
+      FieldKey<String, &String::fontNumber_>("FontNumber"),
+      FieldKey<String, &String::colorFore_>("ColorFore"));
+};
+// clang-format on
+
+clsVarDisplayString::clsVarDisplayString()
+    : HandlerClass(ElementSetting(ElementDefault::StringColorFore, "5")) {
+  Drawing().Txt(stringPattern_);
+  Drawing().ColorBack(ElementSetting(ElementDefault::StringColorBack, "103"));
+  Drawing().ColorFore(colorFore_);
+}
+
+const HandlerKeys& clsVarDisplayString::Keys() const {
+  static const KeysOf<clsVarDisplayString> keys(KeyList::kTable);
+  return keys;
+}
+
+void clsVarDisplayString::ItfVarBinaryHandler_BuildOpPropBag() {
+  SampleTextHandler::ItfVarBinaryHandler_BuildOpPropBag();
+  // Required: the bag of the start stands twice in the collection. Only the first is ever read.
+  operandBags_->Add(NewOperandBag(startVector_.type, startVector_.address, kLocalNetwork));
+}
+
+void clsVarDisplayString::ReSyncDrawingElementParams(Long, Long pFontNum) {
+  Drawing().Txt(stringPattern_);
+  Drawing().FontNumber(pFontNum);
+}
+
+}  // namespace quenzel7

@@ -1,0 +1,132 @@
+#include "variables/text/numeric.h"
+
+#include "framework/language_strings.h"
+#include "platform/platform.h"
+#include "shapes/element_setting.h"
+#include "variables/text_element_keys.h"
+
+namespace quenzel7 {
+namespace {
+
+/// A font of the string library that leaves the choice to whoever shows the string; a string that is none.
+constexpr Long kNoFont = -1;
+constexpr Long kNoString = -1;
+
+/// The text without blanks at both ends.
+std::string Trimmed(const std::string& text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+}  // namespace
+
+// clang-format off
+struct clsVarNumeric::KeyList {
+  using Number = clsVarNumeric;
+  using Drawing = DrawingKeys;
+
+#define QUENZEL7_NUMERIC_KEY(Type, Name, Default, Documentation) \
+  static constexpr auto k##Name = FieldKey<Number, &Number::Name##_>(#Name);
+  QUENZEL7_NUMERIC_PROPERTIES(QUENZEL7_NUMERIC_KEY)
+#undef QUENZEL7_NUMERIC_KEY
+#define QUENZEL7_NUMERIC_KEY(Type, Address, field, Documentation) \
+  OperandTypeKey<Number, &Number::field>(#Type), OperandAddressKey<Number, &Number::field>(#Address),
+
+  static constexpr auto kTable =
+      MakeNamedTable(
+          PartKey<Number, &Number::Drawing, Drawing::kTxt>("DrawingText_txt"),
+          PartKey<Number, &Number::Drawing, Drawing::kFontNumber>("DrawingText_FontNumber"),
+          PartKey<Number, &Number::Drawing, Drawing::kColorFore>("DrawingText_ColorFore"),
+          kLeadingType,
+          FieldKey<Number, &Number::fontNumber_>("FontNumber"), FieldKey<Number, &Number::colorFore_>("ColorFore"),
+          kFormat, kBaseFormat, kPostfix,
+          kStartWithClearFields, kUseEntryLimits, kDoLinearization, kIsPassword, kIsUnsignedFormat,
+          kArrowsIncrementValue,
+          QUENZEL7_NUMERIC_OPERANDS(QUENZEL7_NUMERIC_KEY)
+          kKeyboardType.For(kStored | kReplicated))
+          .Then(clsVarTextElement::Keys::kReference<Number, &Number::Reference>)
+          .Then(MakeNamedTable(
+              FieldKey<Number, &Number::storageText_>("StorageText"),
+              FieldKey<Number, &Number::storageLibNum_>("StorageLibNum")));
+#undef QUENZEL7_NUMERIC_KEY
+};
+// clang-format on
+
+clsVarNumeric::clsVarNumeric()
+    : HandlerClass(ElementSetting(ElementDefault::NumericColorFore, "5")),
+      descriptionFontNumber_(Platform::Current().fontService->GetDefaultDescriptionFontNumber()),
+      listText_(std::make_shared<clsVarTextElement>()) {
+  Drawing().Txt(MakeSampleText(Postfix_));
+}
+
+const HandlerKeys& clsVarNumeric::Keys() const {
+  static const KeysOf<clsVarNumeric> keys(KeyList::kTable, {ReadRegime::Skip, ChangeKeyForm::Currencies});
+  return keys;
+}
+
+clsVarTextElement& clsVarNumeric::Reference() const {
+  if (!listText_) automation::detail::RaiseObjectNotSet();
+  return *listText_;
+}
+
+void clsVarNumeric::ReleaseOwned() {
+  TextHandler::ReleaseOwned();
+  listText_.reset();
+}
+
+std::vector<BinaryHandler::ExtraOperand> clsVarNumeric::ExtraOperands() {
+  std::vector<ExtraOperand> operands;
+  const auto add = [&operands](OperandPair& pair, bool isInUse) {
+    // Where the operands are not in use their bags are built all the same and those behind them are read in
+    // their place: hosts rely on it.
+    const bool isThere = pair.type != 0;
+    operands.push_back({&pair, isThere, isThere && isInUse});
+  };
+  for (OperandPair* pair : {&entryLimitMin_, &entryLimitMax_}) add(*pair, UseEntryLimits_);
+  for (OperandPair* pair : {&linearDMin_, &linearDMax_, &linearMIMin_, &linearMIMax_}) {
+    add(*pair, DoLinearization_);
+  }
+  return operands;
+}
+
+std::string clsVarNumeric::GetGUIDigit() const {
+  switch (BaseFormat_) {
+    case eBF_Decimal:
+      return std::to_string(Platform::Current().fontService->GetGUIDigit(fontNumber_));
+    case eBF_Hex:
+      return "D";
+    case eBF_Binary:
+      return "0";
+    default:
+      return {};
+  }
+}
+
+std::string clsVarNumeric::MakeSampleText(const std::string& pPostfix) const {
+  // The link operands whose numbers have a format of their own, and those that have no sign.
+  constexpr Long kFloat = 7;
+  const auto isUnsigned = [](Long type) { return type == 16 || type == 36 || type == 67; };
+  const std::string sign = IsUnsignedFormat_ || isUnsigned(link_.type) ? "" : "-";
+  const std::string number = link_.type == kFloat ? "-9.999999999 " : sign + Format_;
+  const bool isNumberFirst = Platform::Current().textService->TextOrder(pPostfix) == corvane1::kLeftToRight;
+  return Trimmed(isNumberFirst ? number + " " + pPostfix : pPostfix + " " + number);
+}
+
+void clsVarNumeric::ShowText(const std::string& text) {
+  Drawing().Txt(IsPassword_ ? text : MakeSampleText(text));
+}
+
+void clsVarNumeric::ReSyncDrawingElementParams(Long, Long pFontNum) {
+  if (storageText_ != 0) {
+    const clsVarTextElement& reference = Reference();
+    if (reference.StorageStringID() == kNoString || reference.StorageStringType() != 0) return;
+    Long font = kNoFont;
+    ShowText(WidestLanguageString(reference.StorageStringID(), font));
+    Drawing().FontNumber(font != kNoFont ? font : pFontNum);
+    return;
+  }
+  ShowText(IsPassword_ && Postfix_.empty() ? Format_ : Postfix_);
+  Drawing().FontNumber(pFontNum);
+}
+
+}  // namespace quenzel7

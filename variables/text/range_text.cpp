@@ -1,0 +1,42 @@
+#include "variables/text/range_text.h"
+
+#include "variables/text_element_keys.h"
+
+namespace quenzel7 {
+
+// clang-format off
+struct clsVarRangeText::KeyList : ListKeys<clsVarRangeText> {
+  using Texts = clsVarTextElement::Keys;
+
+  static constexpr auto kEntry = MakeNamedTable(
+      Texts::kTxt, Texts::kColorFore, Texts::kColorBack,
+      Texts::kFromOpType, Texts::kFromOpAddress, Texts::kToOpType, Texts::kToOpAddress,
+      Texts::kStorageStringId.Guarded(), Texts::kStorageStringType.Guarded());
+
+  static constexpr auto kTable =
+      kDrawing
+          .Then(kStorage)
+          .Then(MakeNamedTable(
+              kCount,
+              EntriesKey<clsVarRangeText, &clsVarRangeText::texts_, kEntry>("ListTexts")));
+};
+// clang-format on
+
+clsVarRangeText::clsVarRangeText()
+    : HandlerClass(ElementDefault::RangeTextColorBack, ElementDefault::RangeTextColorFore, 1) {}
+
+const HandlerKeys& clsVarRangeText::Keys() const {
+  static const KeysOf<clsVarRangeText> keys(KeyList::kTable, {ReadRegime::Raise, ChangeKeyForm::Longs});
+  return keys;
+}
+
+std::vector<BinaryHandler::ExtraOperand> clsVarRangeText::ExtraOperands() {
+  std::vector<ExtraOperand> operands;
+  for (const TextElementRef& text : texts_) {
+    operands.push_back({&text->From()});
+    operands.push_back({&text->To()});
+  }
+  return operands;
+}
+
+}  // namespace quenzel7
