@@ -29,6 +29,7 @@ constexpr Subject kSubjects[] = {{"gdi", GdiRatios},
                                  {"ado", AdoRatios},
                                  {"elements", ElementRatios},
                                  {"page", PageRatios},
+                                 {"variables", VariableRatios},
                                  {"threads", ThreadRatios}};
 
 /// Prints a line of the table; false if it is over its budget.

@@ -78,6 +78,8 @@ std::vector<Ratio> AdoRatios();
 std::vector<Ratio> ElementRatios();
 /// A page of elements: drawing, hits, saving, loading.
 std::vector<Ratio> PageRatios();
+/// Variables of all types: where they may stand, drawing, saving, loading.
+std::vector<Ratio> VariableRatios();
 /// Drawing on two threads against one. Empty where the machine has no second core.
 std::vector<Ratio> ThreadRatios();
 

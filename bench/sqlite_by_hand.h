@@ -108,6 +108,14 @@ class HandStatement {
     }
     return -1;
   }
+  std::string Text(int column) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
+    return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
+  }
+  std::vector<unsigned char> Bytes(int column) {
+    const auto* bytes = static_cast<const unsigned char*>(sqlite3_column_blob(statement_, column));
+    return {bytes, bytes + sqlite3_column_bytes(statement_, column)};
+  }
   int Int(int column) { return sqlite3_column_int(statement_, column); }
   void Reset() { sqlite3_reset(statement_); }
 

@@ -21,7 +21,8 @@ struct LibraryState {
   Long StretchMode = 0;
   /// The pictures that elements share; none until set up.
   loomis2::ImageLibraryRef ImageLibrary;
-  /// Set by resizing the pictures of a variable when one could not be made; stays until the host clears it.
+  /// Set by resizing the pictures of a variable when one could not be made; the next variable that is drawn
+  /// tells the user and clears it.
   bool ImageResizeFailed = false;
 };
 

@@ -78,6 +78,10 @@ bool HoldsMark(const automation::Array& map, const Descriptor& p) {
     const std::int64_t row = std::int64_t{map.UpperBound(1)} - map.LowerBound(1) + 1;
     return static_cast<std::size_t>((std::int64_t{y} - map.LowerBound(2)) * row + x - map.LowerBound(1));
   };
+  const std::size_t first = at(p.xs, p.ys), behind = at(p.xs + p.dx - 1, p.ys + p.dy - 1) + 1;
+  // Where an element takes most of its rows, one look over all of them, with what lies between, mostly does.
+  const bool isWide = std::int64_t{p.dx} * 2 > std::int64_t{map.UpperBound(1)} - map.LowerBound(1);
+  if (isWide && !HoldsMark(cells.subspan(first, behind - first))) return false;
   for (Long y = p.ys; y < p.ys + p.dy; ++y) {
     if (HoldsMark(cells.subspan(at(p.xs, y), static_cast<std::size_t>(p.dx)))) return true;
   }

@@ -15,13 +15,8 @@ namespace {
 
 using automation::CollectionRef;
 using automation::Mark;
+using automation::Required;
 using automation::Variant;
-
-template <class T>
-T& Required(const std::shared_ptr<T>& object) {
-  if (!object) automation::detail::RaiseObjectNotSet();
-  return *object;
-}
 
 /// The element at a place of a collection of elements.
 ElementRef ElementAt(const automation::Collection& elements, Long place) {

@@ -29,7 +29,7 @@ class PositionedElement : public ItfHmiElement {
   const automation::CollectionRef& OperandBags() const { return operandBags_; }
 
   /// Writes the element's row, creating it when IsNew, and tells the host of the change. Always true.
-  bool SaveToDB();
+  virtual bool SaveToDB();
 
   /// A new collection with a bag for each operand that the element has: touch, then hide, unless its class
   /// tells otherwise.

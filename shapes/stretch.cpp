@@ -10,12 +10,6 @@ using automation::Add;
 using automation::Negate;
 using automation::Subtract;
 
-enum class Edge { None, Start, End };
-
-struct Edges {
-  Edge x, y;
-};
-
 /// The edges that a pick-up moves, by its number.
 constexpr Edges kEdges[] = {
     {Edge::None, Edge::None},    // ePD_None
@@ -55,12 +49,16 @@ void MoveEdge(Edge edge, Long by, Long& start, Long& size) {
   }
 }
 
+bool HasEdges(Long direction) { return direction >= ePD_UpRight && direction <= ePD_Up; }
+
 }  // namespace
 
+Edges EdgesOf(Long direction) { return kEdges[HasEdges(direction) ? direction : ePD_None]; }
+
 StretchResult Stretched(const Descriptor& rest, Long pDx, Long pDy, Long direction) {
-  StretchResult result{rest, direction >= ePD_UpRight && direction <= ePD_Up};
+  StretchResult result{rest, HasEdges(direction)};
   if (!result.moved) return result;
-  const Edges edges = kEdges[direction];
+  const Edges edges = EdgesOf(direction);
   MoveEdge(edges.x, pDx, result.descriptor.xs, result.descriptor.dx);
   MoveEdge(edges.y, pDy, result.descriptor.ys, result.descriptor.dy);
   return result;

@@ -17,9 +17,10 @@ void BinaryHandler::ItfVarBinaryHandler_RestoreAllOperands(Long pVarID) {
   Long place = 0;
   for (const ExtraOperand& operand : ExtraOperands()) {
     if (!operand.isRestored) continue;
-    if (!operandBags_) automation::detail::RaiseObjectNotSet();
+    const automation::CollectionRef bags = operandBags_;
+    if (!bags) automation::detail::RaiseObjectNotSet();
     OperandPair& pair = *operand.pair;
-    RestoreOperand(pair.type, pair.address, operandBags_->ObjectAt<automation::PropertyBag>(++place));
+    RestoreOperand(pair.type, pair.address, bags->ObjectAt<automation::PropertyBag>(++place));
     AddOperandRow(pVarID, pair.type, pair.address, eOP_VarBinaryDataOperand, kLocalNetwork);
   }
 }
@@ -47,7 +48,9 @@ void BinaryHandler::ItfVarBinaryHandler_AddOperandsToHmiOperands(Long pVarID) {
 void BinaryHandler::ItfVarBinaryHandler_BuildOpPropBag() {
   auto bags = std::make_shared<automation::Collection>();
   for (const ExtraOperand& operand : ExtraOperands()) {
-    if (operand.hasBag) bags->Add(NewOperandBag(operand.pair->type, operand.pair->address, kLocalNetwork));
+    for (int bag = 0; bag < operand.bags; ++bag) {
+      bags->Add(NewOperandBag(operand.pair->type, operand.pair->address, kLocalNetwork));
+    }
   }
   operandBags_ = std::move(bags);
 }

@@ -61,12 +61,17 @@ class BinaryHandler : public ItfVarBinaryHandler {
  protected:
   /// One of the operands beside the link operand.
   struct ExtraOperand {
-    OperandPair* pair;
-    bool hasBag = true;
+    /// Holds the owner too: a host that is asked for an operand may release it meanwhile.
+    std::shared_ptr<OperandPair> pair;
+    /// How many bags it has.
+    int bags = 1;
     bool isRestored = true;
   };
 
   BinaryHandler();
+
+  /// A pair of the handler's own.
+  std::shared_ptr<OperandPair> Own(OperandPair& pair) { return {weak_from_this().lock(), &pair}; }
 
   virtual const HandlerKeys& Keys() const = 0;
   virtual std::shared_ptr<BinaryHandler> NewOfClass() const = 0;

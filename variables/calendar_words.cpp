@@ -8,7 +8,7 @@
 #include "framework/enums.h"
 #include "platform/automation/automation_error.h"
 #include "platform/platform.h"
-#include "shapes/text.h"
+#include "variables/largest_text.h"
 
 namespace quenzel7 {
 namespace {
@@ -69,17 +69,9 @@ std::vector<std::string> CalendarWords(Long language, Long formatType) {
 }
 
 corvane1::TextExtent LargestCalendarWord(Long language, Long formatType, Long fontNumber) {
-  clsText scratch;
-  scratch.FontNumber(fontNumber);
-  corvane1::TextExtent largest;
-  for (const std::string& word : CalendarWords(language, formatType)) {
-    scratch.Txt(word);
-    corvane1::TextExtent size;
-    scratch.GetOptimalDimensions(size.width, size.height);
-    largest.width = std::max(largest.width, size.width);
-    largest.height = std::max(largest.height, size.height);
-  }
-  return largest;
+  LargestText largest(fontNumber);
+  for (const std::string& word : CalendarWords(language, formatType)) largest.Measure(word);
+  return largest.Size();
 }
 
 }  // namespace quenzel7

@@ -210,7 +210,9 @@ constexpr Key<Owner> EntriesKey(std::string_view name) {
           .writeEntries =
               [](const Owner& owner, const KeyWriter& writer) {
                 Long number = 0;
-                for (const auto& entry : std::invoke(Entries, owner)) {
+                // A copy of the list: a host that is asked for an operand may change it meanwhile.
+                const auto entries = std::invoke(Entries, owner);
+                for (const auto& entry : entries) {
                   WriteKeys<Entry>(*entry, keys, writer, std::to_string(++number));
                 }
               },
@@ -224,7 +226,11 @@ constexpr Key<Owner> EntriesKey(std::string_view name) {
           .copy =
               [](Owner& to, const Owner& from) {
                 auto next = std::invoke(Entries, to).begin();
-                for (const auto& entry : std::invoke(Entries, from)) CopyKeys<Entry>(**next++, *entry, keys);
+                const auto end = std::invoke(Entries, to).end();
+                for (const auto& entry : std::invoke(Entries, from)) {
+                  if (next == end) return;
+                  CopyKeys<Entry>(**next++, *entry, keys);
+                }
               }};
 }
 

@@ -5,13 +5,6 @@
 
 namespace quenzel7 {
 
-PictureHandler::PictureHandler() : drawing_(std::make_shared<clsBitmap>()) {}
-
-clsBitmap& PictureHandler::Drawing() const {
-  if (!drawing_) automation::detail::RaiseObjectNotSet();
-  return *drawing_;
-}
-
 PictureCanvas::PictureCanvas(Long hdc, Long width, Long height) : memory_(hdc) {
   bitmap_.Reset(gdi::CreateCompatibleBitmap(hdc, width, height));
   gdi::SelectObject(memory_.Get(), bitmap_.Get());

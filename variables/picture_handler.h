@@ -1,31 +1,13 @@
 #pragma once
 
-#include <memory>
-
 #include "platform/gdi/owned.h"
 #include "shapes/bitmap.h"
-#include "variables/binary_handler.h"
+#include "variables/drawn_handler.h"
 
 namespace quenzel7 {
 
 /// What the handlers share that paint a picture themselves: the bitmap element that shows it.
-class PictureHandler : public BinaryHandler {
- public:
-  /// The element that shows the picture; none after ReleaseResources.
-  const std::shared_ptr<clsBitmap>& DrawingElement() const { return drawing_; }
-
- protected:
-  PictureHandler();
-
-  /// The bitmap element; error 91 after ReleaseResources.
-  clsBitmap& Drawing() const;
-  void ReleaseOwned() override { drawing_.reset(); }
-
-  ElementRef ItfVarBinaryHandler_DrawingElement() const override { return drawing_; }
-
- private:
-  std::shared_ptr<clsBitmap> drawing_;
-};
+using PictureHandler = DrawnHandler<clsBitmap>;
 
 /// A picture that is being painted: a bitmap in a context of its own. What is selected beside the bitmap is
 /// declared before it, since the context goes first.

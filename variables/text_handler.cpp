@@ -10,13 +10,6 @@ namespace quenzel7 {
 using automation::Subtract;
 using automation::To;
 
-TextHandler::TextHandler() : drawing_(std::make_shared<clsText>()) {}
-
-clsText& TextHandler::Drawing() const {
-  if (!drawing_) automation::detail::RaiseObjectNotSet();
-  return *drawing_;
-}
-
 SampleTextHandler::SampleTextHandler(Long colorFore)
     : fontNumber_(GetDefaultFontNumber()), colorFore_(colorFore) {}
 

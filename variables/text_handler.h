@@ -1,26 +1,13 @@
 #pragma once
 
-#include <memory>
-
 #include "shapes/text.h"
-#include "variables/binary_handler.h"
+#include "variables/drawn_handler.h"
 
 namespace quenzel7 {
 
 /// What the handlers share that show a text: the text element that paints it.
-class TextHandler : public BinaryHandler {
- public:
-  /// The element that paints the variable; none after ReleaseResources.
-  const std::shared_ptr<clsText>& DrawingElement() const { return drawing_; }
-
+class TextHandler : public DrawnHandler<clsText> {
  protected:
-  TextHandler();
-
-  /// The text element; error 91 after ReleaseResources.
-  clsText& Drawing() const;
-  void ReleaseOwned() override { drawing_.reset(); }
-
-  ElementRef ItfVarBinaryHandler_DrawingElement() const override { return drawing_; }
   /// What the text needs as it stands.
   void ItfVarBinaryHandler_GetOptimalDimensions(Long& pDx, Long& pDy) override {
     Drawing().GetOptimalDimensions(pDx, pDy);
@@ -31,9 +18,6 @@ class TextHandler : public BinaryHandler {
 
   /// Settings of the text element.
   struct DrawingKeys;
-
- private:
-  std::shared_ptr<clsText> drawing_;
 };
 
 struct TextHandler::DrawingKeys {

@@ -1,5 +1,6 @@
 #include "framework/library_services.h"
 #include "framework/transform_state.h"
+#include "images/itf_image.h"
 #include "platform/automation/arithmetic.h"
 #include "platform/automation/call_by_name.h"
 #include "shapes/frame_styles.h"
@@ -15,46 +16,13 @@ using automation::Add;
 using automation::Negate;
 using automation::Subtract;
 
-enum class Edge { None, Near, Far };
-
-/// The edges of the frame that a pick-up drags, across and down.
-Edge EdgeAcross(Long direction) {
-  switch (direction) {
-    case ePD_UpRight:
-    case ePD_Right:
-    case ePD_DownRight:
-      return Edge::Far;
-    case ePD_LeftDown:
-    case ePD_Left:
-    case ePD_UpLeft:
-      return Edge::Near;
-    default:
-      return Edge::None;
-  }
-}
-
-Edge EdgeDown(Long direction) {
-  switch (direction) {
-    case ePD_DownRight:
-    case ePD_Down:
-    case ePD_LeftDown:
-      return Edge::Far;
-    case ePD_UpRight:
-    case ePD_Up:
-    case ePD_UpLeft:
-      return Edge::Near;
-    default:
-      return Edge::None;
-  }
-}
-
 /// Drags one edge of a frame from the element at rest. The frame is taken as the last step left it: after a
 /// flip the next step starts from there.
 void DragEdge(Edge edge, Long by, Long restStart, Long restSize, Long& near, Long& far) {
   switch (edge) {
     case Edge::None:
       return;
-    case Edge::Far:
+    case Edge::End:
       if (Negate(by) <= restSize) {
         far = Add(Add(near, by), restSize);
       } else {
@@ -62,7 +30,7 @@ void DragEdge(Edge edge, Long by, Long restStart, Long restSize, Long& near, Lon
         near = Add(far, Add(by, restSize));
       }
       return;
-    case Edge::Near:
+    case Edge::Start:
       if (by <= restSize) {
         near = Subtract(Add(far, by), restSize);
       } else {
@@ -96,8 +64,9 @@ void clsVar::ItfHmiElement_UpdateDisplayWithLastLegal() {
 
 void clsVar::DragBounds(Long dx, Long dy, Long direction) {
   const Descriptor& rest = Initial();
-  DragEdge(EdgeAcross(direction), dx, rest.xs, rest.dx, bounds_.left, bounds_.right);
-  DragEdge(EdgeDown(direction), dy, rest.ys, rest.dy, bounds_.top, bounds_.bottom);
+  const Edges edges = EdgesOf(direction);
+  DragEdge(edges.x, dx, rest.xs, rest.dx, bounds_.left, bounds_.right);
+  DragEdge(edges.y, dy, rest.ys, rest.dy, bounds_.top, bounds_.bottom);
   position_.At(kTransformed) = Bounds();
 }
 
@@ -105,7 +74,7 @@ automation::Variant clsVar::ItfHmiElement_UpdateBoundingRectangle(Long pDx, Long
   if (kPictureTypes.Has(varType_)) {
     DragBounds(pDx, pDy, pDirection);
   } else if (varType_ == eVT_Meter) {
-    if (id_ != kNone) TypedHandler().SuspendPainting(true);
+    if (id_ != kNone) TypedHandler()->SuspendPainting(true);
     DragBounds(pDx, pDy, pDirection);
   } else {
     StretchElement(pDx, pDy, pDirection);
@@ -117,7 +86,7 @@ void clsVar::ItfHmiElement_Stretch(Long, Long, Long pDirection) {
   const Descriptor bounds = Bounds();
   StretchElement(Subtract(bounds.dx, Initial().dx), Subtract(bounds.dy, Initial().dy), pDirection);
   const Descriptor stretched = Bounds();
-  Handler().ResizeImages(stretched.dx, stretched.dy, id_, defaultDisplay_);
+  Handler()->ResizeImages(stretched.dx, stretched.dy, id_, defaultDisplay_);
 }
 
 void clsVar::StretchElement(Long dx, Long dy, Long direction) {
@@ -126,7 +95,7 @@ void clsVar::StretchElement(Long dx, Long dy, Long direction) {
   position_.At(kTransformed) = result.descriptor;
   TakeBounds(result.descriptor);
   if (varType_ == eVT_TimeFunctions) KeepMinimumSize();
-  if (varType_ == eVT_Meter) TypedHandler().SuspendPainting(false);
+  if (varType_ == eVT_Meter) TypedHandler()->SuspendPainting(false);
   const Descriptor& proposed = position_.At(kTransformed);
   if (proposed.dx == 1 || proposed.dy == 1) position_.Copy(kLastLegal, kTransformed);
 }
@@ -134,14 +103,14 @@ void clsVar::StretchElement(Long dx, Long dy, Long direction) {
 void clsVar::KeepMinimumSize() {
   if (!IsCalendarVar()) return;
   const auto ask = [this](std::string_view name) {
-    return automation::To<Long>(automation::GetByName(Handler(), name));
+    return automation::To<Long>(automation::GetByName(*Handler(), name));
   };
-  ItfHmiElement& text = Drawing();
+  const ElementRef text = Drawing();
   const corvane1::TextExtent word =
-      LargestCalendarWord(ask("CalendarLanguage"), ask("FormatType"), text.FontNumber());
+      LargestCalendarWord(ask("CalendarLanguage"), ask("FormatType"), text->FontNumber());
   // A bevel takes room on both sides, another frame only before the text.
   constexpr Long kBevelMargin = 8, kMarginBefore = 2;
-  const Long margins = HasBevel(text.Flat3D()) ? 2 * kBevelMargin : kMarginBefore;
+  const Long margins = HasBevel(text->Flat3D()) ? 2 * kBevelMargin : kMarginBefore;
   Descriptor& proposed = position_.At(kTransformed);
   const Descriptor& legal = position_.At(kLastLegal);
   if (proposed.dx < Add(margins, word.width)) {
@@ -182,17 +151,25 @@ enCollisionStatus clsVar::ItfHmiElement_GetTransformState(automation::Variant& p
     return eCS_OutOfRAnge;
   }
   if (varType_ == eVT_MovingImage) {
-    const ItfHmiElement& picture = Drawing();
-    if (proposed.dx < picture.Dx() || proposed.dy < picture.Dy()) return eCS_OutOfRAnge;
+    const ElementRef element = Drawing();
+    // The size of the picture itself: the element takes that of the variable when it is drawn.
+    const auto* const picture = dynamic_cast<const ItfImage*>(element.get());
+    const Long dx = picture ? picture->Dx() : element->Dx(), dy = picture ? picture->Dy() : element->Dy();
+    if (proposed.dx < dx || proposed.dy < dy) return eCS_OutOfRAnge;
   }
   return GetTouchTransformState(*this, pcollisionMap);
 }
 
 void clsVar::ItfHmiElement_GetOptimalDimensions(Long& pXs, Long& pYs, Long& pDx, Long& pDy) const {
-  PositionedElement::ItfHmiElement_GetOptimalDimensions(pXs, pYs, pDx, pDy);
+  // The position at rest, also where the frame is what follows the mouse.
+  const auto [xs, ys, dx, dy] = Initial();
+  pXs = xs;
+  pYs = ys;
+  pDx = dx;
+  pDy = dy;
   if (IsGlobal() && kPictureListTypes.Has(varType_)) return;
-  if (!ShowsLibraryText()) Drawing().FontNumber(fontNumber_);
-  Handler().GetOptimalDimensions(pDx, pDy);
+  if (!ShowsLibraryText()) Drawing()->FontNumber(fontNumber_);
+  Handler()->GetOptimalDimensions(pDx, pDy);
 }
 
 }  // namespace quenzel7

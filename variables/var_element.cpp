@@ -27,7 +27,12 @@ clsVar::clsVar()
 
 clsVar::~clsVar() {
   for (HandlerRef& handler : handlers_) {
-    if (const HandlerRef released = std::exchange(handler, nullptr)) released->ReleaseResources();
+    const HandlerRef released = std::exchange(handler, nullptr);
+    try {
+      if (released) released->ReleaseResources();
+    } catch (const std::exception&) {
+      // A handler of the host's own that fails must not take the others with it, nor the host.
+    }
   }
 }
 
@@ -44,7 +49,11 @@ std::size_t PlaceInTable(Long type) { return static_cast<std::size_t>(type) - 1;
 HandlerRef clsVar::BinaryHandlers(enVarType pVarType) {
   if (!IsInTable(pVarType)) return nullptr;
   HandlerRef& handler = handlers_[PlaceInTable(pVarType)];
-  if (!handler) handler = NewHandler(pVarType);
+  if (!handler) {
+    HandlerRef made = NewHandler(pVarType);
+    // A host that is asked for settings meanwhile may have put one there.
+    if (!handler) handler = std::move(made);
+  }
   return handler;
 }
 
@@ -57,32 +66,31 @@ void clsVar::SetBinaryHandler(enVarType pVarType, HandlerRef pBinaryHandler) {
   handlers_[PlaceInTable(pVarType)] = std::move(pBinaryHandler);
 }
 
-ItfVarBinaryHandler& clsVar::Handler() const {
+HandlerRef clsVar::Handler() const {
   if (!IsInTable(varType_) || !handlers_[PlaceInTable(varType_)]) {
     throw automation::AutomationError(
         automation::ErrorNumber::ObjectNotSet,
         "variable " + std::to_string(id_) + " of type " + std::to_string(varType_) + " has no handler");
   }
-  return *handlers_[PlaceInTable(varType_)];
+  return handlers_[PlaceInTable(varType_)];
 }
 
-BinaryHandler& clsVar::TypedHandler() const {
-  ItfVarBinaryHandler& handler = Handler();
-  auto* typed = dynamic_cast<BinaryHandler*>(&handler);
-  if (!typed) automation::detail::RaiseWrongClass(handler);
-  return *typed;
+std::shared_ptr<BinaryHandler> clsVar::TypedHandler() const {
+  const HandlerRef handler = Handler();
+  auto typed = std::dynamic_pointer_cast<BinaryHandler>(handler);
+  if (!typed) automation::detail::RaiseWrongClass(*handler);
+  return typed;
 }
 
-ItfHmiElement& clsVar::Drawing() const {
-  const ElementRef element = Handler().DrawingElement();
+ElementRef clsVar::Drawing() const {
+  ElementRef element = Handler()->DrawingElement();
   if (!element) automation::detail::RaiseObjectNotSet();
-  // The handler keeps it.
-  return *element;
+  return element;
 }
 
 bool clsVar::ShowsLibraryText() const {
   constexpr Long kFromLibrary = -1;
-  return kLibraryTextTypes.Has(varType_) && TypedHandler().StorageText() == kFromLibrary;
+  return kLibraryTextTypes.Has(varType_) && TypedHandler()->StorageText() == kFromLibrary;
 }
 
 void clsVar::VarType(enVarType pValue) {
@@ -102,7 +110,7 @@ void clsVar::VarType(enVarType pValue) {
 
 bool clsVar::IsCalendarVar() const {
   if (varType_ != eVT_TimeFunctions) return false;
-  const auto format = automation::To<Long>(automation::GetByName(Handler(), "FormatType"));
+  const auto format = automation::To<Long>(automation::GetByName(*Handler(), "FormatType"));
   return format == eTFT_CW || format == eTFT_CD || format == eTFT_CM;
 }
 
@@ -112,7 +120,7 @@ Long clsVar::GetDataCRC() const {
   shell.WriteProperty("KeypadEntry", keypadEntry_);
   shell.WriteProperty("VarType", Long{varType_});
   std::vector<Byte> bytes = shell.Contents();
-  const std::vector<Byte> settings = Handler().GetBinaryDataForCRC();
+  const std::vector<Byte> settings = Handler()->GetBinaryDataForCRC();
   bytes.insert(bytes.end(), settings.begin(), settings.end());
   return CalcDataCRC(bytes);
 }
@@ -132,7 +140,7 @@ void clsVar::ItfHmiElement_TouchOprndAddr(Long pValue) {
 void clsVar::Flat3D(Long pValue) {
   flat3D_ = pValue;
   if (HasBevel(pValue) && kStateColorTypes.Has(varType_)) {
-    TypedHandler().ConvertFlatColorToClosestGradientColor();
+    TypedHandler()->ConvertFlatColorToClosestGradientColor();
   }
 }
 
@@ -161,16 +169,16 @@ void clsVar::ItfHmiElement_Dy(Long pValue) {
 }
 
 void clsVar::ItfHmiElement_ColorBack(Long pValue) {
-  if (kToldColorBackTypes.Has(varType_)) Drawing().ColorBack(pValue);
+  if (kToldColorBackTypes.Has(varType_)) Drawing()->ColorBack(pValue);
   colorBack_ = pValue;
 }
 
 void clsVar::ItfHmiElement_ColorFore(Long pValue) {
   if (kColorlessTypes.Has(varType_)) return;
   if (kOwnColorForeTypes.Has(varType_)) {
-    TypedHandler().TakeColorFore(pValue);
+    TypedHandler()->TakeColorFore(pValue);
   } else {
-    Drawing().ColorFore(pValue);
+    Drawing()->ColorFore(pValue);
   }
 }
 
@@ -180,15 +188,15 @@ void clsVar::ItfHmiElement_TransparencyLevel(Long pValue) {
 }
 
 void clsVar::ItfHmiElement_SetNewFontNumberByLookUpTBL(automation::Variant& pFontNumberLookUpTBL) {
-  Handler().SetNewFontNumberByLookUpTBL(pFontNumberLookUpTBL);
+  Handler()->SetNewFontNumberByLookUpTBL(pFontNumberLookUpTBL);
 }
 
 void clsVar::ItfHmiElement_InvertColors() {
-  if (!IsGlobal() && kPictureListTypes.Has(varType_)) Handler().InvertColors();
+  if (!IsGlobal() && kPictureListTypes.Has(varType_)) Handler()->InvertColors();
 }
 
 void clsVar::ItfHmiElement_Rotate() {
-  if (!IsGlobal() && kPictureListTypes.Has(varType_)) Handler().Rotate();
+  if (!IsGlobal() && kPictureListTypes.Has(varType_)) Handler()->Rotate();
 }
 
 std::string clsVar::ItfHmiElement_GetToolTipText() const {
@@ -228,7 +236,7 @@ automation::CollectionRef clsVar::BuildOpPropBag() {
   for (const Operands::MemoryBit& bit : Operands::kBehindLink) {
     bags->Add(NewOperandBag(kMemoryBit, this->*bit.address, kLocalNetwork));
   }
-  Handler().BuildOpPropBag();
+  Handler()->BuildOpPropBag();
   operandBags_ = bags;
   return bags;
 }
@@ -258,7 +266,7 @@ void clsVar::ItfHmiElement_RestoreAllOperands() {
     ++place;
     if (this->*bit.address != kNone) restoreBit(place, bit);
   }
-  Handler().RestoreAllOperands(id_);
+  Handler()->RestoreAllOperands(id_);
 }
 
 void clsVar::DeleteAllOperands() {
@@ -269,7 +277,7 @@ void clsVar::DeleteAllOperands() {
     // Tests 0 where every other test of these fields is against -1: hosts rely on the release of address -1.
     if (this->*bit.address != 0) ReleaseOperand(kMemoryBit, this->*bit.address);
   }
-  Handler().DeleteAllOperands();
+  Handler()->DeleteAllOperands();
 }
 
 // --- Report ---

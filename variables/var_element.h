@@ -114,17 +114,17 @@ class clsVar final : public ElementClass<clsVar, PositionedElement, kVariableEle
   /// Puts a handler in the place of another one. Error 9 for a type outside 1 to 30.
   void SetBinaryHandler(enVarType pVarType, HandlerRef pBinaryHandler);
   /// The operand that the variable shows, as its handler keeps it.
-  Long OperandType() const { return Handler().LinkOperandType(); }
-  void OperandType(Long pValue) { Handler().LinkOperandType(pValue); }
-  Long OperandAddress() const { return Handler().LinkOperandAddress(); }
-  void OperandAddress(Long pValue) { Handler().LinkOperandAddress(pValue); }
+  Long OperandType() const { return Handler()->LinkOperandType(); }
+  void OperandType(Long pValue) { Handler()->LinkOperandType(pValue); }
+  Long OperandAddress() const { return Handler()->LinkOperandAddress(); }
+  void OperandAddress(Long pValue) { Handler()->LinkOperandAddress(pValue); }
   /// Whether the variable shows a day or a month in words or numbers, so that a touch opens a calendar.
   bool IsCalendarVar() const;
   /// The change key: what the handler says of its settings, whether there is a keypad entry, the type, and
   /// the global variable. Place, colours, name and operands are not in it.
   Long GetDataCRC() const;
   /// Loads the pictures of the handler.
-  void BuildImageList() { Handler().BuildImageList(id_); }
+  void BuildImageList() { Handler()->BuildImageList(id_); }
 
   // --- Operands ---
 
@@ -143,7 +143,7 @@ class clsVar final : public ElementClass<clsVar, PositionedElement, kVariableEle
   bool LoadFromDB(ado::Recordset& pRsElement);
   /// Writes the row, creating it when the ID is -1, and the handler's rows if there was one before. False,
   /// with a message and nothing written, when the database's next number is above 32767.
-  bool SaveToDB();
+  bool SaveToDB() override;
   /// The same without telling the host.
   bool SaveToDBEx();
   /// The size in bytes that the element takes in the panel.
@@ -165,9 +165,11 @@ class clsVar final : public ElementClass<clsVar, PositionedElement, kVariableEle
   /// What saving tells the host.
   enum class Notice { Told, Untold };
 
-  ItfVarBinaryHandler& Handler() const;
-  BinaryHandler& TypedHandler() const;
-  ItfHmiElement& Drawing() const;
+  // What these give is held for the time of a call: a host that is asked meanwhile may put another handler in
+  // the place of this one.
+  HandlerRef Handler() const;
+  std::shared_ptr<BinaryHandler> TypedHandler() const;
+  ElementRef Drawing() const;
   clsVarTextElement& Reference() const;
   bool IsGlobal() const { return globalVarId_ > 0; }
   /// Whether texts are strings of the library, with the library's font.

@@ -23,10 +23,11 @@ void clsVar::ItfHmiElement_Draw(Long pHdc, bool pDrawBoundingRect) {
   if (id_ == 0) return;
   const Descriptor shown = Displayed();
   if (kGraphTypes.Has(varType_)) {
-    TypedHandler().PaintPicture(
+    TypedHandler()->PaintPicture(
         {pHdc, shown.dx, shown.dy, colorBack_, flat3D_, fontNumber_, pDrawBoundingRect});
   }
-  ItfHmiElement& element = Drawing();
+  const ElementRef drawing = Drawing();
+  ItfHmiElement& element = *drawing;
   const bool isPicture = (element.ElementType() == kBitmapElement || kPlacedAsPictureTypes.Has(varType_)) &&
                          !kPlacedAsGraphTypes.Has(varType_);
   element.ID(id_);
@@ -75,9 +76,8 @@ void clsVar::PaintBadge(Long hdc) const {
 void clsVar::TellFailedResize() const {
   constexpr Long kResizeFailedMessage = 383;
   bool& hasFailed = LibraryState::Current().ImageResizeFailed;
-  if (!hasFailed) return;
-  ShowLibraryMessage(kResizeFailedMessage);
-  hasFailed = false;
+  // Before the message, while which the host may have the page drawn again.
+  if (std::exchange(hasFailed, false)) ShowLibraryMessage(kResizeFailedMessage);
 }
 
 void clsVar::ItfHmiElement_DrawToPrinter(Long pHdc, const std::string& pVarAlias) {

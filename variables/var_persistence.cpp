@@ -70,8 +70,8 @@ struct clsVar::Columns : PositionColumns<clsVar>, ColumnForms {
   static constexpr auto kGlobalVarId = FieldColumn<Var, &Var::globalVarId_>("GlobalVarID");
   static constexpr Column<Var> kBinary = {
       "Binary",
-      [](const Var& var) { return automation::From(var.Handler().BinaryData()); },
-      [](Var& var, const Variant& value) { var.Handler().BinaryData(To<std::vector<Byte>>(value)); }};
+      [](const Var& var) { return automation::From(var.Handler()->BinaryData()); },
+      [](Var& var, const Variant& value) { var.Handler()->BinaryData(To<std::vector<Byte>>(value)); }};
   static constexpr auto kDefaultDisplay = FieldColumn<Var, &Var::defaultDisplay_>("DefaultDisplay");
   static constexpr auto kFontNumber = FieldColumn<Var, &Var::fontNumber_>("FontNumber");
   static constexpr auto kDescriptionFontNumber = FieldColumn<Var, &Var::descriptionFontNumber_>("DescriptionFontNumber");
@@ -147,7 +147,7 @@ bool clsVar::LoadFromDB(ado::Recordset& pRsElement) {
 void clsVar::ReadRow(const ado::Recordset& row) {
   ReadColumns<clsVar>(row, *this, Columns::kLoadFirst);
   if (kPictureTypes.Has(varType_)) ShowPictureOfState();
-  Handler().BuildImageList(id_);
+  Handler()->BuildImageList(id_);
   // Required: whatever the row holds. It has no visible effect.
   hatchStyle_ = eHS_Cross;
   ReadColumns<clsVar>(row, *this, Columns::kLoadLast);
@@ -155,7 +155,7 @@ void clsVar::ReadRow(const ado::Recordset& row) {
   transparencyLevel_ = GetElementTransparency(id_);
   ReadColumns<clsVar>(row, *this, Columns::kStorage);
   if (kLibraryTextTypes.Has(varType_))
-    TypedHandler().ReSyncDrawingElementParams(defaultDisplay_, fontNumber_);
+    TypedHandler()->ReSyncDrawingElementParams(defaultDisplay_, fontNumber_);
 }
 
 void clsVar::ShowPictureOfState() {
@@ -169,7 +169,7 @@ void clsVar::ShowPictureOfState() {
                                           std::to_string(defaultDisplay_) + ", it has 1 to " +
                                           std::to_string(pictures.size()));
   }
-  Drawing().hBmpCRC(pictures[static_cast<std::size_t>(defaultDisplay_) - 1]);
+  Drawing()->hBmpCRC(pictures[static_cast<std::size_t>(defaultDisplay_) - 1]);
 }
 
 // --- Saving ---
@@ -193,11 +193,11 @@ bool clsVar::Save(const VarTypes& sizedTypes, Notice notice) {
   WriteRow(*row);
   if (!isNew) {
     if (sizedTypes.Has(varType_)) {
-      ItfHmiElement& picture = Drawing();
-      picture.Dx(Initial().dx);
-      picture.Dy(Initial().dy);
+      const ElementRef picture = Drawing();
+      picture->Dx(Initial().dx);
+      picture->Dy(Initial().dy);
     }
-    Handler().SaveToDB(id_, varType_);
+    Handler()->SaveToDB(id_, varType_);
   }
   row->Update();
   ReadBack(*row);
@@ -217,11 +217,11 @@ void clsVar::WriteRow(ado::Recordset& row) {
 }
 
 void clsVar::TellKeypad() const {
-  corvane1::ProjectService& project = *Platform::Current().projectService;
+  const auto project = Platform::Current().projectService;
   if (id_ != kNone && globalVarId_ == 0) {
-    project.NotifyVarKeypad(id_, keypadEntry_);
+    project->NotifyVarKeypad(id_, keypadEntry_);
   } else if (IsGlobal()) {
-    project.NotifyGlobalVarKeypad(globalVarId_, keypadEntry_);
+    project->NotifyGlobalVarKeypad(globalVarId_, keypadEntry_);
   }
 }
 
@@ -237,7 +237,7 @@ void clsVar::TakeTabIndex() {
 Long clsVar::PageToWrite() const { return displayId_ == 0 ? CurrentDisplayID() : displayId_; }
 
 bool clsVar::HasFont() const {
-  return Drawing().ElementType() == kTextElement || kFontedGraphTypes.Has(varType_);
+  return Drawing()->ElementType() == kTextElement || kFontedGraphTypes.Has(varType_);
 }
 
 Long clsVar::HMIElementSize() const { return Platform::Current().projectService->ElementSize(id_); }
@@ -245,9 +245,9 @@ Long clsVar::HMIElementSize() const { return Platform::Current().projectService-
 void clsVar::ItfHmiElement_DeleteFromDB() {
   DeleteDownload();
   DeleteRow();
-  corvane1::ProjectService& project = *Platform::Current().projectService;
-  project.NotifyElementDeleted(automation::ToInteger(id_));
-  if (IsGlobal()) project.NotifyGlobalElementDeleted(shared_from_this());
+  const auto project = Platform::Current().projectService;
+  project->NotifyElementDeleted(automation::ToInteger(id_));
+  if (IsGlobal()) project->NotifyGlobalElementDeleted(weak_from_this().lock());
   DeleteAllOperands();
   ReleaseElementImages(id_);
   NotifyPageChanged(CurrentDisplayID());
@@ -288,7 +288,7 @@ void clsVar::CopyTo(clsVar& copy) const {
   copy.VisibleOpAddr(visibleOpAddr_);
   copy.HighlightOpAddr(highlightOpAddr_);
   copy.KeypadSuccessOpAddr(keypadSuccessOpAddr_);
-  copy.SetBinaryHandler(varType_, Handler().Replica());
+  copy.SetBinaryHandler(varType_, Handler()->Replica());
   copy.OperandType(OperandType());
   copy.OperandAddress(OperandAddress());
   copy.ColOpPropBag(operandBags_);
@@ -304,9 +304,6 @@ void clsVar::CopyTo(clsVar& copy) const {
   copy.StorageLibNum(storageLibNum_);
 }
 
-clsVarTextElement& clsVar::Reference() const {
-  if (!listText_) automation::detail::RaiseObjectNotSet();
-  return *listText_;
-}
+clsVarTextElement& clsVar::Reference() const { return automation::Required(listText_); }
 
 }  // namespace quenzel7

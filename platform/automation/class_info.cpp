@@ -35,6 +35,12 @@ bool EqualFolded(std::string_view a, std::string_view b) {
          std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return Fold(x) == Fold(y); });
 }
 
+std::string Folded(std::string_view text) {
+  std::string folded(text);
+  std::transform(folded.begin(), folded.end(), folded.begin(), Fold);
+  return folded;
+}
+
 Interface::Interface(std::string_view name, std::span<const Member> members)
     : name_(name),
       members_(members),

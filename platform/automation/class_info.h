@@ -63,7 +63,7 @@ enum class Mark : Byte {
   None = 0,
   /// Says who the element is and where it is kept (ID, GroupID, OrderIndex), not what it looks like.
   Identity = 1,
-  /// Held by the object only: saving leaves it out.
+  /// Held by the object only: it does not come back from a row.
   NotStored = 2,
   /// Only the slot is there: reading gives 0 and writing does nothing.
   NotCarried = 3,
@@ -134,6 +134,9 @@ struct ClassInfo {
 
 /// True when the texts are equal, upper and lower case letters of ASCII being the same.
 bool EqualFolded(std::string_view a, std::string_view b);
+
+/// The text with the upper case letters of ASCII made lower case.
+std::string Folded(std::string_view text);
 
 /// Among the names the one that takes the fewest changes of letters (Levenshtein, 1965) to become what was
 /// asked for, case aside; empty when there are no names.

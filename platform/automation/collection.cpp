@@ -7,17 +7,6 @@
 #include "platform/automation/member.h"
 
 namespace quenzel7::automation {
-namespace {
-
-std::string Folded(const std::string& key) {
-  std::string folded = key;
-  for (char& letter : folded) {
-    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter + ('a' - 'A'));
-  }
-  return folded;
-}
-
-}  // namespace
 
 /// The members that late-bound hosts see.
 struct CollectionMembers {

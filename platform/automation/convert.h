@@ -77,6 +77,13 @@ T To(const Variant& value) {
 /// A text as To<Long> reads it; errors 13 and 6.
 Long LongFromText(const std::string& text);
 
+/// The object; error 91 when there is none.
+template <class C>
+C& Required(const std::shared_ptr<C>& object) {
+  if (!object) detail::RaiseObjectNotSet();
+  return *object;
+}
+
 /// The object of a variant as a C&; error 91 when there is none, 13 when it is of another class.
 template <class C>
 C& ToReference(const Variant& value) {

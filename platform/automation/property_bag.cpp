@@ -325,18 +325,31 @@ const ClassInfo& PropertyBag::Class() const {
 }
 
 const PropertyBag::Entry* PropertyBag::Find(std::string_view name) const {
-  for (const Entry& entry : entries_) {
-    if (EqualFolded(entry.name, name)) return &entry;
+  const auto found = [this](std::size_t place) {
+    next_ = place + 1;
+    return &entries_[place];
+  };
+  if (next_ < entries_.size() && EqualFolded(entries_[next_].name, name)) return found(next_);
+  if (!places_.empty()) {
+    const auto place = places_.find(Folded(name));
+    return place == places_.end() ? nullptr : found(place->second);
+  }
+  for (std::size_t place = 0; place < entries_.size(); ++place) {
+    if (EqualFolded(entries_[place].name, name)) return found(place);
   }
   return nullptr;
 }
 
+void PropertyBag::AddToTable(std::size_t place) { places_.emplace(Folded(entries_[place].name), place); }
+
 void PropertyBag::WriteProperty(const std::string& name, const Variant& value) {
   if (const Entry* entry = Find(name)) {
     entries_[static_cast<std::size_t>(entry - entries_.data())].value = value;
-  } else {
-    entries_.push_back({name, value});
+    return;
   }
+  entries_.push_back({name, value});
+  if (entries_.size() < kLarge) return;
+  for (std::size_t place = places_.size(); place < entries_.size(); ++place) AddToTable(place);
 }
 
 const Variant& PropertyBag::ReadProperty(const std::string& name) const {
@@ -370,6 +383,8 @@ void PropertyBag::Contents(const std::vector<Byte>& bytes) {
   PropertyBag read;
   Reader(bytes.data(), bytes.size()).Bag(read, 0);
   entries_ = std::move(read.entries_);
+  places_ = std::move(read.places_);
+  next_ = 0;
 }
 
 }  // namespace quenzel7::automation

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/automation/object.h"
@@ -52,10 +53,18 @@ class PropertyBag final : public Object {
     Variant value;
   };
 
+  /// A bag of at least so many values has them found by a table.
+  static constexpr std::size_t kLarge = 64;
+
   const Entry* Find(std::string_view name) const;
+  void AddToTable(std::size_t place);
   Variant ReadByName(const std::string& name, const Variant& standIn) const;
 
   std::vector<Entry> entries_;
+  /// The places of the values by their names in lower case; empty in a small bag.
+  std::unordered_map<std::string, std::size_t> places_;
+  /// Where the next value is that is read in order.
+  mutable std::size_t next_ = 0;
 };
 
 using PropertyBagRef = std::shared_ptr<PropertyBag>;

@@ -7,11 +7,18 @@
 
 namespace quenzel7::corvane1 {
 
+/// The font of a string that leaves it to whoever shows it, and the number of no string.
+inline constexpr Long kNoLibraryFont = -1;
+inline constexpr Long kNoLibraryString = -1;
+
 /// A text of the string library and the number of the font that it is shown in; -1 leaves the font to whoever
 /// shows it.
 struct LibraryString {
   std::string text;
-  Long fontNumber = -1;
+  Long fontNumber = kNoLibraryFont;
+
+  /// The number of its font, or the given one when it leaves the font to whoever shows it.
+  Long FontOr(Long shownIn) const { return fontNumber != kNoLibraryFont ? fontNumber : shownIn; }
 
   friend bool operator==(const LibraryString&, const LibraryString&) = default;
 };

@@ -69,7 +69,8 @@ const automation::ClassInfo& Operand::Class() const {
 
 OperandContent Operand::Content() const {
   if (comment_ && value_) return {*comment_, *value_};
-  OperandContent content = store_->Load(key_).value_or(OperandContent{});
+  OperandContent content =
+      (found_ && foundKey_ == key_ ? *found_ : store_->Load(key_)).value_or(OperandContent{});
   if (comment_) content.comment = *comment_;
   if (value_) content.value = *value_;
   return content;
@@ -102,9 +103,21 @@ std::string Operand::OperandText() const {
   return fennick1::OperandText(key_.type, key_.address, key_.network, Content().value);
 }
 
-void Operand::AddToProject() { store_->Add(key_, Content()); }
+bool Operand::IsDefined() const {
+  found_ = store_->Load(key_);
+  foundKey_ = key_;
+  return found_->has_value();
+}
 
-void Operand::RemoveFromProject() { store_->Remove(key_); }
+void Operand::AddToProject() {
+  store_->Add(key_, Content());
+  found_.reset();
+}
+
+void Operand::RemoveFromProject() {
+  store_->Remove(key_);
+  found_.reset();
+}
 
 Long Operand::GetFreeAddress() { return store_->FreeAddress(key_.type, key_.network); }
 

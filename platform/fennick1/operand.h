@@ -15,7 +15,8 @@ namespace quenzel7::fennick1 {
 /// what it carries. Made anew for each use.
 ///
 /// Comment and value are those that the project keeps for the operand ("" and 0 when it does not have it),
-/// until they are written here. Writing goes to the project only with AddToProject.
+/// until they are written here. Writing goes to the project only with AddToProject. What IsDefined has found
+/// they then are, until another operand is named here, or this one is entered or taken out here.
 ///
 /// The value is a Currency: eight bytes, a whole number of ten-thousandths, so that it goes through bags and
 /// the database without losing a bit.
@@ -44,7 +45,7 @@ class Operand : public automation::Object {
   void OperandValue(Currency value) { value_ = value; }
 
   /// Whether the project has this operand.
-  bool IsDefined() const { return store_->IsDefined(key_); }
+  bool IsDefined() const;
   /// The whole operand as a bag: "Type", "Address", "NetID" (Long), "Comment" (String), "Value" (Currency).
   automation::PropertyBagRef PropBag() const;
   /// Takes everything from a bag. Error 327 when a name is missing, 91 when there is no bag; the operand is
@@ -68,6 +69,9 @@ class Operand : public automation::Object {
   OperandKey key_;
   std::optional<std::string> comment_;
   std::optional<Currency> value_;
+  /// What the project was last asked for, and what it had: comment and value are then not asked for again.
+  mutable OperandKey foundKey_;
+  mutable std::optional<std::optional<OperandContent>> found_;
 };
 
 }  // namespace quenzel7::fennick1

@@ -56,6 +56,20 @@ TEST_F(Operands, EveryPurposeHasItsNumberInTheRow) {
                                                      "1 1 5 0 5", "1 1 5 0 6", "1 1 5 0 7", "1 1 5 0 8"}));
 }
 
+TEST_F(Operands, AValueIsThatOfTheOperandOfThatTypeAddressAndNetwork) {
+  Make operand(34, 5);
+  operand.OperandValue(Currency{70000});
+  operand.AddToProject();
+  Make other(34, 5);
+  other.OperandNetID(2);
+  other.OperandValue(Currency{-1});
+  other.AddToProject();
+  EXPECT_EQ(OperandValueOf(34, 5, 0), Currency{70000});
+  EXPECT_EQ(OperandValueOf(34, 5, 2), Currency{-1});
+  EXPECT_EQ(OperandValueOf(34, 6, 0), Currency{0});
+  EXPECT_EQ(OperandValueOf(35, 5, 0), Currency{0});
+}
+
 TEST_F(Operands, RemovingARowTakesThatRowAndTheOperand) {
   AddOperandRow(1, 2, 3, eOP_TouchOperand, 0);
   AddOperandRow(9, 2, 3, eOP_TouchOperand, 0);
@@ -255,7 +269,7 @@ TEST_F(OperandCalls, RestoringKeepsTheNetworkOfTheBag) {
 
 TEST_F(OperandCalls, ABagIsMadeAfterAskingInItsNetwork) {
   const PropertyBagRef bag = NewOperandBag(2, 3, 4);
-  EXPECT_EQ(store_->Take(), (CallLog{"load 2/3/4", "load 2/3/4"}));
+  EXPECT_EQ(store_->Take(), (CallLog{"load 2/3/4"}));
   Make operand(0, 0);
   operand.PropBag(bag);
   EXPECT_EQ(operand.OperandType(), 2);

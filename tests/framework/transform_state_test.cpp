@@ -234,6 +234,24 @@ TEST(TouchTransformState, AMarkUnderAnyPixelOverlapsAndOneBesideItDoesNot) {
   }
 }
 
+TEST(TouchTransformState, AMarkBetweenTheRowsOfAWideElementIsBesideIt) {
+  for (const VariantKind kind : kCellKinds) {
+    if (kind == VariantKind::String) continue;
+    for (const Long width : {4, 5, 6, 9, 10}) {
+      for (Long x = 0; x <= 9; ++x) {
+        for (Long y = 0; y <= 3; ++y) {
+          Array map(kind, Bounds{0, 10}, Bounds{0, 3});
+          map.Set(x, y, Long{1});
+          const Long left = width < 10 ? 1 : 0;
+          const bool isUnder = x >= left && x < left + width && y >= 1 && y < 3;
+          EXPECT_EQ(Touch(map, {left, 1, width, 2}), isUnder ? eCS_Overlap : eCS_Legall)
+              << width << ": " << x << ", " << y;
+        }
+      }
+    }
+  }
+}
+
 TEST(TouchTransformState, Only1IsAMark) {
   for (const VariantKind kind : {VariantKind::Byte, VariantKind::Integer, VariantKind::Long}) {
     for (const Long value : {0, 1, 2, 255}) {

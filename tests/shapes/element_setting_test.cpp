@@ -119,7 +119,31 @@ TEST_F(ElementSettings, HaveTheseKeys) {
                               Row{ButtonColorForeTouch, 6056},
                               Row{FlatTextColorBackTouch, 6057},
                               Row{TextColorBackTouch, 6058},
-                              Row{TextColorForeTouch, 6059}};
+                              Row{TextColorForeTouch, 6059},
+                              Row{BinaryTextColorBack, 6060},
+                              Row{BinaryTextColorFore, 6061},
+                              Row{ListTextColorBack, 6062},
+                              Row{ListTextColorFore, 6063},
+                              Row{RangeTextColorBack, 6064},
+                              Row{RangeTextColorFore, 6065},
+                              Row{NumericColorBack, 6066},
+                              Row{NumericColorFore, 6067},
+                              Row{NumericRangeColorBack, 6068},
+                              Row{StringColorBack, 6070},
+                              Row{StringColorFore, 6071},
+                              Row{PasswordColorBack, 6072},
+                              Row{PasswordColorFore, 6073},
+                              Row{PassStringColorBack, 6074},
+                              Row{MeterColorBack, 6076},
+                              Row{TankGraphColorBack, 6077},
+                              Row{ThermometerColorBack, 6078},
+                              Row{LedColorBack, 6079},
+                              Row{TimeFunctionsColorBack, 6082},
+                              Row{UtcColorBack, 6084},
+                              Row{TimerColorBack, 6086},
+                              Row{CounterColorBack, 6088},
+                              Row{SdBrowserColorBack, 6090},
+                              Row{DateTimeColorBack, 6092}};
   ASSERT_EQ(std::size(kElementDefaultKeys), rows.size());
   for (std::size_t index = 0; index < rows.size(); ++index) {
     EXPECT_EQ(static_cast<Long>(rows[index].key), rows[index].number);

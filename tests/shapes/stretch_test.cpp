@@ -35,6 +35,22 @@ TEST(Stretch, EachPickUpMovesItsOwnEdges) {
   }
 }
 
+TEST(EdgesOf, AreThoseThatAPickUpMoves) {
+  using enum Edge;
+  struct Row {
+    Long direction;
+    Edge x, y;
+  };
+  for (const Row& row :
+       {Row{ePD_None, None, None}, Row{ePD_UpRight, End, Start}, Row{ePD_Right, End, None},
+        Row{ePD_DownRight, End, End}, Row{ePD_Down, None, End}, Row{ePD_LeftDown, Start, End},
+        Row{ePD_Left, Start, None}, Row{ePD_UpLeft, Start, Start}, Row{ePD_Up, None, Start},
+        Row{ePD_LineHead, None, None}, Row{-1, None, None}, Row{2147483647, None, None}}) {
+    const Edges edges = EdgesOf(row.direction);
+    EXPECT_TRUE(edges.x == row.x && edges.y == row.y) << row.direction;
+  }
+}
+
 TEST(Stretch, OtherDirectionsMoveNothing) {
   for (const Long direction : {0, 9, 10, 11, -1, 2147483647, -2147483647}) {
     EXPECT_EQ(Stretched(3, 4, direction), kRest) << direction;

@@ -56,7 +56,7 @@ class clsVarBargraph final : public HandlerClass<clsVarBargraph, PictureHandler,
   void Paint(const Painter& painter, Long hdc, Long width, Long height, Long colorBack);
 
   const HandlerKeys& Keys() const override;
-  std::vector<ExtraOperand> ExtraOperands() override { return {{&min_}, {&max_}}; }
+  std::vector<ExtraOperand> ExtraOperands() override { return {{Own(min_)}, {Own(max_)}}; }
 
   enBarGraphDrawType bargraphType_ = eBD_LeftToRight;
   OperandPair min_;

@@ -1,17 +1,9 @@
 #include "variables/text/binary_text.h"
 
-#include "variables/text_element_keys.h"
-
 namespace quenzel7 {
 
 // clang-format off
 struct clsVarBinaryText::KeyList : ListKeys<clsVarBinaryText> {
-  using Texts = clsVarTextElement::Keys;
-
-  static constexpr auto kEntry = MakeNamedTable(
-      Texts::kTxt, Texts::kColorFore, Texts::kColorBack,
-      Texts::kStorageStringId.Guarded(), Texts::kStorageStringType.Guarded());
-
   // Only here the string library stands behind the list.
   static constexpr auto kTable =
       kDrawing

@@ -1,6 +1,5 @@
 #include "variables/text/display_string.h"
 
-#include "framework/operands.h"
 #include "shapes/element_setting.h"
 
 namespace quenzel7 {
@@ -35,12 +34,6 @@ clsVarDisplayString::clsVarDisplayString()
 const HandlerKeys& clsVarDisplayString::Keys() const {
   static const KeysOf<clsVarDisplayString> keys(KeyList::kTable);
   return keys;
-}
-
-void clsVarDisplayString::ItfVarBinaryHandler_BuildOpPropBag() {
-  SampleTextHandler::ItfVarBinaryHandler_BuildOpPropBag();
-  // Required: the bag of the start stands twice in the collection. Only the first is ever read.
-  operandBags_->Add(NewOperandBag(startVector_.type, startVector_.address, kLocalNetwork));
 }
 
 void clsVarDisplayString::ReSyncDrawingElementParams(Long, Long pFontNum) {

@@ -44,8 +44,8 @@ class clsVarDisplayString final
   struct KeyList;
 
   const HandlerKeys& Keys() const override;
-  std::vector<ExtraOperand> ExtraOperands() override { return {{&startVector_}}; }
-  void ItfVarBinaryHandler_BuildOpPropBag() override;
+  /// Required: the bag of the start stands twice in the collection. Only the first is ever read.
+  std::vector<ExtraOperand> ExtraOperands() override { return {{Own(startVector_), 2}}; }
 
   OperandPair startVector_;
   Long vectorLength_ = 15;

@@ -1,17 +1,9 @@
 #include "variables/text/list_text.h"
 
-#include "variables/text_element_keys.h"
-
 namespace quenzel7 {
 
 // clang-format off
 struct clsVarListText::KeyList : ListKeys<clsVarListText> {
-  using Texts = clsVarTextElement::Keys;
-
-  static constexpr auto kEntry = MakeNamedTable(
-      Texts::kTxt, Texts::kColorFore, Texts::kColorBack,
-      Texts::kStorageStringId.Guarded(), Texts::kStorageStringType.Guarded());
-
   static constexpr auto kTable =
       kDrawing
           .Then(kStorage)

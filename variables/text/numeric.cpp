@@ -8,10 +8,6 @@
 namespace quenzel7 {
 namespace {
 
-/// A font of the string library that leaves the choice to whoever shows the string; a string that is none.
-constexpr Long kNoFont = -1;
-constexpr Long kNoString = -1;
-
 /// The text without blanks at both ends.
 std::string Trimmed(const std::string& text) {
   const std::size_t first = text.find_first_not_of(' ');
@@ -64,10 +60,7 @@ const HandlerKeys& clsVarNumeric::Keys() const {
   return keys;
 }
 
-clsVarTextElement& clsVarNumeric::Reference() const {
-  if (!listText_) automation::detail::RaiseObjectNotSet();
-  return *listText_;
-}
+clsVarTextElement& clsVarNumeric::Reference() const { return automation::Required(listText_); }
 
 void clsVarNumeric::ReleaseOwned() {
   TextHandler::ReleaseOwned();
@@ -76,11 +69,11 @@ void clsVarNumeric::ReleaseOwned() {
 
 std::vector<BinaryHandler::ExtraOperand> clsVarNumeric::ExtraOperands() {
   std::vector<ExtraOperand> operands;
-  const auto add = [&operands](OperandPair& pair, bool isInUse) {
+  const auto add = [this, &operands](OperandPair& pair, bool isInUse) {
     // Where the operands are not in use their bags are built all the same and those behind them are read in
     // their place: hosts rely on it.
     const bool isThere = pair.type != 0;
-    operands.push_back({&pair, isThere, isThere && isInUse});
+    operands.push_back({Own(pair), isThere ? 1 : 0, isThere && isInUse});
   };
   for (OperandPair* pair : {&entryLimitMin_, &entryLimitMax_}) add(*pair, UseEntryLimits_);
   for (OperandPair* pair : {&linearDMin_, &linearDMax_, &linearMIMin_, &linearMIMax_}) {
@@ -119,10 +112,13 @@ void clsVarNumeric::ShowText(const std::string& text) {
 void clsVarNumeric::ReSyncDrawingElementParams(Long, Long pFontNum) {
   if (storageText_ != 0) {
     const clsVarTextElement& reference = Reference();
-    if (reference.StorageStringID() == kNoString || reference.StorageStringType() != 0) return;
-    Long font = kNoFont;
-    ShowText(WidestLanguageString(reference.StorageStringID(), font));
-    Drawing().FontNumber(font != kNoFont ? font : pFontNum);
+    if (reference.StorageStringID() == corvane1::kNoLibraryString || reference.StorageStringType() != 0) {
+      return;
+    }
+    corvane1::LibraryString string;
+    string.text = WidestLanguageString(reference.StorageStringID(), string.fontNumber);
+    ShowText(string.text);
+    Drawing().FontNumber(string.FontOr(pFontNum));
     return;
   }
   ShowText(IsPassword_ && Postfix_.empty() ? Format_ : Postfix_);

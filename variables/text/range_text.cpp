@@ -1,14 +1,10 @@
 #include "variables/text/range_text.h"
 
-#include "variables/text_element_keys.h"
-
 namespace quenzel7 {
 
 // clang-format off
 struct clsVarRangeText::KeyList : ListKeys<clsVarRangeText> {
-  using Texts = clsVarTextElement::Keys;
-
-  static constexpr auto kEntry = MakeNamedTable(
+  static constexpr auto kBoundedEntry = MakeNamedTable(
       Texts::kTxt, Texts::kColorFore, Texts::kColorBack,
       Texts::kFromOpType, Texts::kFromOpAddress, Texts::kToOpType, Texts::kToOpAddress,
       Texts::kStorageStringId.Guarded(), Texts::kStorageStringType.Guarded());
@@ -18,7 +14,7 @@ struct clsVarRangeText::KeyList : ListKeys<clsVarRangeText> {
           .Then(kStorage)
           .Then(MakeNamedTable(
               kCount,
-              EntriesKey<clsVarRangeText, &clsVarRangeText::texts_, kEntry>("ListTexts")));
+              EntriesKey<clsVarRangeText, &clsVarRangeText::texts_, kBoundedEntry>("ListTexts")));
 };
 // clang-format on
 
@@ -33,8 +29,8 @@ const HandlerKeys& clsVarRangeText::Keys() const {
 std::vector<BinaryHandler::ExtraOperand> clsVarRangeText::ExtraOperands() {
   std::vector<ExtraOperand> operands;
   for (const TextElementRef& text : texts_) {
-    operands.push_back({&text->From()});
-    operands.push_back({&text->To()});
+    operands.push_back({{text, &text->From()}});
+    operands.push_back({{text, &text->To()}});
   }
   return operands;
 }

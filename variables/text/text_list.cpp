@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "framework/language_strings.h"
 #include "platform/automation/automation_error.h"
 #include "platform/platform.h"
+#include "variables/largest_text.h"
 
 namespace quenzel7 {
 namespace {
@@ -13,38 +15,8 @@ namespace {
 using automation::AutomationError;
 using automation::ErrorNumber;
 
-/// A font of the string library that leaves the choice to whoever shows the string.
-constexpr Long kNoFont = -1;
-constexpr Long kNoString = -1;
 /// What StorageText says of texts that are all in the library.
 constexpr Long kFromLibrary = -1;
-
-/// The greatest width and the greatest height that texts need, each for itself.
-class LargestSize {
- public:
-  /// Texts are measured in the font and style of another one.
-  explicit LargestSize(const clsText& like) : font_(like.FontNumber()) {
-    scratch_.FontNumber(font_);
-    scratch_.ItfHmiElement::Flat3D(like.ItfHmiElement::Flat3D());
-  }
-
-  void Measure(const std::string& text) {
-    scratch_.Txt(text);
-    Long dx = 0, dy = 0;
-    scratch_.GetOptimalDimensions(dx, dy);
-    size_ = {std::max(size_.width, dx), std::max(size_.height, dy)};
-  }
-  void Measure(const corvane1::LibraryString& string) {
-    scratch_.FontNumber(string.fontNumber != kNoFont ? string.fontNumber : font_);
-    Measure(string.text);
-  }
-  const corvane1::TextExtent& Size() const { return size_; }
-
- private:
-  Long font_;
-  clsText scratch_;
-  corvane1::TextExtent size_;
-};
 
 }  // namespace
 
@@ -60,6 +32,13 @@ TextElementRef TextListHandler::NewText() const {
   return text;
 }
 
+void TextListHandler::RequireRoom(Long count) {
+  if (count <= kMostTexts) return;
+  throw AutomationError(ErrorNumber::OutOfMemory, "no room for a list of " + std::to_string(count) +
+                                                      " texts: " + std::to_string(kMostTexts) +
+                                                      " are the most");
+}
+
 std::size_t TextListHandler::Place(Long index) const {
   if (index < 1 || index > ListCount()) {
     throw AutomationError(ErrorNumber::SubscriptOutOfRange, "text " + std::to_string(index) +
@@ -69,9 +48,16 @@ std::size_t TextListHandler::Place(Long index) const {
   return static_cast<std::size_t>(index) - 1;
 }
 
+void TextListHandler::AppendText() {
+  RequireRoom(ListCount() + 1);
+  texts_.push_back(NewText());
+}
+
 void TextListHandler::InsertBefore(Long pIndex) {
+  RequireRoom(ListCount() + 1);
+  TextElementRef text = NewText();
   const auto place = static_cast<std::ptrdiff_t>(Place(pIndex));
-  texts_.insert(texts_.begin() + place, NewText());
+  texts_.insert(texts_.begin() + place, std::move(text));
 }
 
 void TextListHandler::RemoveText(Long pIndex) {
@@ -79,17 +65,14 @@ void TextListHandler::RemoveText(Long pIndex) {
 }
 
 void TextListHandler::Renew(Long count) {
-  if (count > kMostTexts) {
-    throw AutomationError(ErrorNumber::OutOfMemory, "no room for a list of " + std::to_string(count) +
-                                                        " texts: " + std::to_string(kMostTexts) +
-                                                        " are the most");
-  }
-  Clear();
-  for (Long text = 0; text < count; ++text) AppendText();
+  RequireRoom(count);
+  std::vector<TextElementRef> texts;
+  for (Long text = 0; text < count; ++text) texts.push_back(NewText());
+  texts_ = std::move(texts);
 }
 
 void TextListHandler::DeleteAllStorageIDs() {
-  for (const TextElementRef& text : texts_) text->StorageStringID(kNoString);
+  for (const TextElementRef& text : texts_) text->StorageStringID(corvane1::kNoLibraryString);
 }
 
 void TextListHandler::ReleaseOwned() {
@@ -98,42 +81,44 @@ void TextListHandler::ReleaseOwned() {
 }
 
 void TextListHandler::ReSyncDrawingElementParams(Long pDefaultDisplay, Long pFontNum) {
-  const clsVarTextElement& entry = *ListTexts(pDefaultDisplay);
-  Long font = kNoFont;
-  const std::string text =
-      storageText_ != 0 ? WidestLanguageString(entry.StorageStringID(), font) : entry.Txt();
-  Drawing().Txt(text);
-  Drawing().ColorBack(entry.ColorBack());
-  Drawing().FontNumber(font != kNoFont ? font : pFontNum);
+  // Held, since services of the host may change the list meanwhile.
+  const TextElementRef entry = ListTexts(pDefaultDisplay);
+  corvane1::LibraryString shown{entry->Txt()};
+  if (storageText_ != 0) shown.text = WidestLanguageString(entry->StorageStringID(), shown.fontNumber);
+  Drawing().Txt(shown.text);
+  Drawing().ColorBack(entry->ColorBack());
+  Drawing().FontNumber(shown.FontOr(pFontNum));
 }
 
 void TextListHandler::ConvertFlatColorToClosestGradientColor() {
   const auto colors = Platform::Current().colorService;
-  for (const TextElementRef& text : texts_) {
+  for (const TextElementRef& text : Texts()) {
     text->ColorBack(colors->GetClosestGradientColor(text->ColorBack()));
   }
   Drawing().ColorBack(colors->GetClosestGradientColor(Drawing().ColorBack()));
 }
 
 void TextListHandler::ItfVarBinaryHandler_GetOptimalDimensions(Long& pDx, Long& pDy) {
-  const corvane1::TextExtent size = storageText_ == kFromLibrary ? LargestLibraryText() : LargestText();
+  const corvane1::TextExtent size = storageText_ == kFromLibrary ? LargestLibraryText() : LargestOwnText();
+  // Without a text, and in a frame that has no size of its own, there is nothing to ask for.
+  if (size == corvane1::TextExtent{}) return;
   pDx = size.width;
   pDy = size.height;
 }
 
-corvane1::TextExtent TextListHandler::LargestText() const {
-  LargestSize largest(Drawing());
-  for (const TextElementRef& text : texts_) largest.Measure(text->Txt());
+corvane1::TextExtent TextListHandler::LargestOwnText() const {
+  LargestText largest(Drawing());
+  for (const TextElementRef& text : Texts()) largest.Measure(text->Txt());
   return largest.Size();
 }
 
 corvane1::TextExtent TextListHandler::LargestLibraryText() const {
-  LargestSize largest(Drawing());
-  largest.Measure(Drawing().Txt());
+  LargestText largest(Drawing());
   std::vector<Long> strings;
   for (const TextElementRef& text : texts_) {
     if (text->StorageStringID() >= 0) strings.push_back(text->StorageStringID());
   }
+  largest.Measure(Drawing().Txt());
   ForEachLanguageString(strings, [&](const corvane1::LibraryString& string) { largest.Measure(string); });
   return largest.Size();
 }

@@ -5,6 +5,7 @@
 
 #include "shapes/element_setting.h"
 #include "variables/handler_members.h"
+#include "variables/text_element_keys.h"
 #include "variables/text_handler.h"
 #include "variables/var_text_element.h"
 
@@ -14,14 +15,14 @@ namespace quenzel7 {
 /// are counted from 1; a number outside the list is error 9.
 class TextListHandler : public TextHandler {
  public:
-  /// The most texts that data may tell of.
+  /// The most texts of a list.
   static constexpr Long kMostTexts = 65536;
 
   /// Takes all texts out of the list.
   void Clear() { texts_.clear(); }
-  /// Puts a new text at the end of the list, in the colours of new texts.
-  void AppendText() { texts_.push_back(NewText()); }
-  /// Puts a new text before one of the list.
+  /// Puts a new text at the end of the list, in the colours of new texts. Error 7 for more than kMostTexts.
+  void AppendText();
+  /// Puts a new text before one of the list. Errors as AppendText, and 9.
   void InsertBefore(Long pIndex);
   /// Takes one text out of the list.
   void RemoveText(Long pIndex);
@@ -62,9 +63,13 @@ class TextListHandler : public TextHandler {
  private:
   std::size_t Place(Long index) const;
   TextElementRef NewText() const;
+  /// Error 7 for more than kMostTexts.
+  static void RequireRoom(Long count);
+  /// A copy of the list, to walk it while a host, which may change it, is asked.
+  std::vector<TextElementRef> Texts() const { return texts_; }
   /// Makes a new list of so many new texts. Error 7 for more than kMostTexts.
   void Renew(Long count);
-  corvane1::TextExtent LargestText() const;
+  corvane1::TextExtent LargestOwnText() const;
   corvane1::TextExtent LargestLibraryText() const;
 
   ElementDefault colorBack_;
@@ -73,6 +78,8 @@ class TextListHandler : public TextHandler {
 
 template <class Handler>
 struct TextListHandler::ListKeys {
+  using Texts = clsVarTextElement::Keys;
+
   // clang-format off
   static constexpr auto kDrawing = MakeNamedTable(
       PartKey<Handler, &Handler::Drawing, DrawingKeys::kTxt>("DrawingText_Txt"),
@@ -82,6 +89,10 @@ struct TextListHandler::ListKeys {
   static constexpr auto kStorage = MakeNamedTable(
       FieldKey<Handler, &Handler::storageText_>("StorageText").Guarded(),
       FieldKey<Handler, &Handler::storageLibNum_>("StorageLibNum").Guarded());
+  /// Those of a text that is shown for one state.
+  static constexpr auto kEntry = MakeNamedTable(
+      Texts::kTxt, Texts::kColorFore, Texts::kColorBack,
+      Texts::kStorageStringId.Guarded(), Texts::kStorageStringType.Guarded());
   // clang-format on
   static constexpr Key<Handler> kCount = {
       .name = "ListCount",

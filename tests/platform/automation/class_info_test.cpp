@@ -29,6 +29,11 @@ TEST(EqualFolded, OtherTextsDiffer) {
   EXPECT_FALSE(EqualFolded("", "a"));
 }
 
+TEST(Folded, IsInLowerCaseWhereALetterHasOne) {
+  EXPECT_EQ(Folded("AbcZ@[\xC4`{9"), "abcz@[\xC4`{9");
+  EXPECT_EQ(Folded(""), "");
+}
+
 TEST(EqualFolded, OnlyLettersFold) {
   EXPECT_FALSE(EqualFolded("@", "`"));
   EXPECT_FALSE(EqualFolded("[", "{"));
@@ -161,6 +166,24 @@ TEST(Interface, SlotsOfAPropertyWithAllThreeAccessors) {
   member.writerFirst = true;
   EXPECT_EQ(Interface("One", std::span(&member, 1)).Slots(),
             (std::vector<std::string>{"putref Load(Weight)", "put Load(Weight)", "get Load() As Weight"}));
+}
+
+TEST(Interface, AWriterCanStandBehindTheNextMember) {
+  const auto property = [](const char* name) {
+    return Property<Long>(
+        name, "", [](Object&) { return Variant(); }, [](Object&, const Variant&) {});
+  };
+  using Slots = std::vector<std::string>;
+  const Member beforeProperty[] = {WriterAfterNext(property("A")), property("B"), property("C")};
+  EXPECT_EQ(Interface("One", beforeProperty).Slots(),
+            (Slots{"get A() As Long", "get B() As Long", "put B(Long)", "put A(Long)", "get C() As Long",
+                   "put C(Long)"}));
+  const Member beforeMethod[] = {WriterAfterNext(property("A")), Method<Sample, &Sample::Swap>("Swap", "")};
+  EXPECT_EQ(Interface("One", beforeMethod).Slots(),
+            (Slots{"get A() As Long", "call Swap(ByRef Long, ByRef Long)", "put A(Long)"}));
+  const Member last[] = {property("B"), WriterAfterNext(property("A"))};
+  EXPECT_EQ(Interface("One", last).Slots(),
+            (Slots{"get B() As Long", "put B(Long)", "get A() As Long", "put A(Long)"}));
 }
 
 TEST(Interface, AnOptionalByReferenceArgumentStandsInBrackets) {

@@ -132,6 +132,36 @@ TEST(PropertyBag, KeepsNamesInTheOrderOfTheFirstWrite) {
   EXPECT_EQ(bag.ReadProperty("c"), Variant(Long{3}));
 }
 
+TEST(PropertyBag, FindsValuesAmongManyInAnyOrder) {
+  // At each of these sizes one more value is written, some of them again.
+  constexpr Long kMost = 200;
+  PropertyBag bag;
+  const auto name = [](Long number) { return "Name_" + std::to_string(number); };
+  for (Long size = 1; size <= kMost; ++size) {
+    bag.WriteProperty(name(size), size);
+    bag.WriteProperty("NAME_" + std::to_string(size / 2 + 1), Long{-1});
+    bag.WriteProperty(name(size / 2 + 1), size / 2 + 1);
+    EXPECT_FALSE(bag.Has(name(size + 1)));
+    EXPECT_EQ(bag.ReadProperty(name(size)), Variant(size));
+    EXPECT_EQ(bag.ReadProperty(name(1)), Variant(Long{1}));
+  }
+  PropertyBag copy;
+  copy.WriteProperty("Name_7", "old");
+  copy.Contents(bag.Contents());
+  ASSERT_EQ(copy.Names().size(), std::size_t{kMost});
+  for (Long number = kMost; number >= 1; --number) {
+    EXPECT_EQ(copy.ReadProperty("nAME_" + std::to_string(number)), Variant(number));
+    EXPECT_EQ(copy.Names()[static_cast<std::size_t>(number) - 1], name(number));
+  }
+  copy.WriteProperty("More", Long{5});
+  EXPECT_EQ(copy.ReadProperty("MORE"), Variant(Long{5}));
+  PropertyBag few;
+  few.WriteProperty("Few", Long{1});
+  copy.Contents(few.Contents());
+  EXPECT_FALSE(copy.Has(name(1)));
+  EXPECT_EQ(copy.ReadProperty("few"), Variant(Long{1}));
+}
+
 TEST(PropertyBag, RaisesForANameThatIsNotThere) {
   PropertyBag bag;
   bag.WriteProperty("Xs", Long{5});

@@ -98,6 +98,28 @@ TEST_F(OperandTest, CommentAndValueAreTheProjectsUntilTheyAreWritten) {
   EXPECT_EQ(Kept(37, 5), (OperandContent{"kept", Currency{70000}}));
 }
 
+TEST_F(OperandTest, WhatWasFoundCountsUntilAnotherIsNamedOrThisOneComesOrGoes) {
+  Keep(37, 5, "kept", 70000);
+  Keep(37, 6, "other", 1);
+  const auto operand = Make(37, 5);
+  EXPECT_TRUE(operand->IsDefined());
+  Keep(37, 5, "changed", 2);
+  EXPECT_EQ(operand->OperandComment(), "kept");
+  operand->OperandAddress(6);
+  EXPECT_EQ(operand->OperandComment(), "other");
+  operand->OperandAddress(5);
+  EXPECT_EQ(operand->OperandComment(), "kept");
+  EXPECT_TRUE(operand->IsDefined());
+  EXPECT_EQ(operand->OperandComment(), "changed");
+  operand->RemoveFromProject();
+  EXPECT_EQ(operand->OperandComment(), "");
+  EXPECT_FALSE(operand->IsDefined());
+  operand->OperandValue(Currency{9});
+  operand->AddToProject();
+  Keep(37, 5, "new", 3);
+  EXPECT_EQ(operand->OperandComment(), "new");
+}
+
 TEST_F(OperandTest, AnotherAddressShowsAnotherOperand) {
   Keep(37, 5, "five", 5);
   Keep(37, 6, "six", 6);
