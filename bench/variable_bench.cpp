@@ -1,3 +1,5 @@
+#include <zlib.h>
+
 #include <array>
 #include <cstring>
 #include <functional>
@@ -148,7 +150,64 @@ void AddDrawing(std::vector<Ratio>& ratios) {
 
 // --- Saving and loading ---
 
-/// The same reads and writes with prepared statements.
+/// A setting by hand: its name, the kind of its value, and the value's bytes.
+struct HandSetting {
+  std::string name;
+  std::uint16_t kind;
+  std::string value;
+};
+
+/// Settings in the block in which property bags keep them, written and read in one go.
+class HandBlock {
+ public:
+  static std::vector<unsigned char> Written(const std::vector<HandSetting>& settings) {
+    std::string block = "QBag\x01";
+    const auto number = [&block](std::uint32_t value, int width) {
+      for (int byte = 0; byte < width; ++byte) block += static_cast<char>(value >> 8 * byte);
+    };
+    number(static_cast<std::uint32_t>(settings.size()), 4);
+    for (const HandSetting& setting : settings) {
+      number(static_cast<std::uint32_t>(setting.name.size()), 4);
+      block += setting.name;
+      number(setting.kind, 2);
+      if (setting.kind == kText) number(static_cast<std::uint32_t>(setting.value.size()), 4);
+      block += setting.value;
+    }
+    number(static_cast<std::uint32_t>(
+               crc32(0, reinterpret_cast<const Bytef*>(block.data()), static_cast<uInt>(block.size()))),
+           4);
+    return {block.begin(), block.end()};
+  }
+
+  static std::vector<HandSetting> Read(const std::vector<unsigned char>& block) {
+    std::size_t place = 5;
+    const auto number = [&](int width) {
+      std::uint32_t value = 0;
+      for (int byte = 0; byte < width; ++byte) value |= std::uint32_t{block.at(place++)} << 8 * byte;
+      return value;
+    };
+    const auto text = [&](std::size_t size) {
+      std::string taken(block.begin() + static_cast<std::ptrdiff_t>(place),
+                        block.begin() + static_cast<std::ptrdiff_t>(place + size));
+      place += size;
+      return taken;
+    };
+    std::vector<HandSetting> settings(number(4));
+    for (HandSetting& setting : settings) {
+      setting.name = text(number(4));
+      setting.kind = static_cast<std::uint16_t>(number(2));
+      setting.value = text(setting.kind == kText ? number(4) : setting.kind == kFlag ? 1 : 4);
+    }
+    const auto crc = static_cast<std::uint32_t>(crc32(0, block.data(), static_cast<uInt>(place)));
+    if (number(4) != crc) throw std::runtime_error("the block is damaged");
+    return settings;
+  }
+
+ private:
+  static constexpr std::uint16_t kText = 8, kFlag = 11;
+};
+
+/// The same reads and writes with prepared statements, and the settings into their block and out of it.
 class VariablesByHand {
  public:
   explicit VariablesByHand(const std::string& path) : database_(path) {
@@ -158,7 +217,7 @@ class VariablesByHand {
   struct Row {
     std::vector<int> numbers;
     std::string name;
-    std::vector<unsigned char> settings;
+    std::vector<HandSetting> settings;
     int bags;
   };
 
@@ -190,7 +249,8 @@ class VariablesByHand {
         insert.Bind(place + 1, place == 0 ? guid : value);
         ++place;
       }
-      insert.Bind(place + 1, each.name).Bind(place + 2, each.settings).Step();
+      const std::vector<unsigned char> block = HandBlock::Written(each.settings);
+      insert.Bind(place + 1, each.name).Bind(place + 2, block).Step();
       insert.Reset();
       ids_.push_back(static_cast<int>(sqlite3_last_insert_rowid(database_.Handle())));
     }
@@ -212,7 +272,7 @@ class VariablesByHand {
       for (std::size_t field = 0; field < places.size(); ++field)
         loaded->numbers[field] = row.Int(places[field]);
       loaded->name = row.Text(text);
-      loaded->settings = row.Bytes(binary);
+      loaded->settings = HandBlock::Read(row.Bytes(binary));
       row.Reset();
       for (int bag = 0; bag < rows[index].bags; ++bag) {
         operand.Bind(1, 1).Bind(2, -1).Bind(3, 0).Step();
@@ -267,7 +327,7 @@ class VariablesByHand {
   struct Loaded {
     std::array<int, std::size(kNumbers)> numbers{};
     std::string name;
-    std::vector<unsigned char> settings;
+    std::vector<HandSetting> settings;
   };
 
   HandDatabase database_;
@@ -283,7 +343,7 @@ VariablesByHand::Row ByHand(clsVar& variable) {
   row.numbers.assign(std::size(VariablesByHand::kNumbers), -1);
   const auto handler = variable.BinaryHandlers(variable.VarType());
   row.name = variable.VarName();
-  row.settings = handler->BinaryData();
+  row.settings = HandBlock::Read(handler->BinaryData());
   handler->BuildOpPropBag();
   row.bags = kBagsOfVariable + HandlerOf<BinaryHandler>(variable).ColOpPropBag()->Count();
   return row;
