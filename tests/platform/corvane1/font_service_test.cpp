@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -113,6 +114,43 @@ TEST(GetTextPositionOfThePanel, TakesAllLinesAsOneBlock) {
   PanelFontService fonts;
   EXPECT_EQ(fonts.GetTextPosition("abc\r\nx", 0, 10, 20, 100, 100, 4, 0), (TextPosition{48, 54}));
   EXPECT_EQ(fonts.GetTextPosition("abc\r\nx", 0, 10, 20, 100, 100, 8, 1), (TextPosition{82, 84}));
+}
+
+/// Characters of font 3 as wide as they are told, all others 4 pixels wide; other fonts have no width.
+class WideFonts final : public test::FontDouble {
+ public:
+  explicit WideFonts(std::map<char, Long> widths)
+      : FontDouble(std::make_shared<std::vector<std::string>>()), wider_(std::move(widths)) {}
+  std::array<Long, 256> GetCharWidths(Long fontNumber) override {
+    std::array<Long, 256> widths{};
+    if (fontNumber != 3) return widths;
+    widths.fill(4);
+    for (const auto& [character, width] : wider_) widths[static_cast<unsigned char>(character)] = width;
+    return widths;
+  }
+
+ private:
+  std::map<char, Long> wider_;
+};
+
+TEST(GetGUIDigit, IsTheWidest) {
+  for (Long digit = 0; digit <= 9; ++digit) {
+    EXPECT_EQ(WideFonts({{static_cast<char>('0' + digit), 5}}).GetGUIDigit(3), digit);
+  }
+}
+
+TEST(GetGUIDigit, IsTheGreatestOfThoseAsWide) {
+  EXPECT_EQ(WideFonts({}).GetGUIDigit(3), 9);
+  EXPECT_EQ(WideFonts({{'0', 5}, {'1', 5}}).GetGUIDigit(3), 1);
+  EXPECT_EQ(WideFonts({{'3', 5}, {'7', 5}}).GetGUIDigit(3), 7);
+  EXPECT_EQ(WideFonts({{'3', 6}, {'7', 5}}).GetGUIDigit(3), 3);
+  EXPECT_EQ(WideFonts({{'3', 5}, {'7', 6}}).GetGUIDigit(3), 7);
+  EXPECT_EQ(WideFonts({{'0', 6}, {'9', 5}}).GetGUIDigit(3), 0);
+}
+
+TEST(GetGUIDigit, LooksAtDigitsOfThatFontOnly) {
+  EXPECT_EQ(WideFonts({{'/', 9}, {':', 9}, {'2', 5}}).GetGUIDigit(3), 2);
+  EXPECT_EQ(WideFonts({{'2', 5}}).GetGUIDigit(2), 9);
 }
 
 }  // namespace
