@@ -53,6 +53,8 @@ struct ExpectedHandler {
   bool isSkipping;
   /// What the change key is made of.
   enum { kBinaryData, kLongs, kCurrencies } changeKey;
+  /// How many operands its settings tell of, with three texts.
+  int operands;
   /// Its settings as written, with so many texts.
   std::function<ExpectedSettings(Long texts)> settings;
   /// The setting that is read right after the fourth one instead of in its place; none for most.
@@ -159,7 +161,7 @@ inline ExpectedSettings OfDisplayString() {
           {"DrawingText_FontNumber", Long{4}, Long{2}},
           {"DrawingText_ColorFore", Long{6071}, Long{13}},
           {"StartVectorOpType", Long{0}, Long{101}},
-          {"StartVectorOpAddress", Long{0}, Long{102}},
+          {"StartVectorOpAddress", Long{0}, Long{102}, ExpectedSetting::kAddress},
           {"StringPattern", "Text_To_Display", "pattern"},
           {"VectorLength", Long{15}, Long{16}},
           {"KeyboardsLanguage", Long{0}, Long{3}},
@@ -182,23 +184,23 @@ inline ExpectedSettings OfBar() {
 inline const std::vector<ExpectedHandler>& ExpectedHandlers() {
   using H = ExpectedHandler;
   static const std::vector<ExpectedHandler> handlers = {
-      {"clsVarBinaryText", 2, false, H::kBinaryData,
+      {"clsVarBinaryText", 2, false, H::kBinaryData, 0,
        [](Long texts) {
          return Together(
              {OfTextList(), OfEntries(texts, 6061, 6060, false), {{"Switch", false, true}}, OfLibrary()});
        }},
-      {"clsVarListText", 1, false, H::kBinaryData,
+      {"clsVarListText", 1, false, H::kBinaryData, 0,
        [](Long texts) {
          return Together({OfTextList(), OfLibrary(), OfEntries(texts, 6063, 6062, false)});
        },
        "ListCount"},
-      {"clsVarNumeric", 0, true, H::kCurrencies, [](Long) { return OfNumber(); }},
-      {"clsVarBargraph", 0, false, H::kLongs, [](Long) { return OfBar(); }},
-      {"clsVarRangeText", 1, false, H::kLongs,
+      {"clsVarNumeric", 0, true, H::kCurrencies, 6, [](Long) { return OfNumber(); }},
+      {"clsVarBargraph", 0, false, H::kLongs, 2, [](Long) { return OfBar(); }},
+      {"clsVarRangeText", 1, false, H::kLongs, 6,
        [](Long texts) {
          return Together({OfTextList(), OfLibrary(), OfEntries(texts, 6065, 6064, true)});
        }},
-      {"clsVarDisplayString", 0, false, H::kBinaryData, [](Long) { return OfDisplayString(); }},
+      {"clsVarDisplayString", 0, false, H::kBinaryData, 1, [](Long) { return OfDisplayString(); }},
   };
   return handlers;
 }

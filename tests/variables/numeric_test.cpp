@@ -199,6 +199,9 @@ TEST_F(Numeric, ShowsTheSampleWithThePostfixInTheGivenFont) {
   EXPECT_EQ(Shown().Txt(), "-9.9 bar");
   EXPECT_EQ(Shown().FontNumber(), 3);
   EXPECT_EQ(number_->FontNumber(), 2);
+  number_->Postfix("");
+  number_->ReSyncDrawingElementParams(1, 3);
+  EXPECT_EQ(Shown().Txt(), "-9.9");
 }
 
 TEST_F(Numeric, ShowsThePostfixOfAPasswordOrElseItsFormat) {
