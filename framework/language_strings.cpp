@@ -98,9 +98,10 @@ corvane1::TextExtent RoomForAllLanguages(Long number, Long fontNumber) {
   return FoundInLibrary([&](StringLibrary& library) { return RoomOf(library, number, fontNumber); });
 }
 
-void ForEachLanguageString(const std::vector<Long>& numbers,
+void ForEachLanguageString(const std::vector<Long>& numbers, const std::function<void()>& opened,
                            const std::function<void(const LibraryString&)>& visit) {
   FoundInLibrary([&](StringLibrary& library) {
+    opened();
     for (const Long number : numbers) {
       ForEachLanguage(library, number, [&](Long, const LibraryString& string) { visit(string); });
     }

@@ -23,9 +23,9 @@ std::string WidestLanguageString(Long number, Long& fontNumber);
 /// it. Where no language has a text it is that of the word "EMPTY" in font 0.
 corvane1::TextExtent RoomForAllLanguages(Long number, Long fontNumber);
 
-/// Visits the strings of those numbers, each in all languages that have a text of it, in the order of the
-/// numbers and of the languages.
-void ForEachLanguageString(const std::vector<Long>& numbers,
+/// Opens the library and tells so, then visits the strings of those numbers, each in all languages that have
+/// a text of it, in the order of the numbers and of the languages.
+void ForEachLanguageString(const std::vector<Long>& numbers, const std::function<void()>& opened,
                            const std::function<void(const corvane1::LibraryString&)>& visit);
 
 }  // namespace quenzel7

@@ -397,5 +397,64 @@ TEST_F(RoomForLanguages, RaisesTheFirstOfTwoErrors) {
   EXPECT_EQ(*calls_.log, (CallLog{"open project -1", "language?", "measure EMPTY in font 0", "language 3"}));
 }
 
+class StringsInAllLanguages : public LanguageStrings {
+ protected:
+  /// Visits strings, noting with the calls of the services when the library was open and which text came.
+  void Visit(const std::vector<Long>& numbers) {
+    ForEachLanguageString(
+        numbers, [this] { calls_.Note("opened"); },
+        [this](const LibraryString& string) {
+          calls_.Note("visit " + string.text + " in font " + std::to_string(string.fontNumber));
+        });
+  }
+};
+
+TEST_F(StringsInAllLanguages, AreVisitedByTheseCallsInThisOrder) {
+  Add("one", 11, 0, 0);
+  Add("two", -1, 0, 0);
+  Visit({kAskedFor, 5, kAskedFor});
+  const CallLog ofString = {"count",                                            //
+                            "language 1", "string 70", "visit one in font 11",  //
+                            "language 2", "string 70", "visit two in font -1"};
+  CallLog expected = {"open project -1", "language?", "opened"};
+  expected.insert(expected.end(), ofString.begin(), ofString.end());
+  // The library keeps no string 5.
+  for (const char* call : {"count", "language 1", "string 5", "language 2", "string 5"}) {
+    expected.emplace_back(call);
+  }
+  expected.insert(expected.end(), ofString.begin(), ofString.end());
+  expected.emplace_back("language 3");
+  EXPECT_EQ(*calls_.log, expected);
+}
+
+TEST_F(StringsInAllLanguages, AreNotVisitedWhereALanguageHasNoText) {
+  Add("EMPTY STRING", 1, 0, 0);
+  Add("Empty String", 2, 0, 0);
+  Add("", 3, 0, 0);
+  Visit({kAskedFor});
+  EXPECT_EQ(*calls_.log,
+            (CallLog{"open project -1", "language?", "opened", "count", "language 1", "string 70",  //
+                     "language 2", "string 70", "visit Empty String in font 2",                     //
+                     "language 3", "string 70", "visit  in font 3", "language 3"}));
+}
+
+TEST_F(StringsInAllLanguages, OfNoNumberOpenTheLibraryAllTheSame) {
+  Add("one", 11, 0, 0);
+  Visit({});
+  EXPECT_EQ(*calls_.log, (CallLog{"open project -1", "language?", "opened", "language 3"}));
+}
+
+TEST_F(StringsInAllLanguages, WithoutAProjectAskNothing) {
+  Platform::Current().projectDatabase = std::make_shared<corvane1::HeldProjectDatabase>();
+  EXPECT_EQ(ErrorOf([this] { Visit({kAskedFor}); }), 91);
+  EXPECT_TRUE(calls_.log->empty());
+}
+
+TEST_F(StringsInAllLanguages, PutTheLanguageBackWhicheverCallFails) {
+  Add("one", 11, 0, 0);
+  Add("two", 12, 0, 0);
+  FailEachCallOf([this] { Visit({kAskedFor}); }, 2);
+}
+
 }  // namespace
 }  // namespace quenzel7

@@ -118,8 +118,9 @@ corvane1::TextExtent TextListHandler::LargestLibraryText() const {
   for (const TextElementRef& text : texts_) {
     if (text->StorageStringID() >= 0) strings.push_back(text->StorageStringID());
   }
-  largest.Measure(Drawing().Txt());
-  ForEachLanguageString(strings, [&](const corvane1::LibraryString& string) { largest.Measure(string); });
+  ForEachLanguageString(
+      strings, [&] { largest.Measure(Drawing().Txt()); },
+      [&](const corvane1::LibraryString& string) { largest.Measure(string); });
   return largest.Size();
 }
 
