@@ -212,6 +212,56 @@ TEST(BitmapToBytes, WithoutAResizedCopyHasRowsOf0) {
   EXPECT_EQ(BytesOf(bitmap.Get(), 4, 1), (Bytes{0xF0, 0, 4, 0, 1, 0, 0}));
 }
 
+TEST(WholeBitmapToBytes, OfAOneBitBitmapAreTheBytesThatAreStored) {
+  for (const Long w : {1, 8, 9, 16, 17, 33}) {
+    const OwnedBitmap bitmap(NewWhiteMonoBitmap(w, 3));
+    EXPECT_EQ(WholeBitmapToBytes(bitmap.Get()), BytesOf(bitmap.Get())) << w;
+  }
+  const OwnedBitmap bitmap(Mono(9, 2, {0x5A, 0x80, 0xA5, 0x00}));
+  gdi::Recorder recorder;
+  EXPECT_EQ(WholeBitmapToBytes(bitmap.Get()), (Bytes{0x5A, 0x80, 0xA5, 0x00, 9, 0, 2, 0, 0}));
+  EXPECT_EQ(recorder.Take(), (Calls{"GetObjectA(bitmap:1, 24)", "GetBitmapBits(bitmap:1, 4)"}));
+}
+
+TEST(WholeBitmapToBytes, OfABitmapInColoursHoldEveryPixel) {
+  Bytes colors;
+  for (Byte pixel = 0; pixel < 15; ++pixel) {
+    for (const int channel : {1, 2, 3}) colors.push_back(static_cast<Byte>(16 * channel + pixel));
+    colors.push_back(0);
+  }
+  const OwnedBitmap bitmap(gdi::CreateBitmap(3, 5, 1, 32, colors.data()));
+  gdi::Recorder recorder;
+  Bytes expected = colors;
+  for (const Byte byte : {3, 0, 5, 0, 0}) expected.push_back(byte);
+  EXPECT_EQ(WholeBitmapToBytes(bitmap.Get()), expected);
+  EXPECT_EQ(recorder.Take(), (Calls{"GetObjectA(bitmap:1, 24)", "GetBitmapBits(bitmap:1, 60)"}));
+}
+
+TEST(WholeBitmapToBytes, EndInTheLow16BitsOfTheSize) {
+  const OwnedBitmap bitmap(gdi::CreateBitmap(0x10203, 1, 1, 32, nullptr));
+  const Bytes bytes = WholeBitmapToBytes(bitmap.Get());
+  ASSERT_EQ(bytes.size(), 0x10203u * 4 + 5);
+  EXPECT_EQ(Bytes(bytes.end() - 5, bytes.end()), (Bytes{0x03, 0x02, 1, 0, 0}));
+}
+
+TEST(WholeBitmapToBytes, OfWhatIsNoBitmapAreATrailerAlone) {
+  const WrongHandles wrong;
+  for (const auto& [name, handle] : wrong.All()) {
+    EXPECT_EQ(WholeBitmapToBytes(handle), (Bytes{0, 0, 0, 0, 0})) << name;
+  }
+}
+
+TEST(WholeBitmapToBytes, WithoutRoomForTheArrayAreError7) {
+  const OwnedBitmap bitmap(gdi::CreateBitmap(500, 500, 1, 32, nullptr));
+  {
+    const automation::AllocationWatch watch(1000004);
+    EXPECT_RAISES(7, "no room for the 1000005 bytes of a picture of 500 x 500 pixels",
+                  WholeBitmapToBytes(bitmap.Get()));
+  }
+  const automation::AllocationWatch watch(1000005);
+  EXPECT_EQ(WholeBitmapToBytes(bitmap.Get()).size(), 1000005u);
+}
+
 TEST(BytesToBitmap, MakesAOneBitBitmapOfTheRowsAndTheSizeInTheTrailer) {
   gdi::Recorder recorder;
   const OwnedBitmap bitmap(BytesToBitmap({0x5A, 0x80, 0xA5, 0x00, 9, 0, 2, 0, 0}));

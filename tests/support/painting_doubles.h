@@ -98,6 +98,9 @@ class PaintingColors final : public corvane1::ColorService {
                          gdi::HDC dc) override {
     notes_->Add("DrawPressed3DRect", left, top, right, bottom, colorNumber, pressed, notes_->Named(dc));
   }
+  void DrawFlatRect(Long x1, Long y1, Long x2, Long y2, Long colorNumber, gdi::HDC dc) override {
+    notes_->Add("DrawFlatRect", x1, y1, x2, y2, colorNumber, notes_->Named(dc));
+  }
 
  private:
   PaintingNotesRef notes_;
