@@ -340,13 +340,13 @@ TEST_F(PaintedBar, WhoseEdgeDoesNotFit32BitsLeavesNothingBehind) {
   clsVarBargraph bar;
   const std::size_t before = gdi::LiveObjects();
   EXPECT_EQ(ErrorOf([&] { Paint(bar, 3, 20, kLeast); }), 6);
-  EXPECT_EQ(ErrorOf([&] { Paint(bar, 3, 20, kLeast + 3); }), 6);
+  EXPECT_EQ(ErrorOf([&] { Paint(bar, 3, 20, kLeast + 2); }), 6);
   EXPECT_EQ(ErrorOf([&] { Paint(bar, 2, 20, kLeast); }), 6);
   EXPECT_EQ(ErrorOf([&] { Paint(bar, 0, 20, kMost); }), 6);
   EXPECT_EQ(gdi::LiveObjects(), before);
   EXPECT_EQ(bar.DrawingElement()->ImageCRC(), -1);
   // No picture has such a size, but its rectangle can be told.
-  EXPECT_EQ(FillOf(3, 3, 20, kLeast + 4), "{4, 4, 11, -2147483647}");
+  EXPECT_EQ(FillOf(3, 3, 20, kLeast + 3), "{4, 4, 11, -2147483648}");
   EXPECT_EQ(FillOf(0, 3, 20, kMost - 1), "{0, 0, 11, 2147483647}");
 }
 

@@ -10,7 +10,6 @@
 namespace quenzel7 {
 namespace {
 
-using automation::Add;
 using automation::RoundHalfEven;
 using automation::Subtract;
 
@@ -20,9 +19,8 @@ using automation::Subtract;
 struct clsVarBargraph::Painter {
   void (*background)(corvane1::ColorService& colors, Long width, Long height, Long color, gdi::HDC dc);
   Long margin;
-  /// How far the far edges reach beyond what the margin leaves: pages are composed with bars that are not in
-  /// the middle of their frames.
-  Long beyond;
+  /// The same at the far edges. Pages are composed with bars that are not in the middle of their frames.
+  Long farMargin;
 
   /// The half of the scale that is full; nothing for a bar that grows in no direction.
   gdi::RECT FillOf(enBarGraphDrawType type, Long width, Long height) const;
@@ -31,23 +29,19 @@ struct clsVarBargraph::Painter {
 };
 
 gdi::RECT clsVarBargraph::Painter::FillOf(enBarGraphDrawType type, Long width, Long height) const {
-  // Along the way that the bar grows: a bar from the near end, and one from the far end.
+  // A bar from the near end ends a little beyond where one from the far end begins.
   const auto toMiddle = [](Long size) { return RoundHalfEven(size / 2.0 + 1); };
   const auto middle = [](Long size) { return RoundHalfEven(size / 2.0); };
-  const auto toEnd = [this, &middle](Long size) {
-    return RoundHalfEven(middle(size) + size / 2.0 - margin + beyond);
-  };
-  // Across that way it fills what the margin leaves.
-  const auto farEdge = [this](Long size) { return Add(Subtract(size, margin), beyond); };
+  const auto end = [this](Long size) { return Subtract(size, farMargin); };
   switch (type) {
     case eBD_LeftToRight:
-      return {margin, margin, toMiddle(width), farEdge(height)};
+      return {margin, margin, toMiddle(width), end(height)};
     case eBD_RightToLeft:
-      return {middle(width), margin, toEnd(width), farEdge(height)};
+      return {middle(width), margin, end(width), end(height)};
     case eBD_TopToBottom:
-      return {margin, margin, farEdge(width), toMiddle(height)};
+      return {margin, margin, end(width), toMiddle(height)};
     case eBD_BottomToTop:
-      return {margin, middle(height), farEdge(width), toEnd(height)};
+      return {margin, middle(height), end(width), end(height)};
     default:
       return {};
   }
@@ -57,24 +51,24 @@ const clsVarBargraph::Painter clsVarBargraph::Painter::kRaisedFrame = {
     [](corvane1::ColorService& colors, Long width, Long height, Long color, gdi::HDC dc) {
       colors.DrawPressed3DRect(0, 0, width, height, color, 0, dc);
     },
-    4, 1};
+    4, 3};
 const clsVarBargraph::Painter clsVarBargraph::Painter::kSunkenFrame = {
     [](corvane1::ColorService& colors, Long width, Long height, Long color, gdi::HDC dc) {
       colors.DrawPressed3DRect(0, 0, width, height, color, 1, dc);
     },
-    4, 1};
+    4, 3};
 const clsVarBargraph::Painter clsVarBargraph::Painter::kFlatFrame = {
     [](corvane1::ColorService& colors, Long width, Long height, Long color, gdi::HDC dc) {
       colors.DrawFlatRect(0, 0, width, height, color, dc);
     },
-    0, 1};
+    0, -1};
 const clsVarBargraph::Painter clsVarBargraph::Painter::kPlainFrame = {
     [](corvane1::ColorService& colors, Long width, Long height, Long color, gdi::HDC dc) {
       const gdi::LOGBRUSH solid{gdi::BS_SOLID, colors.GetColor(color), 0};
       const gdi::SelectedBrush brush(dc, gdi::CreateBrushIndirect(&solid));
       gdi::Rectangle(dc, 0, 0, width, height);
     },
-    1, 0};
+    1, 1};
 
 // clang-format off
 struct clsVarBargraph::KeyList {
