@@ -8,92 +8,25 @@
 
 #include "framework/element_contract.h"
 #include "framework/element_types.h"
-#include "platform/automation/array.h"
 #include "platform/automation/collection.h"
-#include "platform/automation/convert.h"
 #include "platform/automation/member.h"
 #include "shapes/group.h"
+#include "tests/support/note_taker.h"
 
 /// Elements that note what they are told, for tests of what holds elements.
 namespace quenzel7::test {
 
-/// How an argument stands in a note.
-inline std::string Told(bool value) { return value ? "True" : "False"; }
-inline std::string Told(Long value) { return std::to_string(value); }
-inline std::string Told(const std::string& text) { return '"' + text + '"'; }
-inline std::string Told(const automation::Object& object) { return std::string(object.Class().name); }
-inline std::string Told(const automation::Variant& value) {
-  if (!value.IsArray()) return automation::To<std::string>(value);
-  const automation::Array& array = value.Elements();
-  if (array.Dimensions() == 2) return "map";
-  std::string cells;
-  for (Long index = array.LowerBound(1); index <= array.UpperBound(1); ++index) {
-    cells += (cells.empty() ? "" : " ") + automation::To<std::string>(array.At(index));
-  }
-  return '[' + cells + ']';
-}
-
 /// An element of the host's own that notes all that it is asked through the element contract, in order, and
-/// answers as the stubs do: "name.Move(3, 4)", "name.GroupID=5", "name.IsTouchable?".
-class NotingElement : public ItfHmiElement {
+/// answers as the stubs do.
+class NotingElement : public ItfHmiElement, public NoteTaker {
  public:
-  using Notes = std::function<void(const std::string&)>;
-
-  NotingElement(std::string name, Notes notes) : name_(std::move(name)), notes_(std::move(notes)) {}
-
-  const std::string& Name() const { return name_; }
-  const Notes& Log() const { return notes_; }
-
-  /// Runs in every call after it was noted, with the name of what is asked; may raise.
-  std::function<void(const std::string& asked)> during;
+  using NoteTaker::NoteTaker;
 
  protected:
-  void Note(const std::string& asked, const std::string& arguments) const {
-    notes_(name_ + '.' + asked + arguments);
-    if (during) during(asked);
-  }
-
-  /// Notes a call with the arguments that it is then called with itself.
-  auto NoteCall(const char* asked) const {
-    return [this, asked](const auto&... arguments) {
-      std::string list;
-      ((list += (list.empty() ? "" : ", ") + Told(arguments)), ...);
-      Note(asked, '(' + list + ')');
-    };
-  }
-
-#define READ(type, name, stub, doc)               \
-  type ItfHmiElement_##name() const override {    \
-    Note(#name, "?");                             \
-    return ItfHmiElement::ItfHmiElement_##name(); \
-  }
-#define READ_WRITE(type, name, stub, doc)           \
-  READ(type, name, stub, doc)                       \
-  void ItfHmiElement_##name(type pValue) override { \
-    Note(#name, '=' + Told(pValue));                \
-    ItfHmiElement::ItfHmiElement_##name(pValue);    \
-  }
-#define WRITE_READ READ_WRITE
-#define METHOD(result, name, parameters, arguments, stub, doc) \
-  result ItfHmiElement_##name parameters override {            \
-    NoteCall(#name) arguments;                                 \
-    return ItfHmiElement::ItfHmiElement_##name arguments;      \
-  }
-#define QUERY(result, name, parameters, arguments, stub, doc) \
-  result ItfHmiElement_##name parameters const override {     \
-    NoteCall(#name) arguments;                                \
-    return ItfHmiElement::ItfHmiElement_##name arguments;     \
-  }
-#include "framework/element_members.inc"
-#undef READ
-#undef READ_WRITE
-#undef WRITE_READ
-#undef METHOD
-#undef QUERY
-
- private:
-  std::string name_;
-  Notes notes_;
+#define QUENZEL7_NOTED_BASE ItfHmiElement
+#define QUENZEL7_IMPLEMENTED(name) ItfHmiElement_##name
+#define QUENZEL7_MEMBERS "framework/element_members.inc"
+#include "tests/support/note_contract.inc"
 };
 
 /// A noting element that claims to be of a class and answers what it is given to answer. It has the members
