@@ -26,7 +26,13 @@ class VariableTest : public SavedShape<clsVar> {
   }
 
   NoteTaker::Notes Notes() {
-    return [this](const std::string& note) { Recorder().Note(note); };
+    return [this](const std::string& note) {
+      if (painting_) {
+        painting_->Add(note);
+      } else {
+        Recorder().Note(note);
+      }
+    };
   }
   std::shared_ptr<DrawnDouble> NewDrawing(Long elementType) {
     return std::make_shared<DrawnDouble>(elementType, Notes());
@@ -54,6 +60,8 @@ class VariableTest : public SavedShape<clsVar> {
     return log;
   }
 
+  /// Where notes go instead while something is painted, among the calls of the graphics interface.
+  gdi::Recorder* painting_ = nullptr;
   std::shared_ptr<DrawnDouble> element_;
   std::shared_ptr<HandlerDouble> handler_;
 };
