@@ -81,20 +81,20 @@ constexpr struct {
 TEST_F(DraggedVariable, OfAPictureOrAMeterMovesTheEdgesOfItsFrameFromTheLastStep) {
   for (const Long type : {1, 4, 12, 20, 21}) {
     for (const Long global : {0, 5}) {
-      for (const auto& [direction, xSteps, ySteps] : kDirections) {
-        for (const EdgeSteps& x : xSteps) {
-          for (const EdgeSteps& y : ySteps) {
+      for (const auto& drag : kDirections) {
+        for (const EdgeSteps& x : drag.x) {
+          for (const EdgeSteps& y : drag.y) {
             const auto variable = Of(type);
             variable->GlobalVarID(global);
             const auto expect = [&](Long left, Long top, Long right, Long bottom) {
               const Descriptor frame{left, top, right - left, bottom - top};
               EXPECT_EQ(BoundsOf(*variable), frame)
-                  << type << ", " << direction << ": " << x.first << ' ' << y.first;
+                  << type << ", " << drag.direction << ": " << x.first << ' ' << y.first;
               EXPECT_EQ(At(*variable, 3), frame);
             };
-            Drag(*variable, x.first, y.first, direction);
+            Drag(*variable, x.first, y.first, drag.direction);
             expect(x.near1, y.near1, x.far1, y.far1);
-            Drag(*variable, x.second, y.second, direction);
+            Drag(*variable, x.second, y.second, drag.direction);
             expect(x.near2, y.near2, x.far2, y.far2);
             for (const Long location : {1, 2, 4}) {
               EXPECT_EQ(At(*variable, location), (Descriptor{10, 20, 30, 40}));
