@@ -44,8 +44,6 @@ void clsVar::ItfHmiElement_Draw(Long pHdc, bool pDrawBoundingRect) {
     const Descriptor& rest = Initial();
     const bool hasSizeAtRest = rest.dx == shown.dx && rest.dy == shown.dy;
     if (!hasSizeAtRest || pDrawBoundingRect) place = rest;
-    place.dx = rest.dx;
-    place.dy = rest.dy;
     element.TransparencyLevel(transparencyLevel_);
   }
   element.Xs(place.xs);
