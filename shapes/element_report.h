@@ -20,6 +20,10 @@ class ElementReport {
   /// The memory bit that serves some purpose; no line for address -1.
   void MemoryBit(const std::string& label, Long address);
 
+ protected:
+  /// The printing control, for what is no line.
+  automation::Object& Printer() const { return printer_; }
+
  private:
   automation::Object& printer_;
 };

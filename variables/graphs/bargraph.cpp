@@ -6,6 +6,7 @@
 #include "platform/gdi/selected.h"
 #include "platform/platform.h"
 #include "shapes/frame_styles.h"
+#include "variables/variable_report.h"
 
 namespace quenzel7 {
 namespace {
@@ -144,6 +145,34 @@ void clsVarBargraph::Paint(const Painter& painter, Long hdc, Long width, Long he
   gdi::SelectObject(canvas.Dc(), brush.Get());
   gdi::FillRect(canvas.Dc(), &fill, brush.Get());
   canvas.ShowIn(Drawing());
+}
+
+// --- Report ---
+
+namespace {
+
+std::string DirectionName(enBarGraphDrawType type) {
+  switch (type) {
+    case eBD_BottomToTop:
+      return "Up";
+    case eBD_TopToBottom:
+      return "Down";
+    case eBD_LeftToRight:
+      return "Right";
+    case eBD_RightToLeft:
+      return "Left";
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+void clsVarBargraph::WriteReport(VariableReport& report) const {
+  report.Common({ReportLine::Link, ReportLine::Hide, ReportLine::Style, ReportLine::Features});
+  report.Feature("Direction: ", DirectionName(bargraphType_));
+  report.Feature("Min Value: ", min_);
+  report.Feature("Max Value: ", max_);
 }
 
 }  // namespace quenzel7

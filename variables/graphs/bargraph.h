@@ -48,6 +48,7 @@ class clsVarBargraph final : public HandlerClass<clsVarBargraph, PictureHandler,
   void PaintPicture(const PictureRequest& request) override;
   /// Error 6 for a number that does not fit 16 bits.
   void TakeColorFore(Long color) override;
+  void WriteReport(VariableReport& report) const override;
 
  private:
   struct KeyList;

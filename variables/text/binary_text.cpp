@@ -1,5 +1,7 @@
 #include "variables/text/binary_text.h"
 
+#include "variables/variable_report.h"
+
 namespace quenzel7 {
 
 // clang-format off
@@ -21,6 +23,12 @@ clsVarBinaryText::clsVarBinaryText()
 const HandlerKeys& clsVarBinaryText::Keys() const {
   static const KeysOf<clsVarBinaryText> keys(KeyList::kTable);
   return keys;
+}
+
+void clsVarBinaryText::WriteReport(VariableReport& report) const {
+  static constexpr ReportColumn kColumns[] = {{"Text For 0", "50%"}, {"Text For 1", "50%"}};
+  report.Common(kTableReportLines);
+  report.Table(kColumns, {{ListTexts(1)->Txt(), ListTexts(2)->Txt()}});
 }
 
 }  // namespace quenzel7

@@ -27,6 +27,8 @@ class clsVarBinaryText final : public HandlerClass<clsVarBinaryText, TextListHan
   bool Switch() const { return switch_; }
   void Switch(bool pValue) { switch_ = pValue; }
 
+  void WriteReport(VariableReport& report) const override;
+
  private:
   struct KeyList;
 

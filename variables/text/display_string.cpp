@@ -1,6 +1,7 @@
 #include "variables/text/display_string.h"
 
 #include "shapes/element_setting.h"
+#include "variables/variable_report.h"
 
 namespace quenzel7 {
 
@@ -39,6 +40,13 @@ const HandlerKeys& clsVarDisplayString::Keys() const {
 void clsVarDisplayString::ReSyncDrawingElementParams(Long, Long pFontNum) {
   Drawing().Txt(stringPattern_);
   Drawing().FontNumber(pFontNum);
+}
+
+void clsVarDisplayString::WriteReport(VariableReport& report) const {
+  report.Common({ReportLine::Link, ReportLine::Hide, ReportLine::Features});
+  report.Feature("Start Vector: ", startVector_);
+  report.Feature("Vector Length: ", vectorLength_);
+  report.Feature("String Pattern: ", stringPattern_);
 }
 
 }  // namespace quenzel7

@@ -39,6 +39,7 @@ class clsVarDisplayString final
 
   /// Gives the text element the sample and the font.
   void ReSyncDrawingElementParams(Long pDefaultDisplay, Long pFontNum) override;
+  void WriteReport(VariableReport& report) const override;
 
  private:
   struct KeyList;

@@ -1,5 +1,7 @@
 #include "variables/text/list_text.h"
 
+#include "variables/variable_report.h"
+
 namespace quenzel7 {
 
 // clang-format off
@@ -20,6 +22,14 @@ clsVarListText::clsVarListText()
 const HandlerKeys& clsVarListText::Keys() const {
   static const KeysOf<clsVarListText> keys(KeyList::kTable, KeyList::kRead, {});
   return keys;
+}
+
+void clsVarListText::WriteReport(VariableReport& report) const {
+  static constexpr ReportColumn kColumns[] = {{"Index", "10%"}, {"Text", "90%"}};
+  std::vector<std::vector<std::string>> rows;
+  for (const TextElementRef& text : texts_) rows.push_back({std::to_string(rows.size() + 1), text->Txt()});
+  report.Common(kTableReportLines);
+  report.Table(kColumns, rows);
 }
 
 }  // namespace quenzel7

@@ -20,6 +20,8 @@ class clsVarListText final : public HandlerClass<clsVarListText, TextListHandler
 
   clsVarListText();
 
+  void WriteReport(VariableReport& report) const override;
+
  private:
   struct KeyList;
 

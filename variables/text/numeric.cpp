@@ -4,6 +4,8 @@
 #include "platform/platform.h"
 #include "shapes/element_setting.h"
 #include "variables/text_element_keys.h"
+#include "variables/var_element.h"
+#include "variables/variable_report.h"
 
 namespace quenzel7 {
 namespace {
@@ -123,6 +125,40 @@ void clsVarNumeric::ReSyncDrawingElementParams(Long, Long pFontNum) {
   }
   ShowText(IsPassword_ && Postfix_.empty() ? Format_ : Postfix_);
   Drawing().FontNumber(pFontNum);
+}
+
+// --- Report ---
+
+void clsVarNumeric::WriteReport(VariableReport& report) const {
+  report.Common(kAllReportLines);
+  if (report.Variable().VarType() == eVT_Password) {
+    report.Feature("Format: ", Format_);
+  } else {
+    WriteNumberReport(report);
+  }
+}
+
+void clsVarNumeric::WriteNumberReport(VariableReport& report) const {
+  if (DoLinearization_) {
+    // The raw value lies along X, what is shown of it along Y.
+    report.Feature("Linear X Min: ", linearMIMin_);
+    report.Feature("Linear X Max: ", linearMIMax_);
+    report.Feature("Linear Y Min: ", linearDMin_);
+    report.Feature("Linear Y Max: ", linearDMax_);
+  }
+  if (UseEntryLimits_) {
+    report.Feature("Entry Min Value: ", entryLimitMin_);
+    report.Feature("Entry Max Value: ", entryLimitMax_);
+  }
+  report.Feature("Format: ", Format_);
+  // Where nothing fills the digits, nothing is told of it.
+  if (LeadingType_ == eLT_Zeroes) report.Feature("Leading Type: ", "Zeroes");
+  if (LeadingType_ == eLT_Spaces) report.Feature("Leading Type: ", "Spaces");
+  report.Feature("Postfix: ", Postfix_);
+  report.FeatureIf(DoLinearization_, "Linearization: ");
+  report.FeatureIf(report.Variable().KeypadEntry(), "Key Pad Entry: ");
+  report.FeatureIf(StartWithClearFields_, "Start With Clear Field: ");
+  report.Feature("Arrows Increment Value: ", ArrowsIncrementValue_);
 }
 
 }  // namespace quenzel7

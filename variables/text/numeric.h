@@ -86,12 +86,15 @@ class clsVarNumeric final : public HandlerClass<clsVarNumeric, SampleTextHandler
   /// Gives the text element the sample, and the font that the string of the library has or the given one.
   /// Errors of the string library and of the text's fitting.
   void ReSyncDrawingElementParams(Long pDefaultDisplay, Long pFontNum) override;
+  /// Of a password only the format is told.
+  void WriteReport(VariableReport& report) const override;
 
  private:
   struct KeyList;
 
   clsVarTextElement& Reference() const;
   void ShowText(const std::string& text);
+  void WriteNumberReport(VariableReport& report) const;
 
   const HandlerKeys& Keys() const override;
   std::vector<ExtraOperand> ExtraOperands() override;

@@ -1,5 +1,7 @@
 #include "variables/text/range_text.h"
 
+#include "variables/variable_report.h"
+
 namespace quenzel7 {
 
 // clang-format off
@@ -33,6 +35,16 @@ std::vector<BinaryHandler::ExtraOperand> clsVarRangeText::ExtraOperands() {
     operands.push_back({{text, &text->To()}});
   }
   return operands;
+}
+
+void clsVarRangeText::WriteReport(VariableReport& report) const {
+  static constexpr ReportColumn kColumns[] = {{"From", "33%"}, {"To", "33%"}, {"Text", "34%"}};
+  std::vector<std::vector<std::string>> rows;
+  for (const TextElementRef& text : texts_) {
+    rows.push_back({OperandReportText(text->From()), OperandReportText(text->To()), text->Txt()});
+  }
+  report.Common(kTableReportLines);
+  report.Table(kColumns, rows);
 }
 
 }  // namespace quenzel7

@@ -22,6 +22,8 @@ class clsVarRangeText final : public HandlerClass<clsVarRangeText, TextListHandl
 
   clsVarRangeText();
 
+  void WriteReport(VariableReport& report) const override;
+
  private:
   struct KeyList;
 
