@@ -98,9 +98,10 @@ struct clsVar::Columns : PositionColumns<clsVar>, ColumnForms {
           kGroupId)
           .Then(kOperands)
           .Then(MakeColumnTable(kVarType));
+  /// The tab number is looked for after this.
+  static constexpr auto kSaveKeypad = MakeColumnTable(kKeypadEntry);
   static constexpr auto kSaveLast =
       MakeColumnTable(
-          kKeypadEntry,
           kTabIndex,
           kOperandType, kOperandAddress,
           kText,
@@ -212,6 +213,7 @@ bool clsVar::Save(const VarTypes& sizedTypes, Notice notice) {
 void clsVar::WriteRow(ado::Recordset& row) {
   WriteColumns<clsVar>(row, *this, Columns::kSaveFirst);
   TellKeypad();
+  WriteColumns<clsVar>(row, *this, Columns::kSaveKeypad);
   TakeTabIndex();
   WriteColumns<clsVar>(row, *this, Columns::kSaveLast);
 }
