@@ -43,28 +43,9 @@ TEST(ElementReport, TellsAMemoryBitUnlessThereIsNone) {
   EXPECT_EQ(printer.Lines(), (Lines{"Hide Operand: MB 17", "Hide Operand: MB 0", "Touch: MB -2"}));
 }
 
-/// A printing control that takes no more than one paragraph.
-class ShortPaper final : public automation::Object {
- public:
-  const automation::ClassInfo& Class() const override {
-    static const automation::Member members[] = {automation::Property<std::string>(
-        "Paragraph", "Appends a line.", nullptr, AUTOMATION_SETTER(ShortPaper, std::string, Append))};
-    static const automation::Interface interface("ShortPaper", members);
-    static const automation::Interface* const interfaces[] = {&interface};
-    static const automation::ClassInfo info{"ShortPaper", interfaces, nullptr};
-    return info;
-  }
-
-  void Append(const std::string& line) {
-    if (!lines.empty()) throw automation::AutomationError(automation::ErrorNumber::Database, "no paper");
-    lines.push_back(line);
-  }
-
-  Lines lines;
-};
-
 TEST(ElementReport, AnErrorOfThePrintingControlLeavesTheLinesBefore) {
-  ShortPaper printer;
+  test::ReportDouble printer;
+  printer.FailAfter(1);
   ElementReport report(printer);
   report.Line("first");
   const Long error = static_cast<Long>(automation::ErrorNumber::Database);
@@ -72,7 +53,7 @@ TEST(ElementReport, AnErrorOfThePrintingControlLeavesTheLinesBefore) {
   EXPECT_EQ(test::ErrorOf([&] { report.Coordinates({}); }), error);
   EXPECT_EQ(test::ErrorOf([&] { report.MemoryBit("Touch: ", 5); }), error);
   EXPECT_EQ(test::ErrorOf([&] { report.MemoryBit("Touch: ", -1); }), 0);
-  EXPECT_EQ(printer.lines, Lines{"first"});
+  EXPECT_EQ(printer.Lines(), Lines{"first"});
 }
 
 TEST(ElementReport, APrintingControlWithoutParagraphsIsAnError) {
