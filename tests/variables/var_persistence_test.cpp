@@ -232,7 +232,7 @@ TEST_F(RowOfVariable, ATabNumberThatIsNoByteIsAnError) {
 }
 
 TEST_F(RowOfVariable, TheFirstGapInTheTabNumbersOfThePageIsTaken) {
-  const auto take = [this] {
+  const auto take = [] {
     const auto variable = Distinct();
     variable->TabIndex(255);
     variable->SaveToDB();
