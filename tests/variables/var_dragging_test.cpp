@@ -454,8 +454,8 @@ TEST_F(DraggedVariable, TakesItsPlaceFromTheFrame) {
   for (const Long type : {1, 5}) {
     const auto variable = Of(type);
     ItfHmiElement& element = *variable;
-    Drag(*variable, 5, -50, ePD_DownRight);
-    const Descriptor frame{10, 10, 35, 10};
+    Drag(*variable, -3, -7, ePD_UpLeft);
+    const Descriptor frame{7, 13, 33, 47};
     EXPECT_EQ(BoundsOf(*variable), frame);
     element.GetSizeFromBoundingRect();
     for (Long location = 1; location <= 4; ++location) EXPECT_EQ(At(*variable, location), frame) << location;
