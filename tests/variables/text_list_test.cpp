@@ -362,7 +362,24 @@ TYPED_TEST(TextList, NeedsTheGreatestWidthAndTheGreatestHeightOfItsTexts) {
   EXPECT_EQ(this->RoomOf(*handler), (TextExtent{6, 6}));
   EXPECT_EQ(this->RoomOf(*this->Flat({"a\r\nb\r\nc", "abcdef"})), (TextExtent{6, 6}));
   EXPECT_EQ(this->RoomOf(*this->Flat({"abc"})), (TextExtent{3, 2}));
-  EXPECT_EQ(this->RoomOf(*this->Flat({})), (TextExtent{0, 0}));
+}
+
+TYPED_TEST(TextList, LeavesTheRoomAloneWhereThereIsNothingToMeasure) {
+  Long dx = 70, dy = 80;
+  this->Flat({})->GetOptimalDimensions(dx, dy);
+  EXPECT_EQ((TextExtent{dx, dy}), (TextExtent{70, 80}));
+  // A frame that has no size of its own.
+  const auto handler = this->Flat({"abc"});
+  handler->DrawingElement()->ItfHmiElement::Flat3D(9);
+  handler->GetOptimalDimensions(dx, dy);
+  EXPECT_EQ((TextExtent{dx, dy}), (TextExtent{70, 80}));
+}
+
+TYPED_TEST(TextList, HoldsAsManyTextsAsDataMayTellOf) {
+  const auto handler = this->Flat({});
+  for (Long text = 0; text < TextListHandler::kMostTexts; ++text) handler->AppendText();
+  EXPECT_RAISES(7, "no room for a list of 65537 texts", handler->AppendText());
+  EXPECT_EQ(handler->ListCount(), TextListHandler::kMostTexts);
 }
 
 TYPED_TEST(TextList, NeedsItInTheFontAndTheStyleOfTheElement) {

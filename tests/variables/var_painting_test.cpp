@@ -310,11 +310,11 @@ TEST_F(PaintedVariable, PicturesThatCouldNotBeResizedAreToldOnceAtTheEnd) {
   LibraryState::Current().ImageResizeFailed = true;
   const CallLog calls = CallsOf(*variable, true);
   ASSERT_FALSE(calls.empty());
-  EXPECT_EQ(calls.back(), "message 383");
-  EXPECT_EQ(std::count(calls.begin(), calls.end(), "message 383"), 1);
+  // A host that draws the page anew while the message is shown must not be shown it again.
+  EXPECT_EQ(calls.back(), "message 383 after the flag");
+  EXPECT_EQ(std::count(calls.begin(), calls.end(), "message 383 after the flag"), 1);
   EXPECT_FALSE(LibraryState::Current().ImageResizeFailed);
   const CallLog again = CallsOf(*variable, true);
-  EXPECT_EQ(std::count(again.begin(), again.end(), "message 383"), 0);
   EXPECT_EQ(again, CallLog(calls.begin(), calls.end() - 1));
 }
 
