@@ -40,7 +40,7 @@ struct VarElementMembers {
                           "Stores the touch operand's address and leaves the operand bags as they are."),
       QUENZEL7_VAR_PROPERTY(enHatchStyle, HatchStyle,
                             "Kept with the element and of no effect; a cross after loading.",
-                            automation::Mark::NotStored),
+                            automation::Mark::Transient),
       QUENZEL7_CONTRACT_PROPERTY(Long, GroupID, automation::Mark::Identity),
       QUENZEL7_VAR_PROPERTY(Long, DefaultDisplay, "The state that is shown in the editor, counted from 1."),
       QUENZEL7_VAR_PROPERTY(bool, KeypadEntry, "Whether the value is entered by the panel's keys."),

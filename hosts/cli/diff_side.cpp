@@ -4,6 +4,7 @@
 #include <set>
 
 #include "framework/tab_index.h"
+#include "framework/touch_style.h"
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/element_tree.h"
 #include "hosts/cli/host_tables.h"
@@ -13,6 +14,7 @@
 #include "hosts/cli/renderer.h"
 #include "hosts/cli/text_file.h"
 #include "hosts/cli/user_error.h"
+#include "hosts/cli/variable_settings.h"
 #include "platform/automation/call_by_name.h"
 #include "platform/gdi/surface.h"
 #include "shapes/element_columns.h"
@@ -53,15 +55,23 @@ std::map<Long, std::string> GuidsOf(ado::Connection& connection, Long page) {
   return guids;
 }
 
-/// Gives texts and frames those places in the tab order that import would: saving gives one to what is
-/// touchable and has none, and takes that of the others away.
+/// Whether the element has a place in the tab order of its page when it is saved.
+bool TakesPart(ItfHmiElement& element) {
+  if (IsVariable(element)) return GetTouchStyle(element) != eTS_None;
+  return automation::To<Long>(Read(element, "TouchOprndAddr")) != kNone;
+}
+
+/// Gives texts, frames, buttons and variables those places in the tab order that import would: saving gives
+/// one to what is touchable and has none, and takes that of the others away. A variable whose touch opens a
+/// keypad keeps its place.
 void TakeTabIndices(const std::vector<ElementRef>& elements) {
   std::set<Long> taken;
   WalkElements(elements, [&taken](ItfHmiElement& element, const ElementPath&) {
-    if (!BearsText(element)) return;
+    if (!element.Class().Default().Find("TabIndex")) return;
     const Long touch = automation::To<Long>(Read(element, "TouchOprndAddr"));
-    Long place = touch < 0 ? kNoTabIndex : automation::To<Long>(Read(element, "TabIndex"));
-    if (touch != kNone && place == kNoTabIndex) {
+    const bool isKept = touch >= 0 || (IsVariable(element) && TakesPart(element));
+    Long place = isKept ? automation::To<Long>(Read(element, "TabIndex")) : kNoTabIndex;
+    if (TakesPart(element) && place == kNoTabIndex) {
       place = 0;
       while (taken.count(place) > 0) ++place;
     }
@@ -130,6 +140,7 @@ LoadedPage DiffSide::Load(const PageInfo& info, const Console& console) {
     AtPlace(ElementPlace(source_.Place(), page.elements.size() + 1, element.elementClass->name),
             [&] { page.elements.push_back(MakeElement(element, source_.File()->folder)); });
   }
+  PutVariablesOnTop(page.elements);
   TakeTabIndices(page.elements);
   return page;
 }

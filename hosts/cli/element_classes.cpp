@@ -7,13 +7,20 @@
 #include "platform/automation/call_by_name.h"
 #include "platform/automation/convert.h"
 #include "shapes/shape_classes.h"
+#include "variables/var_element.h"
 
 namespace quenzel7::cli {
 
 using automation::ClassInfo;
 
 const ElementClasses& ElementClasses::All() {
-  static const ElementClasses all(ShapeClasses());
+  static const std::vector<const ClassInfo*> classes = [] {
+    const auto shapes = ShapeClasses();
+    std::vector<const ClassInfo*> known(shapes.begin(), shapes.end());
+    known.push_back(&clsVar::ClassOf());
+    return known;
+  }();
+  static const ElementClasses all(classes);
   return all;
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "framework/element_types.h"
+#include "hosts/cli/element_calls.h"
 #include "platform/automation/call_by_name.h"
 #include "platform/automation/collection.h"
 #include "platform/automation/convert.h"
@@ -53,6 +55,18 @@ void AddMember(ItfHmiElement& group, const ElementRef& element) {
   if (IsGroup(*element)) {
     automation::PutByName(group, "Depth", std::max(DepthOf(group), 1 + DepthOf(*element)));
   }
+}
+
+bool IsVariableLayer(ItfHmiElement& element) {
+  if (!IsGroup(element)) return To<Long>(Read(element, "ElementType")) == kVariableElement;
+  const std::vector<ElementRef> members = MembersOf(element);
+  return !members.empty() && std::all_of(members.begin(), members.end(),
+                                         [](const ElementRef& member) { return IsVariableLayer(*member); });
+}
+
+void PutVariablesOnTop(std::vector<ElementRef>& elements) {
+  std::stable_partition(elements.begin(), elements.end(),
+                        [](const ElementRef& element) { return !IsVariableLayer(*element); });
 }
 
 void WalkElements(const std::vector<ElementRef>& elements,

@@ -30,6 +30,13 @@ void AddMember(ItfHmiElement& group, const ElementRef& element);
 /// counted from 1.
 using ElementPath = std::vector<std::size_t>;
 
+/// Puts the variables, and the groups that hold nothing else, behind the others, and keeps the order among
+/// both: they are painted above all others and have no place among these.
+void PutVariablesOnTop(std::vector<ElementRef>& elements);
+
+/// Whether the element is a variable, or a group of nothing else.
+bool IsVariableLayer(ItfHmiElement& element);
+
 /// Visits the elements, and after each group its members, in their order.
 void WalkElements(const std::vector<ElementRef>& elements,
                   const std::function<void(ItfHmiElement& element, const ElementPath& path)>& visit);

@@ -6,6 +6,7 @@
 #include "hosts/cli/page_store.h"
 #include "hosts/cli/text_table.h"
 #include "hosts/cli/user_error.h"
+#include "hosts/cli/variable_settings.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -36,12 +37,13 @@ int ListCommand(const std::string& projectPath, const Console& console) {
                  std::to_string(info.panel.width) + "x" + std::to_string(info.panel.height),
                  std::to_string(CountElements(page.elements))});
       WalkElements(page.elements, [&](ItfHmiElement& element, const ElementPath& path) {
-        // A group has no order of its own.
-        const std::string order = IsGroup(element) ? "" : Text(Read(element, "OrderIndex"));
+        // Groups and variables have no order of their own.
+        const bool isVariable = IsVariable(element);
+        const std::string order = IsGroup(element) || isVariable ? "" : Text(Read(element, "OrderIndex"));
         const std::string indentation(2 * (path.size() - 1), ' ');
         elements.Add({number, order, std::to_string(IdOf(element)),
                       indentation + std::string(element.Class().name), Text(Call(element, "GetToolTipText")),
-                      BearsText(element) ? Quoted(Text(Read(element, "Txt"))) : ""});
+                      BearsText(element) || isVariable ? Quoted(Text(Read(element, "Txt"))) : ""});
       });
     }
   });

@@ -5,6 +5,7 @@
 #include "hosts/cli/element_matching.h"
 #include "hosts/cli/element_picture.h"
 #include "hosts/cli/user_error.h"
+#include "hosts/cli/variable_settings.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -97,12 +98,34 @@ class Comparison {
     }
     for (std::size_t at = 0; at < before.values.size(); ++at) {
       if (before.values[at] == after.values[at]) continue;
+      if (!SettingsKey(before.properties[at]).empty()) {
+        CompareSettings(name, before.properties[at], before.values[at], after.values[at]);
+        continue;
+      }
       const bool isPicture = before.properties[at] == kPictureKey;
       Tell(name + ": " + std::string(before.properties[at]) + " " +
            (isPicture ? before.picture : before.values[at]) + " -> " +
            (isPicture ? after.picture : after.values[at]));
     }
     if (diff_.lines.size() > linesBefore) diff_.differsA[index] = diff_.differsB[partner] = true;
+  }
+
+  /// Tells what differs in settings by their paths; what only one side has differs from none.
+  void CompareSettings(const std::string& name, std::string_view key, const std::string& before,
+                       const std::string& after) {
+    std::map<std::string, std::string> rest;
+    for (auto& [path, value] : SettingsByPath(key, Json::parse(after))) rest[path] = value;
+    const auto tell = [this, &name](const std::string& path, const std::string& from, const std::string& to) {
+      if (from != to) Tell(name + ": " + path + " " + from + " -> " + to);
+    };
+    for (const auto& [path, value] : SettingsByPath(key, Json::parse(before))) {
+      const auto other = rest.find(path);
+      tell(path, value, other == rest.end() ? "none" : other->second);
+      if (other != rest.end()) rest.erase(other);
+    }
+    for (const auto& [path, value] : SettingsByPath(key, Json::parse(after))) {
+      if (rest.count(path) > 0) tell(path, "none", value);
+    }
   }
 
   void Tell(const std::string& what) {

@@ -39,12 +39,15 @@ struct PropertyValue {
 };
 
 /// One element of a page file: its class and the properties that it gives, in the order of PageProperties,
-/// the members of a group, the lowest first, and the picture of an element that holds one.
+/// the members of a group, the lowest first, the picture of an element that holds one, and the settings of a
+/// variable.
 struct PageElement {
   const automation::ClassInfo* elementClass;
   std::vector<PropertyValue> values;
   std::vector<PageElement> elements = {};
   std::optional<FiledPicture> picture = {};
+  /// Of a variable: what the page file says under kSettingsKeys, as it stands there.
+  Json settings = Json::object();
 };
 
 /// What a page file says. The first element is the lowest one.
@@ -73,8 +76,8 @@ PageFile ReadPageFile(std::string_view text, const std::string& place,
                       const ElementClasses& classes = ElementClasses::All());
 
 /// Makes the element: a fresh one of the class with the properties set, through call by name, and a group
-/// with its members. The files of pictures are seen from `folder`. Raises what the class and the image
-/// library raise, with the property's name.
+/// with its members, the variables among them on top. The files of pictures are seen from `folder`. Raises
+/// what the class and the image library raise, with the property's name.
 ElementRef MakeElement(const PageElement& element, const std::string& folder = {});
 
 /// The page with the properties that differ from those of a fresh element, and position and size always, and

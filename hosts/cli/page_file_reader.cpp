@@ -9,6 +9,7 @@
 #include "hosts/cli/page_properties.h"
 #include "hosts/cli/property_values.h"
 #include "hosts/cli/user_error.h"
+#include "hosts/cli/variable_settings.h"
 #include "platform/automation/call_by_name.h"
 #include "platform/automation/convert.h"
 #include "shapes/element_columns.h"
@@ -111,6 +112,11 @@ bool IsPictureKey(std::string_view key) { return automation::EqualFolded(key, kP
 
 bool HoldsPicture(const ClassInfo& elementClass) { return PictureInterfaceOf(elementClass) != nullptr; }
 
+/// Whether the key tells settings of an element of the class that stand in an object of their own.
+bool IsSettingsKey(std::string_view key, const ClassInfo& elementClass) {
+  return IsVariableClass(elementClass) && !SettingsKey(key).empty();
+}
+
 /// Whether the key is one of those that every object of its kind has, and no property.
 bool IsFixedKey(std::string_view key) { return IsClassKey(key) || IsElementsKey(key); }
 
@@ -142,6 +148,9 @@ const Member& FindProperty(const ClassInfo& elementClass, const std::vector<cons
     std::vector<std::string_view> names;
     for (const Member* property : properties) names.push_back(property->name);
     if (HoldsPicture(elementClass)) names.push_back(kPictureKey);
+    if (IsVariableClass(elementClass)) {
+      names.insert(names.end(), std::begin(kSettingsKeys), std::end(kSettingsKeys));
+    }
     throw UserError(named + " does not exist; nearest is " + Quoted(automation::NearestName(name, names)));
   }
   if (member->IsMethod()) throw UserError(Quoted(name) + " is a method, not a property");
@@ -165,6 +174,7 @@ std::vector<PropertyValue> ReadValues(const Json& element, const ClassInfo& elem
                       " only");
     }
     if (IsPictureKey(key) && HoldsPicture(elementClass)) continue;
+    if (IsSettingsKey(key, elementClass)) continue;
     const Member& property = FindProperty(elementClass, properties, key);
     values.push_back({&property, Named("property " + Quoted(property.name), [&property, &value = value] {
                         // The property is wider than the column of its row.
@@ -188,6 +198,14 @@ std::optional<FiledPicture> ReadPicture(const Json& element, const ClassInfo& el
     }
   }
   return {};
+}
+
+Json ReadSettings(const Json& element, const ClassInfo& elementClass) {
+  Json settings = Json::object();
+  for (const auto& [key, value] : element.items()) {
+    if (IsSettingsKey(key, elementClass)) settings[key] = value;
+  }
+  return settings;
 }
 
 /// A group that got a touchable member would refuse it, and be deleted for it, when all are saved already.
@@ -242,6 +260,7 @@ class ElementReader {
     PageElement element = AtPlace(elementPlace, [&] {
       PageElement read{&elementClass, ReadValues(json, elementClass)};
       read.picture = ReadPicture(json, elementClass);
+      read.settings = ReadSettings(json, elementClass);
       RequireSingleKeys(json,
                         [](std::string_view key) { return std::string(IsFixedKey(key) ? "" : "property "); });
       if (depth > 0) RequireNoTouch(read.values);
@@ -308,17 +327,36 @@ CompletePage ReadCompletePage(std::string_view text, const std::string& place) {
   return {ReadPage(json, place, ElementClasses::All()), pictures};
 }
 
+namespace {
+
+bool GivesType(const PageElement& element) {
+  return std::any_of(element.values.begin(), element.values.end(),
+                     [](const PropertyValue& value) { return value.property->name == kTypeProperty; });
+}
+
+}  // namespace
+
 ElementRef MakeElement(const PageElement& element, const std::string& folder) {
   ElementRef made = ElementClasses::Create(*element.elementClass);
+  const bool isVariable = IsVariable(*made);
+  // The handler of its type is there from when the type is set, so one that is left out is set, too.
+  if (isVariable && !GivesType(element)) {
+    automation::PutByName(*made, kTypeProperty, automation::GetByName(*made, kTypeProperty));
+  }
   for (const PropertyValue& value : element.values) {
     AtPlace("property " + Quoted(value.property->name), [&] { value.property->put(*made, value.value); });
+    if (value.property->name == kTypeProperty) RequireHandler(*made);
   }
+  if (isVariable) TakeSettings(*made, element.settings);
   if (element.picture) {
     AtPlace("property " + Quoted(kPictureKey), [&] { TakePicture(*made, *element.picture, folder); });
   } else if (HoldsPicture(*element.elementClass)) {
     TakeNoPicture(*made);
   }
-  for (const PageElement& member : element.elements) AddMember(*made, MakeElement(member, folder));
+  std::vector<ElementRef> members;
+  for (const PageElement& member : element.elements) members.push_back(MakeElement(member, folder));
+  PutVariablesOnTop(members);
+  for (const ElementRef& member : members) AddMember(*made, member);
   return made;
 }
 

@@ -1,11 +1,14 @@
 #include <map>
+#include <utility>
 
 #include "hosts/cli/element_tree.h"
 #include "hosts/cli/json_document.h"
 #include "hosts/cli/page_file.h"
 #include "hosts/cli/page_properties.h"
 #include "hosts/cli/property_values.h"
+#include "hosts/cli/variable_settings.h"
 #include "platform/automation/call_by_name.h"
+#include "platform/automation/convert.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -13,10 +16,16 @@ namespace {
 using automation::ClassInfo;
 using automation::Member;
 
-/// What the elements of one class are compared with.
+/// What the elements of one class, and variables of one type, are compared with.
 struct ClassToWrite {
-  explicit ClassToWrite(const ClassInfo& elementClass)
-      : properties(PageProperties(elementClass)), fresh(ElementClasses::Create(elementClass)) {}
+  explicit ClassToWrite(ItfHmiElement& element)
+      : properties(PageProperties(element.Class())),
+        fresh(IsVariable(element) ? NewVariable(TypeOf(element)) : ElementClasses::Create(element.Class())) {}
+
+  /// The type of a variable; 0 for other elements.
+  static Long TypeOf(ItfHmiElement& element) {
+    return IsVariable(element) ? automation::To<Long>(automation::GetByName(element, kTypeProperty)) : 0;
+  }
 
   std::vector<const Member*> properties;
   ElementRef fresh;
@@ -38,12 +47,13 @@ class ElementWriter {
  private:
   Json Write(ItfHmiElement& element) {
     const ClassInfo& elementClass = element.Class();
-    const ClassToWrite& known = classes_.try_emplace(&elementClass, elementClass).first->second;
+    const ClassToWrite& known =
+        classes_.try_emplace({&elementClass, ClassToWrite::TypeOf(element)}, element).first->second;
     Json json;
     json["class"] = elementClass.name;
     for (const Member* property : known.properties) {
       const automation::Variant value = property->get(element);
-      if (extent_ == Extent::All || IsPositionProperty(property->name) ||
+      if (extent_ == Extent::All || IsPositionProperty(property->name) || property->name == kTypeProperty ||
           value != property->get(*known.fresh)) {
         json[std::string(property->name)] = JsonFromValue(property->type, value);
       }
@@ -53,12 +63,18 @@ class ElementWriter {
         json[std::string(kPictureKey)] = std::move(picture);
       }
     }
+    if (IsVariable(element)) {
+      for (const std::string_view key : kSettingsKeys) {
+        Json settings = SettingsOf(element, key, extent_ == Extent::All ? nullptr : known.fresh.get());
+        if (!settings.is_null()) json[std::string(key)] = std::move(settings);
+      }
+    }
     if (IsGroup(element)) json["elements"] = List(MembersOf(element));
     return json;
   }
 
   Extent extent_;
-  std::map<const ClassInfo*, ClassToWrite> classes_;
+  std::map<std::pair<const ClassInfo*, Long>, ClassToWrite> classes_;
 };
 
 std::string PageText(const PageInfo& info, const std::vector<ElementRef>& elements, Extent extent,

@@ -4,6 +4,7 @@
 
 #include "framework/operands.h"
 #include "hosts/cli/element_calls.h"
+#include "hosts/cli/variable_settings.h"
 #include "platform/fennick1/operand.h"
 #include "platform/platform.h"
 
@@ -25,6 +26,8 @@ constexpr OperandProperty kOperandProperties[] = {
     {"EnabledOpAddr", eOP_EnabledOperand, {}},
     {"VisibleOpAddr", eOP_VisibleOperand, {}},
     {"HighlightOpAddr", eOP_HighlightOperand, {}},
+    {"KeypadSuccessOpAddr", eOP_KeypadSuccessOperand, {}},
+    {"OperandAddress", eOP_VarLinkOperand, "OperandType"},
     {"StorageStringID", eOP_StorageStringIdOperand, "StorageStringType"},
 };
 
@@ -63,10 +66,10 @@ PageOperands::PageOperands(ado::Connection& connection) : connection_(connection
   }
 }
 
-std::vector<PageOperands::Operand> PageOperands::Used() const {
-  const auto rows =
-      ado::OpenRecordset(connection_, "SELECT DISTINCT OprndType, OprndAddr, OprndNetID FROM HMI_Operands",
-                         ado::adOpenStatic, ado::adLockReadOnly);
+std::vector<PageOperands::Operand> PageOperands::Used(const std::string& where) const {
+  const auto rows = ado::OpenRecordset(
+      connection_, "SELECT DISTINCT OprndType, OprndAddr, OprndNetID FROM HMI_Operands" + where,
+      ado::adOpenStatic, ado::adLockReadOnly);
   std::vector<Operand> used;
   for (; !rows->Eof(); rows->MoveNext()) {
     try {
@@ -84,6 +87,13 @@ void PageOperands::AddRows(ItfHmiElement& element) {
     AddOperandRow(IdOf(element), used.type, used.address, used.purpose, kLocalNetwork);
     added_.emplace_back(used.type, used.address, kLocalNetwork);
   }
+  if (!IsVariable(element)) return;
+  // Which operands a handler has beside the link operand, only its rows tell.
+  HandlerOf(element)->AddOperandsToHmiOperands(IdOf(element));
+  const std::vector<Operand> ofHandler =
+      Used(" WHERE ElementID=" + std::to_string(IdOf(element)) +
+           " AND OprndPurpose=" + std::to_string(eOP_VarBinaryDataOperand));
+  added_.insert(added_.end(), ofHandler.begin(), ofHandler.end());
 }
 
 void PageOperands::Settle() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <string>
 #include <string_view>
 #include <tuple>
 #include <vector>
@@ -42,7 +43,8 @@ class PageOperands {
   /// Type, address and network.
   using Operand = std::tuple<Long, Long, Long>;
 
-  std::vector<Operand> Used() const;
+  /// Those of the rows that the condition chooses.
+  std::vector<Operand> Used(const std::string& where = {}) const;
 
   ado::Connection& connection_;
   std::map<Operand, automation::PropertyBagRef> copies_;

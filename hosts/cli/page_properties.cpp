@@ -6,6 +6,7 @@
 
 #include "hosts/cli/element_picture.h"
 #include "hosts/cli/property_values.h"
+#include "hosts/cli/variable_settings.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -42,9 +43,10 @@ std::vector<const Member*> PageProperties(const automation::ClassInfo& elementCl
     const Member* member = elementClass.Default().Find(name);
     if (member && IsPageProperty(*member)) properties.push_back(member);
   }
+  if (IsVariableClass(elementClass)) properties.push_back(elementClass.Default().Find(kTypeProperty));
   const automation::Interface* const images = PictureInterfaceOf(elementClass);
   for (const Member& member : elementClass.Default().Members()) {
-    if (images && member.name == kTransparency) continue;
+    if (member.name == kTransparency) continue;
     if (IsPageProperty(member) && !IsOfPicture(elementClass, member) &&
         std::find(properties.begin(), properties.end(), &member) == properties.end()) {
       properties.push_back(&member);

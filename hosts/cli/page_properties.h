@@ -8,7 +8,8 @@
 namespace quenzel7::cli {
 
 /// The properties of a class that a page file holds, in the order in which page files list them and in which
-/// they are set: position and size first, then the slots of the default interface.
+/// they are set: position and size first, then the type of a variable, on which others depend, then the slots
+/// of the default interface.
 ///
 /// They are those that can be read and written, have a type that a page file can hold, and do not say who the
 /// element is; of an element that holds a picture also how transparent that is, but nothing that follows from

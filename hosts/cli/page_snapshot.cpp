@@ -7,6 +7,7 @@
 #include "hosts/cli/page_properties.h"
 #include "hosts/cli/property_values.h"
 #include "hosts/cli/user_error.h"
+#include "hosts/cli/variable_settings.h"
 #include "platform/automation/call_by_name.h"
 
 namespace quenzel7::cli {
@@ -38,6 +39,9 @@ class Snapshot {
     };
     for (const automation::Member* property : PageProperties(element.Class())) {
       take(property->name, JsonFromValue(property->type, property->get(element)));
+    }
+    if (IsVariable(element)) {
+      for (const std::string_view key : kSettingsKeys) take(key, SettingsOf(element, key, nullptr));
     }
     if (PictureInterfaceOf(element.Class())) {
       taken.properties.push_back(kPictureKey);

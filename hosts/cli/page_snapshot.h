@@ -16,8 +16,8 @@ inline constexpr std::size_t kNoElement = static_cast<std::size_t>(-1);
 /// An element of a page as it is compared with others.
 struct ElementSnapshot {
   const automation::ClassInfo* elementClass;
-  /// The names of PageProperties of the class and of the picture, and their values, as a page file writes
-  /// them; of the picture what tells it from others.
+  /// The names of PageProperties of the class, of a variable's kSettingsKeys and of the picture, and their
+  /// values, as a page file writes them; of the picture what tells it from others.
   std::vector<std::string_view> properties;
   std::vector<std::string> values;
   /// ID and GUID of the row; nothing for an element that has none.

@@ -13,6 +13,7 @@
 #include "hosts/cli/quiet_boxes.h"
 #include "hosts/cli/row_loader.h"
 #include "hosts/cli/user_error.h"
+#include "hosts/cli/variable_settings.h"
 #include "shapes/element_columns.h"
 
 namespace quenzel7::cli {
@@ -35,6 +36,7 @@ std::optional<std::string> Remade(const KeptPage& kept) {
     const auto [page, pictures] = ReadCompletePage(kept.imported, "page as imported");
     std::vector<ElementRef> elements;
     for (const PageElement& element : page.elements) elements.push_back(MakeElement(element));
+    PutVariablesOnTop(elements);
     return CompletePageText(page.info, elements, pictures);
   } catch (const UserError&) {
     return {};
@@ -67,8 +69,13 @@ LoadedPage LoadRows(ProjectSession& project, const PageInfo& info, const Console
     try {
       AtPlace(project.Place() + ", row " + To<std::string>(rows->Get("ID")) + " of HMI_Elements", [&] {
         ElementRef element = loader.Load(rows);
-        const std::optional<Long> place =
-            IsGroup(*element) ? groups.Find(IdOf(*element)) : To<Long>(Read(*element, "OrderIndex"));
+        std::optional<Long> place;
+        if (IsGroup(*element)) {
+          place = groups.Find(IdOf(*element));
+        } else if (!IsVariable(*element)) {
+          // Variables have no order: they lie on top in that of their rows.
+          place = To<Long>(Read(*element, "OrderIndex"));
+        }
         loaded.push_back({std::move(element), place});
       });
     } catch (const UserError& error) {

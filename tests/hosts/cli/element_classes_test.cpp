@@ -6,13 +6,16 @@
 #include "shapes/shape_classes.h"
 #include "tests/hosts/cli/every_kind_element.h"
 #include "tests/hosts/cli/messages.h"
+#include "variables/var_element.h"
 
 namespace quenzel7::cli {
 namespace {
 
 TEST(ElementClasses, AllAreThoseOfTheLibrary) {
   const auto all = ElementClasses::All().Classes();
-  EXPECT_EQ(std::vector(all.begin(), all.end()), std::vector(ShapeClasses().begin(), ShapeClasses().end()));
+  std::vector<const automation::ClassInfo*> expected(ShapeClasses().begin(), ShapeClasses().end());
+  expected.push_back(&clsVar::ClassOf());
+  EXPECT_EQ(std::vector(all.begin(), all.end()), expected);
 }
 
 TEST(ElementClasses, AreFoundByNameInAnyCase) {

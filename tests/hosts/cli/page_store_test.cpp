@@ -11,9 +11,12 @@
 #include "hosts/cli/page_properties.h"
 #include "hosts/cli/property_values.h"
 #include "hosts/cli/text_file.h"
+#include "hosts/cli/variable_settings.h"
+#include "platform/automation/call_by_name.h"
 #include "platform/corvane1/settings.h"
 #include "tests/hosts/cli/cli_project.h"
 #include "tests/hosts/cli/library_fixture.h"
+#include "variables/var_types.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -421,6 +424,15 @@ std::vector<Json> ValuesFor(const automation::ClassInfo& elementClass, const aut
   if (BearsText(elementClass) && IsPositionProperty(property.name))
     return {-1000000000, -1, 0, 1, 1000000000};
   if (property.name == "TabIndex") return {0, 1, 254};
+  if (property.name == kTypeProperty) {
+    std::vector<Json> types;
+    for (const auto& type : property.type.enumeration->members) {
+      if (NewHandler(type.value)) types.push_back(type.name);
+    }
+    return types;
+  }
+  // The states of the text for a bit that a variable without a type is.
+  if (property.name == "DefaultDisplay") return {1, 2};
   return ValuesFor(property.type);
 }
 
@@ -449,10 +461,13 @@ TEST_F(PageStoreTest, EveryPropertyOfEveryClassComesBackWithEveryValue) {
     Open(corvane1::ProjectMode::ReadOnly);
     const LoadedPage loaded = LoadAsFiled();
     ASSERT_EQ(loaded.elements.size(), trials.size());
-    const ElementRef fresh = ElementClasses::Create(*elementClass);
     for (std::size_t index = 0; index < trials.size(); ++index) {
       ItfHmiElement& element = *loaded.elements[index];
       ASSERT_EQ(&element.Class(), elementClass);
+      const ElementRef fresh =
+          IsVariable(element)
+              ? NewVariable(automation::To<Long>(automation::GetByName(element, kTypeProperty)))
+              : ElementClasses::Create(*elementClass);
       for (const automation::Member* property : PageProperties(*elementClass)) {
         const bool isTouch = property->name == "TouchOprndAddr" || property->name == "TabIndex";
         if (BearsText(*elementClass) && isTouch && property != trials[index].property) continue;
