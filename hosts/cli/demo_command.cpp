@@ -146,11 +146,21 @@ int DemoCommand(const std::string& folder, const Console& console) {
     });
   }
   Write(home / "after.png", after, "after the drags, from the objects that were dragged", console);
+  const fs::path machinePath = home / "machine.json";
+  const std::string machineSource(DemoMachine());
+  WriteTextFile(machinePath.string(), machineSource, "page file " + machinePath.string());
+  console.out << "  page file  " << machinePath.string() << "\n  project    ";
+  ImportCommand(machinePath.string(), projectPath.string(), console);
+  const Long machineNumber = ReadPageFile(machineSource, "demo machine").info.number;
 
   ProjectSession project(projectPath.string(), corvane1::ProjectMode::ReadOnly);
   const Picture reopened = project.Do(
       [&] { return RenderPage(LoadPage(project, ChoosePage(project, number), console), console); });
   Write(home / "reopened.png", reopened, "from the project opened again, in new objects", console);
+
+  const Picture machine = project.Do(
+      [&] { return RenderPage(LoadPage(project, ChoosePage(project, machineNumber), console), console); });
+  Write(home / "machine.png", machine, "the second page, a screen of variables", console);
 
   std::vector<SheetSection> samples = DrawingSections();
   samples.insert(samples.end(), TextSections().begin(), TextSections().end());

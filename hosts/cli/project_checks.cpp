@@ -23,6 +23,7 @@
 #include "hosts/cli/table_column.h"
 #include "hosts/cli/text_check.h"
 #include "hosts/cli/user_error.h"
+#include "hosts/cli/variable_settings.h"
 #include "platform/automation/call_by_name.h"
 #include "platform/corvane1/panel_fonts.h"
 #include "platform/fennick1/operand_types.h"
@@ -218,7 +219,8 @@ class Check {
   }
 
   void CheckTabIndex(ItfHmiElement& element, const std::optional<Long>& page) {
-    if (!BearsText(element) || !To<bool>(Read(element, "IsTouchable"))) return;
+    if (!BearsText(element) && !IsVariable(element)) return;
+    if (!To<bool>(Read(element, "IsTouchable"))) return;
     const Long place = To<Long>(Read(element, "TabIndex"));
     if (place == kNoTabIndex) return;
     const auto [first, isNew] = tabIndices_.try_emplace({page, place}, IdOf(element));

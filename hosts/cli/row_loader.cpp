@@ -7,6 +7,7 @@
 #include "hosts/cli/library_texts.h"
 #include "hosts/cli/table_column.h"
 #include "hosts/cli/user_error.h"
+#include "hosts/cli/variable_settings.h"
 
 namespace quenzel7::cli {
 
@@ -22,7 +23,13 @@ ElementRef RowLoader::Load(const ado::RecordsetRef& rows) {
   const automation::ClassInfo* elementClass = ClassOf(type);
   if (!elementClass) throw UserError("there is no class of element type " + std::to_string(type));
   ElementRef element = ElementClasses::Create(*elementClass);
-  Call(*element, "LoadFromDB", {rows});
+  try {
+    Call(*element, "LoadFromDB", {rows});
+  } catch (const automation::AutomationError&) {
+    // What the row tells of a type or a state that is not there says more than what it raised.
+    if (IsVariable(*element)) RequireTypeAndState(*element);
+    throw;
+  }
   // The row that elements without a picture share tells no size of theirs.
   if (IsWithoutPicture(*element)) TakeNoPicture(*element);
   properties_.Apply(*element);

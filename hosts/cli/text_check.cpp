@@ -6,10 +6,13 @@
 #include "hosts/cli/quiet_boxes.h"
 #include "hosts/cli/table_column.h"
 #include "hosts/cli/user_error.h"
+#include "hosts/cli/variable_settings.h"
+#include "platform/automation/call_by_name.h"
 #include "platform/corvane1/ansi_code_page.h"
 #include "platform/corvane1/panel_fonts.h"
 #include "platform/corvane1/text_lines.h"
 #include "platform/corvane1/utf8.h"
+#include "platform/gdi/surface.h"
 #include "platform/platform.h"
 #include "shapes/element_columns.h"
 #include "shapes/frame_styles.h"
@@ -81,6 +84,11 @@ Findings Judgement(ItfHmiElement& element, ItfHmiElement& shown, const std::stri
   return findings;
 }
 
+/// What messages say of the number of a string that no language has.
+std::string NamesNoString() {
+  return " names no text of the string library; the number of one that some language has was expected";
+}
+
 /// Has a replica of the element show the string of the library in each language that has it.
 Findings CheckLibraryString(ItfHmiElement& element) {
   const Long number = To<Long>(automation::GetByName(element, "StorageStringID"));
@@ -100,24 +108,86 @@ Findings CheckLibraryString(ItfHmiElement& element) {
     findings.insert(findings.end(), ofLanguage.begin(), ofLanguage.end());
   }
   if (!isThere) {
-    findings.push_back("StorageStringID " + std::to_string(number) +
-                       " names no text of the string library; the number of one that some language has was "
-                       "expected");
+    findings.push_back("StorageStringID " + std::to_string(number) + NamesNoString());
   }
+  return findings;
+}
+
+/// Whether some language of the library has the string.
+bool IsInLibrary(Long number) {
+  corvane1::ProjectStringLibrary library = OpenedLibrary();
+  const Long languages = library.GetCount();
+  for (Long language = 1; language <= languages; ++language) {
+    library.Language(language);
+    if (library.GetString(number).text != corvane1::kEmptyLibraryString) return true;
+  }
+  return false;
+}
+
+/// What is wrong with the string of the library that `text`, a text of a handler, refers to.
+Findings CheckReference(automation::Object& text, const std::string& path) {
+  const Long number = To<Long>(automation::GetByName(text, "StorageStringID"));
+  if (To<Long>(automation::GetByName(text, "StorageStringType")) != 0) return {};
+  if (number == kNone || IsInLibrary(number)) return {};
+  return {path + ".StorageStringID " + std::to_string(number) + NamesNoString()};
+}
+
+/// What is wrong with the text that a variable shows, and where it is one of a list, with all of them.
+Findings CheckVariable(ItfHmiElement& variable) {
+  const HandlerRef handler = HandlerOf(variable);
+  const ElementRef drawing = TextDrawingOf(*handler);
+  if (!drawing) return {};
+  const std::vector<automation::ObjectRef> texts = ListTextsOf(*handler);
+  const std::string ofHandler = std::string(kHandlerKey) + ".";
+  const automation::Interface& settings = handler->Class().Default();
+  const bool isOfLibrary =
+      settings.Find("StorageText") && To<Long>(automation::GetByName(*handler, "StorageText")) != 0;
+  Findings findings;
+  const auto add = [&findings](const Findings& more) {
+    findings.insert(findings.end(), more.begin(), more.end());
+  };
+  // Painting gives the text element the variable's place, style and font.
+  gdi::Surface surface(1, 1);
+  const auto judge = [&](const std::string& which) {
+    Call(variable, "Draw", {surface.Dc(), false});
+    add(Judgement(variable, *drawing, which));
+  };
+  if (texts.empty()) {
+    if (isOfLibrary && settings.Find(kListTextKey)) {
+      add(CheckReference(*automation::GetByName(*handler, kListTextKey).Object(),
+                         ofHandler + std::string(kListTextKey)));
+    }
+    if (TextOf(*drawing, "Txt").empty()) {
+      findings.push_back("shows an empty text; a sample of its value was expected");
+    }
+    judge({});
+    return findings;
+  }
+  const Variant shown = automation::GetByName(variable, "DefaultDisplay");
+  for (std::size_t place = 1; place <= texts.size(); ++place) {
+    const std::string path = ofHandler + "ListTexts[" + std::to_string(place) + "]";
+    if (isOfLibrary) add(CheckReference(*texts[place - 1], path));
+    automation::PutByName(variable, "DefaultDisplay", static_cast<Long>(place));
+    BringUpToDate(variable);
+    judge(" (" + path + ")");
+  }
+  automation::PutByName(variable, "DefaultDisplay", shown);
+  BringUpToDate(variable);
   return findings;
 }
 
 }  // namespace
 
 Findings CheckText(ItfHmiElement& element) {
-  if (!BearsText(element)) return {};
   const QuietBoxes quiet;
+  if (IsVariable(element)) return CheckVariable(element);
+  if (!BearsText(element)) return {};
   if (ShowsLibraryString(element)) return CheckLibraryString(element);
   return Judgement(element, element, {});
 }
 
 Findings CheckTextNumbers(ItfHmiElement& element, const ado::Recordset& row) {
-  if (!BearsText(element)) return {};
+  if (!BearsText(element) && !IsVariable(element)) return {};
   Findings findings;
   const auto require = [&](const std::string& property, Long highest) {
     const Long number = To<Long>(automation::GetByName(element, property));

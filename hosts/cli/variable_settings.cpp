@@ -7,6 +7,7 @@
 
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/element_classes.h"
+#include "hosts/cli/library_texts.h"
 #include "hosts/cli/page_properties.h"
 #include "hosts/cli/property_values.h"
 #include "hosts/cli/user_error.h"
@@ -50,13 +51,6 @@ ObjectRef FirstText(ItfVarBinaryHandler& handler) {
   if (!HasList(handler)) return nullptr;
   automation::InvokeByName(handler, "AppendText");
   return TextAt(handler, 1);
-}
-
-/// The element that paints the variable when it shows a text. What another one shows follows from the
-/// settings.
-ElementRef TextDrawingOf(ItfVarBinaryHandler& handler) {
-  ElementRef drawing = handler.DrawingElement();
-  return drawing && drawing->Class().Default().Find("ActualText") ? drawing : nullptr;
 }
 
 /// Another value than that of the property.
@@ -317,9 +311,24 @@ void RequireHandler(ItfHmiElement& variable) {
   for (const automation::EnumMember& member : type.enumeration->members) {
     if (NewHandler(member.value)) known += (known.empty() ? "" : ", ") + std::string(member.name);
   }
+  const Json given = JsonFromValue(type, NumberOf(variable, kTypeProperty));
   throw UserError(Named(std::string(kTypeProperty)) + " must be a type that there is a handler for (" +
-                  known + "), " + Shown(JsonFromValue(type, NumberOf(variable, kTypeProperty))) +
-                  " was given");
+                  known + "), it is " + Shown(given));
+}
+
+void RequireTypeAndState(ItfHmiElement& variable) {
+  RequireHandler(variable);
+  const HandlerRef handler = HandlerOf(variable);
+  if (!HasList(*handler)) return;
+  const Long state = NumberOf(variable, kState);
+  const auto texts = static_cast<Long>(ListTextsOf(*handler).size());
+  if (state >= 1 && state <= texts) return;
+  if (texts == 0) {
+    throw UserError(Named(std::string(kHandlerKey) + "." + std::string(kList)) +
+                    " must have a text at least, it has none");
+  }
+  throw UserError(Named(std::string(kState)) + " must be the number of a text of the list, 1 to " +
+                  std::to_string(texts) + ", it is " + std::to_string(state));
 }
 
 ElementRef NewVariable(Long type) {
@@ -327,6 +336,11 @@ ElementRef NewVariable(Long type) {
   automation::PutByName(*variable, kTypeProperty, type);
   TakeRowsFont(*variable);
   return variable;
+}
+
+ElementRef TextDrawingOf(ItfVarBinaryHandler& handler) {
+  ElementRef drawing = handler.DrawingElement();
+  return drawing && BearsText(*drawing) ? drawing : nullptr;
 }
 
 std::vector<ObjectRef> ListTextsOf(ItfVarBinaryHandler& handler) {
@@ -367,14 +381,8 @@ void BringUpToDate(ItfHmiElement& variable) {
         *handler, kReSync,
         {automation::GetByName(variable, kState), automation::GetByName(variable, "FontNumber")});
   } catch (const AutomationError& error) {
-    if (error.Code() != ErrorNumber::SubscriptOutOfRange) throw;
-    const std::size_t texts = ListTextsOf(*handler).size();
-    if (texts == 0) {
-      throw UserError(Named(std::string(kHandlerKey) + "." + std::string(kList)) +
-                      " must have a text at least, an empty list was given");
-    }
-    throw UserError(Named(std::string(kState)) + " must be the number of a text of the list, 1 to " +
-                    std::to_string(texts) + ", " + std::to_string(NumberOf(variable, kState)) + " was given");
+    if (error.Code() == ErrorNumber::SubscriptOutOfRange) RequireTypeAndState(variable);
+    throw;
   }
 }
 

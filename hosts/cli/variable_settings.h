@@ -35,9 +35,16 @@ HandlerRef HandlerOf(ItfHmiElement& variable);
 /// Requires that there is a class for the variable's type. Throws UserError that tells the types.
 void RequireHandler(ItfHmiElement& variable);
 
+/// Requires that, and that a list of texts has the state that is shown. Throws UserError.
+void RequireTypeAndState(ItfHmiElement& variable);
+
 /// A new variable of that type, which need not have a handler, as it would come back from its row: where
 /// nothing has a font, FontNumber is 0.
 ElementRef NewVariable(Long type);
+
+/// The element that paints a variable that shows a text; none for others, which show what follows from their
+/// settings.
+ElementRef TextDrawingOf(ItfVarBinaryHandler& handler);
 
 /// The texts of a handler's list; none where it has no list.
 std::vector<automation::ObjectRef> ListTextsOf(ItfVarBinaryHandler& handler);

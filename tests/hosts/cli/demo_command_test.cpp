@@ -12,12 +12,17 @@
 #include "hosts/cli/element_tree.h"
 #include "hosts/cli/library_texts.h"
 #include "hosts/cli/picture.h"
+#include "hosts/cli/project_checks.h"
 #include "hosts/cli/stored_pictures.h"
 #include "hosts/cli/text_check.h"
 #include "hosts/cli/text_file.h"
+#include "hosts/cli/variable_settings.h"
 #include "platform/automation/call_by_name.h"
 #include "tests/hosts/cli/cli_project.h"
 #include "tests/hosts/cli/png_reader.h"
+#include "variables/graphs/bargraph.h"
+#include "variables/var_element.h"
+#include "variables/var_types.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -46,6 +51,55 @@ std::vector<std::string> Texts(const LoadedPage& page) {
 
 TEST(Demo, ItsPageIsTheFileInTheDemoFolder) {
   EXPECT_EQ(DemoPage(), ReadTextFile(QUENZEL7_SOURCE_DIR "/demo/boiler.json", "demo page"));
+}
+
+TEST(Demo, ItsSecondPageIsTheFileInTheDemoFolderAndIsExportedByteForByte) {
+  const std::string file = ReadTextFile(QUENZEL7_SOURCE_DIR "/demo/machine.json", "demo page");
+  EXPECT_EQ(DemoMachine(), file);
+  const TemporaryFolder folder;
+  RunDemo(folder.File(""));
+  EXPECT_EQ(ReadTextFile(folder.File("machine.json"), "file"), file);
+  ProjectSession project(folder.File("boiler.qz7"), corvane1::ProjectMode::ReadOnly);
+  std::ostringstream out, err;
+  EXPECT_EQ(ExportPage(project, LoadPageAsFiled(project, ChoosePage(project, 2), {out, err})).text, file);
+}
+
+TEST(Demo, ItsSecondPageShowsEveryTypeOfVariableWholly) {
+  const TemporaryFolder folder;
+  RunDemo(folder.File(""));
+  ProjectSession project(folder.File("boiler.qz7"), corvane1::ProjectMode::ReadOnly);
+  std::ostringstream out, err;
+  EXPECT_EQ(CheckProject(project, {out, err}).findings, std::vector<std::string>());
+  const LoadedPage page = LoadPage(project, ChoosePage(project, 2), {out, err});
+  std::map<enVarType, int> types;
+  std::map<Long, int> directions;
+  int ofOtherPages = 0;
+  for (const ElementRef& element : page.elements) {
+    const auto variable = std::dynamic_pointer_cast<clsVar>(element);
+    if (!variable) continue;
+    ++types[variable->VarType()];
+    ofOtherPages += variable->GlobalVarID() > 0;
+    if (const auto bar = std::dynamic_pointer_cast<clsVarBargraph>(HandlerOf(*element))) {
+      ++directions[bar->BargraphType()];
+    }
+  }
+  for (const auto& type : automation::EnumInfoOf<enVarType>::value.members) {
+    if (!NewHandler(type.value)) continue;
+    EXPECT_GT(types[static_cast<enVarType>(type.value)], 0) << type.name;
+  }
+  EXPECT_EQ(directions.size(), 4u);
+  EXPECT_EQ(ofOtherPages, 1);
+}
+
+TEST(Demo, PaintsItsSecondPageAsThePictureOfTheReadme) {
+  const TemporaryFolder folder;
+  RunDemo(folder.File(""));
+  const Picture painted = test::ReadPng(folder.File("machine.png"));
+  const Picture shown = test::ReadPng(QUENZEL7_SOURCE_DIR "/docs/pictures/machine.png");
+  ASSERT_EQ(painted.width, 480);
+  ASSERT_EQ(painted.height, 320);
+  EXPECT_EQ(shown.width, painted.width);
+  EXPECT_EQ(DifferingPixels(painted, shown), 0u);
 }
 
 TEST(Demo, ItsTextsAreTheFileInTheDemoFolderAndAreExportedByteForByte) {
@@ -97,9 +151,18 @@ TEST(Demo, TellsWhatItMadeAndWhatBecameOfIt) {
           "  picture    " +
           folder +
           "/after.png: after the drags, from the objects that were dragged\n"
+          "  page file  " +
+          folder +
+          "/machine.json\n"
+          "  project    page 2: 49 elements imported into " +
+          folder +
+          "/boiler.qz7\n"
           "  picture    " +
           folder +
           "/reopened.png: from the project opened again, in new objects\n"
+          "  picture    " +
+          folder +
+          "/machine.png: the second page, a screen of variables\n"
           "  picture    " +
           folder +
           "/sheet.png: all that the graphics interface draws\n"
@@ -141,7 +204,7 @@ TEST(Demo, LeavesAProjectInWhichTheChangesStand) {
   RunDemo(folder.File(""));
   ProjectSession project(folder.File("boiler.qz7"), corvane1::ProjectMode::ReadOnly);
   std::ostringstream out, err;
-  const LoadedPage page = LoadPage(project, ChoosePage(project, {}), {out, err});
+  const LoadedPage page = LoadPage(project, ChoosePage(project, 1), {out, err});
   std::map<Long, ElementRef> touched;
   std::size_t wagon = 0;
   for (std::size_t index = 0; index < page.elements.size(); ++index) {
@@ -188,7 +251,7 @@ TEST(Demo, ItsPageShowsEveryShapeInEveryStyle) {
   RunDemo(folder.File(""));
   ProjectSession project(folder.File("boiler.qz7"), corvane1::ProjectMode::ReadOnly);
   std::ostringstream out, err;
-  const LoadedPage page = LoadPage(project, ChoosePage(project, {}), {out, err});
+  const LoadedPage page = LoadPage(project, ChoosePage(project, 1), {out, err});
   std::map<std::string_view, int> classes;
   std::map<std::pair<Long, Long>, int> pens;
   std::map<Long, int> hatches, fills, lineWidths;
@@ -211,6 +274,7 @@ TEST(Demo, ItsPageShowsEveryShapeInEveryStyle) {
     touchedAndHidden += element.IsTouchable() && element.VisibleOpAddr() != -1;
   });
   for (const automation::ClassInfo* shape : ElementClasses::All().Classes()) {
+    if (IsVariableClass(*shape)) continue;
     EXPECT_GT(classes[shape->name], 0) << shape->name;
   }
   EXPECT_EQ(deepest, 4u);
@@ -235,7 +299,7 @@ TEST(Demo, ItsPageShowsTextsAndFramesOfEveryStyle) {
   RunDemo(folder.File(""));
   ProjectSession project(folder.File("boiler.qz7"), corvane1::ProjectMode::ReadOnly);
   std::ostringstream out, err;
-  const LoadedPage page = LoadPage(project, ChoosePage(project, {}), {out, err});
+  const LoadedPage page = LoadPage(project, ChoosePage(project, 1), {out, err});
   std::map<std::pair<std::string_view, Long>, int> styles;
   std::map<std::string_view, int> ofLibrary;
   int ofSeveralLines = 0, touchable = 0, framesInGroups = 0;
@@ -287,11 +351,11 @@ TEST(Demo, ItsPageShowsPicturesOfAllKindsAndSharesThem) {
   for (const StoredPicture& picture : StoredPictures(project.Connection())) {
     pictures.emplace_back(PictureName(picture.path), users[picture.crc]);
   }
-  // The row of the evening became free when it was made smaller.
+  // The row of the evening became free when it was made smaller, and the second page took it.
   EXPECT_EQ(pictures, (std::vector<std::pair<std::string, std::size_t>>{{"pictures/fan.bmp", 1},
                                                                         {"pictures/drop.gif", 2},
                                                                         {"pictures/warning.ico", 1},
-                                                                        {"", 0},
+                                                                        {"pictures/start.bmp", 1},
                                                                         {"pictures/start.bmp", 2},
                                                                         {"pictures/start.bmp", 1},
                                                                         {"pictures/evening.jpg", 1}}));
