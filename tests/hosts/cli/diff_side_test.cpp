@@ -210,6 +210,29 @@ TEST_F(DiffSideTexts, BothSidesAreComparedByTheirOwnTextsAndPaintedWithTheLibrar
   EXPECT_EQ(Boxes(), "");
 }
 
+TEST_F(DiffSideTest, VariablesOfAPageFileAreThoseThatImportMakes) {
+  const std::string page =
+      R"({"page": 1, "panel": {"type": 1, "width": 320, "height": 240}, "elements": [)"
+      R"({"class": "clsVar", "TouchOprndAddr": 4}, {"class": "clsLine"}, {"class": "clsVar", "TouchOprndAddr": 5},)"
+      R"({"class": "clsVar", "TouchOprndAddr": -2, "TabIndex": 7, "KeypadEntry": true},)"
+      R"({"class": "clsVar", "TabIndex": 9}, {"class": "clsVar", "VarType": "eVT_BarGraph"}]})";
+  const DiffSource file(Write("x", page));
+  Import(page);
+  const PageSnapshot imported = TakeSnapshot(LoadAsFiled(), {});
+  const PageSnapshot read = DiffSide(file, file).Snapshot(file.File()->info, NoTerminal());
+  std::vector<std::string> places;
+  ASSERT_EQ(read.elements.size(), imported.elements.size());
+  for (std::size_t index = 0; index < read.elements.size(); ++index) {
+    const ElementSnapshot& element = read.elements[index];
+    EXPECT_EQ(element.elementClass, imported.elements[index].elementClass);
+    EXPECT_EQ(element.values, imported.elements[index].values) << index;
+    for (std::size_t at = 0; at < element.values.size(); ++at) {
+      if (element.properties[at] == "TabIndex") places.push_back(element.values[at]);
+    }
+  }
+  EXPECT_EQ(places, (std::vector<std::string>{"0", "1", "7", "255", "255"}));
+}
+
 TEST_F(DiffSideTest, PaintsThePageAndTellsWhatSomeElementsCover) {
   // What covers is what paints, in whatever colour.
   const auto box = [](Long xs, int colour) {

@@ -35,6 +35,25 @@ TEST_F(PageDiffTest, TellsEachPropertyOnALine) {
   EXPECT_EQ(diff.differsB, (Flags{false, true}));
 }
 
+TEST_F(PageDiffTest, TellsTheSettingsOfVariablesByTheirPaths) {
+  const auto list = [](const std::string& texts) {
+    return Shape("Var", 1, R"("VarType": "eVT_ListText", "Handler": {"ListTexts": [)" + texts + "]}");
+  };
+  EXPECT_EQ(Compare(list(R"({"Txt": "a"}, {"Txt": "b"})"), list(R"({"Txt": "c"}, {"Txt": "b"})")).lines,
+            (Lines{"page 1: element 1 (clsVar): Handler.ListTexts[1].Txt \"a\" -> \"c\""}));
+  const Lines added{"page 1: element 1 (clsVar): Handler.ListTexts[2].Txt none -> \"b\"",
+                    "page 1: element 1 (clsVar): Handler.ListTexts[2].ColorFore none -> 5",
+                    "page 1: element 1 (clsVar): Handler.ListTexts[2].ColorBack none -> 103",
+                    "page 1: element 1 (clsVar): Handler.ListTexts[2].StorageStringType none -> 0",
+                    "page 1: element 1 (clsVar): Handler.ListTexts[2].StorageStringID none -> -1"};
+  EXPECT_EQ(Compare(list(R"({"Txt": "a"})"), list(R"({"Txt": "a"}, {"Txt": "b"})")).lines, added);
+  const Lines taken = Compare(list(R"({"Txt": "a"}, {"Txt": "b"})"), list(R"({"Txt": "a"})")).lines;
+  ASSERT_EQ(taken.size(), added.size());
+  EXPECT_EQ(taken.front(), "page 1: element 1 (clsVar): Handler.ListTexts[2].Txt \"b\" -> none");
+  EXPECT_EQ(Compare(Shape("Var", 1), Shape("Var", 1, R"("ListText": {"StorageFont": 7})")).lines,
+            Lines{"page 1: element 1 (clsVar): ListText.StorageFont 1 -> 7"});
+}
+
 TEST_F(PageDiffTest, TellsWhatWentAndCame) {
   const PageDiff diff =
       Compare(List({Line(4, "\"Ys\": 5, \"Dx\": -6, \"Dy\": 7"), Box(1)}),

@@ -241,6 +241,18 @@ TEST_F(ProgramTest, ListsPagesAndElements) {
             "  12      1   1  clsRectangle  (Touch - MB 5) Pos: 12, 2 ; Size: 30, 40\n");
 }
 
+TEST_F(ProgramTest, ListsVariablesByNameAndTypeWithoutAnOrder) {
+  Write("panel.json", R"({"page": 1, "panel": {"type": 1, "width": 4, "height": 2}, "elements": [
+    {"class": "clsVar", "VarType": "eVT_Numeric", "VarName": "Speed", "OperandType": 3, "OperandAddress": 5}]})");
+  Run({"import", "panel.json", "p.qz7"});
+  EXPECT_EQ(Run({"list", "p.qz7"}).out,
+            "page  name  panel  size  elements\n"
+            "   1            1  4x2          1\n"
+            "\n"
+            "page  order  ID  class   tool tip                                          text\n"
+            "   1          1  clsVar  Speed ( Numeric ; MW 5 )  Pos: 0, 0 ; Size: 0, 0  \"Speed\"\n");
+}
+
 TEST_F(ProgramTest, ListsTheMembersOfGroupsBelowThem) {
   Write("panel.json", R"({"page": 1, "panel": {"type": 1, "width": 4, "height": 2}, "elements": [
     {"class": "clsGroup", "elements": [

@@ -539,6 +539,40 @@ TEST_F(ProjectChecks, SettingsWithWhichNoElementCanBeMadeAreToldAtEachRow) {
                    "page 1, row 2: setting 6000/6050: type mismatch: \"broad\" is not a number"}));
 }
 
+TEST_F(ProjectChecks, WhatIsWrongWithVariablesIsTold) {
+  const std::string variable = R"({"class": "clsVar", "VarType": "eVT_ListText", "Dx": 50, "Dy": 20)";
+  const std::string touched = variable + R"(, "OperandType": 3, "OperandAddress": 5, "TouchOprndAddr": 4})";
+  Import(R"({"page": 1, "panel": {"type": 1, "width": 320, "height": 240}, "elements": [)" + touched + ", " +
+         touched + ", " + variable + "}, " + variable + "}, " + variable + "}]}");
+  EXPECT_EQ(Check().findings, Lines());
+  EXPECT_EQ(
+      Findings({"UPDATE HMI_Elements SET TabIndex=0 WHERE ID=2",
+                "DELETE FROM HMI_Operands WHERE OprndPurpose=1",
+                "UPDATE HMI_Elements SET Flat3D=4, Alignment=9, FontNumber=77 WHERE ID=2",
+                "UPDATE HMI_Elements SET Binary=x'0102' WHERE ID=3",
+                "UPDATE HMI_Elements SET DefaultDisplay=2 WHERE ID=4",
+                "UPDATE HMI_Elements SET VarType=7 WHERE ID=5"}),
+      (Lines{
+          "page 1, row 1 (clsVar): OperandAddress 5 has no row in HMI_Operands; one of MW 5 with "
+          "eOP_VarLinkOperand was expected",
+          "page 1, row 2 (clsVar): TabIndex 0 is that of row 1, too; a place of its own in the tab order was "
+          "expected",
+          "page 1, row 2 (clsVar): Flat3D is 4; a number from 0 to 3 was expected",
+          "page 1, row 2 (clsVar): Alignment is 9; a number from 0 to 8 was expected",
+          "page 1, row 2 (clsVar): FontNumber is 77, which the panel does not have; the number of one of its "
+          "fonts was expected",
+          "page 1, row 2 (clsVar): OperandAddress 5 has no row in HMI_Operands; one of MW 5 with "
+          "eOP_VarLinkOperand was expected",
+          "page 1, row 3 (clsVar): column 'Binary' of HMI_Elements: not the contents of a property bag: the "
+          "bytes end too early",
+          "page 1, row 4 (clsVar): property \"DefaultDisplay\" must be the number of a text of the list, 1 "
+          "to "
+          "1, it is 2",
+          "page 1, row 5 (clsVar): property \"VarType\" must be a type that there is a handler for "
+          "(eVT_BinaryText, eVT_ListText, eVT_Numeric, eVT_BarGraph, eVT_RangeTexts, eVT_Password, "
+          "eVT_DisplayString), it is \"eVT_Timer\""}));
+}
+
 TEST_F(ProjectChecks, NothingOfTheProjectChanges) {
   ImportFour();
   Open(corvane1::ProjectMode::ReadOnly);

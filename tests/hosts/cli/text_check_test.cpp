@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include "hosts/cli/variable_settings.h"
+#include "platform/automation/call_by_name.h"
 #include "platform/corvane1/settings.h"
 #include "shapes/frame.h"
 #include "shapes/rectangle.h"
 #include "shapes/text.h"
 #include "tests/hosts/cli/library_fixture.h"
+#include "variables/var_element.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -39,6 +42,51 @@ TEST_F(TextCheck, ATextThatFitsIsSound) {
   EXPECT_EQ(Found(empty), "");
   clsRectangle other;
   EXPECT_EQ(Found(other), "");
+}
+
+TEST_F(TextCheck, ASampleOfAVariableThatIsCutIsTold) {
+  Import(PageOf(
+      R"({"class": "clsVar", "VarType": "eVT_Numeric", "Dx": 40, "Dy": 16, "Flat3D": 0, "FontNumber": 0},
+      {"class": "clsVar", "VarType": "eVT_Numeric", "Dx": 48, "Dy": 16, "Flat3D": 0, "FontNumber": 0},
+      {"class": "clsVar", "VarType": "eVT_DisplayString", "Handler": {"StringPattern": ""}},
+      {"class": "clsVar", "VarType": "eVT_BarGraph"})"));
+  const LoadedPage page = Load();
+  EXPECT_EQ(Found(*page.elements.at(0)),
+            "shows only \"-9999\" of its text \"-99999\" at size (40, 16); (48, 16) was expected");
+  EXPECT_EQ(Found(*page.elements.at(1)), "");
+  EXPECT_EQ(Found(*page.elements.at(2)), "shows an empty text; a sample of its value was expected");
+  EXPECT_EQ(Found(*page.elements.at(3)), "");
+}
+
+TEST_F(TextCheck, EveryTextOfAListIsJudgedAndTheOneThatIsShownStays) {
+  Import(PageOf(
+      R"({"class": "clsVar", "VarType": "eVT_ListText", "Dx": 16, "Dy": 16, "Flat3D": 0, "FontNumber": 0,
+      "Handler": {"ListTexts": [{"Txt": "ab"}, {}, {"Txt": "abc"}]}})"));
+  const LoadedPage page = Load();
+  EXPECT_EQ(Found(*page.elements.at(0)),
+            "shows only \"ab\" of its text \"abc\" (Handler.ListTexts[3]) at size (16, 16); (24, 16) was "
+            "expected");
+  const auto variable = std::dynamic_pointer_cast<clsVar>(page.elements.at(0));
+  EXPECT_EQ(variable->DefaultDisplay(), 1);
+  EXPECT_EQ(automation::GetByName(*HandlerOf(*variable)->DrawingElement(), "Txt"), automation::Variant("ab"));
+}
+
+TEST_F(TextCheck, StringsOfVariablesThatTheLibraryLacksAreTold) {
+  SetString(4, 2, "Kessel", -1);
+  Import(PageOf(R"({"class": "clsVar", "Dx": 200, "Dy": 40, "Handler": {"StorageText": -1,
+        "ListTexts": [{"StorageStringID": 4}, {"StorageStringID": 5}]}},
+      {"class": "clsVar", "VarType": "eVT_Numeric", "Dx": 200, "Dy": 40, "Handler": {"StorageText": -1,
+        "ListText": {"StorageStringID": 6}}},
+      {"class": "clsVar", "Dx": 200, "Dy": 40, "Handler": {"ListTexts": [{"StorageStringID": 5}, {}]}},
+      {"class": "clsVar", "Dx": 200, "Dy": 40, "Handler": {"StorageText": -1,
+        "ListTexts": [{"StorageStringID": -1}, {"StorageStringID": 9, "StorageStringType": 3}]}})"));
+  const LoadedPage page = Load();
+  const std::string noString =
+      " names no text of the string library; the number of one that some language has was expected";
+  EXPECT_EQ(Found(*page.elements.at(0)), "Handler.ListTexts[2].StorageStringID 5" + noString);
+  EXPECT_EQ(Found(*page.elements.at(1)), "Handler.ListText.StorageStringID 6" + noString);
+  EXPECT_EQ(Found(*page.elements.at(2)), "");
+  EXPECT_EQ(Found(*page.elements.at(3)), "");
 }
 
 TEST_F(TextCheck, TellsWhatIsShownOfATextThatIsCutAndTheSizeThatItNeeds) {
