@@ -36,7 +36,6 @@ std::optional<std::string> Remade(const KeptPage& kept) {
     const auto [page, pictures] = ReadCompletePage(kept.imported, "page as imported");
     std::vector<ElementRef> elements;
     for (const PageElement& element : page.elements) elements.push_back(MakeElement(element));
-    PutVariablesOnTop(elements);
     return CompletePageText(page.info, elements, pictures);
   } catch (const UserError&) {
     return {};

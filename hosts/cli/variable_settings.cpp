@@ -272,7 +272,7 @@ Json DrawingToJson(ItfHmiElement& variable, const Json& handler, const KeptSetti
   if (!drawing) return {};
   const ElementRef like = NewVariable(NumberOf(variable, kTypeProperty));
   for (const Member* property : PageProperties(variable.Class())) {
-    if (property->name != kTypeProperty) property->put(*like, property->get(variable));
+    property->put(*like, property->get(variable));
   }
   const HandlerRef other = HandlerOf(*like);
   TakeHandler(*other, handler, kept);
@@ -380,8 +380,8 @@ void BringUpToDate(ItfHmiElement& variable) {
     automation::InvokeByName(
         *handler, kReSync,
         {automation::GetByName(variable, kState), automation::GetByName(variable, "FontNumber")});
-  } catch (const AutomationError& error) {
-    if (error.Code() == ErrorNumber::SubscriptOutOfRange) RequireTypeAndState(variable);
+  } catch (const AutomationError&) {
+    RequireTypeAndState(variable);
     throw;
   }
 }
