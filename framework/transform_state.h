@@ -4,8 +4,9 @@
 
 namespace quenzel7 {
 
-/// Judges the proposed position (what GetBoundingRect gives for descriptor 3) of any element but a group against the bounds of a collision
-/// map, a two-dimensional array with one cell per panel pixel, addressed (x, y); its cells are not looked at.
+/// Judges the proposed position (what GetBoundingRect gives for descriptor 3) of any element but a group
+/// against the bounds of a collision map, a two-dimensional array with one cell per panel pixel, addressed
+/// (x, y); its cells are not looked at.
 ///
 /// An element of size 0 overlaps; one with a corner outside (0, 0) to the upper bounds, limits included, is
 /// out of range, whatever its size. Lines (`kLineElement`) are judged by the signs of their vector instead:

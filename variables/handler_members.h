@@ -56,7 +56,7 @@ struct HandlerMembers {
   static constexpr automation::Member ValidateFontNumber() {
     return automation::Method<Handler, &ItfVarBinaryHandler::ValidateFontNumber>(
         "ItfVarBinaryHandler_ValidateFontNumber",
-        "Replaces the font's number by the item of which it is the key.");
+        "Replaces the font's number by the item of which it is the key, or by the first item.");
   }
   static constexpr automation::Member ReSync() {
     return automation::Method<Handler, &BinaryHandler::ReSyncDrawingElementParams>(

@@ -65,7 +65,8 @@ class clsVar final : public ElementClass<clsVar, PositionedElement, kVariableEle
   /// The same while the variable is touched.
   Long ColorBackTouch() const { return colorBackTouch_; }
   void ColorBackTouch(Long pValue) { colorBackTouch_ = pValue; }
-  /// Number of the page that saving writes: 0 for the one that the host has open, -1 for none.
+  /// Number of the page that saving writes: 0 for the one that the host has open, -1 for none. Loading does
+  /// not take it from the row: who saves a variable of a page that is not open writes it before.
   void DisplayID(Long pValue) { displayId_ = pValue; }
   /// The state that is shown in the editor, counted from 1.
   Long DefaultDisplay() const { return defaultDisplay_; }
@@ -82,9 +83,11 @@ class clsVar final : public ElementClass<clsVar, PositionedElement, kVariableEle
   /// Place of the text in its frame, 0 to 8 row by row.
   Long Alignment() const { return alignment_; }
   void Alignment(Long pValue) { alignment_ = pValue; }
-  /// Frame style: 0 flat, 1 raised, 3 sunken, any other number plain. Writing 1 or 3 to a text with a
-  /// background for each state replaces these by colours on which a bevel can be read. Error 91 where such a
-  /// text has no handler yet.
+  /// Frame style, of texts as that of `clsText` (0 flat, 1 raised, 2 flat with room for a box, 3 sunken, 4
+  /// transparent), of bars 0 flat, 1 raised, 3 sunken, any other number plain. Writing 1 or 3 to a text with
+  /// a background for each state replaces these by colours on which a bevel can be read; errors: 91 where
+  /// such a text has no handler yet, 13 for a handler that is none of the library's, those of the colour
+  /// service.
   Long Flat3D() const { return flat3D_; }
   void Flat3D(Long pValue);
   /// Number of the font of an entry's description.
@@ -106,10 +109,11 @@ class clsVar final : public ElementClass<clsVar, PositionedElement, kVariableEle
 
   /// The type. Writing makes the handler of the type if there is none yet, takes the type's background from
   /// the settings, and the style and font that go with some types. The handlers of earlier types stay. Errors
-  /// of the handler's constructor and of ElementSetting.
+  /// of the handler's constructor and of ElementSetting; those of the panel service leave all as it was.
   enVarType VarType() const { return varType_; }
   void VarType(enVarType pValue);
-  /// The handler of a type, which is made if there is none yet; none for what has no class.
+  /// The handler of a type, which is made if there is none yet; none for what has no class. Errors of the
+  /// handler's constructor.
   HandlerRef BinaryHandlers(enVarType pVarType);
   /// Puts a handler in the place of another one. Error 9 for a type outside 1 to 30.
   void SetBinaryHandler(enVarType pVarType, HandlerRef pBinaryHandler);
@@ -137,9 +141,10 @@ class clsVar final : public ElementClass<clsVar, PositionedElement, kVariableEle
 
   // --- The project ---
 
-  /// Takes everything from the row on which the recordset stands; true when that was done. Errors: 91 for a
-  /// type without a handler, those of the database, the conversions and the handler; what was taken by then
-  /// stays.
+  /// Takes the element from the row on which the recordset stands, but not the page, the hatch and the order;
+  /// true when that was done. Errors: 91 for a type without a handler and without a ListText, 9 for a
+  /// DefaultDisplay without a text or picture, 13 for a handler of texts that is none of the library's, those
+  /// of the database, the conversions and the handler; what was taken by then stays.
   bool LoadFromDB(ado::Recordset& pRsElement);
   /// Writes the row, creating it when the ID is -1, and the handler's rows if there was one before. False,
   /// with a message and nothing written, when the database's next number is above 32767.
@@ -148,7 +153,9 @@ class clsVar final : public ElementClass<clsVar, PositionedElement, kVariableEle
   bool SaveToDBEx();
   /// The size in bytes that the element takes in the panel.
   Long HMIElementSize() const;
-  /// A new variable with the same values and a replica of the handler of the current type.
+  /// A new variable with the same values, the ID included, and a replica of the handler of the current type.
+  /// It shares the operand bags. The transparency is written to the project on the way. Errors of the
+  /// database; 91 without a handler and without a project.
   std::shared_ptr<clsVar> Replica();
   /// Does nothing; gives Empty.
   automation::Variant CreatePrinterReport() const { return {}; }

@@ -81,11 +81,12 @@ struct VarElementMembers {
       QUENZEL7_VAR_METHOD(LoadFromDB, "Fills the element from a row; True when that was done."),
       QUENZEL7_VAR_METHOD(SaveToDB,
                           "Writes the element's row; False when the database has no number left for it."),
-      QUENZEL7_VAR_METHOD(Replica, "A new variable with the same values, the same ID included."),
+      QUENZEL7_VAR_METHOD(
+          Replica, "A new variable with the same values, the same ID included; it shares the operand bags."),
       automation::Method<Element, &ItfHmiElement::RestoreAllOperands>(
           "RestoreAllOperands", ElementMemberText("RestoreAllOperands")),
       QUENZEL7_VAR_PROPERTY(Long, Alignment, "One of nine text alignments, 0 to 8."),
-      QUENZEL7_VAR_PROPERTY(Long, Flat3D, "Frame style: 0 flat, 1 raised, 3 sunken, any other number plain."),
+      QUENZEL7_VAR_PROPERTY(Long, Flat3D, "Frame style: 0 flat, 1 raised, 3 sunken; texts know 2 and 4 too."),
       QUENZEL7_CONTRACT_PROPERTY(Long, FontNumber),
       QUENZEL7_VAR_PROPERTY(Long, DescriptionFontNumber, "Number of the font of an entry's description."),
       automation::Method<Element, &ItfHmiElement::CreateStaticElementPrinterReport>(

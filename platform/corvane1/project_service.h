@@ -22,7 +22,8 @@ class ProjectService {
   virtual void NotifyGlobalVarKeypad(Long globalVarId, bool keypadEntry) = 0;
   /// The row of the element of that ID was deleted.
   virtual void NotifyElementDeleted(Integer elementId) = 0;
-  /// That was an element that shows a global variable: this one, which is still as it was.
+  /// That was an element that shows a global variable: this one, which is still as it was; none for one that
+  /// nobody holds by a reference.
   virtual void NotifyGlobalElementDeleted(const automation::ObjectRef& element) = 0;
   /// The size in bytes that the element of that ID takes in the panel.
   virtual Long ElementSize(Long elementId) = 0;

@@ -18,8 +18,8 @@ class Resources {
   virtual gdi::OwnedBitmap LoadPicture(Long number) = 0;
 };
 
-/// The embedded default: `kGlobalVariableBadge`, 8 by 8 pixels, a white G on blue that reads on white and on
-/// black, and no other picture.
+/// The embedded default: `kGlobalVariableBadge`, 8 by 8 pixels, a white G on blue, and no other picture.
+/// Variables paint it in one bit, white on black.
 class DrawnResources final : public Resources {
  public:
   gdi::OwnedBitmap LoadPicture(Long number) override;

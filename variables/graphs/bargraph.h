@@ -20,7 +20,8 @@ class clsVarBargraph final : public HandlerClass<clsVarBargraph, PictureHandler,
 
   /// Paints the bar in a frame style of the variable, 0 flat, 1 raised, 3 sunken, any other number in a plain
   /// frame, and gives the picture to the element. Sizes in panel pixels, colours as panel colour numbers.
-  /// Errors of the colour service; the element has its old picture then.
+  /// Errors of the colour service, 6 when an edge does not fit 32 bits; the element has its old picture then.
+  /// 91 after ReleaseResources.
   void NewDrawForBarGraphForAlsoFlatAndFixedSingle(Long pHdc, Long pWidth, Long pHeight, Long pColorBack,
                                                    Long& pFlat3D);
   /// The same, always sunken.

@@ -21,6 +21,7 @@ class clsVarBinaryText final : public HandlerClass<clsVarBinaryText, TextListHan
   /// The name under which hosts create it.
   static constexpr std::string_view kClassName = "clsVarBinaryText";
 
+  /// Begins with two texts. Errors of clsText and clsVarTextElement.
   clsVarBinaryText();
 
   /// Whether a touch switches the bit that chooses the text.

@@ -18,6 +18,7 @@ class clsVarListText final : public HandlerClass<clsVarListText, TextListHandler
   /// The name under which hosts create it.
   static constexpr std::string_view kClassName = "clsVarListText";
 
+  /// Begins with one text. Errors of clsText and clsVarTextElement.
   clsVarListText();
 
   void WriteReport(VariableReport& report) const override;

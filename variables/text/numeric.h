@@ -45,7 +45,8 @@ class clsVarNumeric final : public HandlerClass<clsVarNumeric, SampleTextHandler
   /// The name under which hosts create it.
   static constexpr std::string_view kClassName = "clsVarNumeric";
 
-  /// Takes the colour from the settings, the fonts from the font service. Errors of ElementSetting.
+  /// Takes the colour from the settings, the fonts from the font service. Errors of ElementSetting and as
+  /// MakeSampleText.
   clsVarNumeric();
 
 #define QUENZEL7_NUMERIC_ACCESSORS(Type, Name, Default, Documentation) \
@@ -69,7 +70,8 @@ class clsVarNumeric final : public HandlerClass<clsVarNumeric, SampleTextHandler
   /// The string of the library that stands beside the number; none after ReleaseResources.
   const TextElementRef& ListText() const { return listText_; }
   void ListText(TextElementRef pValue) { listText_ = std::move(pValue); }
-  /// -1 when the text beside the number is that string, 0 when it is Postfix.
+  /// 0 when the text beside the number is Postfix, otherwise it is that string; -1 keeps the library's font
+  /// when the variable is drawn.
   Long StorageText() const override { return storageText_; }
   void StorageText(Long pValue) { storageText_ = pValue; }
   /// Number of the string library.
@@ -80,11 +82,14 @@ class clsVarNumeric final : public HandlerClass<clsVarNumeric, SampleTextHandler
   /// binary numbers; empty for any other base. Errors of the font service.
   std::string GetGUIDigit() const;
 
-  /// The sample of the number with a text beside it, on the side that the reading order of that text wants.
+  /// The sample of the number with a text beside it, on the side that the reading order of that text wants:
+  /// in the format, with a sign unless IsUnsignedFormat or the link operand (types 16, 36 and 67) has none;
+  /// in one of its own for floating numbers (type 7). Errors of the text service.
   std::string MakeSampleText(const std::string& pPostfix) const;
 
-  /// Gives the text element the sample, and the font that the string of the library has or the given one.
-  /// Errors of the string library and of the text's fitting.
+  /// Gives the text element the sample, of a password the text alone or the format where there is none, and
+  /// the font that the string of the library has or the given one. Leaves both where a string of the library
+  /// is to be shown and there is none. Errors of the string library, the text service and the text's fitting.
   void ReSyncDrawingElementParams(Long pDefaultDisplay, Long pFontNum) override;
   /// Of a password only the format is told.
   void WriteReport(VariableReport& report) const override;

@@ -20,6 +20,7 @@ class clsVarRangeText final : public HandlerClass<clsVarRangeText, TextListHandl
   /// The name under which hosts create it.
   static constexpr std::string_view kClassName = "clsVarRangeText";
 
+  /// Begins with one text. Errors of clsText and clsVarTextElement.
   clsVarRangeText();
 
   void WriteReport(VariableReport& report) const override;

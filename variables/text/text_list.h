@@ -26,10 +26,12 @@ class TextListHandler : public TextHandler {
   void InsertBefore(Long pIndex);
   /// Takes one text out of the list.
   void RemoveText(Long pIndex);
+  /// How many there are, and one of them.
   Long ListCount() const { return static_cast<Long>(texts_.size()); }
   const TextElementRef& ListTexts(Long pIndex) const { return texts_[Place(pIndex)]; }
 
-  /// 0 when the texts are the element's own, otherwise they are strings of the library.
+  /// 0 when the texts are the element's own, otherwise strings of the library are shown. Only for -1 all of
+  /// them are measured in all languages, and keep the library's font when the variable is drawn.
   Long StorageText() const override { return storageText_; }
   void StorageText(Long pValue) { storageText_ = pValue; }
   /// Number of the string library.
@@ -42,6 +44,7 @@ class TextListHandler : public TextHandler {
   /// library has or the given one. Errors: 9 for a state outside the list, those of the string library and of
   /// the text's fitting.
   void ReSyncDrawingElementParams(Long pDefaultDisplay, Long pFontNum) override;
+  /// Errors of the colour service.
   void ConvertFlatColorToClosestGradientColor() override;
 
  protected:
