@@ -27,7 +27,7 @@ int ExportCommand(const std::string& projectPath, std::optional<Long> page, cons
 int RenderCommand(const std::string& projectPath, std::optional<Long> page, const std::string& outputPath,
                   int scale, const Console& console);
 
-/// Exit status of a check that found something and of a comparison that found a difference.
+/// Exit status of a check or a report that found something and of a comparison that found a difference.
 inline constexpr int kFound = 1;
 
 /// Tells what is wrong in a project, one line each, and how much was looked at. Exit status kFound when
@@ -36,6 +36,12 @@ int CheckCommand(const std::string& projectPath, const Console& console);
 
 /// Tells the pages of a project and their elements.
 int ListCommand(const std::string& projectPath, const Console& console);
+
+/// Writes the report that the elements of a project print, page by page, to `outputPath`, to standard output
+/// when that is empty; with `page` only that page's. An element that does not load or cannot report is told
+/// as by CheckCommand. Exit status kFound when there is one.
+int ReportCommand(const std::string& projectPath, std::optional<Long> page, const std::string& outputPath,
+                  const Console& console);
 
 /// Tells how the pages of b differ from those of a, each a project or a page file, one line a difference, and
 /// paints the difference of the page that differs when `outputPath` is not empty. Without `page` all pages

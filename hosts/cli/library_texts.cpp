@@ -1,10 +1,11 @@
 #include "hosts/cli/library_texts.h"
 
-#include <string>
-
 #include "framework/language_strings.h"
+#include "hosts/cli/element_calls.h"
 #include "hosts/cli/quiet_boxes.h"
 #include "hosts/cli/table_column.h"
+#include "hosts/cli/user_error.h"
+#include "hosts/cli/variable_settings.h"
 #include "platform/automation/call_by_name.h"
 #include "platform/platform.h"
 #include "shapes/element_columns.h"
@@ -30,6 +31,11 @@ corvane1::ProjectStringLibrary OpenedLibrary() {
 
 bool BearsText(const ItfHmiElement& element) {
   return element.Class().Default().Find("ActualText") != nullptr;
+}
+
+std::string CaptionOf(ItfHmiElement& element) {
+  if (!BearsText(element) && !IsVariable(element)) return {};
+  return Quoted(automation::To<std::string>(Read(element, "Txt")));
 }
 
 bool ShowsLibraryString(ItfHmiElement& element) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "framework/element_contract.h"
 #include "platform/ado/recordset.h"
 #include "platform/corvane1/project_string_library.h"
@@ -14,6 +16,9 @@ corvane1::ProjectStringLibrary OpenedLibrary();
 
 /// Whether the element has a text that is fitted into its place.
 bool BearsText(const ItfHmiElement& element);
+
+/// What lists call the element by, in quotes: its text, or the name of a variable; empty for others.
+std::string CaptionOf(ItfHmiElement& element);
 
 /// Whether the element shows a string of the library.
 bool ShowsLibraryString(ItfHmiElement& element);

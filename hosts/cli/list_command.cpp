@@ -5,7 +5,6 @@
 #include "hosts/cli/library_texts.h"
 #include "hosts/cli/page_store.h"
 #include "hosts/cli/text_table.h"
-#include "hosts/cli/user_error.h"
 #include "hosts/cli/variable_settings.h"
 
 namespace quenzel7::cli {
@@ -38,12 +37,12 @@ int ListCommand(const std::string& projectPath, const Console& console) {
                  std::to_string(CountElements(page.elements))});
       WalkElements(page.elements, [&](ItfHmiElement& element, const ElementPath& path) {
         // Groups and variables have no order of their own.
-        const bool isVariable = IsVariable(element);
-        const std::string order = IsGroup(element) || isVariable ? "" : Text(Read(element, "OrderIndex"));
+        const std::string order =
+            IsGroup(element) || IsVariable(element) ? "" : Text(Read(element, "OrderIndex"));
         const std::string indentation(2 * (path.size() - 1), ' ');
         elements.Add({number, order, std::to_string(IdOf(element)),
                       indentation + std::string(element.Class().name), Text(Call(element, "GetToolTipText")),
-                      BearsText(element) || isVariable ? Quoted(Text(Read(element, "Txt"))) : ""});
+                      CaptionOf(element)});
       });
     }
   });

@@ -60,6 +60,12 @@ int main(int argc, char** argv) {
       app.add_subcommand("check", "Tell what is wrong in a project; exit status 1 when something is");
   takeProject(check);
 
+  CLI::App* report = app.add_subcommand(
+      "report", "Write what the elements of a project tell of themselves; exit status 1 when one cannot");
+  takeProject(report);
+  takePage(report, "Only the page of this number");
+  report->add_option("-o,--output", output, "The file to write, in place of standard output");
+
   CLI::App* diff =
       app.add_subcommand("diff", "Tell how two projects or page files differ; exit status 1 when they do");
   diff->add_option("A", project, "A project or a page file")->required();
@@ -131,6 +137,7 @@ int main(int argc, char** argv) {
     if (*render) return cli::RenderCommand(project, page, output, scale, console);
     if (*list) return cli::ListCommand(project, console);
     if (*check) return cli::CheckCommand(project, console);
+    if (*report) return cli::ReportCommand(project, page, output, console);
     if (*diff) return cli::DiffCommand(project, projectB, page, output, console);
     if (*strings && direction == "import") return cli::ImportStringsCommand(project, output, console);
     if (*addImages) return cli::AddImagesCommand(project, addition, console);

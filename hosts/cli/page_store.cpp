@@ -49,12 +49,20 @@ void SaveRows(ItfHmiElement& element) {
   Call(element, "SaveToDB");
 }
 
-void Raise(const UserError& error) { throw error; }
+/// What is told of a row that does not load.
+using WrongRow = std::function<void(RowLoader& loader, const ado::Recordset& row, const std::string& error)>;
+
+/// Loading ends at the first row that does not load.
+WrongRow RaiseIn(const ProjectSession& project) {
+  return [&project](RowLoader&, const ado::Recordset& row, const std::string& error) {
+    throw UserError(project.Place() + ", row " + To<std::string>(row.Get("ID")) +
+                    " of HMI_Elements: " + error);
+  };
+}
 
 /// Loads the rows of a page, and tells of those that do not load.
 LoadedPage LoadRows(ProjectSession& project, const PageInfo& info, const Console& console,
-                    const ElementClasses& classes, TextsFrom texts,
-                    const std::function<void(const UserError&)>& wrong) {
+                    const ElementClasses& classes, TextsFrom texts, const WrongRow& wrong) {
   UsePanel(info.panel.type);
   std::vector<PageRow> loaded;
   RowLoader loader(project.Connection(), classes, texts);
@@ -65,21 +73,18 @@ LoadedPage LoadRows(ProjectSession& project, const PageInfo& info, const Console
       ado::adOpenStatic, ado::adLockReadOnly);
   ProgressBar progress(console, "loading", static_cast<std::size_t>(rows->RecordCount()));
   for (; !rows->Eof(); rows->MoveNext()) {
-    try {
-      AtPlace(project.Place() + ", row " + To<std::string>(rows->Get("ID")) + " of HMI_Elements", [&] {
-        ElementRef element = loader.Load(rows);
-        std::optional<Long> place;
-        if (IsGroup(*element)) {
-          place = groups.Find(IdOf(*element));
-        } else if (!IsVariable(*element)) {
-          // Variables have no order: they lie on top in that of their rows.
-          place = To<Long>(Read(*element, "OrderIndex"));
-        }
-        loaded.push_back({std::move(element), place});
-      });
-    } catch (const UserError& error) {
-      wrong(error);
-    }
+    const std::string error = ErrorOf([&] {
+      ElementRef element = loader.Load(rows);
+      std::optional<Long> place;
+      if (IsGroup(*element)) {
+        place = groups.Find(IdOf(*element));
+      } else if (!IsVariable(*element)) {
+        // Variables have no order: they lie on top in that of their rows.
+        place = To<Long>(Read(*element, "OrderIndex"));
+      }
+      loaded.push_back({std::move(element), place});
+    });
+    if (!error.empty()) wrong(loader, *rows, error);
     progress.Advance();
   }
   return {info, TreeOf(loaded), PicturesBehind(project.Connection(), info.number)};
@@ -104,15 +109,24 @@ PageInfo ChoosePage(ProjectSession& project, std::optional<Long> number) {
 
 LoadedPage LoadPage(ProjectSession& project, const PageInfo& info, const Console& console,
                     const ElementClasses& classes) {
-  return LoadRows(project, info, console, classes, TextsFrom::Library, Raise);
+  return LoadRows(project, info, console, classes, TextsFrom::Library, RaiseIn(project));
 }
 
 LoadedPage LoadPageAsFiled(ProjectSession& project, const PageInfo& info, const Console& console) {
-  return LoadRows(project, info, console, ElementClasses::All(), TextsFrom::Rows, Raise);
+  return LoadRows(project, info, console, ElementClasses::All(), TextsFrom::Rows, RaiseIn(project));
 }
 
 LoadedPage LoadGoodRows(ProjectSession& project, const PageInfo& info, const Console& console) {
-  return LoadRows(project, info, console, ElementClasses::All(), TextsFrom::Rows, [](const UserError&) {});
+  return LoadRows(project, info, console, ElementClasses::All(), TextsFrom::Rows,
+                  [](RowLoader&, const ado::Recordset&, const std::string&) {});
+}
+
+LoadedPage LoadPageTelling(ProjectSession& project, const PageInfo& info, const Console& console,
+                           std::vector<std::string>& findings) {
+  return LoadRows(project, info, console, ElementClasses::All(), TextsFrom::Library,
+                  [&](RowLoader& loader, const ado::Recordset& row, const std::string& error) {
+                    findings.push_back(loader.PlaceOf(info.number, row) + ": " + error);
+                  });
 }
 
 ExportedPage ExportPage(ProjectSession& project, const LoadedPage& page) {

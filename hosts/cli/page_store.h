@@ -37,6 +37,10 @@ LoadedPage LoadPageAsFiled(ProjectSession& project, const PageInfo& info, const 
 /// Loads those elements of a page whose rows load.
 LoadedPage LoadGoodRows(ProjectSession& project, const PageInfo& info, const Console& console);
 
+/// As LoadPage, but of rows that do not load a finding tells, in the words of a check, by ID.
+LoadedPage LoadPageTelling(ProjectSession& project, const PageInfo& info, const Console& console,
+                           std::vector<std::string>& findings);
+
 /// What an import did.
 struct ImportResult {
   /// Whether the project had the page before, and with how many rows of elements, those that do not load

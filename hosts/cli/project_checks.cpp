@@ -38,19 +38,6 @@ ado::RecordsetRef Query(ado::Connection& connection, const std::string& statemen
   return ado::OpenRecordset(connection, statement, ado::adOpenStatic, ado::adLockReadOnly);
 }
 
-/// What an action says when it cannot be done; empty when it can.
-template <class Action>
-std::string ErrorOf(const Action& action) {
-  try {
-    action();
-  } catch (const UserError& error) {
-    return error.what();
-  } catch (const automation::AutomationError& error) {
-    return error.Description();
-  }
-  return {};
-}
-
 /// A column of a row as a number, or nothing.
 std::optional<Long> NumberIn(const ado::Recordset& row, std::string_view column) {
   std::optional<Long> number;
@@ -160,14 +147,9 @@ class Check {
   /// Checks the row on which the recordset stands.
   void CheckElement() {
     const auto page = NumberIn(*elements_, "DisplayID");
-    place_ = (page ? "page " + std::to_string(*page) : "no page") + ", row " +
-             To<std::string>(elements_->Get("ID"));
+    place_ = loader_.PlaceOf(page, *elements_);
     ElementRef element;
     const std::string wrong = ErrorOf([&] { element = loader_.Load(elements_); });
-    ErrorOf([&] {
-      const auto* known = loader_.ClassOf(To<Long>(elements_->Get("Type")));
-      if (known) place_ += " (" + std::string(known->name) + ")";
-    });
     if (!page) {
       Tell("column 'DisplayID' of HMI_Elements: " + ErrorOf([&] { To<Long>(elements_->Get("DisplayID")); }));
     }

@@ -1,7 +1,5 @@
 #include "hosts/cli/row_loader.h"
 
-#include <string>
-
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/element_picture.h"
 #include "hosts/cli/library_texts.h"
@@ -11,11 +9,27 @@
 
 namespace quenzel7::cli {
 
+std::string RowPlace(std::optional<Long> page, const std::string& id,
+                     const automation::ClassInfo* elementClass) {
+  return (page ? "page " + std::to_string(*page) : "no page") + ", row " + id +
+         (elementClass ? " (" + std::string(elementClass->name) + ")" : "");
+}
+
 const automation::ClassInfo* RowLoader::ClassOf(Long elementType) {
   if (const auto found = byType_.find(elementType); found != byType_.end()) return found->second;
   const automation::ClassInfo* const elementClass = classes_.OfType(elementType);
   byType_.emplace(elementType, elementClass);
   return elementClass;
+}
+
+std::string RowLoader::PlaceOf(std::optional<Long> page, const ado::Recordset& row) {
+  const automation::ClassInfo* elementClass = nullptr;
+  try {
+    elementClass = ClassOf(automation::To<Long>(row.Get("Type")));
+  } catch (const automation::AutomationError&) {
+    // A row whose type cannot be told has no class that could be.
+  }
+  return RowPlace(page, automation::To<std::string>(row.Get("ID")), elementClass);
 }
 
 ElementRef RowLoader::Load(const ado::RecordsetRef& rows) {

@@ -37,6 +37,20 @@ decltype(auto) AtPlace(const std::string& place, const Work& work) {
   }
 }
 
+/// What an action raises, errors of its own and of the automation run-time, in words; empty when it can be
+/// done. Other exceptions pass.
+template <class Action>
+std::string ErrorOf(const Action& action) {
+  try {
+    action();
+  } catch (const UserError& error) {
+    return error.what();
+  } catch (const automation::AutomationError& error) {
+    return error.Description();
+  }
+  return {};
+}
+
 /// The system's words for an error number of the operating system.
 std::string SystemMessage(int errorNumber);
 

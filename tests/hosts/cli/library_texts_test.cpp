@@ -11,6 +11,7 @@
 #include "tests/hosts/cli/cli_project.h"
 #include "tests/hosts/cli/every_kind_element.h"
 #include "tests/hosts/cli/library_fixture.h"
+#include "variables/var_element.h"
 
 namespace quenzel7::cli {
 namespace {
@@ -22,6 +23,20 @@ TEST_F(LibraryTexts, TextsAndFramesBearText) {
   EXPECT_TRUE(BearsText(clsFrame()));
   EXPECT_FALSE(BearsText(clsRectangle()));
   EXPECT_FALSE(BearsText(test::EveryKindElement()));
+}
+
+TEST_F(LibraryTexts, TextsAndVariablesHaveACaption) {
+  clsText text;
+  text.Txt("a\nb");
+  EXPECT_EQ(CaptionOf(text), "\"a\nb\"");
+  clsVar variable;
+  variable.VarName("Speed");
+  EXPECT_EQ(CaptionOf(variable), "\"Speed\"");
+  clsFrame frame;
+  frame.Txt("");
+  EXPECT_EQ(CaptionOf(frame), "\"\"");
+  clsRectangle rectangle;
+  EXPECT_EQ(CaptionOf(rectangle), "");
 }
 
 TEST_F(LibraryTexts, ALibraryStringIsShownForEveryNumberButNoneAndWithoutAnOperand) {

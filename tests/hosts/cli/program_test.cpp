@@ -68,7 +68,7 @@ TEST_F(ProgramTest, HelpTellsEveryCommand) {
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
   for (const char* command :
-       {"import", "export", "render", "list", "check", "diff", "strings", "settings", "demo"}) {
+       {"import", "export", "render", "list", "check", "report", "diff", "strings", "settings", "demo"}) {
     EXPECT_NE(run.out.find(command), std::string::npos) << command;
     const auto help = Run({command, "--help"});
     EXPECT_EQ(help.status, 0);
@@ -286,6 +286,24 @@ TEST_F(ProgramTest, ChecksAProject) {
             "operand row\n");
 }
 
+TEST_F(ProgramTest, ReportsWhatElementsTell) {
+  ImportPages({1, 2});
+  const std::string lines = ",2,30,40)\n  Pen Width: 1\n";
+  const std::string page2 = "Page 2\nclsRectangle 2\n  Coordinates (Left,Top,Width,Height): (2" + lines;
+  const auto whole = Run({"report", "p.qz7"});
+  EXPECT_EQ(whole.status, 0);
+  EXPECT_EQ(whole.err, "");
+  EXPECT_EQ(whole.out,
+            "Page 1\nclsRectangle 1\n  Coordinates (Left,Top,Width,Height): (1" + lines + "\n" + page2);
+  EXPECT_EQ(Run({"report", "p.qz7", "--page", "2"}).out, page2);
+  EXPECT_EQ(Run({"report", "p.qz7", "--page", "2", "-o", "x.txt"}).out, "");
+  EXPECT_EQ(TextOf("x.txt"), page2);
+  InProject("UPDATE HMI_Elements SET Type=99 WHERE ID=2");
+  const auto damaged = Run({"report", "p.qz7", "--page", "2"});
+  EXPECT_EQ(damaged.status, 1);
+  EXPECT_EQ(damaged.out, "Page 2\npage 2, row 2: there is no class of element type 99\n");
+}
+
 TEST_F(ProgramTest, TellsDifferences) {
   ImportPages({1, 2});
   fs::copy_file(File("p.qz7"), File("q.qz7"));
@@ -311,6 +329,7 @@ TEST_F(ProgramTest, ReadingAProjectLeavesItAsItIs) {
   Run({"export", "p.qz7"});
   Run({"list", "p.qz7"});
   Run({"check", "p.qz7"});
+  Run({"report", "p.qz7"});
   Run({"diff", "p.qz7", "ok.json", "-o", "y.png"});
   Run({"diff", "p.qz7", "p.qz7"});
   Run({"render", "p.qz7", "-o", "x.png"});
@@ -341,7 +360,7 @@ TEST_F(ProgramTest, NothingIsWrittenOverWhatIsRead) {
 
 TEST_F(ProgramTest, PagesThatAreNotThereAreTold) {
   ImportPages({1});
-  for (const char* command : {"export", "render"}) {
+  for (const char* command : {"export", "render", "report"}) {
     ExpectFailure({command, "p.qz7", "--page", "5", "-o", "x"},
                   "project p.qz7 has no page 5; there is page 1");
   }
@@ -403,6 +422,7 @@ TEST_F(ProgramTest, ProjectsThatAreNotThereAreTold) {
   for (const std::vector<std::string>& command : {std::vector<std::string>{"export", "none.qz7"},
                                                   {"list", "none.qz7"},
                                                   {"check", "none.qz7"},
+                                                  {"report", "none.qz7"},
                                                   {"render", "none.qz7", "-o", "x.png"}}) {
     ExpectFailure(command, "project file \"none.qz7\": there is no such file");
   }
@@ -418,6 +438,7 @@ TEST_F(ProgramTest, AFileThatIsNoProjectIsRefusedAndStays) {
                                                   {"export", "notes.txt"},
                                                   {"list", "notes.txt"},
                                                   {"check", "notes.txt"},
+                                                  {"report", "notes.txt"},
                                                   {"render", "notes.txt", "-o", "x.png"}}) {
     ExpectFailure(command, line);
   }

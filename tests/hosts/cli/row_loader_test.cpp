@@ -51,5 +51,21 @@ TEST_F(RowLoaderTest, AClassIsFoundByTypeAlsoTheSecondTime) {
   }
 }
 
+TEST_F(RowLoaderTest, TellsTheRowOfAFinding) {
+  EXPECT_EQ(RowPlace(3, "7", &clsRectangle::ClassOf()), "page 3, row 7 (clsRectangle)");
+  EXPECT_EQ(RowPlace({}, "", nullptr), "no page, row ");
+  Import(PageText(1, {ElementText(1, 2, 30, 40)}));
+  const auto place = [this] {
+    const auto rows = ado::OpenRecordset(Connection(), "SELECT * FROM HMI_Elements", ado::adOpenStatic,
+                                         ado::adLockReadOnly);
+    return RowLoader(Connection(), ElementClasses::All()).PlaceOf(4, *rows);
+  };
+  EXPECT_EQ(place(), "page 4, row 1 (clsRectangle)");
+  Connection().Execute("UPDATE HMI_Elements SET Type=99");
+  EXPECT_EQ(place(), "page 4, row 1");
+  Connection().Execute("UPDATE HMI_Elements SET Type='x'");
+  EXPECT_EQ(place(), "page 4, row 1");
+}
+
 }  // namespace
 }  // namespace quenzel7::cli

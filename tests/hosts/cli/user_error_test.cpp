@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <stdexcept>
 
 #include "tests/hosts/cli/messages.h"
 
@@ -41,6 +42,16 @@ TEST(UserError, AtPlaceLetsOtherExceptionsPass) {
 
 TEST(UserError, SystemMessageIsThatOfTheNumber) {
   EXPECT_EQ(SystemMessage(ENOENT), "No such file or directory");
+}
+
+TEST(UserErrors, AreToldInWordsWithThoseOfTheRunTime) {
+  EXPECT_EQ(ErrorOf([] {}), "");
+  EXPECT_EQ(ErrorOf([] { throw UserError("no paper"); }), "no paper");
+  EXPECT_EQ(ErrorOf([] {
+              throw automation::AutomationError(automation::ErrorNumber::InvalidProcedureCall, "no ink");
+            }),
+            "no ink");
+  EXPECT_THROW(ErrorOf([] { throw std::logic_error("other"); }), std::logic_error);
 }
 
 }  // namespace
