@@ -248,9 +248,10 @@ void clsVar::ItfHmiElement_RestoreAllOperands() {
     RestoreOperand(type, address, operandBags_->ObjectAt<automation::PropertyBag>(bag));
   };
   const auto restoreBit = [&](Long bag, const Operands::MemoryBit& bit) {
+    // The row is that of a memory bit whatever a host has put into the bag.
     Long type = kMemoryBit;
     restoreAt(bag, type, this->*bit.address);
-    AddOperandRow(id_, type, this->*bit.address, bit.purpose, kLocalNetwork);
+    AddOperandRow(id_, kMemoryBit, this->*bit.address, bit.purpose, kLocalNetwork);
   };
 
   ++place;

@@ -41,7 +41,7 @@ class RecordingTracker final : public corvane1::ChangeTracker {
 };
 
 /// Passes on what it is told and notes it in the same log: "saved 5", "keypad 5 True", "global keypad 6
-/// False", "deleted 5", "global gone clsVar", "project size 5".
+/// False", "deleted 5", "global gone clsVar", "global gone without an element", "project size 5".
 class RecordingProject final : public corvane1::ProjectService {
  public:
   RecordingProject(std::shared_ptr<corvane1::ProjectService> inner,
@@ -64,7 +64,7 @@ class RecordingProject final : public corvane1::ProjectService {
     inner_->NotifyElementDeleted(elementId);
   }
   void NotifyGlobalElementDeleted(const automation::ObjectRef& element) override {
-    recorder_->Note("global gone " + std::string(element->Class().name));
+    recorder_->Note("global gone " + (element ? std::string(element->Class().name) : "without an element"));
     inner_->NotifyGlobalElementDeleted(element);
   }
   Long ElementSize(Long elementId) override {

@@ -46,6 +46,8 @@ class HandlerInRow final : public BinaryHandler {
 
   std::vector<Byte> data = {1, 2, 3};
   bool isSwitch = false;
+  /// Runs while it is saved.
+  std::function<void()> whileSaved;
 
   bool Switch() const { return isSwitch; }
   // No calendar.
@@ -96,6 +98,7 @@ class HandlerInRow final : public BinaryHandler {
   }
   void ItfVarBinaryHandler_SaveToDB(Long pElementID, enVarType pVarType) override {
     Note("SaveToDB " + std::to_string(pElementID) + " " + std::to_string(pVarType));
+    if (whileSaved) whileSaved();
   }
   HandlerRef ItfVarBinaryHandler_Replica() override {
     Note("Replica");

@@ -4,6 +4,8 @@
 #include <limits>
 
 #include "platform/automation/array.h"
+#include "platform/automation/call_by_name.h"
+#include "shapes/bitmap.h"
 #include "tests/support/raises.h"
 #include "tests/support/text_fixture.h"
 #include "tests/support/variable_fixture.h"
@@ -123,8 +125,8 @@ TEST_F(DraggedVariable, OfAPictureOrAMeterMovesTheEdgesOfItsFrameFromTheLastStep
 TEST_F(DraggedVariable, ThatDoesNotFit32BitsIsAnOverflow) {
   const struct {
     Long dx, dy, direction;
-  } kSteps[] = {{kLeast, 0, ePD_Right}, {kMost, 0, ePD_Right}, {kLeast, 0, ePD_Left},
-                {0, kLeast, ePD_Down},  {0, kMost, ePD_Down},  {0, kLeast, ePD_Up}};
+  } kSteps[] = {{kLeast, 0, ePD_Right}, {kMost, 0, ePD_Right}, {kLeast, 0, ePD_Left}, {kMost, 0, ePD_Left},
+                {0, kLeast, ePD_Down},  {0, kMost, ePD_Down},  {0, kLeast, ePD_Up},   {0, kMost, ePD_Up}};
   for (const Long type : {1, 5}) {
     for (const auto& [dx, dy, direction] : kSteps) {
       const auto variable = Of(type);
@@ -135,6 +137,15 @@ TEST_F(DraggedVariable, ThatDoesNotFit32BitsIsAnOverflow) {
                 6)
           << type << ", " << direction;
     }
+  }
+}
+
+TEST_F(DraggedVariable, AMeterStopsPaintingBeforeItsFrameOverflows) {
+  for (const Long id : {-1, 5}) {
+    const auto meter = Of(21);
+    meter->ID(id);
+    EXPECT_EQ(ErrorOf([&] { Drag(*meter, kMost, 0, ePD_Right); }), 6);
+    EXPECT_EQ(TakeLog(), id == -1 ? CallLog{} : CallLog{"handler.SuspendPainting(True)"});
   }
 }
 
@@ -551,6 +562,27 @@ TEST_F(DraggedVariable, AMovingPictureHasRoomForIt) {
   EXPECT_EQ(ErrorOf([&] { StateOf(*moving, none); }), 13);
 }
 
+TEST_F(DraggedVariable, AMovingPictureIsMeasuredByThePictureOfItsElementWhereThatHoldsOne) {
+  const struct {
+    Long dx, dy;
+    bool fits;
+  } kPictures[] = {{30, 40, true}, {31, 40, false}, {30, 41, false}};
+  for (const auto& [dx, dy, fits] : kPictures) {
+    const auto bitmap = std::make_shared<clsBitmap>();
+    static_cast<ItfImage&>(*bitmap).Dx(dx);
+    static_cast<ItfImage&>(*bitmap).Dy(dy);
+    const auto moving = Of(20);
+    moving->SetBinaryHandler(eVT_MovingImage,
+                             std::make_shared<test::HandlerDouble>("image", Notes(), bitmap));
+    // The size of the element says the opposite.
+    const Long other = fits ? 500 : 5;
+    static_cast<ItfHmiElement&>(*bitmap).Dx(other);
+    static_cast<ItfHmiElement&>(*bitmap).Dy(other);
+    Variant map = Map();
+    EXPECT_EQ(StateOf(*moving, map), fits ? eCS_Legall : eCS_OutOfRAnge) << dx << ' ' << dy;
+  }
+}
+
 TEST_F(DraggedVariable, AMovingPictureIsMeasuredByWhatIsProposed) {
   const auto moving = Of(20);
   element_->dx = 20;
@@ -644,6 +676,20 @@ TEST_F(DraggedVariable, NeedsWhatItsHandlerSaysOfItsSizeAtRestInItsFont) {
         EXPECT_EQ(needs, stops ? (Descriptor{10, 20, 30, 40}) : (Descriptor{10, 20, 33, 44})) << type;
       }
     }
+  }
+}
+
+TEST_F(DraggedVariable, TellsHostsWhatItNeedsByName) {
+  const auto variable = Of(8);
+  handler_->moreDx = 3;
+  handler_->moreDy = 4;
+  for (const automation::Interface* const asked :
+       {&clsVar::ClassOf().Default(), &ItfHmiElement::InterfaceOf()}) {
+    Variant needs[] = {Variant(Long{1}), Variant(Long{2}), Variant(Long{3}), Variant(Long{4})};
+    automation::CallByName(*variable, *asked, "GetOptimalDimensions", automation::CallKind::Method, needs);
+    const Long expected[] = {10, 20, 33, 44};
+    for (std::size_t place = 0; place < 4; ++place)
+      EXPECT_EQ(needs[place], Variant(expected[place])) << place;
   }
 }
 

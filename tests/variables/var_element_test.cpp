@@ -138,15 +138,15 @@ TEST_F(Variable, IsAnElementOfItsOwnClass) {
 }
 
 TEST_F(Variable, MarksWhatIsNotOfThePage) {
-  Names identity, notStored;
+  Names identity, transient;
   for (const automation::Member& member : clsVar::ClassOf().Default().Members()) {
     EXPECT_FALSE(member.documentation.empty()) << member.name;
     if (member.mark == Mark::Identity) identity.emplace_back(member.name);
-    if (member.mark == Mark::NotStored) notStored.emplace_back(member.name);
-    EXPECT_TRUE(member.mark == Mark::None || member.mark == Mark::Identity || member.mark == Mark::NotStored);
+    if (member.mark == Mark::Transient) transient.emplace_back(member.name);
+    EXPECT_TRUE(member.mark == Mark::None || member.mark == Mark::Identity || member.mark == Mark::Transient);
   }
   EXPECT_EQ(identity, (Names{"DisplayID", "GroupID", "ID"}));
-  EXPECT_EQ(notStored, Names{"HatchStyle"});
+  EXPECT_EQ(transient, Names{"HatchStyle"});
 }
 
 TEST_F(Variable, StartsAsATextForABitWithoutHandlerAndPlace) {

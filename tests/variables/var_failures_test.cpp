@@ -286,6 +286,9 @@ TEST_F(FailingRowOfVariable, WithoutAProjectEverythingIsError91) {
 TEST_F(FailingRowOfVariable, ARefusedRowLeavesWhatTheHandlerSaved) {
   const auto variable = WithNotedHandler(eVT_Trend);
   variable->SaveToDB();
+  dynamic_cast<test::HandlerInRow&>(*variable->BinaryHandlers(eVT_Trend)).whileSaved = [this] {
+    Connection().Execute("INSERT INTO ElementsAndImages (Element_ID,Image_CRC) VALUES (5,61)");
+  };
   Connection().Execute(
       "CREATE TRIGGER Refuse BEFORE UPDATE ON HMI_Elements BEGIN SELECT RAISE(ABORT, 'refused'); END");
   TakeLog();
@@ -294,6 +297,7 @@ TEST_F(FailingRowOfVariable, ARefusedRowLeavesWhatTheHandlerSaved) {
   EXPECT_NE(raised.description.find("refused"), std::string::npos) << raised;
   const CallLog log = TakeLog();
   EXPECT_EQ(CallLog(log.end() - 2, log.end()), (CallLog{"handler.SaveToDB 5 23", "Update"}));
+  EXPECT_EQ(Rows("SELECT * FROM ElementsAndImages", {"Element_ID", "Image_CRC"}), CallLog{"5 61"});
 }
 
 TEST_F(FailingRowOfVariable, AReadOnlyProjectLoadsAndRefusesEveryChange) {

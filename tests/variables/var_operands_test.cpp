@@ -10,6 +10,7 @@ namespace quenzel7 {
 namespace {
 
 using automation::GetByName;
+using automation::InvokeByName;
 using automation::PutByName;
 using automation::Variant;
 using test::CallLog;
@@ -149,6 +150,8 @@ TEST_F(OperandsOfVariable, AnAddressIsStoredBeforeTheBagsAreBuilt) {
   EXPECT_EQ(variable->EnabledOpAddr(), 30);
   EXPECT_EQ(ErrorOf([&] { variable->TouchOprndAddr(31); }), 91);
   EXPECT_EQ(variable->TouchOprndAddr(), 31);
+  // Its own bags come before those of the handler.
+  EXPECT_EQ(TakeLog(), CallLog{});
 }
 
 // --- Rows that go ---
@@ -233,25 +236,60 @@ TEST_F(OperandsOfVariable, ThatAreThereStayAndGetTheirRows) {
 TEST_F(OperandsOfVariable, ComeBackFromTheirOwnBagsWhicheverAreThere) {
   const struct {
     const char* name;
+    Long address;
     std::string row;
-  } kBits[] = {{"TouchOprndAddr", "5 1 22 0 2"},
-               {"EnabledOpAddr", "5 1 28 0 4"},
-               {"VisibleOpAddr", "5 1 29 0 5"},
-               {"HighlightOpAddr", "5 1 30 0 6"},
-               {"KeypadSuccessOpAddr", "5 1 31 0 7"}};
-  for (const auto& [gone, row] : kBits) {
+  } kBits[] = {{"TouchOprndAddr", 22, "5 1 22 0 2"},
+               {"EnabledOpAddr", 28, "5 1 28 0 4"},
+               {"VisibleOpAddr", 29, "5 1 29 0 5"},
+               {"HighlightOpAddr", 30, "5 1 30 0 6"},
+               {"KeypadSuccessOpAddr", 31, "5 1 31 0 7"}};
+  for (const auto& [gone, goneAddress, row] : kBits) {
     const auto variable = Full();
     variable->BuildOpPropBag();
     PutByName(*variable, gone, Long{-1});
+    ASSERT_FALSE(IsDefined(44, 3));
     variable->RestoreAllOperands();
     CallLog expected = {"5 3 44 0 1"};
     for (const auto& bit : kBits) {
       if (bit.row != row) expected.push_back(bit.row);
+      EXPECT_EQ(IsDefined(bit.address), bit.row != row) << gone << ' ' << bit.name;
     }
+    EXPECT_TRUE(IsDefined(44, 3)) << gone;
     EXPECT_EQ(OperandRows(), expected) << gone;
     EXPECT_EQ(GetByName(*variable, gone), Variant(Long{-1}));
     Connection().Execute("DELETE FROM HMI_Operands");
+    Connection().Execute("DELETE FROM Operands");
   }
+}
+
+TEST_F(OperandsOfVariable, ABitHasTheRowOfABitWhateverItsBagHolds) {
+  const auto variable = Bare();
+  variable->EnabledOpAddr(28);
+  const auto bags = std::make_shared<automation::Collection>();
+  for (Long place = 1; place <= 6; ++place) {
+    bags->Add(NewOperandBag(place == 3 ? 34 : 1, place == 3 ? 7 : -1, kLocalNetwork));
+  }
+  variable->ColOpPropBag(bags);
+  Define(0, "", 37);
+  variable->RestoreAllOperands();
+  // The value has come back at a free address.
+  EXPECT_TRUE(IsDefined(1, 37));
+  EXPECT_EQ(variable->EnabledOpAddr(), 1);
+  EXPECT_EQ(OperandRows(), CallLog{"5 1 1 0 4"});
+}
+
+TEST_F(OperandsOfVariable, ComeBackAndGoByName) {
+  const auto variable = Full();
+  variable->BuildOpPropBag();
+  InvokeByName(*variable, "RestoreAllOperands");
+  EXPECT_EQ(OperandRows().size(), 6u);
+  EXPECT_TRUE(IsDefined(22));
+  EXPECT_EQ(TakeLog().back(), "handler.RestoreAllOperands(5)");
+  Connection().Execute("INSERT INTO HMI_Elements (ID,GUID) VALUES (5,9)");
+  InvokeByName(*variable, "DeleteFromDB");
+  EXPECT_EQ(Elements(), CallLog{});
+  EXPECT_EQ(OperandRows(), CallLog{});
+  EXPECT_FALSE(IsDefined(22));
 }
 
 TEST_F(OperandsOfVariable, ATouchThatOpensAKeypadHasABagAndNoRow) {

@@ -206,6 +206,35 @@ TEST_F(PaintedVariable, AStyleOrAlignmentBeyond16BitsIsAnOverflow) {
   EXPECT_EQ(ErrorOf([&] { static_cast<ItfHmiElement&>(*variable).Draw(surface.Dc(), false); }), 6);
 }
 
+TEST_F(PaintedVariable, AHostMayTakeTheHandlerAwayWhileItPaints) {
+  const gdi::Surface surface(4, 4);
+  const auto variable = Of(9);
+  const auto draw = [&] {
+    return ErrorOf([&] { static_cast<ItfHmiElement&>(*variable).Draw(surface.Dc(), false); });
+  };
+  const std::weak_ptr<test::DrawnDouble> element = element_;
+  element_->during = [&variable, &element](const std::string& asked) {
+    if (asked != "Draw") return;
+    variable->SetBinaryHandler(eVT_BarGraph, nullptr);
+    EXPECT_FALSE(element.expired());
+  };
+  // Nobody else holds them.
+  element_ = nullptr;
+  handler_ = nullptr;
+  EXPECT_EQ(draw(), 0);
+  EXPECT_TRUE(element.expired());
+
+  auto handler = std::make_shared<test::HandlerDouble>("handler", Notes(), NewDrawing(kBitmapElement));
+  const std::weak_ptr<test::HandlerDouble> held = handler;
+  handler->during = [&](const std::string& asked) {
+    if (asked != "PaintPicture") return;
+    variable->SetBinaryHandler(eVT_BarGraph, nullptr);
+    EXPECT_FALSE(held.expired());
+  };
+  variable->SetBinaryHandler(eVT_BarGraph, std::move(handler));
+  EXPECT_EQ(draw(), 91);
+}
+
 // --- The badge ---
 
 TEST_F(PaintedVariable, AGlobalVariableHasABadgeAfterAllElse) {
@@ -287,6 +316,20 @@ TEST_F(PaintedVariable, ABadgeThatCannotBeLoadedLeavesNothingBehind) {
   EXPECT_TRUE(LibraryState::Current().ImageResizeFailed);
 }
 
+TEST_F(PaintedVariable, ABadgeBeyond32BitsIsAnOverflowThatLeavesNothingBehind) {
+  const auto variable = Of(5);
+  variable->GlobalVarID(1);
+  variable->Dy(1);
+  variable->Ys(2147483647);
+  LibraryState::Current().ImageResizeFailed = true;
+  const CallLog calls = test::CallsOfPainting([&](Long dc) {
+    EXPECT_EQ(ErrorOf([&] { static_cast<ItfHmiElement&>(*variable).Draw(dc, false); }), 6);
+  });
+  ASSERT_GE(calls.size(), 2u);
+  EXPECT_EQ(CallLog(calls.end() - 2, calls.end()), (CallLog{"DeleteDC(dc:1)", "DeleteObject(bitmap:2)"}));
+  EXPECT_TRUE(LibraryState::Current().ImageResizeFailed);
+}
+
 // --- The message ---
 
 /// Notes messages among the calls of a drawing, and whether the flag stood then.
@@ -356,6 +399,38 @@ TEST_F(PaintedVariable, OnPaperTheNameIsInTheCodePageOfTheHost) {
   const std::string encoded = corvane1::AnsiCodePageOf(*Platform::Current().settings).Encoded("\xC3\xA4");
   ASSERT_EQ(encoded, "\xE4");
   EXPECT_EQ(calls[3], "TextOutA(dc:1, 21, 36, \"\\xe4\", 1)");
+}
+
+TEST_F(PaintedVariable, OnPaperTheNameIsInTheCodePageOfTheSettings) {
+  const auto variable = Of(14);
+  const auto settings = std::make_shared<corvane1::LayeredSettings>(Platform::Current().heldProject);
+  Platform::Current().settings = settings;
+  const auto print = [&](Long dc) { static_cast<ItfHmiElement&>(*variable).DrawToPrinter(dc, "\xCE\xB1"); };
+  settings->Set(7000, 1, "1253");
+  const CallLog calls = test::CallsOfPainting(print);
+  ASSERT_EQ(calls.size(), 6u);
+  EXPECT_EQ(calls[3], "TextOutA(dc:1, 21, 36, \"\\xe1\", 1)");
+  // No page of that number: all is as before but for the name.
+  settings->Set(7000, 1, "932");
+  const CallLog refused = test::CallsOfPainting([&](Long dc) { EXPECT_EQ(ErrorOf([&] { print(dc); }), 5); });
+  CallLog expected = calls;
+  expected.erase(expected.begin() + 3);
+  EXPECT_EQ(refused, expected);
+}
+
+TEST_F(PaintedVariable, OnPaperItIsAlikeWithAndWithoutARowOrAHandler) {
+  const auto callsOf = [](ItfHmiElement& element) {
+    return test::CallsOfPainting([&](Long dc) { element.DrawToPrinter(dc, "N1"); });
+  };
+  const auto variable = Of(5);
+  const CallLog expected = callsOf(*variable);
+  EXPECT_EQ(expected.size(), 6u);
+  for (const Long id : {0, -1}) {
+    variable->ID(id);
+    EXPECT_EQ(callsOf(*variable), expected) << id;
+  }
+  variable->SetBinaryHandler(eVT_DateTime, nullptr);
+  EXPECT_EQ(callsOf(*variable), expected);
 }
 
 TEST_F(PaintedVariable, OnPaperAnEdgeBeyond32BitsIsAnOverflow) {

@@ -46,6 +46,21 @@ class RowOfVariable : public test::SavedVariable {
     Connection().Execute("INSERT INTO HMI_Elements (ID) VALUES (" + std::to_string(id - 1) + ")");
     Connection().Execute("DELETE FROM HMI_Elements");
   }
+  /// Shows it in another size than at rest.
+  static void Stretch(ItfHmiElement& element) {
+    element.UpdateBoundingRectangle(5, 6, ePD_DownRight);
+    element.Stretch(5, 6, ePD_DownRight);
+    element.UpdateDisplayWithTransx();
+    ASSERT_EQ(DescriptorOf(element, 4), (Descriptor{12, 13, 145, 156}));
+  }
+  /// A colour on which no bevel can be read.
+  static Long DarkColor() {
+    const auto colors = Platform::Current().colorService;
+    Long dark = 0;
+    while (dark < 255 && colors->GetClosestGradientColor(dark) == dark) ++dark;
+    EXPECT_NE(colors->GetClosestGradientColor(dark), dark);
+    return dark;
+  }
   void SetColumn(const std::string& column, const std::string& value) {
     Connection().Execute("UPDATE HMI_Elements SET " + column + "=" + value);
   }
@@ -132,9 +147,12 @@ TEST_F(RowOfVariable, WritesThePlaceAtRestWhileItIsDragged) {
   variable->ItfHmiElement::Move(3, 4);
   variable->ItfHmiElement::UpdateDisplayWithTransx();
   variable->ItfHmiElement::SaveLastLegalPosition();
+  Stretch(*variable);
   const CallLog log = LogOfSaving(*variable);
   EXPECT_EQ(PutsInto("Xs", log), CallLog{"12:Long"});
   EXPECT_EQ(PutsInto("Ys", log), CallLog{"13:Long"});
+  EXPECT_EQ(PutsInto("Dx", log), CallLog{"140:Long"});
+  EXPECT_EQ(PutsInto("Dy", log), CallLog{"150:Long"});
 }
 
 TEST_F(RowOfVariable, ThePageIsItsOwnOrTheOpenOneOrNone) {
@@ -427,11 +445,31 @@ TEST_F(RowOfVariable, AVariableWithoutAHandlerIsNotSaved) {
   EXPECT_TRUE(Elements().empty());
 }
 
-TEST_F(RowOfVariable, AVariableWithoutAStringOfItsOwnIsNotSaved) {
+TEST_F(RowOfVariable, AFreshVariableIsSavedWhenItsTouchStyleAsksForItsHandler) {
+  for (const Long touch : {5, -2}) {
+    clsVar variable;
+    variable.GlobalVarID(6);
+    variable.TouchOprndAddr(touch);
+    Events().Clear();
+    EXPECT_EQ(ErrorOf([&] { variable.SaveToDB(); }), 91) << touch;
+    const std::vector<corvane1::ProjectEvent> told = {{corvane1::ProjectEventKind::GlobalVarKeypad, 6}};
+    EXPECT_EQ(Events().Events(), told) << touch;
+    EXPECT_EQ(variable.ID(), -1);
+    EXPECT_TRUE(Elements().empty());
+  }
+  clsVar variable;
+  EXPECT_TRUE(variable.SaveToDB());
+  EXPECT_EQ(Rows("SELECT * FROM HMI_Elements", {"VarType", "TabIndex"}), CallLog{"2 255"});
+}
+
+TEST_F(RowOfVariable, AVariableWithoutAStringOfItsOwnIsNeitherSavedNorLoaded) {
   const auto variable = Distinct();
   variable->ListText(nullptr);
   EXPECT_EQ(ErrorOf([&] { variable->SaveToDB(); }), 91);
   EXPECT_TRUE(Elements().empty());
+  const auto saved = Distinct();
+  saved->SaveToDB();
+  EXPECT_EQ(ErrorOf([&] { variable->LoadFromDB(*RowOf(saved->ID())); }), 91);
 }
 
 // --- Loading ---
@@ -563,14 +601,22 @@ TEST_F(RowOfVariable, StyleAndColourOfTheRowHoldAgainstThoseOfTheType) {
   EXPECT_EQ(meter.Flat3D(), 2);
   EXPECT_EQ(meter.ColorBack(), 16);
   // A raised text keeps colours on which no bevel can be read.
-  const auto saved = Distinct(eVT_ListText);
-  saved->SaveToDB();
-  Connection().Execute("UPDATE HMI_Elements SET Flat3D=1 WHERE ID=6");
-  const auto& list = dynamic_cast<clsVarListText&>(*saved->BinaryHandlers(eVT_ListText));
-  const auto loaded = Loaded(6);
-  EXPECT_EQ(loaded->Flat3D(), 1);
-  EXPECT_EQ(dynamic_cast<clsVarListText&>(*loaded->BinaryHandlers(eVT_ListText)).ListTexts(1)->ColorBack(),
-            list.ListTexts(1)->ColorBack());
+  const Long dark = DarkColor();
+  for (const enVarType type : {eVT_ListText, eVT_RangeTexts}) {
+    const auto listOf = [type](clsVar& variable) -> TextListHandler& {
+      return dynamic_cast<TextListHandler&>(*variable.BinaryHandlers(type));
+    };
+    const auto saved = Distinct(type);
+    if (listOf(*saved).ListCount() == 0) listOf(*saved).AppendText();
+    listOf(*saved).ListTexts(1)->ColorBack(dark);
+    listOf(*saved).DrawingElement()->ColorBack(dark);
+    saved->SaveToDB();
+    SetColumn("Flat3D", "1");
+    const auto loaded = Loaded(saved->ID());
+    EXPECT_EQ(loaded->Flat3D(), 1);
+    EXPECT_EQ(listOf(*loaded).ListTexts(1)->ColorBack(), dark) << type;
+    EXPECT_EQ(listOf(*loaded).DrawingElement()->ColorBack(), dark) << type;
+  }
 }
 
 TEST_F(RowOfVariable, AddressesAreTakenWithoutBagsOnTheWay) {
@@ -652,6 +698,29 @@ TEST_F(RowOfVariable, EveryTypeBuildsItsPicturesAndOnlySomeBringTheirElementUpTo
     const bool isUpToDate = IsOneOf(type, {2, 3, 8, 11, 13, 29, 30});
     EXPECT_EQ(Has(log, "handler.ReSync 1 5"), isUpToDate) << type;
     EXPECT_EQ(log.back(), isUpToDate ? "handler.ReSync 1 5" : "get StrStorageFont") << type;
+  }
+}
+
+TEST_F(RowOfVariable, AStateBeyondItsTextsIsSavedAndNotLoaded) {
+  const struct {
+    enVarType type;
+    Long texts;
+  } kLists[] = {{eVT_ListText, 1}, {eVT_RangeTexts, 1}, {eVT_BinaryText, 2}};
+  for (const auto& [type, texts] : kLists) {
+    const auto variable = Distinct(type);
+    auto& list = dynamic_cast<TextListHandler&>(*variable->BinaryHandlers(type));
+    while (list.ListCount() <= texts && type != eVT_BinaryText) list.AppendText();
+    variable->DefaultDisplay(texts + 1);
+    while (list.ListCount() > texts) list.RemoveText(list.ListCount());
+    EXPECT_EQ(variable->DefaultDisplay(), texts + 1);
+    EXPECT_TRUE(variable->SaveToDB());
+    const auto row = RowOf(variable->ID());
+    clsVar loaded;
+    EXPECT_RAISES(9,
+                  "text " + std::to_string(texts + 1) + " of a list was asked for, there are 1 to " +
+                      std::to_string(texts),
+                  loaded.LoadFromDB(*row));
+    EXPECT_EQ(loaded.DefaultDisplay(), texts + 1);
   }
 }
 
@@ -785,6 +854,38 @@ TEST_F(RowOfVariable, OnlyAVariableThatShowsAGlobalOneTellsOfThat) {
     std::vector<corvane1::ProjectEvent> events = {{ProjectEventKind::ElementDeleted, id}};
     if (global > 0) events.push_back({ProjectEventKind::GlobalElementDeleted, global});
     EXPECT_EQ(Events().Events(), events) << global;
+  }
+}
+
+TEST_F(RowOfVariable, AGlobalOneThatNobodySharesIsToldWithoutAnElement) {
+  clsVar variable;
+  variable.VarType(eVT_Numeric);
+  variable.GlobalVarID(36);
+  variable.SaveToDB();
+  Events().Clear();
+  const CallLog log = LogOfDeleting(variable);
+  EXPECT_TRUE(Has(log, "global gone without an element"));
+  const std::vector<corvane1::ProjectEvent> told = {{corvane1::ProjectEventKind::ElementDeleted, 5},
+                                                    {corvane1::ProjectEventKind::GlobalElementDeleted, 0}};
+  EXPECT_EQ(Events().Events(), told);
+}
+
+TEST_F(RowOfVariable, ADeletedOneIsNotSavedUnderItsOldNumber) {
+  const auto variable = WithNotedHandler(eVT_Trend);
+  variable->GlobalVarID(36);
+  variable->SaveToDB();
+  static_cast<ItfHmiElement&>(*variable).DeleteFromDB();
+  Events().Clear();
+  Changes().Clear();
+  for (const auto save : {&clsVar::SaveToDB, &clsVar::SaveToDBEx}) {
+    TakeLog();
+    EXPECT_EQ(ErrorOf([&] { ((*variable).*save)(); }), 3021);
+    const CallLog log = TakeLog();
+    EXPECT_EQ(PlaceOf("handler.SaveToDB", log), static_cast<int>(log.size()));
+    EXPECT_EQ(variable->ID(), 5);
+    EXPECT_TRUE(Events().Events().empty());
+    EXPECT_TRUE(Changes().ChangedPages().empty());
+    EXPECT_TRUE(Elements().empty());
   }
 }
 
@@ -938,6 +1039,7 @@ TEST_F(RowOfVariable, AReplicaOfADraggedVariableIsAtRestWhereThatWas) {
   const auto variable = Distinct();
   variable->ItfHmiElement::Move(3, 4);
   variable->ItfHmiElement::UpdateDisplayWithTransx();
+  Stretch(*variable);
   const auto copy = variable->Replica();
   for (Long location = 1; location <= 4; ++location) {
     EXPECT_EQ(DescriptorOf(*copy, location), (Descriptor{12, 13, 140, 150})) << location;
@@ -958,9 +1060,24 @@ TEST_F(RowOfVariable, AReplicaSharesTheOperandBags) {
   const auto variable = Distinct();
   const auto bags = variable->BuildOpPropBag();
   const auto copy = variable->Replica();
+  const auto numberOf = [](clsVar& owner) -> clsVarNumeric& {
+    return dynamic_cast<clsVarNumeric&>(*owner.BinaryHandlers(eVT_Numeric));
+  };
   EXPECT_EQ(copy->GetColOpPropertyBag(), bags);
-  EXPECT_EQ(dynamic_cast<BinaryHandler&>(*copy->BinaryHandlers(eVT_Numeric)).ColOpPropBag(),
-            dynamic_cast<BinaryHandler&>(*variable->BinaryHandlers(eVT_Numeric)).ColOpPropBag());
+  EXPECT_EQ(numberOf(*copy).ColOpPropBag(), numberOf(*variable).ColOpPropBag());
+  // With a row, where each address that the replica is given builds bags on the way.
+  numberOf(*variable).UseEntryLimits(true);
+  numberOf(*variable).EntryLimitMinOpType(1);
+  variable->SaveToDB();
+  variable->BuildOpPropBag();
+  const auto own = variable->GetColOpPropertyBag(), ofHandler = numberOf(*variable).ColOpPropBag();
+  const auto other = variable->Replica();
+  EXPECT_EQ(other->GetColOpPropertyBag(), own);
+  EXPECT_EQ(numberOf(*other).ColOpPropBag(), ofHandler);
+  EXPECT_EQ(variable->GetColOpPropertyBag(), own);
+  EXPECT_EQ(numberOf(*variable).ColOpPropBag(), ofHandler);
+  ASSERT_NE(ofHandler, nullptr);
+  EXPECT_GT(ofHandler->Count(), 0);
 }
 
 TEST_F(RowOfVariable, AReplicaHasACopyOfTheHandlerOfItsTypeAlone) {
@@ -1003,11 +1120,7 @@ TEST_F(RowOfVariable, AReplicaOfARaisedTextKeepsItsColours) {
     return dynamic_cast<clsVarListText&>(*owner.BinaryHandlers(eVT_ListText));
   };
   variable->Flat3D(1);
-  // A colour on which no bevel can be read.
-  const auto colors = Platform::Current().colorService;
-  Long dark = 0;
-  while (dark < 255 && colors->GetClosestGradientColor(dark) == dark) ++dark;
-  ASSERT_NE(colors->GetClosestGradientColor(dark), dark);
+  const Long dark = DarkColor();
   listOf(*variable).ListTexts(1)->ColorBack(dark);
   EXPECT_EQ(listOf(*variable->Replica()).ListTexts(1)->ColorBack(), dark);
 }

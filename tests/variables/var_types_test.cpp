@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <set>
+#include <utility>
 
+#include "platform/automation/array.h"
 #include "tests/support/raises.h"
 #include "tests/support/variable_fixture.h"
 #include "variables/text/numeric.h"
@@ -35,9 +38,13 @@ const std::map<Long, Long> kColorBackKeys = {
 class PanelDouble final : public corvane1::PanelService {
  public:
   Long current = 0;
+  bool fails = false;
 
   corvane1::PanelValues SelectPanel(Long) override { return {}; }
-  Long CurrentPanelType() override { return current; }
+  Long CurrentPanelType() override {
+    if (fails) throw automation::AutomationError(automation::ErrorNumber::InvalidProcedureCall, "no panel");
+    return current;
+  }
   corvane1::PanelModel Model(Long) override { return {}; }
 };
 
@@ -172,6 +179,28 @@ TEST_F(TypeOfVariable, WithoutAClassHasNoHandlerToAsk) {
     EXPECT_EQ(ErrorOf([&] { element.SetNewFontNumberByLookUpTBL(table); }), 91) << type;
     const bool told = type == 5 || type == 13 || type == 30;
     EXPECT_EQ(ErrorOf([&] { element.GetToolTipText(); }), told ? 0 : 91) << type;
+    const bool isPictureList = type == 1 || type == 4 || type == 12;
+    EXPECT_EQ(ErrorOf([&] { element.Rotate(); }), isPictureList ? 91 : 0) << type;
+    EXPECT_EQ(ErrorOf([&] { element.InvertColors(); }), isPictureList ? 91 : 0) << type;
+    const bool isColorless = isPictureList || type == 18 || type == 20;
+    EXPECT_EQ(ErrorOf([&] { element.ColorFore(1); }), isColorless ? 0 : 91) << type;
+    EXPECT_EQ(ErrorOf([&] { element.UpdateBoundingRectangle(1, 1, 1); }), type == 6 || type == 21 ? 91 : 0)
+        << type;
+    automation::Variant map = automation::Array(automation::VariantKind::Byte, automation::Bounds{0, 99},
+                                                automation::Bounds{0, 99});
+    EXPECT_EQ(ErrorOf([&] { element.GetTransformState(map); }), type == 20 ? 91 : 0) << type;
+    // An address is stored all the same, and what comes before the handler is done.
+    EXPECT_EQ(ErrorOf([&] { variable.EnabledOpAddr(30); }), 91) << type;
+    EXPECT_EQ(variable.EnabledOpAddr(), 30);
+    variable.SetTouchWithoutLoadingPropertyBag(22);
+    Define(22);
+    Connection().Execute("INSERT INTO HMI_Operands (ElementID) VALUES (5)");
+    EXPECT_EQ(ErrorOf([&] { variable.DeleteAllOperands(); }), 91) << type;
+    EXPECT_EQ(OperandRows(), CallLog{});
+    EXPECT_FALSE(IsDefined(22));
+    EXPECT_EQ(ErrorOf([&] { variable.RestoreAllOperands(); }), 9) << type;
+    variable.SetTouchWithoutLoadingPropertyBag(-1);
+    EXPECT_EQ(ErrorOf([&] { variable.RestoreAllOperands(); }), 91) << type;
   }
 }
 
@@ -234,6 +263,42 @@ TEST_F(TypeOfVariable, AtTheEndEveryHandlerIsReleasedOnceInTheOrderOfTypes) {
   EXPECT_EQ(TakeLog(), expected);
 }
 
+TEST_F(TypeOfVariable, AtTheEndAHandlerThatFailsLeavesTheOthersToBeReleased) {
+  CallLog expected;
+  {
+    clsVar variable;
+    for (Long type = 1; type <= 30; ++type) {
+      const auto handler = NewHandlerDouble(std::to_string(type));
+      handler->during = [](const std::string&) {
+        throw automation::AutomationError(automation::ErrorNumber::InvalidProcedureCall, "no");
+      };
+      variable.SetBinaryHandler(TypeOf(type), handler);
+      expected.push_back(std::to_string(type) + ".ReleaseResources()");
+    }
+    TakeLog();
+  }
+  EXPECT_EQ(TakeLog(), expected);
+}
+
+TEST_F(TypeOfVariable, AtTheEndAHandlerMayStillAskTheVariable) {
+  {
+    clsVar variable;
+    auto asking = NewHandlerDouble("asking");
+    const std::weak_ptr<test::HandlerDouble> held = asking;
+    asking->during = [this, &variable, &held](const std::string&) {
+      EXPECT_EQ(variable.BinaryHandlers(TypeOf(10)), nullptr);
+      variable.SetBinaryHandler(TypeOf(10), nullptr);
+      EXPECT_FALSE(held.expired());
+      variable.SetBinaryHandler(TypeOf(9), NewHandlerDouble("too late"));
+      variable.SetBinaryHandler(TypeOf(11), NewHandlerDouble("other"));
+    };
+    variable.SetBinaryHandler(TypeOf(10), std::move(asking));
+    variable.SetBinaryHandler(TypeOf(11), NewHandlerDouble("replaced"));
+    TakeLog();
+  }
+  EXPECT_EQ(TakeLog(), (CallLog{"asking.ReleaseResources()", "other.ReleaseResources()"}));
+}
+
 // --- Writing the type ---
 
 TEST_F(TypeOfVariable, WritingItTakesTheBackgroundOfTheTypeFromTheSettings) {
@@ -289,6 +354,45 @@ TEST_F(TypeOfVariable, WritingItTakesTheFontOfStringsOnTwoPanels) {
       EXPECT_EQ(variable.FontNumber(), 7);
     }
   }
+}
+
+TEST_F(TypeOfVariable, AHostThatTellsNoPanelLeavesItAsItWas) {
+  clsVar variable;
+  const Long before = variable.ColorBack();
+  const auto settings = std::make_shared<test::TracedSettings>();
+  Platform::Current().settings = settings;
+  const auto panels = std::make_shared<PanelDouble>();
+  Platform::Current().panelService = panels;
+  panels->fails = true;
+  for (const Long type : {8, 21}) {
+    EXPECT_EQ(ErrorOf([&] { variable.VarType(TypeOf(type)); }), 5);
+    EXPECT_EQ(variable.VarType(), eVT_BinaryText);
+    EXPECT_EQ(variable.ColorBack(), before);
+    EXPECT_EQ(variable.Flat3D(), 3);
+  }
+  // No handler was made, which would have looked for its colours.
+  EXPECT_EQ(settings->asked, CallLog{});
+}
+
+/// Does something once, when it is asked for the first time.
+class ActingSettings final : public corvane1::Settings {
+ public:
+  std::function<void()> act;
+
+  std::string GetSetting(Long, Long, const std::string& fallback) override {
+    if (act) std::exchange(act, nullptr)();
+    return fallback;
+  }
+};
+
+TEST_F(TypeOfVariable, AHandlerThatAHostPutsThereWhileOneIsMadeStays) {
+  clsVar variable;
+  const auto settings = std::make_shared<ActingSettings>();
+  Platform::Current().settings = settings;
+  settings->act = [&] { variable.SetBinaryHandler(eVT_Numeric, handler_); };
+  EXPECT_EQ(variable.BinaryHandlers(eVT_Numeric), handler_);
+  EXPECT_EQ(settings->act, nullptr);
+  EXPECT_EQ(variable.BinaryHandlers(eVT_Numeric), handler_);
 }
 
 TEST_F(TypeOfVariable, IsWrittenAndItsHandlerMadeBeforeTheSettingsAreAsked) {
