@@ -48,8 +48,7 @@ corvane1::TextExtent RoomOf(StringLibrary& library, Long number, Long fontNumber
   corvane1::TextExtent room = fonts->GetTextRect("EMPTY", 0);
   bool isFirst = true;
   ForEachLanguage(library, number, [&](Long, const LibraryString& string) {
-    const Long font = string.fontNumber == -1 ? fontNumber : string.fontNumber;
-    const corvane1::TextExtent extent = fonts->GetTextRect(string.text, font);
+    const corvane1::TextExtent extent = fonts->GetTextRect(string.text, string.FontOr(fontNumber));
     // The word stands for what is not there: a text smaller than it needs no more than its own room.
     room = isFirst ? extent
                    : corvane1::TextExtent{std::max(room.width, extent.width),

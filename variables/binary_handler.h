@@ -49,7 +49,9 @@ class BinaryHandler : public ItfVarBinaryHandler {
   virtual void SuspendPainting(bool) {}
   /// Takes the colour of what is painted, a panel colour number.
   virtual void TakeColorFore(Long) {}
-  /// -1 when the texts are strings of the library, in the font that it tells; 0 otherwise.
+  /// What StorageText says of texts that are all in the library.
+  static constexpr Long kFromLibrary = -1;
+  /// kFromLibrary when the texts are strings of the library, in the font that it tells; 0 otherwise.
   virtual Long StorageText() const { return 0; }
   /// Brings the drawing element up to date: the state that is shown (from 1) and the variable's font.
   virtual void ReSyncDrawingElementParams(Long, Long) {}

@@ -89,8 +89,7 @@ ElementRef clsVar::Drawing() const {
 }
 
 bool clsVar::ShowsLibraryText() const {
-  constexpr Long kFromLibrary = -1;
-  return kLibraryTextTypes.Has(varType_) && TypedHandler()->StorageText() == kFromLibrary;
+  return kLibraryTextTypes.Has(varType_) && TypedHandler()->StorageText() == BinaryHandler::kFromLibrary;
 }
 
 void clsVar::VarType(enVarType pValue) {

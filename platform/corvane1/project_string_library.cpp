@@ -14,8 +14,6 @@ using automation::ErrorNumber;
 using automation::To;
 using automation::Variant;
 
-constexpr Long kNoFont = -1;
-
 std::string StringCondition(Long number, Long language) {
   return "LibraryStrings WHERE Number=" + std::to_string(number) +
          " AND Language=" + std::to_string(language);
@@ -27,7 +25,7 @@ constexpr const char* kOfLanguages = "Language IN (SELECT Language FROM StringLa
 std::optional<LibraryString> StringOf(ado::Recordset& row) {
   const Variant text = row.Get("Text");
   if (text.IsNull() || text == Variant("")) return {};
-  LibraryString string = {To<std::string>(text), kNoFont};
+  LibraryString string = {To<std::string>(text)};
   const Variant font = row.Get("FontNumber");
   if (!font.IsNull()) string.fontNumber = To<Long>(font);
   return string;
@@ -70,7 +68,7 @@ LibraryString ProjectStringLibrary::GetString(Long number) {
       ado::adOpenStatic, ado::adLockReadOnly);
   const auto string = row->Eof() ? std::nullopt : StringOf(*row);
   row->Close();
-  return string.value_or(LibraryString{kEmptyLibraryString, kNoFont});
+  return string.value_or(LibraryString{kEmptyLibraryString});
 }
 
 std::vector<NumberedString> ProjectStringLibrary::AllStrings() {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -87,6 +89,28 @@ class KeyNumbers final : public corvane1::Settings {
   }
 };
 
+/// The operands of another store, and a host that does something of its own whenever one is looked for or
+/// entered.
+class InterruptedStore final : public fennick1::OperandStore {
+ public:
+  InterruptedStore(std::shared_ptr<fennick1::OperandStore> inner, std::function<void()> during)
+      : inner_(std::move(inner)), during_(std::move(during)) {}
+  std::optional<fennick1::OperandContent> Load(const fennick1::OperandKey& key) override {
+    during_();
+    return inner_->Load(key);
+  }
+  void Add(const fennick1::OperandKey& key, const fennick1::OperandContent& content) override {
+    during_();
+    inner_->Add(key, content);
+  }
+  void Remove(const fennick1::OperandKey& key) override { inner_->Remove(key); }
+  Long FreeAddress(Long type, Long network) override { return inner_->FreeAddress(type, network); }
+
+ private:
+  std::shared_ptr<fennick1::OperandStore> inner_;
+  std::function<void()> during_;
+};
+
 /// Handlers in a project file on disk, with the counting services.
 class HandlerTest : public ProjectTest {
  protected:
@@ -101,6 +125,12 @@ class HandlerTest : public ProjectTest {
   /// What happens to operands is noted from now on with what is asked of the project.
   void NoteOperands() {
     Platform::Current().operands = std::make_shared<NotingStore>(Platform::Current().operands, Recorder());
+  }
+
+  /// Lets the host do that from now on whenever an operand is looked for or entered.
+  static void WhileOperandsAreAsked(std::function<void()> during) {
+    Platform::Current().operands =
+        std::make_shared<InterruptedStore>(Platform::Current().operands, std::move(during));
   }
 
   /// Enters an operand in the project; the value is in ten-thousandths.

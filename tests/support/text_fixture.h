@@ -172,6 +172,18 @@ class CountingServices {
   /// Everything that fonts and strings are asked is noted from now on; an empty function ends it.
   void NoteInto(const ServiceNote& note) { fonts->note = strings->note = note; }
 
+  /// What fonts and strings are asked meanwhile, but for the font of new texts.
+  template <class Action>
+  CallLog AskedBy(Action action) {
+    CallLog log;
+    NoteInto([&log](const std::string& call) {
+      if (call != "default font") log.push_back(call);
+    });
+    action();
+    NoteInto({});
+    return log;
+  }
+
   /// What an element shows, lines parted by '|'. Does not make it fit its text, as reading ActualText does.
   std::string ShownBy(ItfHmiElement& element) {
     painted_->clear();

@@ -44,16 +44,10 @@ class TextLists : public ShapeTest<Handler> {
     database->Hold(std::make_shared<EmptyConnection>());
     Platform::Current().projectDatabase = database;
   }
-  /// What fonts and strings are asked meanwhile, but for the font of new texts.
+  /// What the counting services are asked meanwhile.
   template <class Action>
   CallLog AskedBy(Action action) {
-    CallLog log;
-    services_.NoteInto([&log](const std::string& call) {
-      if (call != "default font") log.push_back(call);
-    });
-    action();
-    services_.NoteInto({});
-    return log;
+    return services_.AskedBy(action);
   }
 
   /// The settings of a handler by their names, as they stand in its data.

@@ -2,6 +2,7 @@
 /// whose the picture is.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <memory>
 #include <string>
@@ -277,6 +278,19 @@ TEST_F(PaintedBar, ShowsItsColourOnItsBackground) {
   }
 }
 
+TEST_F(PaintedBar, ShowsInAReplicaWhiteAndBlackAlone) {
+  Platform::Current().colorService = std::make_shared<FlagColors>();
+  clsVarBargraph bar;
+  Paint(bar, 2, 8, 5);
+  const auto copy = std::dynamic_pointer_cast<clsVarBargraph>(bar.Replica());
+  EXPECT_EQ(RowsOf(*copy, 8, 5), (Calls{"########",  //
+                                        "#####..#",  //
+                                        "#####..#",  //
+                                        "#####..#",  //
+                                        "########"}));
+  EXPECT_EQ(RowsOf(bar, 8, 5)[1], "#rrrr..#");
+}
+
 // --- Whose the picture is ---
 
 TEST_F(PaintedBar, BelongsToTheElementUntilItIsPaintedAnew) {
@@ -344,6 +358,11 @@ TEST_F(PaintedBar, WhoseEdgeDoesNotFit32BitsLeavesNothingBehind) {
   EXPECT_EQ(ErrorOf([&] { Paint(bar, 2, 20, kLeast); }), 6);
   EXPECT_EQ(ErrorOf([&] { Paint(bar, 0, 20, kMost); }), 6);
   EXPECT_EQ(gdi::LiveObjects(), before);
+  // The rectangle comes before the colour.
+  const Calls calls = CallsOf([&] { EXPECT_EQ(ErrorOf([&] { Paint(bar, 3, 20, kLeast); }), 6); });
+  EXPECT_EQ(std::count(calls.begin(), calls.end(), "GetColor(3)"), 0);
+  EXPECT_TRUE(std::none_of(calls.begin(), calls.end(),
+                           [](const std::string& call) { return call.starts_with("CreateSolidBrush"); }));
   EXPECT_EQ(bar.DrawingElement()->ImageCRC(), -1);
   // No picture has such a size, but its rectangle can be told.
   EXPECT_EQ(FillOf(3, 3, 20, kLeast + 3), "{4, 4, 11, -2147483648}");

@@ -7,32 +7,29 @@
 #include "platform/automation/call_by_name.h"
 #include "platform/gdi/gdi.h"
 #include "platform/gdi/surface.h"
+#include "tests/support/handler_fixture.h"
 #include "tests/support/raises.h"
-#include "tests/support/text_fixture.h"
 
 namespace quenzel7 {
 namespace {
 
 using automation::GetByName;
-using automation::PropertyBag;
-using automation::PropertyBagRef;
 using automation::PutByName;
 using automation::Variant;
 using test::CallLog;
 using test::ErrorOf;
 using test::OperandsIn;
 
-PropertyBagRef BagOf(const std::vector<Byte>& data) {
-  auto bag = std::make_shared<PropertyBag>();
-  bag->Contents(data);
-  return bag;
-}
-
-class Bargraph : public test::ProjectTest {
+class Bargraph : public test::HandlerTest {
  protected:
   using Key = std::vector<Byte>;
 
   void Paint(Long w = 40, Long h = 40) { bar_.Draw(paper_.Dc(), w, h, 7); }
+  static CallLog NamesIn(const Key& data) {
+    CallLog names;
+    for (const auto& [name, value] : test::SettingsIn(data)) names.push_back(name);
+    return names;
+  }
   Key ChangeKey() const { return bar_.GetBinaryDataForCRC(); }
 
   clsVarBargraph bar_;
@@ -108,29 +105,26 @@ TEST_F(Bargraph, TakesColoursOf16BitsFromOutside) {
 }
 
 TEST_F(Bargraph, KeepsAColourOf32BitsThatItsDataTell) {
-  const PropertyBagRef bag = BagOf(bar_.GetBinaryData());
-  bag->WriteProperty("ColorFore", Variant(Long{32768}));
-  bar_.SetBinaryData(bag->Contents());
+  test::SettingList settings = test::SettingsIn(bar_.GetBinaryData());
+  ASSERT_EQ(settings.back().first, "ColorFore");
+  settings.back().second = Long{32768};
+  bar_.SetBinaryData(test::DataOf(settings));
   EXPECT_EQ(ErrorOf([&] { bar_.ColorFore(); }), 6);
-  EXPECT_EQ(BagOf(bar_.GetBinaryData())->ReadProperty("ColorFore"), Variant(Long{32768}));
-  const auto copy = bar_.Replica();
-  EXPECT_EQ(BagOf(copy->BinaryData())->ReadProperty("ColorFore"), Variant(Long{32768}));
+  EXPECT_EQ(test::ValueIn(bar_.GetBinaryData(), "ColorFore"), Variant(Long{32768}));
+  EXPECT_EQ(test::ValueIn(bar_.Replica()->BinaryData(), "ColorFore"), Variant(Long{32768}));
 }
 
 // --- What the data and the change key hold ---
 
 TEST_F(Bargraph, KeepsItsSettingsInThisOrder) {
-  EXPECT_EQ(BagOf(bar_.GetBinaryData())->Names(),
-            (CallLog{"BargraphType", "Frame", "MinOpType", "MinOpAddress", "MaxOpType", "MaxOpAddress",
-                     "ColorFore"}));
-  EXPECT_EQ(BagOf(ChangeKey())->Names(), (CallLog{"DrawingImage_hBmp", "BargraphType", "Frame", "MinOpType",
-                                                  "MinOpAddress", "MaxOpType", "MaxOpAddress"}));
+  EXPECT_EQ(NamesIn(bar_.GetBinaryData()), (CallLog{"BargraphType", "Frame", "MinOpType", "MinOpAddress",
+                                                    "MaxOpType", "MaxOpAddress", "ColorFore"}));
+  EXPECT_EQ(NamesIn(ChangeKey()), (CallLog{"DrawingImage_hBmp", "BargraphType", "Frame", "MinOpType",
+                                           "MinOpAddress", "MaxOpType", "MaxOpAddress"}));
 }
 
 TEST_F(Bargraph, TellsItsWholePictureInTheChangeKey) {
-  const auto picture = [&] {
-    return automation::To<std::vector<Byte>>(BagOf(ChangeKey())->ReadProperty("DrawingImage_hBmp"));
-  };
+  const auto picture = [&] { return automation::To<Key>(test::ValueIn(ChangeKey(), "DrawingImage_hBmp")); };
   EXPECT_EQ(picture(), std::vector<Byte>(5, 0));
   Paint(3, 2);
   EXPECT_EQ(picture(), WholeBitmapToBytes(bar_.DrawingElement()->hBmp()));
@@ -163,30 +157,6 @@ TEST_F(Bargraph, HasAnotherChangeKeyForAnotherFrameAtOnceAndTheSamePicture) {
   EXPECT_EQ(WholeBitmapToBytes(bar_.DrawingElement()->hBmp()), picture);
 }
 
-TEST_F(Bargraph, TellsTheValuesOfOperandsThatHoldOneInTheChangeKey) {
-  for (const Long type : {14, 15, 16, 33, 34, 35, 36, 37, 38, 39, 1}) {
-    fennick1::Operand operand(Platform::Current().operands);
-    operand.OperandType(type);
-    operand.OperandAddress(7);
-    operand.OperandValue(Currency{35000});
-    operand.AddToProject();
-    operand.OperandAddress(8);
-    operand.OperandValue(Currency{-4999});
-    operand.AddToProject();
-    bar_.MinOpType(type);
-    bar_.MinOpAddress(7);
-    bar_.MaxOpType(type);
-    bar_.MaxOpAddress(8);
-    const bool holdsValue = type == 15 || type == 34 || type == 35 || type == 37 || type == 38;
-    const PropertyBagRef key = BagOf(ChangeKey());
-    EXPECT_EQ(key->ReadProperty("MinOpAddress"), Variant(Long{holdsValue ? 4 : 7})) << type;
-    EXPECT_EQ(key->ReadProperty("MaxOpAddress"), Variant(Long{holdsValue ? 0 : 8})) << type;
-    EXPECT_EQ(key->ReadProperty("MinOpType"), Variant(type));
-    EXPECT_EQ(key->ReadProperty("MaxOpType"), Variant(type));
-    EXPECT_EQ(BagOf(bar_.GetBinaryData())->ReadProperty("MinOpAddress"), Variant(Long{7}));
-  }
-}
-
 // --- Operands ---
 
 TEST_F(Bargraph, HasTwoOperandsTheLowEndFirst) {
@@ -208,8 +178,7 @@ TEST_F(Bargraph, HasTwoOperandsTheLowEndFirst) {
   EXPECT_EQ(bar_.MaxOpType(), 37);
   EXPECT_EQ(bar_.MaxOpAddress(), 0);
 
-  Platform::Current().operands =
-      std::make_shared<test::NotingStore>(Platform::Current().operands, Recorder());
+  NoteOperands();
   bar_.MaxOpAddress(6);
   TakeLog();
   bar_.DeleteAllOperands();

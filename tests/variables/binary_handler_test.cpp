@@ -86,6 +86,27 @@ TEST_F(BinaryHandlers, NewOnesHaveNoBagsAndReleasedOnesNoCollection) {
   }
 }
 
+TEST_F(BinaryHandlers, ShareTheBagsThatTheyAreGivenByName) {
+  const std::vector<std::string_view> publishing = {"clsVarNumeric", "clsVarBargraph", "clsVarRangeText",
+                                                    "clsVarDisplayString"};
+  std::vector<std::string_view> found;
+  for (const automation::ClassInfo* info : test::HandlerClasses()) {
+    if (!info->Default().Find("ColOpPropBag")) continue;
+    SCOPED_TRACE(info->name);
+    found.push_back(info->name);
+    const auto handler = test::NewHandlerOf(*info);
+    const auto bags = std::make_shared<automation::Collection>();
+    automation::PutByName(*handler, "ColOpPropBag", bags);
+    EXPECT_EQ(handler->ColOpPropBag(), bags);
+    if (info->name == "clsVarBargraph") {
+      EXPECT_EQ(ErrorOf([&] { automation::GetByName(*handler, "ColOpPropBag"); }), 394);
+    } else {
+      EXPECT_EQ(automation::GetByName(*handler, "ColOpPropBag"), Variant(bags));
+    }
+  }
+  EXPECT_EQ(found, publishing);
+}
+
 TEST_F(BinaryHandlers, BuildingTheBagsMakesANewCollection) {
   for (const automation::ClassInfo* info : test::HandlerClasses()) {
     const auto handler = test::NewHandlerOf(*info);
@@ -93,6 +114,35 @@ TEST_F(BinaryHandlers, BuildingTheBagsMakesANewCollection) {
     handler->BuildOpPropBag();
     EXPECT_NE(handler->ColOpPropBag(), before) << info->name;
     EXPECT_EQ(before->Count(), 0) << info->name;
+  }
+}
+
+TEST_F(BinaryHandlers, LastUntilTheirOperandsAreRestored) {
+  const char* const kOperands[][3] = {
+      {"clsVarNumeric", "EntryLimitMinOpType", "EntryLimitMinOpAddress"},
+      {"clsVarBargraph", "MaxOpType", "MaxOpAddress"},
+      {"clsVarDisplayString", "StartVectorOpType", "StartVectorOpAddress"},
+  };
+  const auto operands = Platform::Current().operands;
+  for (const auto& [name, type, address] : kOperands) {
+    SCOPED_TRACE(name);
+    auto handler = test::NewHandlerOf(test::HandlerClassNamed(name));
+    const std::weak_ptr<BinaryHandler> observed = handler;
+    if (handler->Class().Default().Find("UseEntryLimits")) {
+      automation::PutByName(*handler, "UseEntryLimits", true);
+    }
+    automation::PutByName(*handler, type, Long{1});
+    automation::PutByName(*handler, address, Long{5});
+    Platform::Current().operands = operands;
+    handler->BuildOpPropBag();
+    WhileOperandsAreAsked([&] {
+      handler.reset();
+      EXPECT_FALSE(observed.expired());
+    });
+    TakeLog();
+    handler->RestoreAllOperands(9);
+    EXPECT_EQ(TakeLog(), test::CallLog{RowOf(9, 1, 5)});
+    EXPECT_TRUE(observed.expired());
   }
 }
 

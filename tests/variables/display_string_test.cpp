@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "platform/automation/call_by_name.h"
 #include "tests/support/handler_fixture.h"
 #include "tests/support/raises.h"
@@ -42,6 +44,18 @@ TEST_F(DisplayString, BeginsWithItsDefaults) {
   EXPECT_EQ(Shown().ColorBack(), 6070);
   EXPECT_EQ(Shown().ColorFore(), 6071);
   EXPECT_EQ(Shown().FontNumber(), 4);
+}
+
+TEST_F(DisplayString, TakesTheFallBackColorsWhereNothingIsSet) {
+  const auto settings = std::make_shared<test::TracedSettings>();
+  Platform::Current().settings = settings;
+  const clsVarDisplayString fresh;
+  for (const char* asked : {"6000/6070/103", "6000/6071/5"}) {
+    EXPECT_EQ(std::count(settings->asked.begin(), settings->asked.end(), asked), 1) << asked;
+  }
+  EXPECT_EQ(fresh.DrawingElement()->ColorBack(), 103);
+  EXPECT_EQ(fresh.DrawingElement()->ColorFore(), 5);
+  EXPECT_EQ(fresh.ColorFore(), 5);
 }
 
 TEST_F(DisplayString, SlotsHoldEveryPropertyForReadingAndWriting) {

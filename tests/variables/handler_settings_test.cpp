@@ -4,10 +4,7 @@
 
 #include <random>
 
-#include "framework/mono_bytes.h"
 #include "platform/automation/call_by_name.h"
-#include "platform/gdi/surface.h"
-#include "shapes/bitmap.h"
 #include "tests/support/expected_settings.h"
 #include "tests/support/raises.h"
 #include "variables/text_handler.h"
@@ -337,36 +334,6 @@ TEST_F(AllHandlerSettings, TakeTheFallBackColorsWhereNothingIsSet) {
     expectAll(settings, "ColorFore", 5);
     expectAll(settings, "ColorBack", 103);
   }
-}
-
-class BarChangeKey : public test::HandlerTest {
- protected:
-  std::shared_ptr<BinaryHandler> bar_ = test::NewHandlerOf(test::HandlerClassNamed("clsVarBargraph"));
-
-  void Paint() {
-    const gdi::Surface surface(40, 20);
-    bar_->PaintPicture({surface.Dc(), 30, 10, 103, 0, 0, false});
-  }
-  Variant PictureInKey() { return test::ValueIn(bar_->GetBinaryDataForCRC(), "DrawingImage_hBmp"); }
-  Long Bitmap() { return bar_->ItfVarBinaryHandler::DrawingElement()->hBmp(); }
-};
-
-TEST_F(BarChangeKey, HoldsAllOfThePicture) {
-  Paint();
-  const Variant picture = PictureInKey();
-  EXPECT_EQ(picture, automation::FromBytes(WholeBitmapToBytes(Bitmap())));
-  EXPECT_GT(automation::To<Bytes>(picture).size(), 300u);
-  Paint();
-  EXPECT_EQ(PictureInKey(), picture);
-}
-
-TEST_F(BarChangeKey, FollowsTheColorOnceItIsPainted) {
-  Paint();
-  const Bytes before = bar_->GetBinaryDataForCRC();
-  bar_->TakeColorFore(9);
-  EXPECT_EQ(bar_->GetBinaryDataForCRC(), before);
-  Paint();
-  EXPECT_NE(bar_->GetBinaryDataForCRC(), before);
 }
 
 }  // namespace

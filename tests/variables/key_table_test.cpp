@@ -125,6 +125,11 @@ TEST_F(Keying, CopiesEntriesOneByOne) {
             (CallLog{"Bore_1=7:Long", "Maker_1=a:String", "Bore_2=8:Long", "Maker_2=b:String",
                      "Bore_3=9:Long", "Maker_3=c:String"}));
   EXPECT_NE(to.valves.front(), from.valves.front());
+
+  Pump shorter;
+  shorter.valves = {NewValve(1, "")};
+  CopyKeys<Pump>(shorter, from, MakeNamedTable(kValves));
+  EXPECT_EQ(WrittenOf(shorter, MakeNamedTable(kValves)), (CallLog{"Bore_1=7:Long", "Maker_1=a:String"}));
 }
 
 const test::SettingList kOthers = {

@@ -116,6 +116,13 @@ TEST_F(Numeric, SlotsStandInTheirPublishedOrder) {
   EXPECT_EQ(clsVarNumeric::ClassOf().Default().Name(), "_clsVarNumeric");
 }
 
+TEST_F(Numeric, KeepsTheFontOfItsDescription) {
+  automation::PutByName(*number_, "DescriptionFontNumber", Long{6});
+  EXPECT_EQ(number_->DescriptionFontNumber(), 6);
+  number_->DescriptionFontNumber(7);
+  EXPECT_EQ(GetByName(*number_, "DescriptionFontNumber"), Variant(Long{7}));
+}
+
 // --- The sample ---
 
 TEST_F(Numeric, SampleHasASignButForUnsignedFormatsAndTypes) {
@@ -240,6 +247,13 @@ TEST_F(NumericOfLibrary, ShowsTheWidestOfAllLanguagesInItsFont) {
   order_->order = 1;
   number_->ReSyncDrawingElementParams(1, 2);
   EXPECT_EQ(Shown().Txt(), "abcd -99999");
+}
+
+TEST_F(NumericOfLibrary, ShowsTheStringBeforeItTakesItsFont) {
+  CallLog asked = services_.AskedBy([this] { number_->ReSyncDrawingElementParams(1, 2); });
+  ASSERT_GE(asked.size(), 4u);
+  asked.erase(asked.begin(), asked.end() - 4);
+  EXPECT_EQ(asked, (CallLog{"height of font 4", "widths of font 4", "height of font 3", "widths of font 3"}));
 }
 
 TEST_F(NumericOfLibrary, ShowsTheStringAloneForAPassword) {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/automation/call_by_name.h"
-#include "platform/fennick1/operand.h"
+#include "tests/support/handler_fixture.h"
 #include "tests/support/raises.h"
 #include "tests/support/text_list_fixture.h"
 
@@ -11,7 +11,6 @@ namespace quenzel7 {
 namespace {
 
 using automation::GetByName;
-using automation::PropertyBag;
 using automation::Variant;
 using test::CallLog;
 using test::ErrorOf;
@@ -108,7 +107,7 @@ TEST_F(RangeText, WithoutABoundInTheDataIsAnError) {
 }
 
 /// Range texts in a project, and what it is told of their operands.
-class RangeTextOperands : public test::ProjectTest {
+class RangeTextOperands : public test::HandlerTest {
  protected:
   /// Two texts with the bounds 1 5, 2 6 and 34 7, 0 8.
   static std::shared_ptr<clsVarRangeText> Two() {
@@ -129,16 +128,6 @@ class RangeTextOperands : public test::ProjectTest {
       bounds.push_back(handler.ListTexts(text)->To());
     }
     return bounds;
-  }
-  void NoteOperands() {
-    Platform::Current().operands =
-        std::make_shared<test::NotingStore>(Platform::Current().operands, Recorder());
-    TakeLog();
-  }
-  static std::string Insert(const std::string& values) {
-    return "execute INSERT INTO HMI_Operands (ElementID,OprndType,OprndAddr,OprndNetID,OprndPurpose) "
-           "VALUES " +
-           values;
   }
 };
 
@@ -161,9 +150,9 @@ TEST_F(RangeTextOperands, ComeBackFromTheirBagsEachWithARow) {
   handler->BuildOpPropBag();
   NoteOperands();
   handler->RestoreAllOperands(9);
-  EXPECT_EQ(TakeLog(), (CallLog{"add operand 5", Insert("(9,1,5,0,3)"),  //
-                                "add operand 6", Insert("(9,2,6,0,3)"),  //
-                                "add operand 0", Insert("(9,37,0,0,3)")}));
+  EXPECT_EQ(TakeLog(), (CallLog{"add operand 5", RowOf(9, 1, 5),  //
+                                "add operand 6", RowOf(9, 2, 6),  //
+                                "add operand 0", RowOf(9, 37, 0)}));
   EXPECT_EQ(BoundsOf(*handler), (std::vector<OperandPair>{{1, 5}, {2, 6}, {37, 0}, {0, 8}}));
 }
 
@@ -190,7 +179,7 @@ TEST_F(RangeTextOperands, HaveRowsAsTheyStand) {
   const auto handler = Two();
   NoteOperands();
   handler->AddOperandsToHmiOperands(9);
-  EXPECT_EQ(TakeLog(), (CallLog{Insert("(9,1,5,0,3)"), Insert("(9,2,6,0,3)"), Insert("(9,34,7,0,3)")}));
+  EXPECT_EQ(TakeLog(), (CallLog{RowOf(9, 1, 5), RowOf(9, 2, 6), RowOf(9, 34, 7)}));
   EXPECT_EQ(BoundsOf(*handler), BoundsOf(*Two()));
   EXPECT_EQ(handler->ColOpPropBag()->Count(), 0);
 }
@@ -221,49 +210,42 @@ TEST_F(RangeTextOperands, AreReplacedWhereTypeAndAddressAreTheOldOnes) {
   EXPECT_EQ(handler->ListTexts(2)->To(), (OperandPair{31, 32}));
 }
 
-TEST_F(RangeTextOperands, EnterTheChangeKeyWithTheirValueWhereTheyHoldOne) {
+// --- Hosts that change the handler while they are asked ---
+
+TEST_F(RangeTextOperands, ComeBackAllWhenTheTextsAreTakenOutMeanwhile) {
   const auto handler = Two();
-  const auto changeKey = [&] {
-    auto bag = std::make_shared<PropertyBag>();
-    bag->Contents(handler->GetBinaryDataForCRC());
-    return bag;
-  };
-  for (const Long type : {14, 15, 16, 33, 34, 35, 36, 37, 38, 39, 1}) {
-    fennick1::Operand operand(Platform::Current().operands);
-    operand.OperandType(type);
-    operand.OperandAddress(7);
-    operand.OperandValue(Currency{25000});
-    operand.AddToProject();
-    operand.OperandAddress(8);
-    operand.OperandValue(Currency{-35001});
-    operand.AddToProject();
-    handler->ListTexts(2)->From() = {type, 7};
-    handler->ListTexts(2)->To() = {type, 8};
-    const bool holdsValue = type == 15 || type == 34 || type == 35 || type == 37 || type == 38;
-    const auto bag = changeKey();
-    EXPECT_EQ(bag->ReadProperty("FromOpAddress_2"), Variant(Long{holdsValue ? 2 : 7})) << type;
-    EXPECT_EQ(bag->ReadProperty("ToOpAddress_2"), Variant(Long{holdsValue ? -4 : 8})) << type;
-    EXPECT_EQ(bag->ReadProperty("FromOpType_2"), Variant(type));
-    PropertyBag stored;
-    stored.Contents(handler->GetBinaryData());
-    EXPECT_EQ(bag->Names(), stored.Names());
-    EXPECT_EQ(stored.ReadProperty("FromOpAddress_2"), Variant(Long{7})) << type;
-    EXPECT_EQ(stored.ReadProperty("ToOpAddress_2"), Variant(Long{8})) << type;
-  }
+  handler->BuildOpPropBag();
+  const std::weak_ptr<clsVarTextElement> last = handler->ListTexts(2);
+  WhileOperandsAreAsked([&] {
+    handler->Clear();
+    EXPECT_FALSE(last.expired());
+  });
+  handler->RestoreAllOperands(9);
+  EXPECT_EQ(OperandRows(), (CallLog{"9 1 5 0 3", "9 2 6 0 3", "9 37 0 0 3"}));
+  EXPECT_EQ(handler->ListCount(), 0);
+  EXPECT_TRUE(last.expired());
 }
 
-TEST_F(RangeTextOperands, WhoseValueDoesNotFit32BitsHaveNoChangeKey) {
+TEST_F(RangeTextOperands, ComeBackUntilTheBagsAreTakenAway) {
   const auto handler = Two();
-  fennick1::Operand operand(Platform::Current().operands);
-  operand.OperandType(15);
-  operand.OperandAddress(7);
-  handler->ListTexts(2)->From() = {15, 7};
-  operand.OperandValue(Currency{std::int64_t{2147483647} * 10000});
-  operand.AddToProject();
-  EXPECT_EQ(ErrorOf([&] { handler->GetBinaryDataForCRC(); }), 0);
-  operand.OperandValue(Currency{std::int64_t{2147483648} * 10000});
-  operand.AddToProject();
-  EXPECT_EQ(ErrorOf([&] { handler->GetBinaryDataForCRC(); }), 6);
+  handler->BuildOpPropBag();
+  WhileOperandsAreAsked([&] { handler->ColOpPropBag(nullptr); });
+  EXPECT_EQ(ErrorOf([&] { handler->RestoreAllOperands(9); }), 91);
+  EXPECT_EQ(OperandRows(), CallLog{"9 1 5 0 3"});
+  EXPECT_EQ(BoundsOf(*handler), BoundsOf(*Two()));
+}
+
+TEST_F(RangeTextOperands, EnterTheChangeKeyOfTheListThatItBeganWith) {
+  const auto handler = Two();
+  handler->ListTexts(1)->From() = {34, 5};
+  const std::vector<Byte> key = handler->GetBinaryDataForCRC();
+  WhileOperandsAreAsked([&] {
+    handler->Clear();
+    handler->AppendText();
+    handler->AppendText();
+  });
+  EXPECT_EQ(handler->GetBinaryDataForCRC(), key);
+  EXPECT_EQ(handler->ListTexts(2)->From(), OperandPair());
 }
 
 }  // namespace

@@ -91,6 +91,13 @@ TYPED_TEST(SampleHandler, ClosesUpBehindADeletedFontInBothPlacesSeparately) {
   }
 }
 
+TYPED_TEST(SampleHandler, ShowsItsTextBeforeItTakesTheGivenFont) {
+  // The text is fitted in the font that was there, then in the new one.
+  EXPECT_EQ(this->services_.AskedBy([this] { this->handler_->ReSyncDrawingElementParams(1, 9); }),
+            (test::CallLog{"height of font 2", "widths of font 2", "height of font 9", "widths of font 9"}));
+  this->ExpectFonts(5, 9);
+}
+
 TYPED_TEST(SampleHandler, UsesTheFontOfTheDrawnTextOnly) {
   EXPECT_TRUE(this->handler_->IsHmiFontInUse(2));
   for (const Long font : {1, 3, 4, 5}) EXPECT_FALSE(this->handler_->IsHmiFontInUse(font)) << font;
@@ -121,6 +128,9 @@ TYPED_TEST(SampleHandler, ReleasedHasNoTextAnyMore) {
               handler.ItfVarBinaryHandler::GetOptimalDimensions(dx, dy);
             }),
             91);
+  // The number under its own does not reach a text, so that the first one counts.
+  this->Validate(this->Numbers({{"1", Long{7}}, {"5", Long{8}}}));
+  EXPECT_EQ(this->handler_->FontNumber(), 7);
   // The bags can be built again, since the operands are still there.
   this->handler_->BuildOpPropBag();
   EXPECT_TRUE(this->handler_->ColOpPropBag());

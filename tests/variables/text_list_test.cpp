@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <limits>
 
 #include "tests/support/raises.h"
@@ -42,6 +43,7 @@ class GradientColors final : public corvane1::ColorService {
   std::uint32_t GetColor(Long) override { return 0; }
   Long GetClosestGradientColor(Long colorNumber) override {
     asked.push_back(colorNumber);
+    if (during) during();
     if (colorNumber == failing) {
       throw automation::AutomationError(automation::ErrorNumber::InvalidProcedureCall, "no colour");
     }
@@ -50,6 +52,7 @@ class GradientColors final : public corvane1::ColorService {
 
   std::vector<Long> asked;
   Long failing = -1;
+  std::function<void()> during;
 };
 
 template <class Handler>
@@ -67,6 +70,16 @@ class TextList : public test::TextLists<Handler> {
     TextExtent size = {-3, -4};
     handler.GetOptimalDimensions(size.width, size.height);
     return size;
+  }
+  /// Puts as many others in the place of all texts.
+  static void Replace(Handler& handler) {
+    const Long texts = handler.ListCount();
+    handler.Clear();
+    for (Long text = 1; text <= texts; ++text) {
+      handler.AppendText();
+      handler.ListTexts(text)->Txt("a text of the host");
+      handler.ListTexts(text)->ColorBack(99);
+    }
   }
   /// The string of that number in languages 1, 2...
   void Keep(Long number, const std::vector<LibraryString>& texts) {
@@ -379,7 +392,11 @@ TYPED_TEST(TextList, HoldsAsManyTextsAsDataMayTellOf) {
   const auto handler = this->Flat({});
   for (Long text = 0; text < TextListHandler::kMostTexts; ++text) handler->AppendText();
   EXPECT_RAISES(7, "no room for a list of 65537 texts: 65536 are the most", handler->AppendText());
-  EXPECT_EQ(handler->ListCount(), TextListHandler::kMostTexts);
+  EXPECT_RAISES(7, "no room for a list of 65537 texts: 65536 are the most", handler->InsertBefore(1));
+  EXPECT_EQ(handler->ListCount(), 65536);
+  handler->RemoveText(1);
+  handler->InsertBefore(1);
+  EXPECT_EQ(handler->ListCount(), 65536);
 }
 
 TYPED_TEST(TextList, NeedsItInTheFontAndTheStyleOfTheElement) {
@@ -483,6 +500,53 @@ TYPED_TEST(TextList, LeavesTheSizeAloneWhenTheLibraryFails) {
   EXPECT_EQ(ErrorOf([&] { handler->GetOptimalDimensions(dx, dy); }), 91);
   EXPECT_EQ(dx, 3);
   EXPECT_EQ(dy, 4);
+}
+
+// --- Hosts that change the list while they are asked ---
+
+TYPED_TEST(TextList, ShowsTheTextThatItBeganWith) {
+  const auto handler = this->Of({"a", "b"});
+  handler->ListTexts(2)->ColorBack(72);
+  this->services_.NoteInto([&](const std::string& call) {
+    if (call == "height of font 4") this->Replace(*handler);
+  });
+  handler->ReSyncDrawingElementParams(2, 9);
+  this->services_.NoteInto({});
+  EXPECT_EQ(handler->DrawingElement()->Txt(), "b");
+  EXPECT_EQ(handler->DrawingElement()->ColorBack(), 72);
+  EXPECT_EQ(handler->DrawingElement()->FontNumber(), 9);
+  EXPECT_EQ(handler->ListTexts(2)->ColorBack(), 99);
+}
+
+TYPED_TEST(TextList, ConvertsTheTextsThatItBeganWith) {
+  const auto colors = std::make_shared<GradientColors>();
+  const auto handler = this->Of({"a", "b"});
+  handler->ListTexts(1)->ColorBack(71);
+  handler->ListTexts(2)->ColorBack(72);
+  handler->DrawingElement()->ColorBack(73);
+  const TextElementRef second = handler->ListTexts(2);
+  colors->during = [&] { this->Replace(*handler); };
+  Platform::Current().colorService = colors;
+  handler->ConvertFlatColorToClosestGradientColor();
+  EXPECT_EQ(colors->asked, (std::vector<Long>{71, 72, 73}));
+  EXPECT_EQ(second->ColorBack(), 172);
+  EXPECT_EQ(handler->ListTexts(2)->ColorBack(), 99);
+  EXPECT_EQ(handler->DrawingElement()->ColorBack(), 173);
+}
+
+TYPED_TEST(TextList, NeedsTheRoomOfTheTextsThatItBeganWith) {
+  const auto handler = this->Flat({"abc", "abcdef"});
+  const auto isOfAText = [](const std::string& call) { return call.starts_with("height"); };
+  const CallLog asked = this->AskedBy([&] { this->RoomOf(*handler); });
+  // The last two are those of the texts.
+  auto left = std::count_if(asked.begin(), asked.end(), isOfAText);
+  ASSERT_GE(left, 2);
+  this->services_.NoteInto([&](const std::string& call) {
+    if (isOfAText(call) && left-- == 2) this->Replace(*handler);
+  });
+  EXPECT_EQ(this->RoomOf(*handler), (TextExtent{6, 2}));
+  this->services_.NoteInto({});
+  EXPECT_EQ(handler->ListTexts(2)->ColorBack(), 99);
 }
 
 // --- Fonts ---

@@ -45,6 +45,14 @@ TEST_F(VarTextElement, TakesTheFallBackColorsWhereNothingIsSet) {
   EXPECT_EQ(text.ColorBack(), 103);
 }
 
+TEST_F(VarTextElement, LooksUpItsColorsAndThenItsFontOnce) {
+  const auto settings = std::make_shared<test::TracedSettings>();
+  Platform::Current().settings = settings;
+  services_.NoteInto([&](const std::string& call) { settings->asked.push_back(call); });
+  const clsVarTextElement text;
+  EXPECT_EQ(settings->asked, (test::CallLog{"6000/6021/5", "6000/6020/103", "default font"}));
+}
+
 TEST_F(VarTextElement, SlotsHoldEveryPropertyForReadingAndWriting) {
   std::vector<std::string> expected;
   for (const auto& property : kProperties) {

@@ -15,9 +15,6 @@ namespace {
 using automation::AutomationError;
 using automation::ErrorNumber;
 
-/// What StorageText says of texts that are all in the library.
-constexpr Long kFromLibrary = -1;
-
 }  // namespace
 
 TextListHandler::TextListHandler(ElementDefault colorBack, ElementDefault colorFore, int texts)
