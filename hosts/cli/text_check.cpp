@@ -163,6 +163,10 @@ Findings CheckVariable(ItfHmiElement& variable) {
     judge({});
     return findings;
   }
+  if (IsListOfBit(*handler) && texts.size() != kTextsOfBit) {
+    findings.push_back(ofHandler + "ListTexts has " + Counted(texts.size(), "text") +
+                       "; two texts were expected");
+  }
   const Variant shown = automation::GetByName(variable, "DefaultDisplay");
   for (std::size_t place = 1; place <= texts.size(); ++place) {
     const std::string path = ofHandler + "ListTexts[" + std::to_string(place) + "]";

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <functional>
 #include <iterator>
+#include <limits>
 #include <map>
 
+#include "hosts/cli/counted.h"
 #include "hosts/cli/element_calls.h"
 #include "hosts/cli/element_classes.h"
 #include "hosts/cli/library_texts.h"
@@ -13,6 +15,7 @@
 #include "hosts/cli/user_error.h"
 #include "platform/automation/call_by_name.h"
 #include "platform/automation/convert.h"
+#include "variables/text/text_list.h"
 #include "variables/var_element.h"
 #include "variables/var_types.h"
 
@@ -32,6 +35,17 @@ constexpr std::string_view kList = "ListTexts";
 constexpr std::string_view kDrawing = "DrawingElement";
 constexpr std::string_view kReSync = "ReSyncDrawingElementParams";
 constexpr std::string_view kState = "DefaultDisplay";
+
+/// What painting hands to elements as a number of 16 bits, though the variable's own property is wider.
+constexpr std::string_view kPaintedShort[] = {"Alignment", "Flat3D"};
+
+/// What loading gives the drawing element anew, and where that comes from.
+struct Replaced {
+  std::string_view name, source;
+};
+constexpr Replaced kReplaced[] = {{"Txt", "the other settings of the handler"},
+                                  {"FontNumber", "FontNumber of the variable or the font of its string"},
+                                  {"ColorBack", "ColorBack of the text that is shown"}};
 
 /// What a variable's row has of the string that it refers to.
 constexpr std::string_view kInRow[] = {"StorageStringType", "StorageStringID", "StorageFont"};
@@ -184,9 +198,17 @@ void TakeObject(Object& object, const std::string& path, const Json& json, const
   }
 }
 
+std::string TextsGiven(std::size_t texts) {
+  return Counted(texts, "text") + (texts == 1 ? " was" : " were") + " given";
+}
+
 void TakeList(ItfVarBinaryHandler& handler, const std::string& path, const Json& json,
               const Properties& properties) {
   if (!json.is_array()) throw UserError(Named(path) + " must be an array, " + Shown(json) + " was given");
+  if (json.size() > std::size_t{TextListHandler::kMostTexts}) {
+    throw UserError(Named(path) + ": " + TextsGiven(json.size()) + ", " +
+                    std::to_string(TextListHandler::kMostTexts) + " are the most");
+  }
   automation::InvokeByName(handler, "Clear");
   Long place = 0;
   for (const Json& text : json) {
@@ -221,6 +243,42 @@ const Json* Find(const Json& object, std::string_view name) {
     if (automation::EqualFolded(key, name)) return &value;
   }
   return nullptr;
+}
+
+void RequireTextsOfBit(ItfVarBinaryHandler& handler) {
+  if (!IsListOfBit(handler)) return;
+  const std::size_t texts = ListTextsOf(handler).size();
+  if (texts == kTextsOfBit) return;
+  throw UserError(Named(std::string(kHandlerKey) + "." + std::string(kList)) + ": " + TextsGiven(texts) +
+                  ", two texts are expected");
+}
+
+void RequirePaintable(ItfHmiElement& variable) {
+  for (const std::string_view name : kPaintedShort) {
+    try {
+      WholeNumberFromJson(NumberOf(variable, name), std::numeric_limits<Integer>::min(),
+                          std::numeric_limits<Integer>::max());
+    } catch (const UserError& error) {
+      throw UserError(Named(std::string(name)) + " " + error.what());
+    }
+  }
+}
+
+/// Gives the drawing element what a page file says of it, and requires that loading leaves it so.
+void TakeDrawing(ItfHmiElement& variable, const Json& given, const Properties& properties) {
+  const ElementRef drawing = TextDrawingOf(*HandlerOf(variable));
+  const std::string path = std::string(kHandlerKey) + "." + std::string(kDrawing);
+  TakeObject(*drawing, path, given, properties);
+  if (!kLibraryTextTypes.Has(NumberOf(variable, kTypeProperty))) return;
+  std::vector<Variant> said;
+  for (const Replaced& replaced : kReplaced) said.push_back(automation::GetByName(*drawing, replaced.name));
+  BringUpToDate(variable);
+  for (std::size_t at = 0; at < said.size(); ++at) {
+    const auto& [name, source] = kReplaced[at];
+    if (!Find(given, name) || automation::GetByName(*drawing, name) == said[at]) continue;
+    throw UserError(Named(path + "." + std::string(name)) +
+                    " would be replaced when the variable is loaded: it comes from " + std::string(source));
+  }
 }
 
 // --- To page files ---
@@ -343,6 +401,10 @@ ElementRef TextDrawingOf(ItfVarBinaryHandler& handler) {
   return drawing && BearsText(*drawing) ? drawing : nullptr;
 }
 
+bool IsListOfBit(const ItfVarBinaryHandler& handler) {
+  return HasList(handler) && !handler.Class().Default().Find("InsertBefore");
+}
+
 std::vector<ObjectRef> ListTextsOf(ItfVarBinaryHandler& handler) {
   std::vector<ObjectRef> texts;
   if (!HasList(handler)) return texts;
@@ -356,6 +418,7 @@ std::vector<ObjectRef> ListTextsOf(ItfVarBinaryHandler& handler) {
 }
 
 void TakeSettings(ItfHmiElement& variable, const Json& settings) {
+  RequirePaintable(variable);
   const HandlerRef handler = HandlerOf(variable);
   const KeptSettings& kept = KeptOf(NumberOf(variable, kTypeProperty));
   if (const Json* reference = Find(settings, kListTextKey)) {
@@ -364,13 +427,11 @@ void TakeSettings(ItfHmiElement& variable, const Json& settings) {
   TakeRowsFont(variable);
   const Json* given = Find(settings, kHandlerKey);
   if (given) TakeHandler(*handler, *given, kept);
+  RequireTextsOfBit(*handler);
   BringUpToDate(variable);
   if (!given) return;
   // What is said of it stands above what follows from the other settings.
-  if (const Json* drawing = Find(*given, kDrawing)) {
-    TakeObject(*TextDrawingOf(*handler), std::string(kHandlerKey) + "." + std::string(kDrawing), *drawing,
-               kept.drawing);
-  }
+  if (const Json* drawing = Find(*given, kDrawing)) TakeDrawing(variable, *drawing, kept.drawing);
 }
 
 void BringUpToDate(ItfHmiElement& variable) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
@@ -46,12 +47,20 @@ ElementRef NewVariable(Long type);
 /// settings.
 ElementRef TextDrawingOf(ItfVarBinaryHandler& handler);
 
+/// How many texts a bit has, one for each state.
+inline constexpr std::size_t kTextsOfBit = 2;
+
+/// Whether the handler has the texts of a bit; other lists can have any length.
+bool IsListOfBit(const ItfVarBinaryHandler& handler);
+
 /// The texts of a handler's list; none where it has no list.
 std::vector<automation::ObjectRef> ListTextsOf(ItfVarBinaryHandler& handler);
 
 /// Gives a variable, whose other properties are set, the settings of a page file, an object with any of
 /// kSettingsKeys, and brings what it paints up to date. FontNumber becomes 0 as for NewVariable. Throws
-/// UserError that names the property by its path: "Handler.ListTexts[2].ColorBack", texts counted from 1.
+/// UserError that names the property by its path: "Handler.ListTexts[2].ColorBack", texts counted from 1;
+/// so it does for a number that painting has no room for, for a list of another length than the type has, and
+/// for what loading would replace.
 void TakeSettings(ItfHmiElement& variable, const Json& settings);
 
 /// Has the element that paints the variable show what its settings say, where the type has that done when it

@@ -431,6 +431,9 @@ std::vector<Json> ValuesFor(const automation::ClassInfo& elementClass, const aut
     }
     return types;
   }
+  // Painting a variable hands them on in 16 bits.
+  if (IsVariableClass(elementClass) && (property.name == "Flat3D" || property.name == "Alignment"))
+    return {-32768, -1, 0, 1, 96, 255, 32767};
   // The states of the text for a bit that a variable without a type is.
   if (property.name == "DefaultDisplay") return {1, 2};
   return ValuesFor(property.type);

@@ -3,6 +3,9 @@
 #include <filesystem>
 
 #include "hosts/cli/commands.h"
+#include "hosts/cli/page_store.h"
+#include "hosts/cli/variable_settings.h"
+#include "platform/automation/call_by_name.h"
 #include "tests/hosts/cli/cli_project.h"
 
 namespace quenzel7::cli {
@@ -136,8 +139,11 @@ TEST_F(ReportCommandTest, ARowThatDoesNotLoadIsToldAsByACheckBehindItsPage) {
 }
 
 TEST_F(ReportCommandTest, AnElementThatCannotReportIsToldBehindItsLines) {
-  Import(Page(1, R"({"class": "clsVar", "VarType": "eVT_BinaryText", "VarName": "On", "Dx": 50, "Dy": 20,
-                     "Handler": {"ListTexts": [{"Txt": "off"}]}})"));
+  Import(Page(1, R"({"class": "clsVar", "VarType": "eVT_BinaryText", "VarName": "On", "Dx": 50, "Dy": 20})"));
+  const ElementRef variable = Load().elements.at(0);
+  automation::InvokeByName(*HandlerOf(*variable), "Clear");
+  automation::InvokeByName(*HandlerOf(*variable), "AppendText");
+  SaveElement(Session(), *variable);
   Import(Page(2, Line(1)));
   const Run run = Report();
   EXPECT_EQ(run.status, kFound);

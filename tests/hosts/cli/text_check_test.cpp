@@ -71,6 +71,21 @@ TEST_F(TextCheck, EveryTextOfAListIsJudgedAndTheOneThatIsShownStays) {
   EXPECT_EQ(automation::GetByName(*HandlerOf(*variable)->DrawingElement(), "Txt"), automation::Variant("ab"));
 }
 
+TEST_F(TextCheck, ABitWithOtherThanTwoTextsIsTold) {
+  Import(PageOf(R"({"class": "clsVar", "Dx": 200, "Dy": 40}, {"class": "clsVar", "Dx": 200, "Dy": 40},
+      {"class": "clsVar", "Dx": 200, "Dy": 40},
+      {"class": "clsVar", "VarType": "eVT_ListText", "Dx": 200, "Dy": 40})"));
+  const LoadedPage page = Load();
+  const auto handlerOf = [&page](std::size_t place) { return HandlerOf(*page.elements.at(place)); };
+  automation::InvokeByName(*handlerOf(1), "AppendText");
+  automation::InvokeByName(*handlerOf(2), "Clear");
+  automation::InvokeByName(*handlerOf(2), "AppendText");
+  EXPECT_EQ(Found(*page.elements.at(0)), "");
+  EXPECT_EQ(Found(*page.elements.at(1)), "Handler.ListTexts has 3 texts; two texts were expected");
+  EXPECT_EQ(Found(*page.elements.at(2)), "Handler.ListTexts has 1 text; two texts were expected");
+  EXPECT_EQ(Found(*page.elements.at(3)), "");
+}
+
 TEST_F(TextCheck, StringsOfVariablesThatTheLibraryLacksAreTold) {
   SetString(4, 2, "Kessel", -1);
   Import(PageOf(R"({"class": "clsVar", "Dx": 200, "Dy": 40, "Handler": {"StorageText": -1,

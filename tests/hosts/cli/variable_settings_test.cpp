@@ -226,6 +226,86 @@ TEST_F(VariableSettingsTest, ErrorsNameThePathOfTheProperty) {
             "keep it");
 }
 
+TEST_F(VariableSettingsTest, ABitHasTwoTexts) {
+  const auto given = [](const std::string& texts) {
+    return MessageOfHandler("eVT_BinaryText", R"({"ListTexts":[)" + texts + "]}");
+  };
+  const std::string path = "property \"Handler.ListTexts\": ";
+  EXPECT_EQ(given(""), path + "0 texts were given, two texts are expected");
+  EXPECT_EQ(given("{}"), path + "1 text was given, two texts are expected");
+  EXPECT_EQ(given("{},{},{}"), path + "3 texts were given, two texts are expected");
+  EXPECT_NO_THROW(Made(WithHandler("eVT_BinaryText", R"({"ListTexts":[{},{}]})")));
+  for (const char* type : {"eVT_ListText", "eVT_RangeTexts"}) {
+    const auto made = Made(WithHandler(type, R"({"ListTexts":[{},{},{}]})"));
+    EXPECT_EQ(ListTextsOf(*HandlerOf(*made)).size(), 3u) << type;
+    EXPECT_FALSE(IsListOfBit(*HandlerOf(*made))) << type;
+  }
+  EXPECT_TRUE(IsListOfBit(*HandlerOf(*NewVariable(eVT_BinaryText))));
+  EXPECT_FALSE(IsListOfBit(*HandlerOf(*NewVariable(eVT_Numeric))));
+}
+
+TEST_F(VariableSettingsTest, AListThatIsTooLongIsTold) {
+  const auto list = [](std::size_t texts) {
+    std::string json;
+    for (std::size_t text = 0; text < texts; ++text) json += text == 0 ? "{}" : ",{}";
+    return WithHandler("eVT_ListText", R"({"ListTexts":[)" + json + "]}");
+  };
+  EXPECT_EQ(MessageOfMaking(list(65538)),
+            "property \"Handler.ListTexts\": 65538 texts were given, 65536 are the most");
+  EXPECT_EQ(MessageOfMaking(list(65537)),
+            "property \"Handler.ListTexts\": 65537 texts were given, 65536 are the most");
+  EXPECT_EQ(HandlerIn<clsVarListText>(*Made(list(65536)))->ListCount(), 65536);
+}
+
+TEST_F(VariableSettingsTest, StyleAndAlignmentHaveThe16BitsThatPaintingHandsOn) {
+  for (const std::string property : {"Flat3D", "Alignment"}) {
+    const auto with = [&property](const std::string& number) {
+      return R"({"class":"clsVar",")" + property + "\":" + number + "}";
+    };
+    for (const char* number : {"-32769", "32768", "40000"}) {
+      EXPECT_EQ(MessageOfMaking(with(number)), "property \"" + property +
+                                                   "\" must be a whole number from -32768 to 32767, " +
+                                                   number + " was given");
+    }
+    EXPECT_NO_THROW(Made(with("32767")));
+    EXPECT_NO_THROW(Made(with("-32768")));
+  }
+}
+
+TEST_F(VariableSettingsTest, WhatLoadingReplacesOfTheDrawingElementIsRefused) {
+  const auto message = [](const std::string& property, const std::string& source) {
+    return "property \"Handler.DrawingElement." + property +
+           "\" would be replaced when the variable is loaded: it comes from " + source;
+  };
+  const std::string handler = "the other settings of the handler";
+  const std::string font = "FontNumber of the variable or the font of its string";
+  EXPECT_EQ(MessageOfHandler("eVT_Numeric", R"({"DrawingElement":{"txt":"own"}})"), message("Txt", handler));
+  EXPECT_EQ(MessageOfHandler("eVT_Numeric", R"({"DrawingElement":{"FontNumber":6}})"),
+            message("FontNumber", font));
+  for (const char* type : {"eVT_BinaryText", "eVT_ListText", "eVT_RangeTexts"}) {
+    EXPECT_EQ(MessageOfHandler(type, R"({"DrawingElement":{"Txt":"own"}})"), message("Txt", handler)) << type;
+    EXPECT_EQ(MessageOfHandler(type, R"({"DrawingElement":{"FontNumber":6}})"), message("FontNumber", font))
+        << type;
+    EXPECT_EQ(MessageOfHandler(type, R"({"DrawingElement":{"ColorBack":9}})"),
+              message("ColorBack", "ColorBack of the text that is shown"))
+        << type;
+  }
+}
+
+TEST_F(VariableSettingsTest, WhatLoadingLeavesOfTheDrawingElementIsTaken) {
+  EXPECT_EQ(RoundTrip(WithHandler("eVT_ListText", R"({"DrawingElement":{"ColorFore":8}})")).dump(),
+            R"({"DrawingElement":{"ColorFore":8}})");
+  // Nothing is made from a string that is not there.
+  EXPECT_EQ(
+      RoundTrip(WithHandler("eVT_Numeric", R"({"StorageText":-1,"DrawingElement":{"Txt":"own"}})")).dump(),
+      R"({"StorageText":-1,"DrawingElement":{"Txt":"own"}})");
+  // What it will be anyway.
+  const auto made =
+      Made(Variable("eVT_ListText",
+                    R"(,"FontNumber":6,"Handler":{"ListTexts":[{"Txt":"a"}],"DrawingElement":{"Txt":"a"}})"));
+  EXPECT_EQ(HandlerIn<clsVarListText>(*made)->DrawingElement()->Txt(), "a");
+}
+
 TEST_F(VariableSettingsTest, OnlyPropertiesOfVariablesHaveSettings) {
   const auto read = [](const std::string& element) {
     return test::MessageOf([&] { ReadPageFile(Page(element), "page file x"); });
