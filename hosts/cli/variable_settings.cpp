@@ -275,7 +275,7 @@ void TakeDrawing(ItfHmiElement& variable, const Json& given, const Properties& p
   BringUpToDate(variable);
   for (std::size_t at = 0; at < said.size(); ++at) {
     const auto& [name, source] = kReplaced[at];
-    if (!Find(given, name) || automation::GetByName(*drawing, name) == said[at]) continue;
+    if (automation::GetByName(*drawing, name) == said[at]) continue;
     throw UserError(Named(path + "." + std::string(name)) +
                     " would be replaced when the variable is loaded: it comes from " + std::string(source));
   }
