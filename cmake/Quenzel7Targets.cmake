@@ -54,7 +54,7 @@ function(quenzel7_install)
   install(TARGETS ${libraries} EXPORT quenzel7Targets
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-  foreach(folder platform framework images shapes variables)
+  foreach(folder platform framework images shapes variables server)
     install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder}
       DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quenzel7
       FILES_MATCHING PATTERN "*.h" PATTERN "*.inc" PATTERN CMakeFiles EXCLUDE)

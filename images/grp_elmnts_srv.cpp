@@ -23,22 +23,28 @@ constexpr const char* kImageFolder = "\\..\\Data\\Images\\";
 using Srv = clsGrpElmntsSrv;
 
 constexpr automation::Member kMembers[] = {
-    Method<Srv, &Srv::ChangeHMIPanel>("ChangeHMIPanel", "Sets the panel that the project is for."),
+    Method<Srv, &Srv::ChangeHMIPanel>("ChangeHMIPanel", "Sets the panel that the project is for.",
+                                      "pPanelType"),
     Method<Srv, &Srv::InitImageLibrary>(
         "InitImageLibrary",
-        "Makes the image library with its name and the panel's colours, an array of Long."),
+        "Makes the image library with its name and the panel's colours, an array of Long.",
+        "pImageLibName, pPalette"),
     automation::Property<loomis2::ImageLibraryRef>("ImageLibrary",
                                                    "The image library; none until it is made.",
                                                    AUTOMATION_GETTER(Srv, ImageLibrary), nullptr),
     Method<Srv, &Srv::GetCRCsOfVarImages>("GetCRCsOfVarImages",
-                                          "The picture for each index of a variable; -1 where it has none."),
-    Method<Srv, &Srv::GetImageData8bppByCRC>("GetImageData8bppByCRC", "The panel pixels of a picture."),
-    Method<Srv, &Srv::GetImageLibCRC>("GetImageLibCRC", "8209 whatever the picture."),
-    Method<Srv, &Srv::GetImagePathFromDB>("GetImagePathFromDB", "The file that a picture came from."),
-    Method<Srv, &Srv::GetImageOriginalDimansions>("GetImageOriginalDimansions",
-                                                  "A picture's own size; both -1 when there is none."),
+                                          "The picture for each index of a variable; -1 where it has none.",
+                                          "pElement_ID, pNumOfImages"),
+    Method<Srv, &Srv::GetImageData8bppByCRC>("GetImageData8bppByCRC", "The panel pixels of a picture.",
+                                             "pCRC"),
+    Method<Srv, &Srv::GetImageLibCRC>("GetImageLibCRC", "8209 whatever the picture.", "pImageCRC"),
+    Method<Srv, &Srv::GetImagePathFromDB>("GetImagePathFromDB", "The file that a picture came from.",
+                                          "pImageCRC"),
+    Method<Srv, &Srv::GetImageOriginalDimansions>(
+        "GetImageOriginalDimansions", "A picture's own size; both -1 when there is none.", "pCRC, pDx, pDy"),
     Method<Srv, &Srv::SaveToDbForBimaryHandler>("SaveToDbForBimaryHandler",
-                                                "Saves the pictures of a variable's list."),
+                                                "Saves the pictures of a variable's list.",
+                                                "pElementID, pVarType, pColImageList, pDx, pDy"),
 };
 
 }  // namespace

@@ -71,10 +71,11 @@ struct ImageRecordMembers {
 
   static constexpr auto kCommon = MakeNamedTable(
       kCRC8bpp,
-      automation::Method<Record, &Record::SetData8bpp>("SetData8bpp", "Takes a copy of panel pixels."),
+      automation::Method<Record, &Record::SetData8bpp>("SetData8bpp", "Takes a copy of panel pixels.",
+                                                       "pData8bpp"),
       automation::Method<Record, &Record::GetData8bpp>("GetData8bpp", "Gives a copy of the panel pixels."),
       automation::Method<Record, &Record::SetData8bppORG>("SetData8bppORG",
-                                                          "Takes a copy of original pixels."),
+                                                          "Takes a copy of original pixels.", "pData8bppORG"),
       automation::Method<Record, &Record::GetData8bppORG>("GetData8bppORG",
                                                           "Gives a copy of the original pixels."),
       kPath, kSourceCRC, kDxORG, kDyORG, kTransparencyLevel, kBits);

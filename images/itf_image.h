@@ -92,11 +92,15 @@ class ItfImage {
 
 /// The two setters as members of a class's default interface.
 template <class Class>
-inline constexpr auto kImagePropsMembers = MakeNamedTable(
-    automation::Method<Class, &ItfImage::SetImage8bppProps>("SetImage8bppProps",
-                                                            "Takes a picture as the image library gives it."),
-    automation::Method<Class, &ItfImage::SetImage8bppPropsEx>(
-        "SetImage8bppPropsEx", "Takes a picture, and how many bits a pixel takes."));
+inline constexpr auto kImagePropsMembers =
+    MakeNamedTable(automation::Method<Class, &ItfImage::SetImage8bppProps>(
+                       "SetImage8bppProps", "Takes a picture as the image library gives it.",
+                       "pSrcImgCRC, pDxORG, pDyORG, pData8bppORG, pImgCRC, pImgWidth, pImgHeight, pData8bpp, "
+                       "pImgIndexInVar, pTransparencyLevel, pImagePath"),
+                   automation::Method<Class, &ItfImage::SetImage8bppPropsEx>(
+                       "SetImage8bppPropsEx", "Takes a picture, and how many bits a pixel takes.",
+                       "pSrcImgCRC, pDxORG, pDyORG, pData8bppORG, pImgCRC, pImgWidth, pImgHeight, pData8bpp, "
+                       "pImgIndexInVar, pTransparencyLevel, pImagePath, pBits"));
 
 /// The members of the interface, of a class that implements it, in slot order.
 template <class Class>
@@ -120,7 +124,8 @@ struct ItfImageMembers {
           QUENZEL7_IMAGE_MEMBER(Long, ImageIndexInVar, "Place among the pictures of its owner."),
           automation::Method<Class, &ItfImage::GetImageData8bpp>("GetImageData8bpp",
                                                                  "Gives the panel pixels."),
-          automation::Method<Class, &ItfImage::SetImageData8bpp>("SetImageData8bpp", "Takes panel pixels."),
+          automation::Method<Class, &ItfImage::SetImageData8bpp>("SetImageData8bpp", "Takes panel pixels.",
+                                                                 "pRHS"),
           QUENZEL7_IMAGE_MEMBER(Long, TransparencyLevel, "0 opaque, otherwise transparent."),
           QUENZEL7_IMAGE_MEMBER(std::string, ImagePath, "File that the picture came from."),
           QUENZEL7_IMAGE_MEMBER(Long, Dx, "Width of the picture on the panel."),

@@ -11,12 +11,14 @@ namespace {
 using automation::Method;
 using Record = clsPageImage;
 
-constexpr auto kMembers = ImageRecordMembers<Record>::kCommon.Then(
-    MakeNamedTable(Method<Record, &Record::SaveToDB>("SaveToDB", "Saves the picture as one of a page's."),
-                   Method<Record, &Record::SaveToDBEx>(
-                       "SaveToDBEx", "Saves the picture as one of a page's, telling the bits of a pixel."),
-                   Method<Record, &Record::ReadImagePropsFromDB>(
-                       "ReadImagePropsFromDB", "Reads the picture of the CRC; False when there is none.")));
+constexpr auto kMembers = ImageRecordMembers<Record>::kCommon.Then(MakeNamedTable(
+    Method<Record, &Record::SaveToDB>("SaveToDB", "Saves the picture as one of a page's.",
+                                      "pPageID, pImageType, pDx, pDy"),
+    Method<Record, &Record::SaveToDBEx>("SaveToDBEx",
+                                        "Saves the picture as one of a page's, telling the bits of a pixel.",
+                                        "pPageID, pImageType, pDx, pDy, pBits"),
+    Method<Record, &Record::ReadImagePropsFromDB>(
+        "ReadImagePropsFromDB", "Reads the picture of the CRC; False when there is none.", "pImageType")));
 
 }  // namespace
 

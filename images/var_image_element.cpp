@@ -24,13 +24,15 @@ struct Members : ImageRecordMembers<Record> {
           .WithAfter("FromOpAddress", kToOpType)
           .WithAfter("ToOpType", kToOpAddress)
           .Then(MakeNamedTable(
-              Method<Record, &Record::ResizeImage>("ResizeImage",
-                                                   "Makes pixels of one byte anew at another size."),
-              Method<Record, &Record::ResizeImage16>("ResizeImage16",
-                                                     "Makes pixels of two bytes anew at another size."),
-              Method<Record, &Record::SaveToDB>("SaveToDB", "Saves the picture as one of an element's."),
+              Method<Record, &Record::ResizeImage>(
+                  "ResizeImage", "Makes pixels of one byte anew at another size.", "pNewDx, pNewDy"),
+              Method<Record, &Record::ResizeImage16>(
+                  "ResizeImage16", "Makes pixels of two bytes anew at another size.", "pNewDx, pNewDy"),
+              Method<Record, &Record::SaveToDB>("SaveToDB", "Saves the picture as one of an element's.",
+                                                "pElementID, pIndexInVar, pDx, pDy"),
               Method<Record, &Record::SaveToDBEx>(
-                  "SaveToDBEx", "Saves the picture as one of an element's, telling the bits of a pixel.")));
+                  "SaveToDBEx", "Saves the picture as one of an element's, telling the bits of a pixel.",
+                  "pElementID, pIndexInVar, pDx, pDy, pBits")));
 };
 
 }  // namespace

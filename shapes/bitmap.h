@@ -59,9 +59,11 @@ struct BitmapElementMembers {
           automation::Method<Element, &Element::ResizeImageEx>(
               "ResizeImageEx",
               "Makes the picture anew at another size; True when there was something to do, also when "
-              "nothing could be made."),
+              "nothing could be made.",
+              "pOldDx, pOldDy, pNewDx, pNewDy"),
           automation::Method<Element, &Element::ResizeImage>(
-              "ResizeImage", "Tells that it is no longer in use; always False."),
+              "ResizeImage", "Tells that it is no longer in use; always False.",
+              "pOldDx, pOldDy, pNewDx, pNewDy, pHdc"),
           automation::Method<Element, &ItfHmiElement::InvertColors>("InvertColors",
                                                                     ElementMemberText("InvertColors")),
           automation::Method<Element, &Element::SaveToDB>("SaveToDB", "Writes the element; always True."),
@@ -69,10 +71,11 @@ struct BitmapElementMembers {
           .Then(kImagePropsMembers<Element>)
           .Then(MakeNamedTable(
               automation::Method<Element, &Element::UpdateImageIndexInVar>(
-                  "UpdateImageIndexInVar", "Moves the places of an element's pictures from one on."),
+                  "UpdateImageIndexInVar", "Moves the places of an element's pictures from one on.",
+                  "pElement_ID, pStartIndex, pCorrectionValue"),
               automation::Method<Element, &ItfHmiElement::CreateStaticElementPrinterReport>(
                   "ItfHmiElement_CreateStaticElementPrinterReport",
-                  ElementMemberText("CreateStaticElementPrinterReport"))));
+                  ElementMemberText("CreateStaticElementPrinterReport"), "pVSPrinter")));
 };
 
 #undef QUENZEL7_CONTRACT_PROPERTY

@@ -13,7 +13,7 @@ template <class Element>
 struct FrameElementMembers {
   static constexpr auto kMembers = TextMembers<Element>::kCommon.WithAfter(
       "OrderIndex", automation::Method<Element, &Element::DrawTransparent>(
-                        "DrawTransparent", "Paints the frame at half strength over what is there."));
+                        "DrawTransparent", "Paints the frame at half strength over what is there.", "pHdc"));
 };
 
 /// A rectangle with a caption that sets off an area of a page. It has no hide operand: that of the element

@@ -82,8 +82,8 @@ thread_local Long Walk::underWay_ = 0;
 #define QUENZEL7_GROUP_PROPERTY(Type, Name, Documentation, ...)                       \
   automation::Property<Type>(#Name, Documentation, AUTOMATION_GETTER(clsGroup, Name), \
                              AUTOMATION_SETTER(clsGroup, Type, Name) __VA_OPT__(, ) __VA_ARGS__)
-#define QUENZEL7_GROUP_METHOD(Name, Documentation) \
-  automation::Method<clsGroup, &clsGroup::Name>(#Name, Documentation)
+#define QUENZEL7_GROUP_METHOD(Name, Documentation, ...) \
+  automation::Method<clsGroup, &clsGroup::Name>(#Name, Documentation __VA_OPT__(, ) __VA_ARGS__)
 
 constexpr automation::Member kMembers[] = {
     QUENZEL7_GROUP_PROPERTY(Long, ID, "Key of the group's row; -1 until the row exists.", Mark::Identity),
@@ -100,19 +100,21 @@ constexpr automation::Member kMembers[] = {
                             Mark::Identity),
     QUENZEL7_GROUP_METHOD(IsContainsGlobalVars,
                           "Whether a variable among the members shows a global variable."),
-    QUENZEL7_GROUP_METHOD(
-        AddObjectsToGroup,
-        "Takes all elements of a collection in and saves them; none when one is touchable."),
-    QUENZEL7_GROUP_METHOD(IsMaxDepth, "Whether a new group of these elements would be nested too deep."),
-    QUENZEL7_GROUP_METHOD(DrawFramesInGroup, "Paints the frames in the group."),
+    QUENZEL7_GROUP_METHOD(AddObjectsToGroup,
+                          "Takes all elements of a collection in and saves them; none when one is touchable.",
+                          "p_ColObjects"),
+    QUENZEL7_GROUP_METHOD(IsMaxDepth, "Whether a new group of these elements would be nested too deep.",
+                          "p_ColObjects"),
+    QUENZEL7_GROUP_METHOD(DrawFramesInGroup, "Paints the frames in the group.", "pHdc, pDrawBoundingRect"),
     QUENZEL7_GROUP_METHOD(DrawTransparentFramesInGroup,
-                          "Paints the frames in the group at half strength over what is there."),
-    QUENZEL7_GROUP_METHOD(LoadFromDB, "Takes ID and GroupID from a row; the members are the host's to load."),
-    QUENZEL7_GROUP_METHOD(SetElementsID, "Gives all members, at any depth, this ID."),
+                          "Paints the frames in the group at half strength over what is there.", "pHdc"),
+    QUENZEL7_GROUP_METHOD(LoadFromDB, "Takes ID and GroupID from a row; the members are the host's to load.",
+                          "pRsElement"),
+    QUENZEL7_GROUP_METHOD(SetElementsID, "Gives all members, at any depth, this ID.", "pID"),
     QUENZEL7_GROUP_METHOD(SaveToDB, "Writes the rows of the group and its members; always True."),
     automation::Method<clsGroup, &ItfHmiElement::CreateStaticElementPrinterReport>(
         "ItfHmiElement_CreateStaticElementPrinterReport",
-        "Nothing: a group has no lines in a printed report."),
+        "Nothing: a group has no lines in a printed report.", "pVSPrinter"),
 };
 
 #undef QUENZEL7_GROUP_PROPERTY

@@ -46,7 +46,7 @@ struct ShapeMembers {
       automation::Method<Shape, &Shape::SaveToDB>("SaveToDB", "Writes the element's row; always True."),
       automation::Method<Shape, &ItfHmiElement::CreateStaticElementPrinterReport>(
           "ItfHmiElement_CreateStaticElementPrinterReport",
-          ElementMemberText("CreateStaticElementPrinterReport")),
+          ElementMemberText("CreateStaticElementPrinterReport"), "pVSPrinter"),
       QUENZEL7_SHAPE_PROPERTY(Long, ColorForeTouch),
       QUENZEL7_SHAPE_PROPERTY(Long, ColorBackTouch),
       QUENZEL7_SHAPE_PROPERTY(Long, OrderIndex, automation::Mark::Identity),

@@ -52,11 +52,12 @@ struct TextMembers {
       QUENZEL7_CONTRACT_PROPERTY(Long, OrderIndex, automation::Mark::Identity),
       automation::Method<Element,
                          static_cast<void (Element::*)(Long&, Long&) const>(&Element::GetOptimalDimensions)>(
-          "GetOptimalDimensions", "Gives the size in panel pixels at which nothing of the text is cut."),
+          "GetOptimalDimensions", "Gives the size in panel pixels at which nothing of the text is cut.",
+          "pDx, pDy"),
       automation::Method<Element, &Element::SaveToDB>("SaveToDB", "Writes the element's row; always True."),
       automation::Method<Element, &ItfHmiElement::CreateStaticElementPrinterReport>(
           "ItfHmiElement_CreateStaticElementPrinterReport",
-          ElementMemberText("CreateStaticElementPrinterReport")));
+          ElementMemberText("CreateStaticElementPrinterReport"), "pVSPrinter"));
 };
 
 #undef QUENZEL7_CONTRACT_PROPERTY

@@ -47,7 +47,7 @@ struct HandlerMembers {
 
   static constexpr automation::Member SetBinaryData() {
     return automation::Method<Handler, &BinaryHandler::SetBinaryData>(
-        "SetBinaryData", "Takes all settings from the contents of a property bag.");
+        "SetBinaryData", "Takes all settings from the contents of a property bag.", "RHS");
   }
   static constexpr automation::Member GetBinaryData() {
     return automation::Method<Handler, &BinaryHandler::GetBinaryData>(
@@ -56,12 +56,13 @@ struct HandlerMembers {
   static constexpr automation::Member ValidateFontNumber() {
     return automation::Method<Handler, &ItfVarBinaryHandler::ValidateFontNumber>(
         "ItfVarBinaryHandler_ValidateFontNumber",
-        "Replaces the font's number by the item of which it is the key, or by the first item.");
+        "Replaces the font's number by the item of which it is the key, or by the first item.",
+        "pFontNumCollection");
   }
   static constexpr automation::Member ReSync() {
     return automation::Method<Handler, &BinaryHandler::ReSyncDrawingElementParams>(
-        "ReSyncDrawingElementParams",
-        "Brings the drawing element up to date: the state shown, and its font.");
+        "ReSyncDrawingElementParams", "Brings the drawing element up to date: the state shown, and its font.",
+        "pDefaultDisplay, pFontNum");
   }
 };
 

@@ -14,8 +14,8 @@ struct VarElementMembers {
                              AUTOMATION_SETTER(Element, Type, Name) __VA_OPT__(, ) __VA_ARGS__)
 #define QUENZEL7_CONTRACT_PROPERTY(Type, Name, ...) \
   QUENZEL7_VAR_PROPERTY(Type, Name, ElementMemberText(#Name) __VA_OPT__(, ) __VA_ARGS__)
-#define QUENZEL7_VAR_METHOD(Name, Documentation) \
-  automation::Method<Element, &Element::Name>(#Name, Documentation)
+#define QUENZEL7_VAR_METHOD(Name, Documentation, ...) \
+  automation::Method<Element, &Element::Name>(#Name, Documentation __VA_OPT__(, ) __VA_ARGS__)
 
   static constexpr auto kMembers = MakeNamedTable(
       QUENZEL7_CONTRACT_PROPERTY(Long, TabIndex),
@@ -37,7 +37,8 @@ struct VarElementMembers {
           Long, TouchOprndAddr,
           "Address of the memory bit that a touch drives; -1 none, -2 a touch that opens a keypad.")),
       QUENZEL7_VAR_METHOD(SetTouchWithoutLoadingPropertyBag,
-                          "Stores the touch operand's address and leaves the operand bags as they are."),
+                          "Stores the touch operand's address and leaves the operand bags as they are.",
+                          "pTouchOprndAddr"),
       QUENZEL7_VAR_PROPERTY(enHatchStyle, HatchStyle,
                             "Kept with the element and of no effect; a cross after loading.",
                             automation::Mark::Transient),
@@ -46,8 +47,10 @@ struct VarElementMembers {
       QUENZEL7_VAR_PROPERTY(bool, KeypadEntry, "Whether the value is entered by the panel's keys."),
       QUENZEL7_VAR_METHOD(BinaryHandlers,
                           "The handler of a type, which is made if there is none yet; none for a type "
-                          "without a class."),
-      QUENZEL7_VAR_METHOD(SetBinaryHandler, "Puts a handler in the place of that of a type."),
+                          "without a class.",
+                          "pVarType"),
+      QUENZEL7_VAR_METHOD(SetBinaryHandler, "Puts a handler in the place of that of a type.",
+                          "pVarType, pBinaryHandler"),
       QUENZEL7_VAR_PROPERTY(Long, OperandType, "Type of the operand that the variable shows; 0 none."),
       QUENZEL7_VAR_PROPERTY(Long, OperandAddress, "Address of that operand."),
       QUENZEL7_CONTRACT_PROPERTY(Long, ID, automation::Mark::Identity),
@@ -71,14 +74,15 @@ struct VarElementMembers {
       automation::Method<Element, &ItfHmiElement::DeleteFromDB>("DeleteFromDB",
                                                                 ElementMemberText("DeleteFromDB")),
       QUENZEL7_VAR_METHOD(CreatePrinterReport, "Does nothing; gives Empty."),
-      QUENZEL7_VAR_METHOD(CreatePrinterReportEX, "Writes the variable's lines into a printed report."),
+      QUENZEL7_VAR_METHOD(CreatePrinterReportEX, "Writes the variable's lines into a printed report.",
+                          "pVSPrinter"),
       QUENZEL7_VAR_METHOD(GetColOpPropertyBag, "The operand bags of the element."),
       automation::Method<Element, static_cast<void (ItfHmiElement::*)(Long&, Long&, Long&, Long&) const>(
                                       &ItfHmiElement::GetOptimalDimensions)>(
-          "GetOptimalDimensions", ElementMemberText("GetOptimalDimensions")),
+          "GetOptimalDimensions", ElementMemberText("GetOptimalDimensions"), "pXs, pYs, pDx, pDy"),
       QUENZEL7_VAR_METHOD(BuildOpPropBag, "Makes the operand bags anew and gives them."),
       QUENZEL7_VAR_METHOD(BuildImageList, "Loads the pictures of the variable."),
-      QUENZEL7_VAR_METHOD(LoadFromDB, "Fills the element from a row; True when that was done."),
+      QUENZEL7_VAR_METHOD(LoadFromDB, "Fills the element from a row; True when that was done.", "pRsElement"),
       QUENZEL7_VAR_METHOD(SaveToDB,
                           "Writes the element's row; False when the database has no number left for it."),
       QUENZEL7_VAR_METHOD(
@@ -91,7 +95,7 @@ struct VarElementMembers {
       QUENZEL7_VAR_PROPERTY(Long, DescriptionFontNumber, "Number of the font of an entry's description."),
       automation::Method<Element, &ItfHmiElement::CreateStaticElementPrinterReport>(
           "ItfHmiElement_CreateStaticElementPrinterReport",
-          "Does nothing: a variable reports by CreatePrinterReportEX."),
+          "Does nothing: a variable reports by CreatePrinterReportEX.", "pVSPrinter"),
       QUENZEL7_VAR_PROPERTY(Long, ColorBackTouch, "Panel colour number behind the variable while touched."),
       automation::WithGetter(automation::PutRefProperty<TextElementRef>(
                                  "ListText", "The variable's string in the string library.",

@@ -10,8 +10,8 @@ using automation::Member;
 using automation::Method;
 
 constexpr Member kMembers[] = {
-    Method<Connection, &Connection::Execute>("Execute",
-                                             "Runs a statement; a query gives a recordset of its rows."),
+    Method<Connection, &Connection::Execute>(
+        "Execute", "Runs a statement; a query gives a recordset of its rows.", "statement"),
     Method<Connection, &Connection::CreateRecordset>("CreateRecordset", "A recordset that is not yet open."),
     Method<Connection, &Connection::BeginTrans>("BeginTrans", "Begins a transaction."),
     Method<Connection, &Connection::CommitTrans>("CommitTrans", "Makes the transaction lasting."),

@@ -67,8 +67,8 @@ class FieldObject final : public Object {
 constexpr Member kFieldMembers[] = {
     Property<std::string>("Name", "The name under which the column was asked for.",
                           AUTOMATION_GETTER(FieldObject, Name), nullptr),
-    Property<Variant>("Value", "The value in the current row.", AUTOMATION_GETTER(FieldObject, Value),
-                      AUTOMATION_SETTER(FieldObject, Variant, Value)),
+    AsValue(Property<Variant>("Value", "The value in the current row.", AUTOMATION_GETTER(FieldObject, Value),
+                              AUTOMATION_SETTER(FieldObject, Variant, Value))),
 };
 
 const ClassInfo& FieldObject::Class() const {
@@ -89,13 +89,15 @@ constexpr Member FieldsMember() {
   member.name = "Fields";
   member.type = automation::TypeOf<FieldObject>();
   member.parameters = automation::detail::kParametersOf<const std::string&>;
+  member.parameterNames = "name";
   member.method = &Fields;
   member.documentation = "A column of the current row, by name.";
   return member;
 }
 
 constexpr Member kMembers[] = {
-    LastOptional(Method<Recordset, &Recordset::Open>("Open", "Runs a query and stands on its first row."),
+    LastOptional(Method<Recordset, &Recordset::Open>("Open", "Runs a query and stands on its first row.",
+                                                     "source, connection, cursor, lock, options"),
                  adCmdText),
     Method<Recordset, &Recordset::Close>("Close", "Forgets the rows and what was not yet written."),
     Method<Recordset, &Recordset::AddNew>("AddNew", "Begins a new row."),
@@ -107,11 +109,12 @@ constexpr Member kMembers[] = {
                    AUTOMATION_GETTER(Recordset, Bof), nullptr),
     Method<Recordset, &Recordset::MoveFirst>("MoveFirst", "Goes to the first row."),
     Method<Recordset, &Recordset::MoveNext>("MoveNext", "Goes to the next row."),
-    Method<Recordset, &Recordset::Move>("Move", "Goes on by a number of rows, backward when negative."),
+    Method<Recordset, &Recordset::Move>("Move", "Goes on by a number of rows, backward when negative.",
+                                        "rows"),
     Property<Long>("RecordCount", "Number of rows; -1 when it is not known.",
                    AUTOMATION_GETTER(Recordset, RecordCount), nullptr),
     Property<Long>("FieldCount", "Number of columns.", AUTOMATION_GETTER(Recordset, FieldCount), nullptr),
-    FieldsMember(),
+    AsValue(FieldsMember()),
 };
 
 }  // namespace

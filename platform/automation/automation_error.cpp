@@ -11,4 +11,16 @@ AutomationError AutomationError::In(std::string_view context) const {
   return AutomationError(number_, std::string(context) + ": " + what(), source_);
 }
 
+AutomationError AutomationError::OfArgument(std::size_t place) const {
+  AutomationError error = *this;
+  error.argument_ = place;
+  return error;
+}
+
+AutomationError AutomationError::OfNoArgument() const {
+  AutomationError error = *this;
+  error.argument_.reset();
+  return error;
+}
+
 }  // namespace quenzel7::automation

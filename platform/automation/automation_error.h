@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -33,6 +34,8 @@ enum class ErrorNumber : Long {
   PropertyIsWriteOnly = 394,
   ClassNotCreatable = 429,
   NoSuchMember = 438,
+  /// A call names an argument that the member does not have.
+  NamedArgumentNotFound = 448,
   ArgumentNotOptional = 449,
   WrongNumberOfArguments = 450,
   KeyAlreadyInCollection = 457,
@@ -64,12 +67,20 @@ class AutomationError : public std::runtime_error {
   std::string Description() const { return what(); }
   const std::string& Source() const { return source_; }
 
-  /// The same error with "CONTEXT: " before its description.
+  /// The place from 0 of the argument that could not be taken; none when the error is another one.
+  std::optional<std::size_t> Argument() const { return argument_; }
+
+  /// The same error with "CONTEXT: " before its description, as one of no argument.
   AutomationError In(std::string_view context) const;
+  /// The same error as one of the argument at a place from 0.
+  AutomationError OfArgument(std::size_t place) const;
+  /// The same error as one of no argument: an argument of another call does not concern the caller's own.
+  AutomationError OfNoArgument() const;
 
  private:
   ErrorNumber number_;
   std::string source_;
+  std::optional<std::size_t> argument_;
 };
 
 }  // namespace quenzel7::automation

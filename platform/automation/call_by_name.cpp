@@ -52,21 +52,16 @@ void RequireArguments(const Interface& interface, const Member& member, std::siz
 
 Variant CallMethod(const Interface& interface, const Member& member, Object& object, Arguments arguments) {
   const std::size_t most = member.parameters.size();
-  RequireArguments(interface, member, arguments.size(), most - member.optional, most);
+  RequireArguments(interface, member, arguments.size(), member.Required(), most);
   if (arguments.size() == most) return member.method(object, arguments);
   std::vector<Variant> all(arguments.begin(), arguments.end());
-  for (std::size_t index = all.size(); index < most; ++index) {
-    const auto standIn = member.defaults[index - (most - member.optional)];
-    all.push_back(standIn ? Variant(*standIn) : Variant());
-  }
+  for (std::size_t place = all.size(); place < most; ++place) all.push_back(member.StandIn(place));
   Variant result = member.method(object, all);
   for (std::size_t index = 0; index < arguments.size(); ++index) arguments[index] = all[index];
   return result;
 }
 
-}  // namespace
-
-Variant CallByName(Object& object, const Interface& interface, std::string_view name, CallKind kind,
+Variant CallMember(Object& object, const Interface& interface, std::string_view name, CallKind kind,
                    Arguments arguments) {
   const Member* member = interface.Find(name);
   if (!member) RaiseNoSuchMember(interface, name);
@@ -92,6 +87,19 @@ Variant CallByName(Object& object, const Interface& interface, std::string_view 
   RaiseWrongUse(interface, *member, kind);
 }
 
+}  // namespace
+
+Variant CallByName(Object& object, const Interface& interface, std::string_view name, CallKind kind,
+                   Arguments arguments) {
+  if (interface.Late()) return interface.Late()(object, name, kind, arguments);
+  try {
+    return CallMember(object, interface, name, kind, arguments);
+  } catch (const AutomationError& error) {
+    if (!error.Argument()) throw;
+    throw error.OfNoArgument();
+  }
+}
+
 Variant CallByName(Object& object, std::string_view name, CallKind kind, Arguments arguments) {
   return CallByName(object, object.Class().Default(), name, kind, arguments);
 }
@@ -106,7 +114,7 @@ Variant GetByName(Object& object, std::string_view name) {
 
 void PutByName(Object& object, const Interface& interface, std::string_view name, const Variant& value) {
   const Member* member = interface.Find(name);
-  const bool byReference = member && !member->put && member->putRef;
+  const bool byReference = interface.Late() ? value.IsObject() : member && !member->put && member->putRef;
   Variant argument = value;
   CallByName(object, interface, name, byReference ? CallKind::PutRef : CallKind::Put,
              Arguments(&argument, 1));

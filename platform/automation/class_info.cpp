@@ -41,6 +41,25 @@ std::string Folded(std::string_view text) {
   return folded;
 }
 
+Variant Member::StandIn(std::size_t place) const {
+  const auto standIn = defaults[place - Required()];
+  return standIn ? Variant(*standIn) : Variant();
+}
+
+std::vector<std::string_view> Member::ParameterNames() const {
+  constexpr std::string_view kBetween = "(), ";
+  std::vector<std::string_view> names;
+  std::string_view rest = parameterNames;
+  for (std::size_t start = rest.find_first_not_of(kBetween); start != std::string_view::npos;
+       start = rest.find_first_not_of(kBetween)) {
+    rest.remove_prefix(start);
+    const std::size_t size = std::min(rest.find_first_of(kBetween), rest.size());
+    names.push_back(rest.substr(0, size));
+    rest.remove_prefix(size);
+  }
+  return names;
+}
+
 Interface::Interface(std::string_view name, std::span<const Member> members)
     : name_(name),
       members_(members),
@@ -71,10 +90,9 @@ std::vector<std::string> Interface::Slots() const {
     const std::string type(member.type.name);
     if (member.IsMethod()) {
       std::string line = "call " + name + "(";
-      const std::size_t required = member.parameters.size() - member.optional;
       for (std::size_t index = 0; index < member.parameters.size(); ++index) {
         if (index > 0) line += ", ";
-        line += DescribeParameter(member.parameters[index], index >= required);
+        line += DescribeParameter(member.parameters[index], index >= member.Required());
       }
       slots.push_back(line + ")" + (type.empty() ? "" : " As " + type));
       if (behindThis) slots.push_back(*behindThis);

@@ -71,6 +71,15 @@ enum class Mark : Byte {
   Transient = 4,
 };
 
+/// What else a member is to hosts that leave its name out.
+enum class Role : Byte {
+  None,
+  /// It stands for the object itself: `collection(3)` is `collection.Item(3)`.
+  Value,
+  /// It gives the object that walks over what this one holds.
+  Enumerator,
+};
+
 /// One published member of an interface: what it is and the thunks that call it on an object of the
 /// interface.
 struct Member {
@@ -79,6 +88,8 @@ struct Member {
   TypeInfo type;
   /// Arguments of a method, in order; nothing for a property.
   std::span<const Parameter> parameters;
+  /// Their names: "pX, pY", with or without parentheses around.
+  std::string_view parameterNames;
   /// How many of the last arguments may be left out, and what stands for them then, in order; Empty where
   /// there is no number.
   Byte optional = 0;
@@ -88,6 +99,7 @@ struct Member {
   /// The writer of the property stands behind the slots of the next member.
   bool writerAfterNext = false;
   Mark mark = Mark::None;
+  Role role = Role::None;
   Variant (*method)(Object&, Arguments) = nullptr;
   Variant (*get)(Object&) = nullptr;
   void (*put)(Object&, const Variant&) = nullptr;
@@ -95,15 +107,31 @@ struct Member {
   std::string_view documentation;
 
   bool IsMethod() const { return method != nullptr; }
+  /// How many arguments a call of the method has to give.
+  std::size_t Required() const { return parameters.size() - optional; }
+  /// What stands for the argument at a place, from 0, that was left out.
+  Variant StandIn(std::size_t place) const;
+  /// The names of the parameters, in order.
+  std::vector<std::string_view> ParameterNames() const;
 };
+
+/// Calls a member by name on an object whose members only the object itself knows.
+using LateCall = Variant (*)(Object&, std::string_view name, CallKind, Arguments);
 
 /// A published interface: its members in slot order, found by name without regard to case.
 class Interface {
  public:
   Interface(std::string_view name, std::span<const Member> members);
 
+  /// An interface of objects that are called by name without a table of members: those that a host brings.
+  Interface(std::string_view name, LateCall call) : Interface(name, std::span<const Member>()) {
+    lateCall_ = call;
+  }
+
   std::string_view Name() const { return name_; }
   std::span<const Member> Members() const { return members_; }
+  /// How members are called where there is no table of them, else nullptr.
+  LateCall Late() const { return lateCall_; }
 
   /// The member of that name, or nullptr.
   const Member* Find(std::string_view name) const;
@@ -118,6 +146,7 @@ class Interface {
   /// Open addressing over the folded hash of the names; an entry is the member's index plus 1, 0 is free.
   std::vector<std::uint16_t> table_;
   std::size_t mask_;
+  LateCall lateCall_ = nullptr;
 };
 
 /// A class: its name, its interfaces with the default one first, and how to make an object of it.

@@ -1,6 +1,8 @@
 #include "platform/automation/collection.h"
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 #include "platform/automation/automation_error.h"
 #include "platform/automation/class_info.h"
@@ -8,15 +10,41 @@
 
 namespace quenzel7::automation {
 
+namespace {
+
+/// Gives the values by their places, so that values added meanwhile come too and those taken out do not.
+class CollectionEnumerator final : public Enumerator {
+ public:
+  explicit CollectionEnumerator(std::shared_ptr<const Collection> collection, Long given = 0)
+      : collection_(std::move(collection)), given_(given) {}
+
+  bool Next(Variant& value) override {
+    if (given_ >= collection_->Count()) return false;
+    value = collection_->Item(++given_);
+    return true;
+  }
+  void Reset() override { given_ = 0; }
+  EnumeratorRef Clone() const override { return std::make_shared<CollectionEnumerator>(collection_, given_); }
+
+ private:
+  std::shared_ptr<const Collection> collection_;
+  Long given_;
+};
+
+}  // namespace
+
 /// The members that late-bound hosts see.
 struct CollectionMembers {
   static constexpr Member kMembers[] = {
       LastOptional(Method<Collection, &Collection::AddByVariant>(
-          "Add", "Appends a value, under a key if one is given.")),
+          "Add", "Appends a value, under a key if one is given.", "Item, Key")),
       Property<Long>("Count", "Number of values.", AUTOMATION_GETTER(Collection, Count), nullptr),
-      Method<Collection, &Collection::ItemByVariant>("Item", "The value at a place from 1, or under a key."),
-      Method<Collection, &Collection::RemoveByVariant>("Remove",
-                                                       "Takes the value at a place or under a key out."),
+      AsValue(Method<Collection, &Collection::ItemByVariant>(
+          "Item", "The value at a place from 1, or under a key.", "Index")),
+      Method<Collection, &Collection::RemoveByVariant>(
+          "Remove", "Takes the value at a place or under a key out.", "Index"),
+      AsEnumerator(Property<Object>("_NewEnum", "Walks over the values in order.",
+                                    AUTOMATION_GETTER(Collection, NewEnum), nullptr)),
   };
 };
 
@@ -54,6 +82,11 @@ std::size_t Collection::Place(const std::string& key) const {
     throw AutomationError(ErrorNumber::InvalidProcedureCall, "the collection has no key \"" + key + "\"");
   }
   return static_cast<std::size_t>(found - entries_.begin());
+}
+
+EnumeratorRef Collection::NewEnum() const {
+  return std::make_shared<CollectionEnumerator>(
+      std::static_pointer_cast<const Collection>(shared_from_this()));
 }
 
 const Variant& Collection::Item(Long index) const { return entries_[Place(index)].item; }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/automation/convert.h"
+#include "platform/automation/enumerator.h"
 #include "platform/automation/object.h"
 #include "platform/automation/variant.h"
 
@@ -30,6 +31,9 @@ class Collection final : public Object {
   /// Takes a value out; errors as Item.
   void Remove(Long index);
   void Remove(const std::string& key);
+
+  /// Walks over the values in order, also over those that are added meanwhile.
+  EnumeratorRef NewEnum() const;
 
   /// The object at a place as a T; errors of Item, 13 when it is of another class, 91 when it is none.
   template <class T>

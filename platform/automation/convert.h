@@ -84,6 +84,16 @@ C& Required(const std::shared_ptr<C>& object) {
   return *object;
 }
 
+/// What `take` makes of the argument at a place from 0; its errors tell that place.
+template <class Take>
+auto FromArgument(std::size_t place, Take take) {
+  try {
+    return take();
+  } catch (const AutomationError& error) {
+    throw error.OfArgument(place);
+  }
+}
+
 /// The object of a variant as a C&; error 91 when there is none, 13 when it is of another class.
 template <class C>
 C& ToReference(const Variant& value) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <stdexcept>
 #include <tuple>
 #include <utility>
 
@@ -64,7 +65,8 @@ struct ArgumentOf {
       !kIsObject && std::is_lvalue_reference_v<P> && !std::is_const_v<std::remove_reference_t<P>>;
   static constexpr Parameter kParameter{TypeOf<Value>(), kByReference};
 
-  explicit ArgumentOf(Variant& place) : place_(place), value_(Take(place)) {}
+  ArgumentOf(Arguments arguments, std::size_t index)
+      : place_(arguments[index]), value_(FromArgument(index, [this] { return Take(place_); })) {}
 
   P Get() {
     if constexpr (kIsObject) {
@@ -98,7 +100,7 @@ struct ArgumentOf {
 template <class Class, auto Function, class Result, class... P, std::size_t... I>
 Variant Call(Object& object, [[maybe_unused]] Arguments arguments, std::index_sequence<I...>) {
   auto& self = static_cast<Class&>(object);
-  std::tuple<ArgumentOf<P>...> taken{ArgumentOf<P>(arguments[I])...};
+  std::tuple<ArgumentOf<P>...> taken{ArgumentOf<P>(arguments, I)...};
   if constexpr (std::is_void_v<Result>) {
     (self.*Function)(std::get<I>(taken).Get()...);
     (std::get<I>(taken).PutBack(), ...);
@@ -110,15 +112,29 @@ Variant Call(Object& object, [[maybe_unused]] Arguments arguments, std::index_se
   }
 }
 
+/// How many names stand in a list like "pX, pY".
+constexpr std::size_t NamesIn(std::string_view list) {
+  if (list.empty() || list == "()") return 0;
+  std::size_t names = 1;
+  for (const char letter : list) names += letter == ',' ? 1 : 0;
+  return names;
+}
+
 template <class... P>
 inline constexpr std::array<Parameter, sizeof...(P)> kParametersOf{ArgumentOf<P>::kParameter...};
 
 template <class Class, auto Function, class Result, class... P>
-constexpr Member MethodOf(std::string_view name, std::string_view documentation) {
+constexpr Member MethodOf(std::string_view name, std::string_view documentation,
+                          std::string_view parameterNames) {
+  // In a constant table this does not compile.
+  if (!parameterNames.empty() && NamesIn(parameterNames) != sizeof...(P)) {
+    throw std::invalid_argument("each parameter has one name");
+  }
   Member member;
   member.name = name;
   member.type = TypeOf<std::remove_cvref_t<Result>>();
   member.parameters = kParametersOf<P...>;
+  member.parameterNames = parameterNames;
   member.documentation = documentation;
   member.method = [](Object& object, Arguments arguments) {
     return Call<Class, Function, Result, P...>(object, arguments, std::index_sequence_for<P...>{});
@@ -130,23 +146,26 @@ template <class Class, auto Function>
 struct MethodFrom;
 template <class Class, class Owner, class Result, class... P, Result (Owner::*Function)(P...)>
 struct MethodFrom<Class, Function> {
-  static constexpr Member Make(std::string_view name, std::string_view documentation) {
-    return MethodOf<Class, Function, Result, P...>(name, documentation);
+  static constexpr Member Make(std::string_view name, std::string_view documentation,
+                               std::string_view parameterNames) {
+    return MethodOf<Class, Function, Result, P...>(name, documentation, parameterNames);
   }
 };
 template <class Class, class Owner, class Result, class... P, Result (Owner::*Function)(P...) const>
 struct MethodFrom<Class, Function> {
-  static constexpr Member Make(std::string_view name, std::string_view documentation) {
-    return MethodOf<Class, Function, Result, P...>(name, documentation);
+  static constexpr Member Make(std::string_view name, std::string_view documentation,
+                               std::string_view parameterNames) {
+    return MethodOf<Class, Function, Result, P...>(name, documentation, parameterNames);
   }
 };
 
 }  // namespace detail
 
-/// A method of Class, given as a pointer to member function.
+/// A method of Class, given as a pointer to member function, and the names of its parameters: "pX, pY".
 template <class Class, auto Function>
-constexpr Member Method(std::string_view name, std::string_view documentation) {
-  return detail::MethodFrom<Class, Function>::Make(name, documentation);
+constexpr Member Method(std::string_view name, std::string_view documentation,
+                        std::string_view parameterNames = {}) {
+  return detail::MethodFrom<Class, Function>::Make(name, documentation, parameterNames);
 }
 
 /// The same entry with its last argument optional; `standIn` is what it is when left out (Empty when no
@@ -189,6 +208,18 @@ constexpr Member WithGetter(Member member, Variant (*get)(Object&)) {
   return member;
 }
 
+/// The same entry as the one that stands for the object itself where only a value is asked for.
+constexpr Member AsValue(Member member) {
+  member.role = Role::Value;
+  return member;
+}
+
+/// The same entry as the one that gives the object's enumerator.
+constexpr Member AsEnumerator(Member member) {
+  member.role = Role::Enumerator;
+  return member;
+}
+
 /// The same entry with the writer's slot before the reader's.
 constexpr Member WriterFirst(Member member) {
   member.writerFirst = true;
@@ -211,5 +242,6 @@ constexpr Member WriterAfterNext(Member member) {
   }
 #define AUTOMATION_SETTER(Class, Type, Name)                                                 \
   [](::quenzel7::automation::Object& object, const ::quenzel7::automation::Variant& value) { \
-    static_cast<Class&>(object).Name(::quenzel7::automation::To<Type>(value));               \
+    static_cast<Class&>(object).Name(::quenzel7::automation::FromArgument(                   \
+        0, [&value] { return ::quenzel7::automation::To<Type>(value); }));                   \
   }

@@ -308,8 +308,9 @@ void Reader::Bag(PropertyBag& bag, int depth) {
 struct PropertyBagMembers {
   static constexpr Member kMembers[] = {
       LastOptional(Method<PropertyBag, &PropertyBag::ReadByName>(
-          "ReadProperty", "The value under a name, or the given one when there is none.")),
-      Method<PropertyBag, &PropertyBag::WriteProperty>("WriteProperty", "Keeps a value under a name."),
+          "ReadProperty", "The value under a name, or the given one when there is none.", "name, standIn")),
+      Method<PropertyBag, &PropertyBag::WriteProperty>("WriteProperty", "Keeps a value under a name.",
+                                                       "name, value"),
       Property<std::vector<Byte>>("Contents", "All values as one block of bytes.",
                                   AUTOMATION_GETTER(PropertyBag, Contents),
                                   AUTOMATION_SETTER(PropertyBag, std::vector<Byte>, Contents)),

@@ -19,25 +19,33 @@ constexpr automation::Member kMembers[] = {
                       AUTOMATION_GETTER(ImageLibrary, Palette),
                       AUTOMATION_SETTER(ImageLibrary, Variant, Palette)),
     Method<ImageLibrary, &ImageLibrary::CreateBitmapFrom8bpp>(
-        "CreateBitmapFrom8bpp", "A bitmap of palette indices; 0 when they are no such picture."),
+        "CreateBitmapFrom8bpp", "A bitmap of palette indices; 0 when they are no such picture.",
+        "pixels, dx, dy"),
     Method<ImageLibrary, &ImageLibrary::CreateBitmapFrom16bpp>(
-        "CreateBitmapFrom16bpp", "A bitmap of pixels of two bytes; 0 when they are no such picture."),
+        "CreateBitmapFrom16bpp", "A bitmap of pixels of two bytes; 0 when they are no such picture.",
+        "pixels, dx, dy"),
     Method<ImageLibrary, &ImageLibrary::StretchBitmap>(
-        "StretchBitmap", "A copy of a bitmap at another size; 0 when it is none or the size is none."),
+        "StretchBitmap", "A copy of a bitmap at another size; 0 when it is none or the size is none.",
+        "bitmap, dx, dy"),
     Method<ImageLibrary, &ImageLibrary::ConvertBitmapTo8bpp>(
         "ConvertBitmapTo8bpp",
-        "Turns a bitmap into palette indices with their CRC; gives a status, 0 or 6 when done."),
+        "Turns a bitmap into palette indices with their CRC; gives a status, 0 or 6 when done.",
+        "conversionMode, bitmap, palette, dx, dy, pixels, crc"),
     Method<ImageLibrary, &ImageLibrary::ConvertBitmapTo16bpp>(
         "ConvertBitmapTo16bpp",
-        "Turns a bitmap into pixels of two bytes with their CRC; gives a status, 0 or 6 when done."),
+        "Turns a bitmap into pixels of two bytes with their CRC; gives a status, 0 or 6 when done.",
+        "bitmap, dx, dy, pixels, crc"),
     Method<ImageLibrary, &ImageLibrary::GetConversionMode>(
-        "GetConversionMode", "The conversion mode that suits the picture in a file."),
+        "GetConversionMode", "The conversion mode that suits the picture in a file.", "path"),
     Method<ImageLibrary, &ImageLibrary::LoadResizedImage>(
-        "LoadResizedImage", "Reads a picture file as a bitmap of that size, with a status, 0 when done."),
+        "LoadResizedImage", "Reads a picture file as a bitmap of that size, with a status, 0 when done.",
+        "path, libCrc, dx, dy, status"),
     Method<ImageLibrary, &ImageLibrary::SelectImageFileFields>(
-        "SelectImageFile", "Lets the user choose a picture file; gives a status, 0 when done."),
+        "SelectImageFile", "Lets the user choose a picture file; gives a status, 0 when done.",
+        "path, libCrc, dxOrg, dyOrg, dataOrg, crc, data, bits, dx, dy"),
     Method<ImageLibrary, &ImageLibrary::ReadPictureFields>(
-        "ReadPicture", "Reads a picture file at a size, 0 x 0 for its own."),
+        "ReadPicture", "Reads a picture file at a size, 0 x 0 for its own.",
+        "path, dx, dy, bits, libCrc, dxOrg, dyOrg, dataOrg, crc, data"),
 };
 
 }  // namespace

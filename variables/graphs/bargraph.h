@@ -76,8 +76,10 @@ struct BargraphMembers {
 
   static constexpr auto kMembers = MakeNamedTable(
       automation::Method<Handler, &Handler::NewDrawForBarGraphForAlsoFlatAndFixedSingle>(
-          "NewDrawForBarGraphForAlsoFlatAndFixedSingle", "Paints the bar in a frame style of the variable."),
-      automation::Method<Handler, &Handler::Draw>("Draw", "Paints the bar sunken."),
+          "NewDrawForBarGraphForAlsoFlatAndFixedSingle", "Paints the bar in a frame style of the variable.",
+          "pHdc, pWidth, pHeight, pColorBack, pFlat3D"),
+      automation::Method<Handler, &Handler::Draw>("Draw", "Paints the bar sunken.",
+                                                  "pHdc, pWidth, pHeight, pColorBack"),
       Common::ColOpPropBagByReference(), Common::DrawingElement(),
       QUENZEL7_BAR_PROPERTY(Long, MinOpAddress, "Address of the operand at the low end of the scale."),
       QUENZEL7_BAR_PROPERTY(Long, MinOpType, "Its type; 0 none."),
@@ -88,7 +90,7 @@ struct BargraphMembers {
       QUENZEL7_BAR_PROPERTY(Integer, ColorFore, "Panel colour number of the bar."), Common::SetBinaryData(),
       Common::GetBinaryData(),
       automation::Method<Handler, &ItfVarBinaryHandler::ValidateFontNumber>(
-          "ValidateFontNumber", "Does nothing: a bar has no font."));
+          "ValidateFontNumber", "Does nothing: a bar has no font.", "pFontNumCollection"));
 #undef QUENZEL7_BAR_PROPERTY
 };
 

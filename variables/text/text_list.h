@@ -116,13 +116,13 @@ struct TextListMembers : HandlerMembers<Handler> {
   static constexpr auto kAppendText = automation::Method<Handler, &TextListHandler::AppendText>(
       "AppendText", "Puts a new text at the end of the list.");
   static constexpr auto kInsertBefore = automation::Method<Handler, &TextListHandler::InsertBefore>(
-      "InsertBefore", "Puts a new text before one of the list, counted from 1.");
+      "InsertBefore", "Puts a new text before one of the list, counted from 1.", "pIndex");
   static constexpr auto kRemoveText = automation::Method<Handler, &TextListHandler::RemoveText>(
-      "RemoveText", "Takes one text out of the list, counted from 1.");
+      "RemoveText", "Takes one text out of the list, counted from 1.", "pIndex");
   static constexpr auto kListCount = automation::Property<Long>(
       "ListCount", "Number of texts.", AUTOMATION_GETTER(Handler, ListCount), nullptr);
   static constexpr auto kListTexts = automation::Method<Handler, &TextListHandler::ListTexts>(
-      "ListTexts", "One text of the list, counted from 1.");
+      "ListTexts", "One text of the list, counted from 1.", "pIndex");
   static constexpr auto kDeleteAllStorageIDs =
       automation::Method<Handler, &TextListHandler::DeleteAllStorageIDs>(
           "DeleteAllStorageIDs", "Makes all texts forget their strings of the library.");

@@ -170,7 +170,8 @@ TEST(Collection, LateBoundHostsSeeItsMembers) {
   EXPECT_EQ(Collection().Class().Default().Name(), "Collection");
   EXPECT_EQ(Collection().Class().Default().Slots(),
             (std::vector<std::string>{"call Add(Variant, [Variant])", "get Count() As Long",
-                                      "call Item(Variant) As Variant", "call Remove(Variant)"}));
+                                      "call Item(Variant) As Variant", "call Remove(Variant)",
+                                      "get _NewEnum() As Object"}));
 }
 
 TEST(Collection, LateBoundHostsCanCreateIt) {
@@ -223,7 +224,8 @@ TEST(Collection, ItsMembersAreDocumentedAndUnmarked) {
   EXPECT_EQ(words, (std::vector<std::string>{"Add: Appends a value, under a key if one is given.",
                                              "Count: Number of values.",
                                              "Item: The value at a place from 1, or under a key.",
-                                             "Remove: Takes the value at a place or under a key out."}));
+                                             "Remove: Takes the value at a place or under a key out.",
+                                             "_NewEnum: Walks over the values in order."}));
 }
 
 }  // namespace
