@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -8,13 +7,15 @@
 
 namespace quenzel7::server {
 
-/// The text as one of the binary interface, which the caller frees; what is no UTF-8 becomes the replacement
-/// character U+FFFD. Throws std::bad_alloc.
+/// The text as one of the binary interface, which the caller frees; zeros in it are characters like others.
+/// What is no UTF-8 becomes the replacement character U+FFFD, one for each longest run that could have begun
+/// a character. Never null. Throws std::bad_alloc, also when the text takes 4 GiB or more.
 BSTR ToBstr(std::string_view utf8);
 
-/// The text as UTF-8; a null one is empty. Half a surrogate pair becomes U+FFFD.
+/// The text, zeros in it included, as UTF-8; a null one is empty. Half a surrogate pair becomes U+FFFD, half
+/// a character at the end is left out.
 std::string FromBstr(BSTR text);
-/// The same of a text that ends in a zero.
+/// The same of a text that ends in a zero; a null one is empty.
 std::string FromUtf16(const OLECHAR* text);
 
 }  // namespace quenzel7::server
