@@ -21,7 +21,7 @@ constexpr Member kMembers[] = {
 
 }  // namespace
 
-const automation::ClassInfo& Connection::Class() const {
+const automation::ClassInfo& Connection::ClassOf() {
   static const automation::Interface interface("Connection", kMembers);
   static const automation::Interface* const interfaces[] = {&interface};
   static const automation::ClassInfo info{kClassName, interfaces, nullptr};

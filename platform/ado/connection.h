@@ -15,7 +15,8 @@ class Connection : public automation::Object {
  public:
   static constexpr std::string_view kClassName = "Connection";
 
-  const automation::ClassInfo& Class() const override;
+  static const automation::ClassInfo& ClassOf();
+  const automation::ClassInfo& Class() const override { return ClassOf(); }
 
   /// Runs a statement. A query gives a read-only, forward-only recordset of its rows on its first row; any
   /// other statement gives a closed recordset.

@@ -53,7 +53,7 @@ class FieldObject final : public Object {
   FieldObject(RecordsetRef recordset, std::string name)
       : recordset_(std::move(recordset)), name_(std::move(name)) {}
 
-  const ClassInfo& Class() const override;
+  const ClassInfo& Class() const override { return Field::ClassOf(); }
 
   const std::string& Name() const { return name_; }
   Variant Value() const { return recordset_->Get(name_); }
@@ -70,13 +70,6 @@ constexpr Member kFieldMembers[] = {
     AsValue(Property<Variant>("Value", "The value in the current row.", AUTOMATION_GETTER(FieldObject, Value),
                               AUTOMATION_SETTER(FieldObject, Variant, Value))),
 };
-
-const ClassInfo& FieldObject::Class() const {
-  static const Interface interface("Field", kFieldMembers);
-  static const Interface* const interfaces[] = {&interface};
-  static const ClassInfo info{kClassName, interfaces, nullptr};
-  return info;
-}
 
 Variant Fields(Object& object, automation::Arguments arguments) {
   auto recordset = std::static_pointer_cast<Recordset>(object.shared_from_this());
@@ -119,7 +112,14 @@ constexpr Member kMembers[] = {
 
 }  // namespace
 
-const ClassInfo& Recordset::Class() const {
+const ClassInfo& Field::ClassOf() {
+  static const Interface interface("Field", kFieldMembers);
+  static const Interface* const interfaces[] = {&interface};
+  static const ClassInfo info{FieldObject::kClassName, interfaces, nullptr};
+  return info;
+}
+
+const ClassInfo& Recordset::ClassOf() {
   static const Interface interface("Recordset", kMembers);
   static const Interface* const interfaces[] = {&interface};
   static const ClassInfo info{kClassName, interfaces, nullptr};

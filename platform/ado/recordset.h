@@ -28,6 +28,9 @@ class Field {
  public:
   Field(Recordset& recordset, std::string_view name) : recordset_(recordset), name_(name) {}
 
+  /// What late-bound hosts see of a column: theirs is an object of its own.
+  static const automation::ClassInfo& ClassOf();
+
   /// The value in the current row. Errors of Recordset::Get.
   automation::Variant Value() const;
   /// Writes the value; it reaches the database with Update. Errors of Recordset::Put.
@@ -48,7 +51,8 @@ class Recordset : public automation::Object {
  public:
   static constexpr std::string_view kClassName = "Recordset";
 
-  const automation::ClassInfo& Class() const override;
+  static const automation::ClassInfo& ClassOf();
+  const automation::ClassInfo& Class() const override { return ClassOf(); }
 
   /// Runs a query on a connection and stands on the first row, if there is one. Error 3219 when already open.
   virtual void Open(const std::string& source, Connection& connection, CursorType cursor, LockType lock,

@@ -48,7 +48,7 @@ struct CollectionMembers {
   };
 };
 
-const ClassInfo& Collection::Class() const {
+const ClassInfo& Collection::ClassOf() {
   static const Interface interface("Collection", CollectionMembers::kMembers);
   static const Interface* const interfaces[] = {&interface};
   static const ClassInfo info{kClassName, interfaces,

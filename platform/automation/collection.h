@@ -19,7 +19,8 @@ class Collection final : public Object {
  public:
   static constexpr std::string_view kClassName = "Collection";
 
-  const ClassInfo& Class() const override;
+  static const ClassInfo& ClassOf();
+  const ClassInfo& Class() const override { return ClassOf(); }
 
   /// Appends a value. Error 457 when another value has that key; nothing is added then. An empty key is none.
   void Add(const Variant& item, const std::string& key = {});

@@ -317,7 +317,7 @@ struct PropertyBagMembers {
   };
 };
 
-const ClassInfo& PropertyBag::Class() const {
+const ClassInfo& PropertyBag::ClassOf() {
   static const Interface interface("PropertyBag", PropertyBagMembers::kMembers);
   static const Interface* const interfaces[] = {&interface};
   static const ClassInfo info{kClassName, interfaces,

@@ -26,7 +26,8 @@ class PropertyBag final : public Object {
   /// Bags within bags, and arrays of variants within arrays, nest at most this deep.
   static constexpr int kDeepest = 16;
 
-  const ClassInfo& Class() const override;
+  static const ClassInfo& ClassOf();
+  const ClassInfo& Class() const override { return ClassOf(); }
 
   /// Keeps a value under a name, in place of an earlier one.
   void WriteProperty(const std::string& name, const Variant& value);

@@ -60,7 +60,7 @@ constexpr Member kMembers[] = {
 
 Operand::Operand(std::shared_ptr<OperandStore> store) : store_(std::move(store)) {}
 
-const automation::ClassInfo& Operand::Class() const {
+const automation::ClassInfo& Operand::ClassOf() {
   static const automation::Interface interface("Operand", kMembers);
   static const automation::Interface* const interfaces[] = {&interface};
   static const automation::ClassInfo info{kClassName, interfaces, nullptr};

@@ -26,7 +26,8 @@ class Operand : public automation::Object {
 
   explicit Operand(std::shared_ptr<OperandStore> store);
 
-  const automation::ClassInfo& Class() const override;
+  static const automation::ClassInfo& ClassOf();
+  const automation::ClassInfo& Class() const override { return ClassOf(); }
 
   /// The type's number; 0 means none.
   Long OperandType() const { return key_.type; }

@@ -7,10 +7,17 @@
 
 namespace quenzel7::server {
 
-/// All classes that hosts meet, those that they can create first: the elements, the service object, what
-/// holds pictures and texts, the handlers; then those that are published for their types only, and those of
-/// the objects that members give. Whoever wants those alone that hosts can create asks `IsCreatable`.
-std::span<const automation::ClassInfo* const> PublishedClasses();
+/// Classes in the order in which hosts are shown them.
+using Classes = std::span<const automation::ClassInfo* const>;
+
+/// All classes of the library that hosts meet. First those that they can create: the static elements, the
+/// service object and what holds pictures, the variable with its texts and handlers. Then those that are
+/// published for their types only, a contract being a class that has nothing but itself, and those of the
+/// objects that members give. Whoever wants those alone that hosts can create asks `IsCreatable`.
+///
+/// What stands above the library has classes of its own; who describes those too hands them over beside
+/// these.
+Classes PublishedClasses();
 
 /// Whether hosts create objects of the class by its number.
 bool IsCreatable(const automation::ClassInfo& published);
