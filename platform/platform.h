@@ -52,7 +52,8 @@ struct Platform {
   std::shared_ptr<corvane1::HeldProjectDatabase> heldProject;
 
   /// Where elements find the project that they are saved in and read from; the string library is opened on
-  /// it. What a host puts here is seen by elements only, not by the embedded services.
+  /// it. What a host puts here is seen by elements only, not by the embedded services, unless `heldProject`
+  /// is told to follow it.
   std::shared_ptr<corvane1::ProjectDatabase> projectDatabase;
   /// The colours to paint panel colour numbers with.
   std::shared_ptr<corvane1::ColorService> colorService;

@@ -194,10 +194,19 @@ Long LongFromText(const std::string& text) {
 
 Variant FromBytes(const std::vector<Byte>& bytes) { return Array::OfBytes(bytes); }
 
-Variant FromLongs(const std::vector<Long>& numbers) {
-  Array array = Array::OfSize(VariantKind::Long, static_cast<Long>(numbers.size()));
-  std::copy(numbers.begin(), numbers.end(), array.Cells<Long>().begin());
+namespace {
+
+template <class T>
+Variant FromCells(VariantKind kind, const std::vector<T>& values) {
+  Array array = Array::OfSize(kind, static_cast<Long>(values.size()));
+  std::copy(values.begin(), values.end(), array.Cells<T>().begin());
   return array;
 }
+
+}  // namespace
+
+Variant FromLongs(const std::vector<Long>& numbers) { return FromCells(VariantKind::Long, numbers); }
+
+Variant FromTexts(const std::vector<std::string>& texts) { return FromCells(VariantKind::String, texts); }
 
 }  // namespace quenzel7::automation

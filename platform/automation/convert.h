@@ -112,9 +112,11 @@ C& ToReference(const Variant& value) {
 Variant FromBytes(const std::vector<Byte>& bytes);
 /// 32-bit numbers as a variant that holds an array of them, indices from 0.
 Variant FromLongs(const std::vector<Long>& numbers);
+/// Texts as a variant that holds an array of them, indices from 0.
+Variant FromTexts(const std::vector<std::string>& texts);
 
 /// A C++ value as a variant; an enumeration becomes its number, a byte block an array of bytes, a vector of
-/// 32-bit numbers an array of those.
+/// 32-bit numbers or of texts an array of those.
 template <class T>
 Variant From(const T& value) {
   if constexpr (std::is_enum_v<T>) {
@@ -123,6 +125,8 @@ Variant From(const T& value) {
     return FromBytes(value);
   } else if constexpr (std::is_same_v<T, std::vector<Long>>) {
     return FromLongs(value);
+  } else if constexpr (std::is_same_v<T, std::vector<std::string>>) {
+    return FromTexts(value);
   } else {
     return Variant(value);
   }

@@ -41,6 +41,8 @@ constexpr TypeInfo TypeOf() {
     return {"Byte()", nullptr, VariantKind::Array};
   } else if constexpr (std::is_same_v<T, std::vector<Long>>) {
     return {"Long()", nullptr, VariantKind::Array};
+  } else if constexpr (std::is_same_v<T, std::vector<std::string>>) {
+    return {"String()", nullptr, VariantKind::Array};
   } else if constexpr (std::is_same_v<T, Variant>) {
     return {"Variant", nullptr, VariantKind::Variant};
   } else if constexpr (std::is_enum_v<T>) {

@@ -21,6 +21,8 @@ class LineOutput {
 
   /// Prints the text on a line of its own, line breaks and other control characters as blanks, and flushes.
   void Print(const std::string& text) const;
+  /// Whether there is a stream to print on.
+  bool IsOn() const { return output_ != nullptr; }
 
  private:
   std::ostream* output_;
@@ -38,6 +40,8 @@ class Collected {
 
   /// Where entries are printed from now on, as for the constructor.
   void Output(std::ostream* output) { output_ = LineOutput(output); }
+  /// Whether entries are printed.
+  bool IsPrinted() const { return output_.IsOn(); }
   /// Forgets what was collected.
   void Clear() { entries_.Clear(); }
 
@@ -65,6 +69,7 @@ class CollectedQuestions : public Collected<Entry> {
 
   /// What every question is answered from now on; `kAnswerOk` until then.
   void Answer(Long answer) { answer_ = answer; }
+  Long Answer() const { return answer_; }
   /// What was shown, in order.
   const std::deque<Entry>& Shown() const { return this->Entries(); }
 

@@ -6,12 +6,27 @@
 namespace quenzel7::corvane1 {
 
 ado::ConnectionRef HeldProjectDatabase::OpenConnection() {
+  // The other database may be let go of while it is asked.
+  if (const auto followed = followed_) return followed->OpenConnection();
   if (!connection_) {
     throw automation::AutomationError(automation::ErrorNumber::ObjectNotSet, "no project is open");
   }
   return connection_;
 }
 
-std::string HeldProjectDatabase::Path() { return FolderOf(OpenConnection()->FilePath()); }
+std::string HeldProjectDatabase::Path() {
+  if (const auto followed = followed_) return followed->Path();
+  return FolderOf(OpenConnection()->FilePath());
+}
+
+ado::ConnectionRef HeldProjectDatabase::ConnectionIfOpen() {
+  if (!followed_) return connection_;
+  try {
+    return OpenConnection();
+  } catch (const automation::AutomationError& error) {
+    if (error.Code() != automation::ErrorNumber::ObjectNotSet) throw;
+    return nullptr;
+  }
+}
 
 }  // namespace quenzel7::corvane1

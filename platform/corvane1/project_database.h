@@ -1,6 +1,8 @@
 #pragma once
 
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/ado/connection.h"
 
@@ -19,20 +21,27 @@ class ProjectDatabase {
   virtual std::string Path() = 0;
 };
 
-/// The embedded default: holds whatever connection it was given last.
+/// The embedded default: holds whatever connection it was given last, or follows another database.
 class HeldProjectDatabase final : public ProjectDatabase {
  public:
   ado::ConnectionRef OpenConnection() override;
-  /// As the connection tells it.
+  /// As the connection tells it, or the database that is followed.
   std::string Path() override;
+  /// The open connection; none when no project is open.
+  ado::ConnectionRef ConnectionIfOpen();
 
   /// Takes the connection of a project that has been opened; none when it has been closed.
   void Hold(ado::ConnectionRef connection) { connection_ = std::move(connection); }
   /// The connection that is held, or none.
   const ado::ConnectionRef& Held() const { return connection_; }
 
+  /// From now on the other database is asked for its project, anew each time, so that a project that it opens
+  /// or closes meanwhile is never missed; none goes back to what is held here.
+  void Follow(std::shared_ptr<ProjectDatabase> other) { followed_ = std::move(other); }
+
  private:
   ado::ConnectionRef connection_;
+  std::shared_ptr<ProjectDatabase> followed_;
 };
 
 }  // namespace quenzel7::corvane1

@@ -50,7 +50,7 @@ std::uint64_t LayeredSettings::Place(Long section, Long key) {
 }
 
 const LayeredSettings::Texts& LayeredSettings::ProjectTexts() {
-  const ado::ConnectionRef& connection = projectDatabase_->Held();
+  const ado::ConnectionRef connection = projectDatabase_->ConnectionIfOpen();
   if (ado::IsSameConnection(connection, readFrom_)) return project_;
   // Before the read, so that one that fails is made again.
   readFrom_.reset();

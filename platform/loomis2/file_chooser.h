@@ -32,6 +32,10 @@ class PreparedFileChooser final : public FileChooser {
  public:
   /// Has a path given after those that are still to be given.
   void Prepare(const std::string& path) { paths_.push_back(path); }
+  /// The path that is given next; empty when there is none.
+  std::string Next() const { return paths_.empty() ? std::string() : paths_.front(); }
+  /// Forgets the paths that are still to be given.
+  void Clear() { paths_.clear(); }
   std::string Choose(const std::vector<FileType>& types) override;
 
  private:

@@ -297,6 +297,19 @@ TEST(Convert, VectorsOfLongAreArraysOfLong) {
   EXPECT_EQ(FromLongs({}).Elements().UpperBound(1), -1);
 }
 
+TEST(Convert, VectorsOfTextsAreArraysOfTexts) {
+  const Variant value = From(std::vector<std::string>{"b", "", "a"});
+  const Array& array = value.Elements();
+  EXPECT_EQ(array.ElementKind(), VariantKind::String);
+  EXPECT_EQ(array.Dimensions(), 1);
+  EXPECT_EQ(array.LowerBound(1), 0);
+  EXPECT_EQ(array.UpperBound(1), 2);
+  EXPECT_EQ(array.At(0), Variant("b"));
+  EXPECT_EQ(array.At(1), Variant(""));
+  EXPECT_EQ(array.At(2), Variant("a"));
+  EXPECT_EQ(FromTexts({}).Elements().UpperBound(1), -1);
+}
+
 TEST(Convert, ObjectsComeBackAsTheirClass) {
   const auto object = std::make_shared<Collection>();
   const Variant value(object);

@@ -26,6 +26,7 @@ TEST(TypeOf, NamesEveryTypeAndTellsTheKindThatCarriesIt) {
       {TypeOf<std::string>(), "String", VariantKind::String},
       {TypeOf<std::vector<Byte>>(), "Byte()", VariantKind::Array},
       {TypeOf<std::vector<Long>>(), "Long()", VariantKind::Array},
+      {TypeOf<std::vector<std::string>>(), "String()", VariantKind::Array},
       {TypeOf<Variant>(), "Variant", VariantKind::Variant},
       {TypeOf<Object>(), "Object", VariantKind::Object},
       {TypeOf<ObjectRef>(), "Object", VariantKind::Object},

@@ -62,8 +62,10 @@ TEST(CollectedEntries, ArePrintedWhereItIsTold) {
   std::ostringstream output, other;
   Numbers numbers(&output);
   numbers.Output(&other);
+  EXPECT_TRUE(numbers.IsPrinted());
   numbers.Take("a", 1);
   numbers.Output(nullptr);
+  EXPECT_FALSE(numbers.IsPrinted());
   numbers.Take("b", 2);
   EXPECT_EQ(output.str(), "");
   EXPECT_EQ(other.str(), "a\n");
@@ -86,8 +88,10 @@ TEST(CollectedEntries, AreTheLatestOnly) {
 TEST(CollectedQuestions, AreTakenAndAnsweredAsTold) {
   std::ostringstream output;
   Numbers numbers(&output);
+  EXPECT_EQ(numbers.Answer(), 1);
   EXPECT_EQ(numbers.Ask("a", 1), 1);
   numbers.Answer(kAnswerNo);
+  EXPECT_EQ(numbers.Answer(), 7);
   EXPECT_EQ(numbers.Ask("b", 2), 7);
   numbers.Clear();
   EXPECT_EQ(numbers.Ask("c", 3), 7);

@@ -72,6 +72,17 @@ TEST_F(SettingsTest, SectionsAndKeysAreTheirWhole32Bits) {
   EXPECT_EQ(Setting(0, 2), "fall-back");
 }
 
+TEST_F(SettingsTest, AreThoseOfTheProjectThatItsDatabaseFollows) {
+  const auto other = std::make_shared<HeldProjectDatabase>();
+  database_->Follow(other);
+  EXPECT_EQ(Setting(1, 2), "fall-back");
+  other->Hold(project_.Open());
+  settings_.SetInProject(1, 2, "followed");
+  EXPECT_EQ(Setting(1, 2), "followed");
+  other->Hold(project_.Open("other.qz7"));
+  EXPECT_EQ(Setting(1, 2), "fall-back");
+}
+
 TEST_F(SettingsTest, TheProjectGoesBeforeWhatHoldsForAll) {
   settings_.Set(1, 2, "all");
   settings_.Set(1, 3, "all");

@@ -32,5 +32,18 @@ TEST(PreparedFileChooser, GivesEachPreparedPathOnceInTheirOrder) {
   EXPECT_EQ(chooser.Choose({}), "");
 }
 
+TEST(PreparedFileChooser, TellsWhatComesNextUntilItForgets) {
+  PreparedFileChooser chooser;
+  EXPECT_EQ(chooser.Next(), "");
+  chooser.Prepare("b.bmp");
+  chooser.Prepare("a.bmp");
+  EXPECT_EQ(chooser.Next(), "b.bmp");
+  EXPECT_EQ(chooser.Choose({}), "b.bmp");
+  EXPECT_EQ(chooser.Next(), "a.bmp");
+  chooser.Clear();
+  EXPECT_EQ(chooser.Next(), "");
+  EXPECT_EQ(chooser.Choose({}), "");
+}
+
 }  // namespace
 }  // namespace quenzel7::loomis2
