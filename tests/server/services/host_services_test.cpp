@@ -1,0 +1,222 @@
+#include "server/services/host_services.h"
+
+#include "platform/automation/automation_error.h"
+#include "platform/corvane1/project_file.h"
+#include "tests/server/services/late_double.h"
+#include "tests/server/services/services_fixture.h"
+#include "tests/support/empty_connection.h"
+#include "tests/support/raises.h"
+#include "tests/support/temporary_folder.h"
+
+namespace quenzel7::server {
+namespace {
+
+using automation::GetByName;
+using automation::InvokeByName;
+using automation::ObjectRef;
+using automation::PutByName;
+using automation::To;
+using automation::Variant;
+
+/// What a host of the library's own language may put in use.
+class OwnMessageBoxes final : public corvane1::MessageBoxes {
+ public:
+  Long Show(const std::string&, Long, const std::string&) override { return 4; }
+};
+
+class HostServicesTest : public ServicesTest {
+ protected:
+  void Supply(std::string_view service, const ObjectRef& object) { PutByName(*services_, service, object); }
+  static Long Show(const std::string& text) {
+    return Platform::Current().messageBoxes->Show(text, 0, "caption");
+  }
+};
+
+TEST_F(HostServicesTest, CannotBeCreatedByItsNumber) {
+  EXPECT_EQ(HostServices::ClassOf().name, "HostServices");
+  EXPECT_EQ(HostServices::ClassOf().create, nullptr);
+  EXPECT_EQ(HostServices::ClassOf().interfaces.size(), 1u);
+  EXPECT_EQ(HostServices::ClassOf().Default().Name(), "HostServices");
+}
+
+TEST_F(HostServicesTest, DescribesByTheFunctionThatItWasGiven) {
+  EXPECT_EQ(Listed(InvokeByName(*services_, "Describe", {"clsRectangle"})), "about \"clsRectangle\"");
+  EXPECT_EQ(Listed(InvokeByName(*services_, "Describe")), "about \"\"");
+}
+
+TEST_F(HostServicesTest, GivesTheSameViewWhileTheServiceIsTheSame) {
+  for (const char* const name : {"MessageBoxes", "ProjectDatabase"}) {
+    const ObjectRef view = Service(name);
+    EXPECT_EQ(Service(name), view) << name;
+    Renew();
+    EXPECT_NE(Service(name), view) << name;
+  }
+}
+
+TEST_F(HostServicesTest, AViewStaysOfTheServiceThatItWasAskedOf) {
+  const ObjectRef view = Service("MessageBoxes");
+  Show("old");
+  Renew();
+  Show("new");
+  EXPECT_EQ(Listed(GetByName(*view, "Shown")), "((old, 0, caption))");
+  EXPECT_EQ(Told("MessageBoxes", "Shown"), "((new, 0, caption))");
+}
+
+TEST_F(HostServicesTest, AHostsOwnObjectTakesThePlaceOfTheEmbeddedService) {
+  const ObjectRef view = Service("MessageBoxes");
+  Show("before");
+  const auto own = NewHostObject();
+  own->Giving("call Show", Long{7});
+  Supply("MessageBoxes", own);
+  EXPECT_EQ(Service("MessageBoxes"), own);
+  EXPECT_EQ(Show("now"), 7);
+  EXPECT_EQ(own->calls, (std::vector<std::string>{"call Show String:now Long:0 String:caption"}));
+
+  const auto second = NewHostObject();
+  second->Giving("call Show", Long{3});
+  Supply("MessageBoxes", second);
+  EXPECT_EQ(Service("MessageBoxes"), second);
+  EXPECT_EQ(Show("then"), 3);
+
+  Supply("MessageBoxes", nullptr);
+  EXPECT_EQ(Service("MessageBoxes"), view);
+  EXPECT_EQ(Show("after"), 1);
+  EXPECT_EQ(Told("MessageBoxes", "Shown"), "((before, 0, caption), (after, 0, caption))");
+}
+
+TEST_F(HostServicesTest, NothingBringsBackTheEmbeddedServiceThoughNobodyHadSeenIt) {
+  Show("before");
+  Supply("MessageBoxes", NewHostObject());
+  Supply("MessageBoxes", nullptr);
+  EXPECT_EQ(Told("MessageBoxes", "Shown"), "((before, 0, caption))");
+}
+
+TEST_F(HostServicesTest, NothingBringsBackTheEmbeddedServiceOfTheThreadsNewPlatform) {
+  Supply("MessageBoxes", NewHostObject());
+  Renew();
+  Show("new");
+  Supply("MessageBoxes", NewHostObject());
+  Supply("MessageBoxes", nullptr);
+  EXPECT_EQ(Told("MessageBoxes", "Shown"), "((new, 0, caption))");
+}
+
+TEST_F(HostServicesTest, NothingMakesAnEmbeddedServiceWhereThereWasNone) {
+  Platform::Current().messageBoxes = std::make_shared<OwnMessageBoxes>();
+  Supply("MessageBoxes", nullptr);
+  EXPECT_EQ(Told("MessageBoxes", "Shown"), "()");
+  EXPECT_EQ(Told("MessageBoxes", "Printed"), "True");
+}
+
+TEST_F(HostServicesTest, AViewPutsItsServiceInUse) {
+  const ObjectRef old = Service("MessageBoxes");
+  PutByName(*old, "Answer", Long{6});
+  Renew();
+  EXPECT_EQ(Show("new"), 1);
+  Supply("MessageBoxes", old);
+  EXPECT_EQ(Service("MessageBoxes"), old);
+  EXPECT_EQ(Show("old"), 6);
+}
+
+TEST_F(HostServicesTest, AServiceOfAHostInTheLibrarysLanguageHasNoView) {
+  Platform::Current().messageBoxes = std::make_shared<OwnMessageBoxes>();
+  EXPECT_RAISES(91, "message boxes: the embedded service is not in use", Service("MessageBoxes"));
+  class OwnDatabase final : public corvane1::ProjectDatabase {
+    ado::ConnectionRef OpenConnection() override { return nullptr; }
+    std::string Path() override { return {}; }
+  };
+  Platform::Current().projectDatabase = std::make_shared<OwnDatabase>();
+  EXPECT_RAISES(91, "project database: the embedded service is not in use", Service("ProjectDatabase"));
+}
+
+TEST_F(HostServicesTest, OnlyAnObjectCanTakeThePlaceOfAService) {
+  EXPECT_EQ(test::ErrorOf([&] { PutByName(*services_, "MessageBoxes", "boxes"); }), 13);
+  EXPECT_EQ(Told("MessageBoxes", "Answer"), "1");
+}
+
+TEST_F(HostServicesTest, AllServicesSeeTheProjectOfAHostsOwnDatabase) {
+  const test::TemporaryFolder folder;
+  const auto own = NewHostObject();
+  const auto give = [&](const char* name) {
+    const auto connection = corvane1::OpenProject(folder.File(name), corvane1::ProjectMode::Create);
+    own->Giving("call OpenConnection", connection);
+    return connection;
+  };
+  Supply("ProjectDatabase", own);
+  EXPECT_EQ(Service("ProjectDatabase"), own);
+  EXPECT_EQ(own->calls, std::vector<std::string>());
+
+  Platform& platform = Platform::Current();
+  const auto first = give("first.qz7");
+  EXPECT_EQ(platform.projectDatabase->OpenConnection(), first);
+  EXPECT_EQ(platform.heldProject->OpenConnection(), first);
+  EXPECT_EQ(platform.numberGenerator->NewUniqueNumber(), 1);
+  EXPECT_EQ(platform.numberGenerator->NewUniqueNumber(), 2);
+  first->Execute("INSERT INTO Settings (Section, Key, Value) VALUES (1, 2, 'of the first')");
+  EXPECT_EQ(platform.settings->GetSetting(1, 2, "none"), "of the first");
+
+  // The host goes on to another project by itself.
+  const auto second = give("second.qz7");
+  EXPECT_EQ(platform.settings->GetSetting(1, 2, "none"), "none");
+  EXPECT_EQ(platform.numberGenerator->NewUniqueNumber(), 1);
+
+  // It closes that one.
+  own->Giving("call OpenConnection", ObjectRef());
+  EXPECT_EQ(platform.settings->GetSetting(1, 2, "none"), "none");
+  EXPECT_RAISES(91, "no project is open: the host gave no connection",
+                platform.numberGenerator->NewUniqueNumber());
+}
+
+TEST_F(HostServicesTest, TheEmbeddedDatabaseComesBackWithItsProject) {
+  const test::TemporaryFolder folder;
+  const ObjectRef embedded = Service("ProjectDatabase");
+  const ObjectRef connection = To<ObjectRef>(InvokeByName(*embedded, "Open", {folder.File("embedded.qz7")}));
+  const auto other = std::make_shared<test::EmptyConnection>();
+  const auto own = NewHostObject();
+  own->Giving("call OpenConnection", other);
+  Platform& platform = Platform::Current();
+  for (const ObjectRef& back : {ObjectRef(), embedded}) {
+    Supply("ProjectDatabase", own);
+    EXPECT_EQ(platform.heldProject->OpenConnection(), other);
+    EXPECT_EQ(To<ObjectRef>(InvokeByName(*embedded, "OpenConnection")), connection);
+    Supply("ProjectDatabase", back);
+    EXPECT_EQ(Service("ProjectDatabase"), embedded);
+    EXPECT_EQ(platform.projectDatabase, platform.heldProject);
+    EXPECT_EQ(platform.heldProject->OpenConnection(), connection);
+  }
+}
+
+TEST_F(HostServicesTest, NothingBringsBackTheHeldProjectAfterADatabaseOfTheLibrarysLanguage) {
+  const auto own = NewHostObject();
+  Platform& platform = Platform::Current();
+  platform.projectDatabase = std::make_shared<LateProjectDatabase>(own);
+  Supply("ProjectDatabase", nullptr);
+  EXPECT_EQ(platform.projectDatabase, platform.heldProject);
+}
+
+TEST_F(HostServicesTest, AViewOfAnEarlierPlatformBringsItsProjectToAllServices) {
+  const auto connection = std::make_shared<test::EmptyConnection>();
+  Platform::Current().heldProject->Hold(connection);
+  const ObjectRef old = Service("ProjectDatabase");
+  Renew();
+  Supply("ProjectDatabase", old);
+  EXPECT_EQ(Platform::Current().projectDatabase->OpenConnection(), connection);
+  EXPECT_EQ(Platform::Current().heldProject->OpenConnection(), connection);
+}
+
+TEST_F(HostServicesTest, ResetMakesTheServicesOfTheThreadAnew) {
+  const test::TemporaryFolder folder;
+  const ObjectRef view = Service("MessageBoxes");
+  const std::weak_ptr<automation::Object> connection =
+      To<ObjectRef>(InvokeByName(*Service("ProjectDatabase"), "Open", {folder.File("plant.qz7")}));
+  Supply("MessageBoxes", NewHostObject());
+  Supply("ProjectDatabase", NewHostObject());
+  InvokeByName(*services_, "Reset");
+  EXPECT_NE(Service("MessageBoxes"), view);
+  EXPECT_EQ(Told("MessageBoxes", "Shown"), "()");
+  EXPECT_EQ(Platform::Current().projectDatabase, Platform::Current().heldProject);
+  EXPECT_RAISES(91, "no project is open", Called("ProjectDatabase", "OpenConnection"));
+  EXPECT_TRUE(connection.expired());
+}
+
+}  // namespace
+}  // namespace quenzel7::server
