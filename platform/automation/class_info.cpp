@@ -46,6 +46,27 @@ Variant Member::StandIn(std::size_t place) const {
   return standIn ? Variant(*standIn) : Variant();
 }
 
+std::string Slot::Text() const {
+  const std::string name(member->name);
+  const std::string type(member->type.name);
+  switch (kind) {
+    case CallKind::Get:
+      return "get " + name + "() As " + type;
+    case CallKind::Put:
+      return "put " + name + "(" + type + ")";
+    case CallKind::PutRef:
+      return "putref " + name + "(" + type + ")";
+    case CallKind::Method:
+      break;
+  }
+  std::string line = "call " + name + "(";
+  for (std::size_t index = 0; index < member->parameters.size(); ++index) {
+    if (index > 0) line += ", ";
+    line += DescribeParameter(member->parameters[index], index >= member->Required());
+  }
+  return line + ")" + (type.empty() ? "" : " As " + type);
+}
+
 std::vector<std::string_view> Member::ParameterNames() const {
   constexpr std::string_view kBetween = "(), ";
   std::vector<std::string_view> names;
@@ -81,37 +102,32 @@ const Member* Interface::Find(std::string_view name) const {
   return nullptr;
 }
 
-std::vector<std::string> Interface::Slots() const {
-  std::vector<std::string> slots;
-  std::optional<std::string> heldBack;
+std::vector<Slot> Interface::SlotOrder() const {
+  std::vector<Slot> slots;
+  std::optional<Slot> heldBack;
   for (const Member& member : members_) {
-    const std::optional<std::string> behindThis = std::exchange(heldBack, std::nullopt);
-    const std::string name(member.name);
-    const std::string type(member.type.name);
-    if (member.IsMethod()) {
-      std::string line = "call " + name + "(";
-      for (std::size_t index = 0; index < member.parameters.size(); ++index) {
-        if (index > 0) line += ", ";
-        line += DescribeParameter(member.parameters[index], index >= member.Required());
-      }
-      slots.push_back(line + ")" + (type.empty() ? "" : " As " + type));
-      if (behindThis) slots.push_back(*behindThis);
-      continue;
-    }
-    std::vector<std::string> accessors;
-    if (member.get) accessors.push_back("get " + name + "() As " + type);
-    if (member.put) accessors.push_back("put " + name + "(" + type + ")");
-    if (member.putRef) accessors.push_back("putref " + name + "(" + type + ")");
-    if (member.writerFirst) std::reverse(accessors.begin(), accessors.end());
+    const std::optional<Slot> behindThis = std::exchange(heldBack, std::nullopt);
+    std::vector<Slot> own;
+    if (member.method) own.push_back({&member, CallKind::Method});
+    if (member.get) own.push_back({&member, CallKind::Get});
+    if (member.put) own.push_back({&member, CallKind::Put});
+    if (member.putRef) own.push_back({&member, CallKind::PutRef});
+    if (member.writerFirst) std::reverse(own.begin(), own.end());
     if (member.writerAfterNext) {
-      heldBack = accessors.back();
-      accessors.pop_back();
+      heldBack = own.back();
+      own.pop_back();
     }
-    slots.insert(slots.end(), accessors.begin(), accessors.end());
+    slots.insert(slots.end(), own.begin(), own.end());
     if (behindThis) slots.push_back(*behindThis);
   }
   if (heldBack) slots.push_back(*heldBack);
   return slots;
+}
+
+std::vector<std::string> Interface::Slots() const {
+  std::vector<std::string> lines;
+  for (const Slot& slot : SlotOrder()) lines.push_back(slot.Text());
+  return lines;
 }
 
 const Interface* ClassInfo::FindInterface(std::string_view interfaceName) const {

@@ -115,6 +115,16 @@ struct Member {
   std::vector<std::string_view> ParameterNames() const;
 };
 
+/// One slot of an interface: a member, and the way to call it that the slot is for.
+struct Slot {
+  const Member* member;
+  CallKind kind;
+
+  /// "get EnabledOpAddr() As Long", "put EnabledOpAddr(Long)",
+  /// "call GetBoundingRect(ByRef Long, ByRef Long, ByRef Long, ByRef Long, [Long])".
+  std::string Text() const;
+};
+
 /// Calls a member by name on an object whose members only the object itself knows.
 using LateCall = Variant (*)(Object&, std::string_view name, CallKind, Arguments);
 
@@ -136,8 +146,9 @@ class Interface {
   /// The member of that name, or nullptr.
   const Member* Find(std::string_view name) const;
 
-  /// The slots in order, one line each: "get EnabledOpAddr() As Long", "put EnabledOpAddr(Long)",
-  /// "call GetBoundingRect(ByRef Long, ByRef Long, ByRef Long, ByRef Long, [Long])".
+  /// The slots in order. They are those of the members in their order, save where a writer stands apart.
+  std::vector<Slot> SlotOrder() const;
+  /// The slots in order, one line each.
   std::vector<std::string> Slots() const;
 
  private:

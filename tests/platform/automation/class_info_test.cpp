@@ -202,5 +202,26 @@ TEST(ClassInfo, FindsInterfacesWithoutRegardToCase) {
 
 TEST(NearestName, CountsAChangedFirstLetterOnce) { EXPECT_EQ(NearestName("ab", {"ba", "xb"}), "xb"); }
 
+TEST(SlotOrder, TellsTheMemberAndTheKindOfCallOfEverySlot) {
+  Member member = Property<Weight>(
+      "Load", "", [](Object&) { return Variant(); }, [](Object&, const Variant&) {});
+  member.putRef = [](Object&, const Variant&) {};
+  const Member members[] = {WriterAfterNext(member), Method<Sample, &Sample::Swap>("Swap", "")};
+  const Interface interface("Two", members);
+  const struct {
+    const Member* member;
+    CallKind kind;
+  } kExpected[] = {{&members[0], CallKind::Get},
+                   {&members[0], CallKind::Put},
+                   {&members[1], CallKind::Method},
+                   {&members[0], CallKind::PutRef}};
+  const std::vector<Slot> slots = interface.SlotOrder();
+  ASSERT_EQ(slots.size(), std::size(kExpected));
+  for (std::size_t place = 0; place < slots.size(); ++place) {
+    EXPECT_EQ(slots[place].member, kExpected[place].member) << place;
+    EXPECT_EQ(slots[place].kind, kExpected[place].kind) << place;
+  }
+}
+
 }  // namespace
 }  // namespace quenzel7::automation
