@@ -53,6 +53,7 @@ TEST(AutomationError, NumbersAreThoseOfTheRunTime) {
       {ErrorNumber::PropertyIsWriteOnly, 394},
       {ErrorNumber::ClassNotCreatable, 429},
       {ErrorNumber::NoSuchMember, 438},
+      {ErrorNumber::NamedArgumentNotFound, 448},
       {ErrorNumber::ArgumentNotOptional, 449},
       {ErrorNumber::WrongNumberOfArguments, 450},
       {ErrorNumber::KeyAlreadyInCollection, 457},
@@ -65,6 +66,35 @@ TEST(AutomationError, NumbersAreThoseOfTheRunTime) {
       {ErrorNumber::Database, -2147467259},
   };
   for (const auto& [code, number] : kNumbers) EXPECT_EQ(AutomationError(code, "").Number(), number);
+}
+
+TEST(AutomationError, IsOfNoArgumentUnlessToldOtherwise) {
+  EXPECT_EQ(AutomationError(ErrorNumber::Overflow, "").Argument(), std::nullopt);
+}
+
+TEST(AutomationError, OfArgumentTellsThePlaceAndKeepsTheRest) {
+  const AutomationError error(ErrorNumber::Overflow, "too big", "Fennick");
+  const AutomationError third = error.OfArgument(2);
+  EXPECT_EQ(third.Argument(), 2u);
+  EXPECT_EQ(third.Number(), 6);
+  EXPECT_EQ(third.Description(), "too big");
+  EXPECT_EQ(third.Source(), "Fennick");
+  EXPECT_EQ(third.OfArgument(0).Argument(), 0u);
+  EXPECT_EQ(error.Argument(), std::nullopt);
+}
+
+TEST(AutomationError, OfNoArgumentForgetsThePlaceAndKeepsTheRest) {
+  const AutomationError third = AutomationError(ErrorNumber::Overflow, "too big", "Fennick").OfArgument(2);
+  const AutomationError error = third.OfNoArgument();
+  EXPECT_EQ(error.Argument(), std::nullopt);
+  EXPECT_EQ(error.Number(), 6);
+  EXPECT_EQ(error.Description(), "too big");
+  EXPECT_EQ(error.Source(), "Fennick");
+  EXPECT_EQ(third.Argument(), 2u);
+}
+
+TEST(AutomationError, InIsOfNoArgument) {
+  EXPECT_EQ(AutomationError(ErrorNumber::Overflow, "").OfArgument(0).In("row 3").Argument(), std::nullopt);
 }
 
 }  // namespace

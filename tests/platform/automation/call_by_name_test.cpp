@@ -277,5 +277,106 @@ TEST(CallByName, ErrorsOfTheMemberPassThroughAndNothingIsWrittenBack) {
   EXPECT_EQ(arguments[0], Variant(Long{1}));
 }
 
+/// The error that an action raises.
+template <class Action>
+AutomationError ErrorIn(Action action) {
+  try {
+    action();
+  } catch (const AutomationError& error) {
+    return error;
+  }
+  ADD_FAILURE() << "nothing was raised";
+  return AutomationError(ErrorNumber::Overflow, "none");
+}
+
+TEST(CallByName, AnErrorOfItsArgumentsIsOneOfNoArgumentForWhoeverCallsByName) {
+  Sample sample;
+  const AutomationError ofMethod = ErrorIn([&] { InvokeByName(sample, "Sum", {Long{1}, "x", Long{1}}); });
+  EXPECT_EQ(ofMethod.Argument(), std::nullopt);
+  EXPECT_EQ(ofMethod.Number(), 13);
+  EXPECT_EQ(ofMethod.Description(), "type mismatch: \"x\" is not a number");
+  EXPECT_EQ(ofMethod.Source(), "Quenzel7");
+  const AutomationError ofProperty = ErrorIn([&] { PutByName(sample, "Size", "x"); });
+  EXPECT_EQ(ofProperty.Argument(), std::nullopt);
+  EXPECT_EQ(ofProperty.Number(), 13);
+}
+
+/// An object without a table of members, which notes the last call.
+class LateObject final : public Object {
+ public:
+  const ClassInfo& Class() const override {
+    static const Interface interface("Late", &Call);
+    static const Interface* const interfaces[] = {&interface};
+    static const ClassInfo info{"Late", interfaces};
+    return info;
+  }
+
+  std::string name;
+  CallKind kind = CallKind::Method;
+  std::vector<Variant> arguments;
+
+ private:
+  static Variant Call(Object& object, std::string_view name, CallKind kind, Arguments arguments) {
+    auto& self = static_cast<LateObject&>(object);
+    self.name = name;
+    self.kind = kind;
+    self.arguments.assign(arguments.begin(), arguments.end());
+    if (name == "Fail") throw AutomationError(ErrorNumber::Overflow, "too big", "Host").OfArgument(1);
+    for (Variant& argument : arguments) argument = "written back";
+    return "result";
+  }
+};
+
+TEST(LateCall, AnInterfaceHasOneInsteadOfMembers) {
+  const Interface& interface = LateObject().Class().Default();
+  EXPECT_NE(interface.Late(), nullptr);
+  EXPECT_EQ(interface.Name(), "Late");
+  EXPECT_TRUE(interface.Members().empty());
+  EXPECT_EQ(interface.Find("Fail"), nullptr);
+  EXPECT_EQ(kSampleInterface.Late(), nullptr);
+}
+
+TEST(LateCall, GetsTheCallAsItIsAndGivesItsResult) {
+  LateObject object;
+  std::vector<Variant> arguments = {Long{1}, "two"};
+  EXPECT_EQ(CallByName(object, "anyNAME", CallKind::Method, arguments), Variant("result"));
+  EXPECT_EQ(object.name, "anyNAME");
+  EXPECT_EQ(object.kind, CallKind::Method);
+  EXPECT_EQ(object.arguments, (std::vector<Variant>{Long{1}, "two"}));
+  EXPECT_EQ(arguments, (std::vector<Variant>{"written back", "written back"}));
+}
+
+TEST(LateCall, IsToldHowTheMemberIsCalled) {
+  LateObject object;
+  EXPECT_EQ(GetByName(object, "Value"), Variant("result"));
+  EXPECT_EQ(object.kind, CallKind::Get);
+  EXPECT_TRUE(object.arguments.empty());
+  EXPECT_EQ(InvokeByName(object, "Show", {true}), Variant("result"));
+  EXPECT_EQ(object.kind, CallKind::Method);
+  PutByName(object, "Value", Long{5});
+  EXPECT_EQ(object.kind, CallKind::Put);
+  EXPECT_EQ(object.arguments, std::vector<Variant>{Long{5}});
+}
+
+TEST(LateCall, AnObjectIsWrittenByReferenceAlsoWhenItIsNone) {
+  LateObject object;
+  const auto weight = std::make_shared<Weight>(5);
+  PutByName(object, "Load", weight);
+  EXPECT_EQ(object.kind, CallKind::PutRef);
+  EXPECT_EQ(object.arguments, std::vector<Variant>{weight});
+  object.kind = CallKind::Get;
+  PutByName(object, "Load", ObjectRef());
+  EXPECT_EQ(object.kind, CallKind::PutRef);
+}
+
+TEST(LateCall, WhatItRaisesPasses) {
+  LateObject object;
+  const AutomationError error = ErrorIn([&] { InvokeByName(object, "Fail"); });
+  EXPECT_EQ(error.Number(), 6);
+  EXPECT_EQ(error.Description(), "too big");
+  EXPECT_EQ(error.Source(), "Host");
+  EXPECT_EQ(error.Argument(), 1u);
+}
+
 }  // namespace
 }  // namespace quenzel7::automation

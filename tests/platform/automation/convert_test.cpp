@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -363,6 +364,26 @@ TEST(To, APlusSignBeforeOneDigitIsRead) { EXPECT_EQ(To<Double>(Variant("+5")), 5
 
 TEST(To, CurrencyOverflowsAtItsLimit) {
   EXPECT_EQ(test::ErrorOf([] { To<Currency>(Variant(922337203685477.5808)); }), 6);
+}
+
+TEST(FromArgument, GivesWhatIsMadeOfTheArgument) {
+  EXPECT_EQ(FromArgument(3, [] { return Long{7}; }), 7);
+}
+
+TEST(FromArgument, TellsThePlaceWithTheError) {
+  try {
+    FromArgument(3, []() -> Long { throw AutomationError(ErrorNumber::Overflow, "too big", "Fennick"); });
+    FAIL() << "nothing was raised";
+  } catch (const AutomationError& error) {
+    EXPECT_EQ(error.Argument(), 3u);
+    EXPECT_EQ(error.Number(), 6);
+    EXPECT_EQ(error.Description(), "too big");
+    EXPECT_EQ(error.Source(), "Fennick");
+  }
+}
+
+TEST(FromArgument, LetsOtherExceptionsPass) {
+  EXPECT_THROW(FromArgument(0, []() -> Long { throw std::bad_alloc(); }), std::bad_alloc);
 }
 
 }  // namespace
