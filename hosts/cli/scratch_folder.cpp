@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "hosts/cli/user_error.h"
+#include "platform/files/file_error.h"
 
 namespace quenzel7::cli {
 
@@ -14,7 +15,7 @@ ScratchFolder::ScratchFolder() {
   std::error_code error;
   std::string path = (std::filesystem::temp_directory_path(error) / "quenzel7-XXXXXX").string();
   if (error) raise(error.message());
-  if (!mkdtemp(path.data())) raise(SystemMessage(errno));
+  if (!mkdtemp(path.data())) raise(files::SystemMessage(errno));
   path_ = path;
 }
 

@@ -1,7 +1,6 @@
 #include "hosts/cli/user_error.h"
 
 #include <cstdio>
-#include <system_error>
 
 namespace quenzel7::cli {
 
@@ -32,7 +31,5 @@ std::string OneLine(std::string_view text) {
 }
 
 std::string Quoted(std::string_view name) { return "\"" + std::string(name) + "\""; }
-
-std::string SystemMessage(int errorNumber) { return std::generic_category().message(errorNumber); }
 
 }  // namespace quenzel7::cli

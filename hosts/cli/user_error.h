@@ -37,6 +37,17 @@ decltype(auto) AtPlace(const std::string& place, const Work& work) {
   }
 }
 
+/// Does something whose errors of the automation run-time name their place themselves: they become UserErrors
+/// in the same words. Other exceptions pass.
+template <class Work>
+decltype(auto) InItsWords(const Work& work) {
+  try {
+    return work();
+  } catch (const automation::AutomationError& error) {
+    throw UserError(error.Description());
+  }
+}
+
 /// What an action raises, errors of its own and of the automation run-time, in words; empty when it can be
 /// done. Other exceptions pass.
 template <class Action>
@@ -50,8 +61,5 @@ std::string ErrorOf(const Action& action) {
   }
   return {};
 }
-
-/// The system's words for an error number of the operating system.
-std::string SystemMessage(int errorNumber);
 
 }  // namespace quenzel7::cli

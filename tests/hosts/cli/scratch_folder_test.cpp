@@ -2,10 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "hosts/cli/text_file.h"
 #include "tests/hosts/cli/messages.h"
+#include "tests/support/environment.h"
 #include "tests/support/temporary_folder.h"
 
 namespace quenzel7::cli {
@@ -13,28 +12,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Makes another folder that of temporary files.
-class TemporaryPath {
- public:
-  explicit TemporaryPath(const std::string& path) {
-    if (const char* before = std::getenv("TMPDIR")) before_ = before;
-    setenv("TMPDIR", path.c_str(), 1);
-  }
-  ~TemporaryPath() {
-    if (before_.empty()) {
-      unsetenv("TMPDIR");
-    } else {
-      setenv("TMPDIR", before_.c_str(), 1);
-    }
-  }
-
- private:
-  std::string before_;
-};
+constexpr const char* kVariable = "TMPDIR";
 
 TEST(ScratchFolder, IsThereAsLongAsItLivesAndGoesWithAllThatIsInIt) {
   const quenzel7::test::TemporaryFolder home;
-  const TemporaryPath path(home.File(""));
+  const quenzel7::test::Environment path(kVariable, home.File(""));
   std::string file;
   {
     const ScratchFolder folder, other;
@@ -49,12 +31,12 @@ TEST(ScratchFolder, IsThereAsLongAsItLivesAndGoesWithAllThatIsInIt) {
 TEST(ScratchFolder, SaysWhyItCannotBeMade) {
   const quenzel7::test::TemporaryFolder home;
   {
-    const TemporaryPath path(home.File("none"));
+    const quenzel7::test::Environment path(kVariable, home.File("none"));
     EXPECT_EQ(test::MessageOf([] { ScratchFolder(); }),
               "folder for temporary files cannot be made: No such file or directory");
   }
   WriteTextFile(home.File("file"), "x", "file");
-  const TemporaryPath path(home.File("file"));
+  const quenzel7::test::Environment path(kVariable, home.File("file"));
   EXPECT_EQ(test::MessageOf([] { ScratchFolder(); }),
             "folder for temporary files cannot be made: Not a directory");
 }

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <stdexcept>
 
 #include "tests/hosts/cli/messages.h"
@@ -40,8 +39,15 @@ TEST(UserError, AtPlaceLetsOtherExceptionsPass) {
   EXPECT_THROW(AtPlace("here", [] { throw std::out_of_range("x"); }), std::out_of_range);
 }
 
-TEST(UserError, SystemMessageIsThatOfTheNumber) {
-  EXPECT_EQ(SystemMessage(ENOENT), "No such file or directory");
+TEST(UserError, InItsWordsGivesWhatTheWorkGives) {
+  EXPECT_EQ(InItsWords([] { return 7; }), 7);
+}
+
+TEST(UserError, InItsWordsMakesErrorsOfTheRunTimeOnesForTheUser) {
+  EXPECT_EQ(test::MessageOf(
+                [] { InItsWords([] { throw AutomationError(ErrorNumber::Overflow, "x: overflow"); }); }),
+            "x: overflow");
+  EXPECT_THROW(InItsWords([] { throw std::out_of_range("x"); }), std::out_of_range);
 }
 
 TEST(UserErrors, AreToldInWordsWithThoseOfTheRunTime) {

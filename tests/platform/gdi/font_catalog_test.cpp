@@ -3,12 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 
 #include "platform/gdi/font_face.h"
 #include "tests/platform/gdi/altered_font.h"
 #include "tests/platform/gdi/font_samples.h"
+#include "tests/support/environment.h"
 #include "tests/support/temporary_folder.h"
 
 namespace quenzel7::gdi {
@@ -170,15 +170,6 @@ class OtherMachine {
   OtherMachine() {
     Put("fonts.conf", "<?xml version='1.0'?><fontconfig><dir>" + folder_.Path() + "</dir><cachedir>" +
                           folder_.File("cache") + "</cachedir></fontconfig>");
-    if (const char* before = std::getenv(kVariable)) before_ = before;
-    setenv(kVariable, folder_.File("fonts.conf").c_str(), 1);
-  }
-  ~OtherMachine() {
-    if (before_.empty()) {
-      unsetenv(kVariable);
-    } else {
-      setenv(kVariable, before_.c_str(), 1);
-    }
   }
 
   void Put(const std::string& name, const std::string& bytes) const {
@@ -187,10 +178,8 @@ class OtherMachine {
   std::string File(const std::string& name) const { return folder_.File(name); }
 
  private:
-  static constexpr const char* kVariable = "FONTCONFIG_FILE";
-
   const test::TemporaryFolder folder_;
-  std::string before_;
+  const test::Environment configuration_{"FONTCONFIG_FILE", folder_.File("fonts.conf")};
 };
 
 TEST(FontCatalog, LoadsNothingWhereThereIsNothing) {

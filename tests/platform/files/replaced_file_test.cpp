@@ -1,4 +1,4 @@
-#include "hosts/cli/replaced_file.h"
+#include "platform/files/replaced_file.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -6,11 +6,11 @@
 
 #include <cerrno>
 
-#include "hosts/cli/text_file.h"
-#include "tests/hosts/cli/messages.h"
+#include "platform/files/whole_file.h"
+#include "tests/support/raises.h"
 #include "tests/support/temporary_folder.h"
 
-namespace quenzel7::cli {
+namespace quenzel7::files {
 namespace {
 
 namespace fs = std::filesystem;
@@ -22,13 +22,13 @@ class ReplacedFileTest : public ::testing::Test {
     return static_cast<std::size_t>(
         std::distance(fs::directory_iterator(folder_.File("")), fs::directory_iterator()));
   }
-  static std::string TextOf(const std::string& path) { return ReadTextFile(path, "file"); }
+  static std::string TextOf(const std::string& path) { return ReadWholeFile(path, "file"); }
 
-  quenzel7::test::TemporaryFolder folder_;
+  test::TemporaryFolder folder_;
 };
 
 TEST_F(ReplacedFileTest, TakesItsPlaceOnlyWhenCommitted) {
-  WriteTextFile(Path(), "old", "file");
+  WriteWholeFile(Path(), "old", "file");
   ReplacedFile file(Path(), "file");
   std::fputs("new", file.Stream());
   std::fflush(file.Stream());
@@ -38,8 +38,16 @@ TEST_F(ReplacedFileTest, TakesItsPlaceOnlyWhenCommitted) {
   EXPECT_EQ(FileCount(), 1u);
 }
 
+TEST_F(ReplacedFileTest, WritesBytesOneBehindTheOther) {
+  ReplacedFile file(Path(), "file");
+  file.Write("ab");
+  file.Write(std::string_view("\0c", 2));
+  file.Commit();
+  EXPECT_EQ(TextOf(Path()), std::string("ab\0c", 4));
+}
+
 TEST_F(ReplacedFileTest, LeftWithoutCommitLeavesWhatWasThere) {
-  WriteTextFile(Path(), "old", "file");
+  WriteWholeFile(Path(), "old", "file");
   {
     ReplacedFile file(Path(), "file");
     std::fputs("new", file.Stream());
@@ -54,37 +62,35 @@ TEST_F(ReplacedFileTest, LeftWithoutCommitLeavesNothingNew) {
 }
 
 TEST_F(ReplacedFileTest, ALinkStaysAndItsFileIsReplaced) {
-  WriteTextFile(Path(), "old", "file");
+  WriteWholeFile(Path(), "old", "file");
   fs::create_symlink(Path(), folder_.File("link"));
-  WriteTextFile(folder_.File("link"), "new", "file");
+  WriteWholeFile(folder_.File("link"), "new", "file");
   EXPECT_TRUE(fs::is_symlink(folder_.File("link")));
   EXPECT_EQ(TextOf(Path()), "new");
 }
 
 TEST_F(ReplacedFileTest, AFolderIsNotReplaced) {
-  EXPECT_EQ(test::MessageOf([this] { ReplacedFile file(folder_.File(""), "picture x"); }),
-            "picture x cannot be written: Is a directory");
+  EXPECT_RAISES(70, "picture x cannot be written: Is a directory",
+                ReplacedFile(folder_.File(""), "picture x"));
 }
 
 TEST_F(ReplacedFileTest, ADeviceIsWrittenDirectly) {
-  WriteTextFile("/dev/null", "text", "file");
+  WriteWholeFile("/dev/null", "text", "file");
   EXPECT_EQ(fs::status("/dev/null").type(), fs::file_type::character);
   EXPECT_FALSE(fs::exists("/dev/null.new" + std::to_string(getpid())));
 }
 
 TEST_F(ReplacedFileTest, TellsTheSystemsReason) {
   ReplacedFile file(Path(), "picture x");
-  EXPECT_EQ(test::MessageOf([&file] { file.Raise(ENOSPC); }),
-            "picture x cannot be written: No space left on device");
+  EXPECT_RAISES(57, "picture x cannot be written: No space left on device", file.Raise(ENOSPC));
 }
 
 TEST_F(ReplacedFileTest, AFileThatMayNotBeWrittenStays) {
   if (geteuid() == 0) GTEST_SKIP() << "everything may be written by this user";
-  WriteTextFile(Path(), "old", "file");
+  WriteWholeFile(Path(), "old", "file");
   chmod(Path().c_str(), 0444);
-  EXPECT_EQ(test::MessageOf([this] { ReplacedFile file(Path(), "picture x"); }),
-            "picture x cannot be written: Permission denied");
+  EXPECT_RAISES(70, "picture x cannot be written: Permission denied", ReplacedFile(Path(), "picture x"));
 }
 
 }  // namespace
-}  // namespace quenzel7::cli
+}  // namespace quenzel7::files

@@ -1,13 +1,13 @@
-#include "hosts/cli/replaced_file.h"
+#include "platform/files/replaced_file.h"
 
 #include <unistd.h>
 
 #include <cerrno>
 #include <utility>
 
-#include "hosts/cli/user_error.h"
+#include "platform/files/file_error.h"
 
-namespace quenzel7::cli {
+namespace quenzel7::files {
 namespace {
 
 namespace fs = std::filesystem;
@@ -42,6 +42,10 @@ ReplacedFile::~ReplacedFile() {
   if (!temporary_.empty()) fs::remove(temporary_, ignored);
 }
 
+void ReplacedFile::Write(std::string_view bytes) {
+  if (std::fwrite(bytes.data(), 1, bytes.size(), stream_) != bytes.size()) Raise(errno);
+}
+
 void ReplacedFile::Commit() {
   if (std::fclose(std::exchange(stream_, nullptr)) != 0) Raise(errno);
   if (temporary_.empty()) return;
@@ -52,7 +56,7 @@ void ReplacedFile::Commit() {
 }
 
 void ReplacedFile::Raise(int errorNumber) const {
-  throw UserError(place_ + " cannot be written: " + SystemMessage(errorNumber));
+  RaiseFileError(place_ + " cannot be written", errorNumber);
 }
 
-}  // namespace quenzel7::cli
+}  // namespace quenzel7::files
