@@ -1,0 +1,76 @@
+"""Quenzel7 from Python: the elements of operator panels' pages, late-bound over the library's binary interface.
+
+    import quenzel7 as q
+    rectangle = q.create("clsRectangle", Xs=10, Ys=20, Dx=100, Dy=50)
+    rectangle.Move(5, 0)
+    x, y, dx, dy = (q.Ref() for _ in range(4))
+    rectangle.GetBoundingRect(x, y, dx, dy)
+    rectangle.ItfHmiElement.ElementType
+
+Classes (q.clsRectangle) and enumerations (q.enVarType.eVT_Numeric) are attributes of the package, made from what
+the library tells of itself; q.enums has the enumerations alone. Errors are AutomationError with the run-time's
+number. Objects belong to the thread that made them.
+"""
+
+from __future__ import annotations
+
+from typing import Any, List
+
+from . import _host_objects, _services
+from ._library import LibraryNotFoundError
+from ._services import create
+from ._types import types as _type_information
+from .arrays import CollisionMap, Null, Ref
+from .errors import AutomationError, UnknownMemberError
+from ._version import __version__
+
+__all__ = [
+    "AutomationError",
+    "CollisionMap",
+    "LibraryNotFoundError",
+    "Null",
+    "Ref",
+    "UnknownMemberError",
+    "__version__",
+    "collection",
+    "create",
+    "enums",
+]
+
+
+class _Enumerations:
+    """The enumerations of the library: `enums.enVarType.eVT_Numeric`."""
+
+    def __getattr__(self, name: str) -> Any:
+        if name.startswith("_"):
+            raise AttributeError(name)
+        if name not in _type_information().enumeration_names():
+            raise AttributeError(f"there is no enumeration {name!r}")
+        return _type_information().enumeration(name)
+
+    def __dir__(self) -> List[str]:
+        return _type_information().enumeration_names()
+
+
+enums = _Enumerations()
+
+
+def collection(*items: Any) -> Any:
+    """A new Collection with these values, without keys."""
+    made = _services.host_services().NewCollection()
+    for item in items:
+        made.Add(item)
+    return made
+
+
+def __getattr__(name: str) -> Any:
+    if not name.startswith("_"):
+        if name in _type_information().enumeration_names():
+            return _type_information().enumeration(name)
+        if name in _type_information().class_names():
+            return _services.class_of_python(name)
+    raise AttributeError(f"module {__name__!r} has no attribute {name!r}")
+
+
+def __dir__() -> List[str]:
+    return sorted({*__all__, *_type_information().enumeration_names(), *_type_information().class_names()})

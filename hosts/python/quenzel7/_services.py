@@ -1,0 +1,86 @@
+"""The way into the library: objects by class name, the services of the thread, type information."""
+
+from __future__ import annotations
+
+import ctypes
+from typing import Any, Callable, Optional, Type
+
+from . import _abi, _classes
+from ._dispatch import Dispatch, adopt, classification, late
+from ._library import library
+from ._pointers import function_at, release
+from ._types import fetch_with, types
+from .errors import AutomationError, check, unknown_name
+
+_PREFIX = "Quenzel7."
+_Out = ctypes.c_void_p
+
+
+def _class_number(class_name: str) -> bytes:
+    """The number of a class that can be created; error 429 naming the nearest for any other."""
+    number = ctypes.create_string_buffer(16)
+    name = class_name if class_name.lower().startswith(_PREFIX.lower()) else _PREFIX + class_name
+    result = library().Quenzel7ClassIdFromName(_abi.wide(name), number)
+    if result == _abi.CLASS_E_CLASSNOTAVAILABLE:
+        creatable = [known for known in types().class_names() if types().class_info(known).creatable]
+        text = unknown_name("there is no class to create named", class_name, creatable)
+        error = AutomationError(429, text)
+        error.result = result
+        raise error
+    check(result, class_name)
+    return number.raw
+
+
+def create(class_name: str, **properties: Any) -> Any:
+    """A new object of the class: `create("clsRectangle")`, `create("clsRectangle", Xs=10, Ys=20)`.
+
+    The case of the name does not matter, and "Quenzel7.clsRectangle" is good too. Properties are written in the
+    order given. Error 429, naming the nearest, for a class that cannot be created.
+    """
+    number = _class_number(class_name)
+    factory = _Out()
+    check(library().DllGetClassObject(number, _abi.IID_ICLASSFACTORY, ctypes.byref(factory)), class_name)
+    assert factory.value is not None
+    try:
+        made = _Out()
+        make = function_at(factory.value, _abi.CREATE_INSTANCE)
+        check(make(factory, None, _abi.IID_IDISPATCH, ctypes.byref(made)), class_name)
+    finally:
+        release(factory.value)
+    assert made.value is not None
+    plain = class_name[len(_PREFIX) :] if class_name.lower().startswith(_PREFIX.lower()) else class_name
+    spelling = {known.lower(): known for known in types().class_names()}[plain.lower()]
+    proxy = adopt(_classes.python_class(types(), spelling), made.value)
+    for name, value in properties.items():
+        setattr(proxy, name, value)
+    return proxy
+
+
+def _services_pointer() -> int:
+    services = _Out()
+    check(library().Quenzel7GetHostServices(ctypes.byref(services)), "Quenzel7GetHostServices")
+    assert services.value is not None
+    return services.value
+
+
+def host_services() -> Any:
+    """The services of this thread, as the library's object HostServices."""
+    return adopt(_classes.python_class(types(), "HostServices"), _services_pointer())
+
+
+def _describe() -> str:
+    return str(late(_services_pointer()).Describe(""))
+
+
+def _python_class(has_interface: Callable[[str], bool], hint: str) -> Optional[Type[Dispatch]]:
+    name = types().class_of(has_interface, hint)
+    return None if name is None else _classes.python_class(types(), name)
+
+
+fetch_with(_describe)
+classification.python_class = _python_class
+
+
+def class_of_python(class_name: str) -> Type[Dispatch]:
+    """The class of Python that objects of that class have."""
+    return _classes.python_class(types(), class_name)

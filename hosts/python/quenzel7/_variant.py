@@ -1,0 +1,375 @@
+"""Values of Python to and from VARIANT.
+
+`write` puts a value into the 24 bytes of a VARIANT that holds nothing yet, `read` gives what one holds and
+leaves it there, `take` gives it and takes it away, `clear` lets go of it. How objects cross is told by
+`_dispatch` and `_host_objects`, which set `objects.to_pointer` and `objects.from_pointer`.
+
+    int     VT_I4, from 33 bits on VT_I8 (IntEnum alike)    str      VT_BSTR
+    float   VT_R8                                            Decimal  VT_CY, exactly or not at all
+    bool    VT_BOOL                                          None     VT_EMPTY, or no object where one is wanted
+    Null    VT_NULL                                          bytes, list, tuple, CollisionMap: see _safe_array
+    Ref     VT_BYREF, by `write_reference`                   any other: VT_DISPATCH
+"""
+
+from __future__ import annotations
+
+import ctypes
+import struct
+from decimal import Decimal
+from enum import IntEnum
+from typing import Any, Callable, Dict, Optional
+
+from . import _abi, _safe_array
+from ._abi import VT_ARRAY, VT_BYREF, VT_VARIANT
+from ._library import library
+from .arrays import CollisionMap, Null, NullType, Ref
+from .errors import AutomationError
+
+Writer = Callable[[Any, int, Any, str], None]
+
+# The kinds of values that carry the types of the type information.
+KIND_OF_TYPE = {
+    "Boolean": _abi.VT_BOOL, "Byte": _abi.VT_UI1, "Integer": _abi.VT_I2, "Long": _abi.VT_I4,
+    "Single": _abi.VT_R4, "Double": _abi.VT_R8, "Currency": _abi.VT_CY, "String": _abi.VT_BSTR,
+    "Object": _abi.VT_DISPATCH, "Variant": _abi.VT_VARIANT,
+}  # fmt: skip
+# Types whose None is nothing held rather than no object.
+_PLAIN_TYPES = frozenset(KIND_OF_TYPE) - {"Object"} | {""}
+_OWNING = frozenset((_abi.VT_BSTR, _abi.VT_DISPATCH, _abi.VT_UNKNOWN))
+_PACKERS = {
+    kind: struct.Struct(f"<H6x{form}{16 - struct.calcsize('<' + form)}x")
+    for kind, form in _abi.CONTENT_FORMATS.items()
+}
+_CONTENTS = {kind: struct.Struct("<" + form) for kind, form in _abi.CONTENT_FORMATS.items()}
+_KIND = struct.Struct("<H")
+_BARE = struct.Struct("<H22x")
+_POINTER = struct.Struct("<H6xQ8x")
+_ADDRESS = struct.Struct("<Q")
+_CURRENCY_DIGITS = 4
+
+
+class _Objects:
+    """How objects cross: their pointers, counted for whoever gets them."""
+
+    to_pointer: Callable[[Any], int]
+    """The IDispatch of an object of Python; the caller releases it."""
+    from_pointer: Callable[[int, bool, str], Any]
+    """The object of an IDispatch; it takes over the caller's count when told so. Then a class that it may be of."""
+
+
+objects = _Objects()
+
+
+class _MissingType:
+    """What stands for an argument that was left out."""
+
+    def __repr__(self) -> str:
+        return "Missing"
+
+
+Missing = _MissingType()
+
+
+def alloc_text(text: str) -> int:
+    """A BSTR, which the caller frees."""
+    data = _abi.utf16(text)
+    address = library().SysAllocStringByteLen(data, len(data))
+    if not address:
+        raise AutomationError(7)
+    return address
+
+
+def text_at(address: Optional[int]) -> str:
+    """The text of a BSTR; a null one is empty."""
+    if not address:
+        return ""
+    data = ctypes.string_at(address, library().SysStringByteLen(address))
+    return data[: len(data) & ~1].decode("utf-16-le", "surrogatepass")
+
+
+def take_text(address: Optional[int]) -> str:
+    """The text of a BSTR, which is freed."""
+    text = text_at(address)
+    if address:
+        library().SysFreeString(address)
+    return text
+
+
+def currency(value: Decimal) -> int:
+    """The number in units of a ten-thousandth; error 6 when it has more decimals or does not fit."""
+    sign, digits, exponent = value.as_tuple()
+    if not isinstance(exponent, int):
+        raise AutomationError(6, f"{value} is no amount of currency")
+    while exponent < -_CURRENCY_DIGITS and digits and digits[-1] == 0:
+        digits, exponent = digits[:-1], exponent + 1
+    if not any(digits):
+        return 0
+    if exponent < -_CURRENCY_DIGITS:
+        raise AutomationError(6, f"{value} has more than {_CURRENCY_DIGITS} decimals")
+    if value.adjusted() < 19:
+        scaled = int("".join(map(str, digits))) * 10 ** (exponent + _CURRENCY_DIGITS)
+        if sign:
+            scaled = -scaled
+        if -(2**63) <= scaled < 2**63:
+            return scaled
+    raise AutomationError(6, f"{value} does not fit into currency")
+
+
+def _write_int(memory: Any, offset: int, value: int, kind: str) -> None:
+    if -0x80000000 <= value <= 0x7FFFFFFF:
+        _PACKERS[_abi.VT_I4].pack_into(memory, offset, _abi.VT_I4, value)
+    elif -(2**63) <= value < 2**63:
+        _PACKERS[_abi.VT_I8].pack_into(memory, offset, _abi.VT_I8, value)
+    else:
+        raise AutomationError(6, f"{value} does not fit into 64 bits")
+
+
+def _write_bool(memory: Any, offset: int, value: bool, kind: str) -> None:
+    _PACKERS[_abi.VT_BOOL].pack_into(memory, offset, _abi.VT_BOOL, -1 if value else 0)
+
+
+def _write_float(memory: Any, offset: int, value: float, kind: str) -> None:
+    _PACKERS[_abi.VT_R8].pack_into(memory, offset, _abi.VT_R8, value)
+
+
+def _write_text(memory: Any, offset: int, value: str, kind: str) -> None:
+    _POINTER.pack_into(memory, offset, _abi.VT_BSTR, alloc_text(value))
+
+
+def _write_decimal(memory: Any, offset: int, value: Decimal, kind: str) -> None:
+    _PACKERS[_abi.VT_CY].pack_into(memory, offset, _abi.VT_CY, currency(value))
+
+
+def _write_none(memory: Any, offset: int, value: None, kind: str) -> None:
+    nothing = _abi.VT_EMPTY if kind in _PLAIN_TYPES or kind.endswith("()") else _abi.VT_DISPATCH
+    _BARE.pack_into(memory, offset, nothing)
+
+
+def _write_null(memory: Any, offset: int, value: NullType, kind: str) -> None:
+    _BARE.pack_into(memory, offset, _abi.VT_NULL)
+
+
+def _write_missing(memory: Any, offset: int, value: _MissingType, kind: str) -> None:
+    _PACKERS[_abi.VT_ERROR].pack_into(memory, offset, _abi.VT_ERROR, _abi.DISP_E_PARAMNOTFOUND)
+
+
+def _write_array(memory: Any, offset: int, value: Any, kind: str) -> None:
+    cells, array = _safe_array.make(value, kind)
+    _POINTER.pack_into(memory, offset, VT_ARRAY | cells, array)
+
+
+def _write_object(memory: Any, offset: int, value: Any, kind: str) -> None:
+    _POINTER.pack_into(memory, offset, _abi.VT_DISPATCH, objects.to_pointer(value))
+
+
+_WRITERS: Dict[type, Writer] = {
+    int: _write_int,
+    bool: _write_bool,
+    float: _write_float,
+    str: _write_text,
+    Decimal: _write_decimal,
+    type(None): _write_none,
+    NullType: _write_null,
+    _MissingType: _write_missing,
+    bytes: _write_array,
+    bytearray: _write_array,
+    memoryview: _write_array,
+    list: _write_array,
+    tuple: _write_array,
+    CollisionMap: _write_array,
+}
+# For what derives from them; bool stands before int, which it derives from, and is derived from by nothing.
+_BASES = (int, float, str, Decimal, bytes, bytearray, list, tuple, CollisionMap)
+
+
+def _writer_of(value: Any) -> Writer:
+    """The writer of values whose own type is not in the table."""
+    for base in _BASES:
+        if isinstance(value, base):
+            return _WRITERS[base]
+    return _write_object
+
+
+def write(memory: Any, offset: int, value: Any, kind: str = "") -> None:
+    """Writes a value into a VARIANT that holds nothing; `kind` is the declared type of the place, "" when there
+    is none. Whoever called clears it."""
+    (_WRITERS.get(type(value)) or _writer_of(value))(memory, offset, value, kind)
+
+
+def write_at(address: int, value: Any, kind: str = "") -> None:
+    """The same at an address."""
+    write((ctypes.c_char * _abi.VARIANT_SIZE).from_address(address), 0, value, kind)
+
+
+def read(memory: Any, offset: int = 0, hint: str = "") -> Any:
+    """The value that a VARIANT holds. `hint` is the declared type of the place."""
+    (kind,) = _KIND.unpack_from(memory, offset)
+    if kind & VT_BYREF:
+        (address,) = _ADDRESS.unpack_from(memory, offset + 8)
+        return read_reference(kind & ~VT_BYREF, address)
+    if kind & VT_ARRAY:
+        (address,) = _ADDRESS.unpack_from(memory, offset + 8)
+        return _safe_array.read(kind & ~VT_ARRAY, address)
+    return read_content(kind, memory, offset + 8, hint)
+
+
+def read_content(kind: int, memory: Any, offset: int, hint: str = "") -> Any:
+    """The value of a kind that lies, without its kind, at a place."""
+    content = _CONTENTS.get(kind)
+    if content is None:
+        if kind == _abi.VT_EMPTY:
+            return None
+        if kind == _abi.VT_NULL:
+            return Null
+        raise AutomationError(458, f"a value of kind {kind}")
+    (value,) = content.unpack_from(memory, offset)
+    if kind == _abi.VT_BOOL:
+        return value != 0
+    if kind == _abi.VT_CY:
+        return Decimal(value).scaleb(-_CURRENCY_DIGITS)
+    if kind == _abi.VT_BSTR:
+        return text_at(value)
+    if kind in (_abi.VT_DISPATCH, _abi.VT_UNKNOWN):
+        return objects.from_pointer(value, False, hint) if value else None
+    if kind == _abi.VT_ERROR and value == _abi.DISP_E_PARAMNOTFOUND:
+        return Missing
+    return value
+
+
+def read_reference(kind: int, address: int) -> Any:
+    """The value of the place that a VARIANT of VT_BYREF and that kind points to."""
+    if not address:
+        return None
+    if kind == VT_VARIANT:
+        return read(ctypes.string_at(address, _abi.VARIANT_SIZE))
+    if kind & VT_ARRAY:
+        (array,) = _ADDRESS.unpack(ctypes.string_at(address, 8))
+        return _safe_array.read(kind & ~VT_ARRAY, array)
+    if kind not in _CONTENTS:
+        raise AutomationError(458, f"a reference to a value of kind {kind}")
+    return read_content(kind, ctypes.string_at(address, _CONTENTS[kind].size), 0)
+
+
+def owns(kind: int) -> bool:
+    """Whether a VARIANT of that kind holds something to let go of."""
+    return kind in _OWNING or kind & (VT_ARRAY | VT_BYREF) == VT_ARRAY
+
+
+def clear(memory: Any, offset: int = 0) -> None:
+    """Lets go of what a VARIANT holds and makes it empty."""
+    (kind,) = _KIND.unpack_from(memory, offset)
+    if owns(kind):
+        library().VariantClear(ctypes.byref(memory, offset))
+    _BARE.pack_into(memory, offset, _abi.VT_EMPTY)
+
+
+def take(memory: Any, offset: int = 0, hint: str = "") -> Any:
+    """The value that a VARIANT holds, which is empty afterwards."""
+    (kind,) = _KIND.unpack_from(memory, offset)
+    if kind == _abi.VT_DISPATCH:
+        (pointer,) = _ADDRESS.unpack_from(memory, offset + 8)
+        _BARE.pack_into(memory, offset, _abi.VT_EMPTY)
+        return objects.from_pointer(pointer, True, hint) if pointer else None
+    try:
+        return read(memory, offset, hint)
+    finally:
+        clear(memory, offset)
+
+
+def write_reference(memory: Any, offset: int, ref: Ref) -> Any:
+    """Makes a VARIANT that points to a place with the value of `ref`; gives the place, which has to live as long
+    as the VARIANT is used, and is handed to `take_reference` then."""
+    place = ctypes.create_string_buffer(_abi.VARIANT_SIZE)
+    write(place, 0, ref.value, ref.kind)
+    kind, inside = VT_VARIANT, 0
+    if ref.kind and ref.kind != "Variant":
+        try:
+            kind, inside = _convert(place, ref), 8
+        except BaseException:
+            clear(place)
+            raise
+    _POINTER.pack_into(memory, offset, VT_BYREF | kind, ctypes.addressof(place) + inside)
+    return place
+
+
+def _convert(place: Any, ref: Ref) -> int:
+    """Makes the value in a place one of the reference's kind; gives the number of that kind."""
+    wanted = KIND_OF_TYPE.get(ref.kind.rstrip("()"))
+    if wanted is None:
+        raise AutomationError(5, f"there is no kind {ref.kind!r} of references")
+    if ref.kind.endswith("()"):
+        wanted |= VT_ARRAY
+    (kind,) = _KIND.unpack_from(place, 0)
+    if kind == _abi.VT_EMPTY:
+        _BARE.pack_into(place, 0, wanted)
+    elif kind != wanted:
+        _store_number(wanted, place, 0, ref.value)
+    return wanted
+
+
+def _store_number(kind: int, place: Any, offset: int, value: Any) -> None:
+    """Writes a VARIANT that holds a number as one of that kind; errors 13 and 6."""
+    if kind not in _PACKERS or owns(kind) or not isinstance(value, (int, float, Decimal)):
+        raise AutomationError(13, f"{value!r} does not fit a reference to another kind of value")
+    try:
+        content = number_for(kind, value)
+        _PACKERS[kind].pack_into(place, offset, kind, content)
+    except (struct.error, OverflowError, ValueError):
+        raise AutomationError(6, f"{value!r} does not fit the reference") from None
+
+
+def number_for(kind: int, value: Any) -> Any:
+    """The number as the content of a kind; a half is rounded to the even neighbour."""
+    if kind == _abi.VT_CY:
+        return currency(Decimal(value))
+    if kind == _abi.VT_BOOL:
+        return -1 if value else 0
+    return float(value) if kind in (_abi.VT_R4, _abi.VT_R8, _abi.VT_DATE) else round(value)
+
+
+def take_reference(place: Any, ref: Ref) -> None:
+    """Lets `ref` have what the member left in its place."""
+    ref.value = take(place)
+
+
+def store_reference(kind: int, address: int, value: Any) -> None:
+    """Writes a value through a VARIANT of VT_BYREF and that kind, letting go of what was there."""
+    if not address:
+        return
+    fresh = ctypes.create_string_buffer(_abi.VARIANT_SIZE)
+    write(fresh, 0, value)
+    (written,) = _KIND.unpack_from(fresh, 0)
+    try:
+        if kind not in (VT_VARIANT, written):
+            _store_number(kind, fresh, 0, value)
+    except AutomationError:
+        clear(fresh)
+        raise
+    if kind == VT_VARIANT:
+        library().VariantClear(address)
+        ctypes.memmove(address, fresh, _abi.VARIANT_SIZE)
+        return
+    size = 8 if kind & VT_ARRAY else _CONTENTS[kind].size
+    if owns(kind):
+        old = ctypes.create_string_buffer(_abi.VARIANT_SIZE)
+        _POINTER.pack_into(old, 0, kind, _ADDRESS.unpack(ctypes.string_at(address, 8))[0])
+        clear(old)
+    ctypes.memmove(address, ctypes.addressof(fresh) + 8, size)
+
+
+def crosses_as_object(value: Any) -> bool:
+    """Whether a value, None aside, becomes an object in a VARIANT."""
+    return (_WRITERS.get(type(value)) or _writer_of(value)) is _write_object
+
+
+def enumeration_value(enumeration: "type[IntEnum]", value: Any) -> Any:
+    """The member of that value, or the value itself when the enumeration has none."""
+    try:
+        return enumeration(value)
+    except ValueError:
+        return value
+
+
+# What _safe_array needs of single values, given to it rather than imported by it.
+_safe_array.cells_with(write, read, read_content)
+
