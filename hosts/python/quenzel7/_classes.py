@@ -10,7 +10,7 @@ import inspect
 from typing import Any, Dict, List, Type
 
 from . import _abi, _members
-from ._dispatch import Counted, Dispatch, Indexed, Walked, face_of
+from ._dispatch import Counted, Dispatch, Indexed, Walked, attribute_writer, face_of
 from ._types import Member, TypeLibrary
 from .errors import AutomationError
 
@@ -141,7 +141,7 @@ def _make(types: TypeLibrary, class_name: str, interface: str, default: str) -> 
     for member in members:
         _bind(types, owner, member, contents, writers)
     contents["_owner"] = owner
-    contents["_writers"] = writers
+    contents["__setattr__"] = attribute_writer(writers)
     contents["_names"] = {name.lower(): name for name in (*info.interfaces, *writers)}
     contents["_shown"] = tuple(
         name for name in _SHOWN if any(m.name == name and m.get and not m.is_method for m in members)

@@ -32,12 +32,8 @@ class Dispatch:
     _pointer: int
 
     _owner = "object"
-    _writers: Dict[str, Callable[[Any, Any], None]] = {}
     _names: Dict[str, str] = {}
     _shown: Tuple[str, ...] = ()
-
-    def __setattr__(self, name: str, value: Any) -> None:
-        (self._writers.get(name) or self._writers[self._known_name(name)])(self, value)
 
     def __getattr__(self, name: str) -> Any:
         # Comes only for what the class does not have.
@@ -107,6 +103,19 @@ def face_of(proxy: Dispatch, interface: bytes, python_class: Type[Dispatch]) -> 
     if found is None:
         raise result_error(_abi.E_NOINTERFACE, f"{python_class._owner}")
     return adopt(python_class, found)
+
+
+def attribute_writer(writers: Dict[str, Callable[[Any, Any], None]]) -> Callable[[Any, str, Any], None]:
+    """The __setattr__ of a class with these writers by published name."""
+
+    def write_attribute(self: Dispatch, name: str, value: Any) -> None:
+        try:
+            write = writers[name]
+        except KeyError:
+            write = writers[self._known_name(name)]
+        write(self, value)
+
+    return write_attribute
 
 
 class Walked(Dispatch):
