@@ -329,8 +329,8 @@ QUENZEL7_API HRESULT VariantClear(VARIANTARG* value);
 /* `to` is cleared first and gets a copy of its own: texts and arrays are copied, an object counted. */
 QUENZEL7_API HRESULT VariantCopy(VARIANTARG* to, const VARIANTARG* from);
 
-/* Arrays. Dimensions count from 1, bounds are given in their order. Null where there is no room, the cells would
-   take 4 GiB, an upper bound is no number of 32 bits, there are not 1 to 65535 dimensions, or the kind
+/* Arrays. Dimensions count from 1, bounds are given in their order. Null where there is no room, the cells
+   would take 4 GiB, an upper bound is no number of 32 bits, there are not 1 to 65535 dimensions, or the kind
    of cells is none of VT_I2, I4, R4, R8, CY, DATE, BSTR, DISPATCH, ERROR, BOOL, VARIANT, UNKNOWN, I1, UI1,
    UI2, UI4, I8, UI8, INT and UINT. */
 QUENZEL7_API SAFEARRAY* SafeArrayCreate(VARTYPE cells, UINT dimensions, SAFEARRAYBOUND* bounds);
@@ -345,9 +345,9 @@ QUENZEL7_API HRESULT SafeArrayGetUBound(SAFEARRAY* array, UINT dimension, LONG* 
 /* The cells, which stay where they are until SafeArrayUnaccessData. */
 QUENZEL7_API HRESULT SafeArrayAccessData(SAFEARRAY* array, void** cells);
 QUENZEL7_API HRESULT SafeArrayUnaccessData(SAFEARRAY* array);
-/* One cell: a copy of it, and a copy into it. `indices` has the first one first. A text and an object are put by
-   the BSTR or the pointer itself, other cells by a pointer to them; what is got goes to where `cell` points, over
-   whatever is there. */
+/* One cell: a copy of it, and a copy into it. `indices` has the first one first. A text and an object are put
+   by the BSTR or the pointer itself, other cells by a pointer to them; what is got goes to where `cell`
+   points, over whatever is there. */
 QUENZEL7_API HRESULT SafeArrayGetElement(SAFEARRAY* array, LONG* indices, void* cell);
 QUENZEL7_API HRESULT SafeArrayPutElement(SAFEARRAY* array, LONG* indices, void* cell);
 

@@ -12,6 +12,9 @@ extern thread_local int allocationsLeft;
 /// Allocations of the thread of fewer bytes do not count.
 extern thread_local std::size_t smallestCounted;
 
+/// How many more blocks the thread has allocated than it has freed.
+extern thread_local long blocksInUse;
+
 /// Lets one allocation fail after so many of at least a size have succeeded, until it ends.
 class Failing {
  public:

@@ -16,6 +16,7 @@
 #include "tests/server/abi/cell_samples.h"
 #include "tests/support/counted_object.h"
 #include "tests/support/failing_memory.h"
+#include "tests/support/nothing_left.h"
 #include "tests/support/raises.h"
 
 namespace quenzel7::server {
@@ -32,28 +33,32 @@ using automation::VariantKind;
 using test::CellsOf;
 using test::CountedObject;
 using test::Failing;
+using test::NothingLeft;
 
-/// What is asked for values, and what they are made with.
+/// What is asked for values, and what they are made with; one at a time.
 struct Conversion {
+  Conversion() { current = this; }
+  ~Conversion() { current = nullptr; }
+
+  static Conversion* current;
   std::vector<std::pair<int, const void*>> asked;
   SAFEARRAY* array = nullptr;
   HRESULT destroyed = S_OK;
   CountedObject object;
 };
-Conversion* conversion = nullptr;
+Conversion* Conversion::current = nullptr;
 
 class ArrayConversion : public testing::Test {
  protected:
-  ArrayConversion() { conversion = &made_; }
-  ~ArrayConversion() override { conversion = nullptr; }
-
+  const NothingLeft nothingLeft_;
   Conversion made_;
 };
 
 /// Numbers and texts; Null for what is no object; an error for VT_NULL.
 Variant FromValue(const VARIANT& value) {
-  conversion->asked.emplace_back(value.vt, value.value.byref);
-  if (conversion->array != nullptr) conversion->destroyed = SafeArrayDestroy(conversion->array);
+  Conversion::current->asked.emplace_back(value.vt, value.value.byref);
+  if (Conversion::current->array != nullptr)
+    Conversion::current->destroyed = SafeArrayDestroy(Conversion::current->array);
   if (value.vt == VT_I4) return value.value.lVal;
   if (value.vt == VT_BSTR) return FromBstr(value.value.bstrVal);
   if (value.vt == VT_NULL) throw AutomationError(ErrorNumber::InvalidUseOfNull, "no value");
@@ -65,7 +70,7 @@ void ToValue(const Variant& cell, VARIANT& value) {
   EXPECT_EQ(value.vt, VT_EMPTY);
   if (cell.IsNull()) throw AutomationError(ErrorNumber::InvalidUseOfNull, "no value");
   if (const Long* number = cell.If<Long>()) value = test::LongValue(*number);
-  if (cell.If<bool>() != nullptr) value = test::ObjectValue(conversion->object.Dispatch());
+  if (cell.If<bool>() != nullptr) value = test::ObjectValue(Conversion::current->object.Dispatch());
   if (cell.IsText()) {
     value.vt = VT_BSTR;
     value.value.bstrVal = ToBstr(cell.Text());
@@ -316,7 +321,8 @@ TEST_F(ArrayConversion, ArraysWithoutCellsGoBothWays) {
   }
 }
 
-TEST_F(ArrayConversion, WhatIsGivenIsTakenBackTheSame) {
+TEST(ArrayRoundTrip, WhatIsGivenIsTakenBackTheSame) {
+  Conversion made;
   EXPECT_TRUE(
       rc::check("arrays of all kinds", [](Long lower, Long otherLower, const std::vector<Long>& numbers) {
         static constexpr VariantKind kKinds[] = {

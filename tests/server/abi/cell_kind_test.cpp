@@ -3,26 +3,30 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <iterator>
 #include <string>
 
 #include "tests/server/abi/cell_samples.h"
 #include "tests/support/counted_object.h"
 #include "tests/support/failing_memory.h"
+#include "tests/support/nothing_left.h"
 
 namespace quenzel7::server {
 namespace {
 
 using test::CountedObject;
 using test::Failing;
+using test::NothingLeft;
 
 const CellKind& Kind(VARTYPE kind) { return *FindCellKind(kind); }
 
 TEST(CellKind, TheKindsAreThoseOfArraysAndNoOthers) {
+  const NothingLeft nothingLeft;
   unsigned published = 0;
   for (unsigned number = 0; number <= 0xFFFF; ++number) {
     const CellKind* const found = FindCellKind(static_cast<VARTYPE>(number));
-    const auto& kinds = test::PublishedKinds();
-    if (published == kinds.size() || number != kinds[published].kind) {
+    const auto& kinds = test::kPublishedKinds;
+    if (published == std::size(kinds) || number != kinds[published].kind) {
       EXPECT_EQ(found, nullptr) << number;
       continue;
     }
@@ -36,6 +40,7 @@ TEST(CellKind, TheKindsAreThoseOfArraysAndNoOthers) {
 }
 
 TEST(CellKind, FeaturesTellTheCellsThatOwnSomething) {
+  const NothingLeft nothingLeft;
   EXPECT_EQ(FindOwningKind(0), nullptr);
   EXPECT_EQ(FindOwningKind(0xF0FF), nullptr);
   EXPECT_EQ(FindOwningKind(0x0190), FindCellKind(VT_BSTR));
@@ -45,7 +50,8 @@ TEST(CellKind, FeaturesTellTheCellsThatOwnSomething) {
 }
 
 TEST(CellKind, NumbersAreCopiedByTheirBytesAndOwnNothing) {
-  for (const test::PublishedKind& row : test::PublishedKinds()) {
+  const NothingLeft nothingLeft;
+  for (const test::PublishedKind& row : test::kPublishedKinds) {
     if (row.feature != 0) continue;
     SCOPED_TRACE(row.kind);
     const std::string from = "abcdefghij";
@@ -57,6 +63,7 @@ TEST(CellKind, NumbersAreCopiedByTheirBytesAndOwnNothing) {
 }
 
 TEST(CellKind, TextsAreCopiedWithAllTheirBytes) {
+  const NothingLeft nothingLeft;
   BSTR from = SysAllocStringByteLen("a\0\0\0b", 5), to = nullptr;
   EXPECT_EQ(CopyCell(Kind(VT_BSTR), &from, &to), S_OK);
   EXPECT_NE(to, from);
@@ -73,6 +80,7 @@ TEST(CellKind, TextsAreCopiedWithAllTheirBytes) {
 }
 
 TEST(CellKind, ObjectsAreHeldAndLetGo) {
+  const NothingLeft nothingLeft;
   for (const VARTYPE kind : {VT_DISPATCH, VT_UNKNOWN}) {
     SCOPED_TRACE(kind);
     CountedObject object;
@@ -91,6 +99,7 @@ TEST(CellKind, ObjectsAreHeldAndLetGo) {
 }
 
 TEST(CellKind, AVariantIsCopiedIntoRawMemory) {
+  const NothingLeft nothingLeft;
   CountedObject object;
   VARIANT from = test::ObjectValue(object.Dispatch());
   VARIANT to;
@@ -106,6 +115,7 @@ TEST(CellKind, AVariantIsCopiedIntoRawMemory) {
 }
 
 TEST(CellKind, WhatCannotBeCopiedLeavesTheMemoryAsItIs) {
+  const NothingLeft nothingLeft;
   BSTR from = SysAllocStringByteLen("a", 1);
   BSTR to = from;
   {

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "server/quenzel7_automation.h"
 
 namespace quenzel7::test {
@@ -14,14 +11,11 @@ struct PublishedKind {
   USHORT feature;
 };
 
-inline const std::vector<PublishedKind>& PublishedKinds() {
-  static const std::vector<PublishedKind> kKinds = {
-      {2, 2, 0},      {3, 4, 0},  {4, 4, 0},  {5, 8, 0},        {6, 8, 0},       {7, 8, 0},  {8, 8, 0x0100},
-      {9, 8, 0x0400}, {10, 4, 0}, {11, 2, 0}, {12, 24, 0x0800}, {13, 8, 0x0200}, {16, 1, 0}, {17, 1, 0},
-      {18, 2, 0},     {19, 4, 0}, {20, 8, 0}, {21, 8, 0},       {22, 4, 0},      {23, 4, 0},
-  };
-  return kKinds;
-}
+inline constexpr PublishedKind kPublishedKinds[] = {
+    {2, 2, 0},      {3, 4, 0},  {4, 4, 0},  {5, 8, 0},        {6, 8, 0},       {7, 8, 0},  {8, 8, 0x0100},
+    {9, 8, 0x0400}, {10, 4, 0}, {11, 2, 0}, {12, 24, 0x0800}, {13, 8, 0x0200}, {16, 1, 0}, {17, 1, 0},
+    {18, 2, 0},     {19, 4, 0}, {20, 8, 0}, {21, 8, 0},       {22, 4, 0},      {23, 4, 0},
+};
 
 inline VARIANT LongValue(LONG number) {
   VARIANT value = {};

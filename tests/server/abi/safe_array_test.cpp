@@ -12,6 +12,7 @@
 #include "tests/server/abi/cell_samples.h"
 #include "tests/support/counted_object.h"
 #include "tests/support/failing_memory.h"
+#include "tests/support/nothing_left.h"
 
 namespace quenzel7::server {
 namespace {
@@ -21,6 +22,7 @@ using test::CellsOf;
 using test::CountedObject;
 using test::Failing;
 using test::LongValue;
+using test::NothingLeft;
 using test::ObjectValue;
 using test::TextValue;
 
@@ -66,7 +68,8 @@ SAFEARRAY PlainDescriptor(void* cells, ULONG bytes, ULONG count) {
 }
 
 TEST(SafeArray, IsLaidOutAsPublished) {
-  for (const test::PublishedKind& row : test::PublishedKinds()) {
+  const NothingLeft nothingLeft;
+  for (const test::PublishedKind& row : test::kPublishedKinds) {
     SCOPED_TRACE(row.kind);
     SAFEARRAY* const array = Make(row.kind, {{2, 1}, {3, -7}, {4, 0}});
     ASSERT_NE(array, nullptr);
@@ -96,6 +99,7 @@ TEST(SafeArray, IsLaidOutAsPublished) {
 }
 
 TEST(SafeArray, AVectorHasOneDimensionAndIsOfFixedSize) {
+  const NothingLeft nothingLeft;
   SAFEARRAY* const array = SafeArrayCreateVector(VT_BSTR, 5, 3);
   ASSERT_NE(array, nullptr);
   EXPECT_EQ(array->cDims, 1);
@@ -107,6 +111,7 @@ TEST(SafeArray, AVectorHasOneDimensionAndIsOfFixedSize) {
 }
 
 TEST(SafeArray, IsNotMadeOfOtherKindsWithoutBoundsOrDimensions) {
+  const NothingLeft nothingLeft;
   SAFEARRAYBOUND bound = {1, 0};
   for (const int kind : std::vector<int>{VT_EMPTY, VT_NULL, VT_DECIMAL, VT_ARRAY | VT_I4, VT_BYREF | VT_I4})
     EXPECT_EQ(SafeArrayCreate(static_cast<VARTYPE>(kind), 1, &bound), nullptr) << kind;
@@ -115,6 +120,7 @@ TEST(SafeArray, IsNotMadeOfOtherKindsWithoutBoundsOrDimensions) {
 }
 
 TEST(SafeArray, HasUpTo65535Dimensions) {
+  const NothingLeft nothingLeft;
   std::vector<SAFEARRAYBOUND> bounds(65536, SAFEARRAYBOUND{1, 0});
   EXPECT_EQ(SafeArrayCreate(VT_I4, 65536, bounds.data()), nullptr);
   bounds[0] = {2, 9};
@@ -129,6 +135,7 @@ TEST(SafeArray, HasUpTo65535Dimensions) {
 }
 
 TEST(SafeArray, MayHaveNoCells) {
+  const NothingLeft nothingLeft;
   for (const auto& bounds : std::vector<std::vector<SAFEARRAYBOUND>>{
            {{0, 0}}, {{65536, 0}, {65536, 0}, {0, 0}}, {{0, 0}, {65536, 0}, {65536, 0}}}) {
     SAFEARRAY* const array = Make(VT_VARIANT, bounds);
@@ -143,6 +150,7 @@ TEST(SafeArray, MayHaveNoCells) {
 }
 
 TEST(SafeArray, CellsThatTake4GiBAreNotEvenTried) {
+  const NothingLeft nothingLeft;
   const auto tries = [](VARTYPE cells, std::vector<SAFEARRAYBOUND> bounds) {
     const Failing failing(0, 1000);
     EXPECT_EQ(Make(cells, bounds), nullptr);
@@ -159,6 +167,7 @@ TEST(SafeArray, CellsThatTake4GiBAreNotEvenTried) {
 }
 
 TEST(SafeArray, UpperBoundsMustBeNumbersOf32Bits) {
+  const NothingLeft nothingLeft;
   const auto has = [](LONG lower, ULONG count) {
     SAFEARRAY* const array = SafeArrayCreateVector(VT_UI1, lower, count);
     if (array == nullptr) return false;
@@ -180,6 +189,7 @@ TEST(SafeArray, UpperBoundsMustBeNumbersOf32Bits) {
 }
 
 TEST(SafeArray, WithoutRoomNoneIsMade) {
+  const NothingLeft nothingLeft;
   SAFEARRAYBOUND bound = {10, 0};
   for (int after = 0; after < 2; ++after) {
     const Failing failing(after);
@@ -194,6 +204,7 @@ TEST(SafeArray, WithoutRoomNoneIsMade) {
 }
 
 TEST(SafeArray, NullPointersAreRefused) {
+  const NothingLeft nothingLeft;
   SAFEARRAY* const array = SafeArrayCreateVector(VT_I4, 0, 1);
   LONG index = 0, cell = 0;
   VARTYPE kind = 0;
@@ -228,6 +239,7 @@ TEST(SafeArray, NullPointersAreRefused) {
 }
 
 TEST(SafeArray, BoundsAreToldByDimensionFromOne) {
+  const NothingLeft nothingLeft;
   SAFEARRAY* const array = Make(VT_UI1, {{2, 10}, {3, -20}});
   LONG bound = 99;
   EXPECT_EQ(SafeArrayGetLBound(array, 1, &bound), S_OK);
@@ -247,6 +259,7 @@ TEST(SafeArray, BoundsAreToldByDimensionFromOne) {
 }
 
 TEST(SafeArray, StaysWhileSomeoneIsAtItsCells) {
+  const NothingLeft nothingLeft;
   SAFEARRAY* const array = SafeArrayCreateVector(VT_I4, 0, 2);
   void* cells = nullptr;
   EXPECT_EQ(SafeArrayUnaccessData(array), E_UNEXPECTED);
@@ -264,6 +277,7 @@ TEST(SafeArray, StaysWhileSomeoneIsAtItsCells) {
 }
 
 TEST(SafeArray, LocksAreNotCountedBeyondTheirNumber) {
+  const NothingLeft nothingLeft;
   SAFEARRAY* const array = SafeArrayCreateVector(VT_I4, 0, 2);
   array->cLocks = 0xFFFFFFFE;
   void* cells = nullptr;
@@ -277,6 +291,7 @@ TEST(SafeArray, LocksAreNotCountedBeyondTheirNumber) {
 }
 
 TEST(SafeArray, StaysWholeWhileAnArrayInItIsInUse) {
+  const NothingLeft nothingLeft;
   CountedObject object;
   SAFEARRAY* const array = SafeArrayCreateVector(VT_VARIANT, 0, 2);
   SAFEARRAY* const inner = SafeArrayCreateVector(VT_I4, 0, 1);
@@ -292,6 +307,7 @@ TEST(SafeArray, StaysWholeWhileAnArrayInItIsInUse) {
 }
 
 TEST(SafeArray, FreesWhatEachCellOwns) {
+  const NothingLeft nothingLeft;
   for (const VARTYPE kind : {VT_DISPATCH, VT_UNKNOWN}) {
     CountedObject object;
     SAFEARRAY* const array = SafeArrayCreateVector(kind, 0, 3);
@@ -306,6 +322,7 @@ TEST(SafeArray, FreesWhatEachCellOwns) {
 }
 
 TEST(SafeArray, CellsLieWithTheFirstIndexRunningFastest) {
+  const NothingLeft nothingLeft;
   SAFEARRAY* const array = Make(VT_I2, {{2, 10}, {3, -1}, {4, 5}});
   SHORT number = 0;
   for (LONG third = 5; third < 9; ++third) {
@@ -325,6 +342,7 @@ TEST(SafeArray, CellsLieWithTheFirstIndexRunningFastest) {
 }
 
 TEST(SafeArray, IndicesOutsideAreRefused) {
+  const NothingLeft nothingLeft;
   SAFEARRAY* const array = Make(VT_I4, {{2, 10}, {3, -1}});
   const std::vector<std::vector<LONG>> outside = {{9, 0},  {12, 0},     {10, -2},     {10, 2},
                                                   {-1, 0}, {kLeast, 0}, {10, kLeast}, {kMost, kMost}};
@@ -340,7 +358,8 @@ TEST(SafeArray, IndicesOutsideAreRefused) {
 }
 
 TEST(SafeArray, APlainCellIsTakenAndGivenByItsBytes) {
-  for (const test::PublishedKind& row : test::PublishedKinds()) {
+  const NothingLeft nothingLeft;
+  for (const test::PublishedKind& row : test::kPublishedKinds) {
     if (row.feature != 0) continue;
     SCOPED_TRACE(row.kind);
     SAFEARRAY* const array = SafeArrayCreateVector(row.kind, 0, 3);
@@ -357,6 +376,7 @@ TEST(SafeArray, APlainCellIsTakenAndGivenByItsBytes) {
 }
 
 TEST(SafeArray, ATextIsPassedItselfAndCopied) {
+  const NothingLeft nothingLeft;
   SAFEARRAY* const array = SafeArrayCreateVector(VT_BSTR, 0, 1);
   LONG index = 0;
   const BSTR first = Text('a'), second = Text('b');
@@ -378,6 +398,7 @@ TEST(SafeArray, ATextIsPassedItselfAndCopied) {
 }
 
 TEST(SafeArray, AnObjectIsPassedItselfAndHeld) {
+  const NothingLeft nothingLeft;
   for (const VARTYPE kind : {VT_DISPATCH, VT_UNKNOWN}) {
     SCOPED_TRACE(kind);
     CountedObject object, other;
@@ -407,6 +428,7 @@ TEST(SafeArray, AnObjectIsPassedItselfAndHeld) {
 }
 
 TEST(SafeArray, AVariantIsCopiedInAndOut) {
+  const NothingLeft nothingLeft;
   CountedObject object;
   SAFEARRAY* const array = SafeArrayCreateVector(VT_VARIANT, 0, 2);
   LONG index = 1;
@@ -433,6 +455,7 @@ TEST(SafeArray, AVariantIsCopiedInAndOut) {
 }
 
 TEST(SafeArray, WithoutRoomACellStaysAsItIs) {
+  const NothingLeft nothingLeft;
   SAFEARRAY* const array = SafeArrayCreateVector(VT_BSTR, 0, 1);
   LONG index = 0;
   const BSTR text = Text('a'), other = Text('b');
@@ -456,6 +479,7 @@ TEST(SafeArray, WithoutRoomACellStaysAsItIs) {
 }
 
 TEST(SafeArray, CopyHasTheSameBoundsAndCellsOfItsOwn) {
+  const NothingLeft nothingLeft;
   SAFEARRAY* const array = Make(VT_I4, {{2, 10}, {3, -1}});
   for (LONG i = 0; i < 6; ++i) CellsOf<LONG>(array)[i] = i + 100;
   SAFEARRAY* copy = nullptr;
@@ -476,6 +500,7 @@ TEST(SafeArray, CopyHasTheSameBoundsAndCellsOfItsOwn) {
 }
 
 TEST(SafeArray, CopyIsNeitherLockedNorOfFixedSize) {
+  const NothingLeft nothingLeft;
   SAFEARRAY* const array = SafeArrayCreateVector(VT_BSTR, 0, 2);
   CellsOf<BSTR>(array)[0] = Text('a');
   array->cLocks = 1;
@@ -492,6 +517,7 @@ TEST(SafeArray, CopyIsNeitherLockedNorOfFixedSize) {
 }
 
 TEST(SafeArray, CopyHoldsTheObjectsOfItsCells) {
+  const NothingLeft nothingLeft;
   for (const VARTYPE kind : {VT_DISPATCH, VT_UNKNOWN}) {
     CountedObject object;
     SAFEARRAY *const array = SafeArrayCreateVector(kind, 0, 2), *copy = nullptr;
@@ -506,6 +532,7 @@ TEST(SafeArray, CopyHoldsTheObjectsOfItsCells) {
 }
 
 TEST(SafeArray, ACopyThatFailsLeavesNothing) {
+  const NothingLeft nothingLeft;
   CountedObject object;
   SAFEARRAY* const array = SafeArrayCreateVector(VT_VARIANT, 0, 3);
   CellsOf<VARIANT>(array)[0] = ObjectValue(object.Dispatch());
@@ -529,6 +556,7 @@ TEST(SafeArray, ACopyThatFailsLeavesNothing) {
 }
 
 TEST(SafeArray, TheKindOfCellsMayBeToldByTheirFeaturesAlone) {
+  const NothingLeft nothingLeft;
   BSTR texts[] = {Text('a'), nullptr};
   SAFEARRAY array = PlainDescriptor(texts, 8, 2);
   VARTYPE kind = 99;

@@ -6,9 +6,12 @@
 
 #include "server/quenzel7_automation.h"
 #include "tests/support/failing_memory.h"
+#include "tests/support/nothing_left.h"
 
 namespace quenzel7::server {
 namespace {
+
+using test::NothingLeft;
 
 constexpr OLECHAR kWord[] = {'P', 'a', 0xE4, 0xD83D, 0xDE00, 0};
 
@@ -30,6 +33,7 @@ std::string BytesOf(const OLECHAR* text, std::size_t count) {
 }
 
 TEST(StringFunctions, ATextHasTheNumberOfItsBytesBeforeItAndAZeroBehindIt) {
+  const NothingLeft nothingLeft;
   const BSTR text = SysAllocString(kWord);
   ASSERT_NE(text, nullptr);
   EXPECT_NE(text, kWord);
@@ -40,6 +44,7 @@ TEST(StringFunctions, ATextHasTheNumberOfItsBytesBeforeItAndAZeroBehindIt) {
 }
 
 TEST(StringFunctions, CharactersLieAlignedToEightBytes) {
+  const NothingLeft nothingLeft;
   for (const UINT length : {0u, 1u, 2u, 3u, 100u}) {
     const BSTR text = SysAllocStringLen(nullptr, length);
     EXPECT_EQ(reinterpret_cast<std::uintptr_t>(text) % 8, 0u) << length;
@@ -48,6 +53,7 @@ TEST(StringFunctions, CharactersLieAlignedToEightBytes) {
 }
 
 TEST(StringFunctions, AnEmptyTextIsNotANullOne) {
+  const NothingLeft nothingLeft;
   const OLECHAR nothing[] = {0, 'x'};
   const BSTR text = SysAllocString(nothing);
   ASSERT_NE(text, nullptr);
@@ -58,6 +64,7 @@ TEST(StringFunctions, AnEmptyTextIsNotANullOne) {
 }
 
 TEST(StringFunctions, ANullTextIsEmptyAndIsFreedAsSuch) {
+  const NothingLeft nothingLeft;
   EXPECT_EQ(SysAllocString(nullptr), nullptr);
   EXPECT_EQ(SysStringLen(nullptr), 0u);
   EXPECT_EQ(SysStringByteLen(nullptr), 0u);
@@ -65,6 +72,7 @@ TEST(StringFunctions, ANullTextIsEmptyAndIsFreedAsSuch) {
 }
 
 TEST(StringFunctions, TheFirstCharactersAreTakenZerosIncluded) {
+  const NothingLeft nothingLeft;
   const OLECHAR characters[] = {'a', 0, 'b', 'c', 'd'};
   const BSTR text = SysAllocStringLen(characters, 3);
   EXPECT_EQ(NumberBefore(text), 6u);
@@ -73,6 +81,7 @@ TEST(StringFunctions, TheFirstCharactersAreTakenZerosIncluded) {
 }
 
 TEST(StringFunctions, WithoutCharactersThereAreSoManyZeros) {
+  const NothingLeft nothingLeft;
   // What is freed before has other bytes than zeros, so that zeros must have been written.
   SysFreeString(SysAllocStringByteLen(std::string(14, '\xFF').c_str(), 14));
   EXPECT_EQ(BytesAndEndOf(SysAllocStringLen(nullptr, 7)), std::string(16, '\0'));
@@ -81,6 +90,7 @@ TEST(StringFunctions, WithoutCharactersThereAreSoManyZeros) {
 }
 
 TEST(StringFunctions, AnOddNumberOfBytesIsKeptAndHasTwoZerosBehindIt) {
+  const NothingLeft nothingLeft;
   SysFreeString(SysAllocStringByteLen(std::string(8, '\xFF').c_str(), 8));
   const BSTR text = SysAllocStringByteLen("\x01\x02\x03\x04\x05", 5);
   EXPECT_EQ(NumberBefore(text), 5u);
@@ -90,6 +100,7 @@ TEST(StringFunctions, AnOddNumberOfBytesIsKeptAndHasTwoZerosBehindIt) {
 }
 
 TEST(StringFunctions, WithoutRoomThereIsNoText) {
+  const NothingLeft nothingLeft;
   const auto fails = [](auto make) {
     const test::Failing failing(0);
     return make() == nullptr && test::allocationsLeft == -1;
@@ -100,6 +111,7 @@ TEST(StringFunctions, WithoutRoomThereIsNoText) {
 }
 
 TEST(StringFunctions, BytesThatTheirNumberCannotTellAreNotEvenTried) {
+  const NothingLeft nothingLeft;
   const auto tries = [](UINT characters) {
     const test::Failing failing(0);
     EXPECT_EQ(SysAllocStringLen(nullptr, characters), nullptr);

@@ -10,6 +10,7 @@
 #include "tests/server/abi/cell_samples.h"
 #include "tests/support/counted_object.h"
 #include "tests/support/failing_memory.h"
+#include "tests/support/nothing_left.h"
 
 namespace quenzel7::server {
 namespace {
@@ -19,6 +20,7 @@ using test::CellsOf;
 using test::CountedObject;
 using test::Failing;
 using test::LongValue;
+using test::NothingLeft;
 using test::ObjectValue;
 using test::TextValue;
 
@@ -50,8 +52,9 @@ struct Nested {
 };
 
 TEST(VariantFunctions, KindsAreValuesArraysAndWhatPointersLeadTo) {
+  const NothingLeft nothingLeft;
   std::set<int> known = {VT_EMPTY, VT_NULL, VT_DECIMAL, VT_BYREF | VT_DECIMAL};
-  for (const test::PublishedKind& row : test::PublishedKinds()) {
+  for (const test::PublishedKind& row : test::kPublishedKinds) {
     if (row.kind != VT_VARIANT) known.insert(row.kind);
     known.insert({VT_ARRAY | row.kind, VT_BYREF | row.kind, VT_BYREF | VT_ARRAY | row.kind});
   }
@@ -61,6 +64,7 @@ TEST(VariantFunctions, KindsAreValuesArraysAndWhatPointersLeadTo) {
 }
 
 TEST(VariantFunctions, InitMakesAnyMemoryEmpty) {
+  const NothingLeft nothingLeft;
   VARIANT value;
   std::memset(&value, 0xFF, sizeof value);
   VariantInit(&value);
@@ -73,6 +77,7 @@ TEST(VariantFunctions, InitMakesAnyMemoryEmpty) {
 }
 
 TEST(VariantFunctions, NullPointersAreRefused) {
+  const NothingLeft nothingLeft;
   VARIANT value = LongValue(3);
   EXPECT_EQ(VariantClear(nullptr), E_INVALIDARG);
   EXPECT_EQ(VariantCopy(nullptr, &value), E_INVALIDARG);
@@ -81,6 +86,7 @@ TEST(VariantFunctions, NullPointersAreRefused) {
 }
 
 TEST(VariantFunctions, ClearMakesAValueEmpty) {
+  const NothingLeft nothingLeft;
   VARIANT value = LongValue(3);
   EXPECT_EQ(VariantClear(&value), S_OK);
   EXPECT_EQ(value.vt, VT_EMPTY);
@@ -95,6 +101,7 @@ TEST(VariantFunctions, ClearMakesAValueEmpty) {
 }
 
 TEST(VariantFunctions, ClearFreesWhatTheValueOwns) {
+  const NothingLeft nothingLeft;
   VARIANT text = TextValue('t');
   EXPECT_EQ(VariantClear(&text), S_OK);
   EXPECT_EQ(text.value.bstrVal, nullptr);
@@ -116,6 +123,7 @@ TEST(VariantFunctions, ClearFreesWhatTheValueOwns) {
 }
 
 TEST(VariantFunctions, AnObjectThatGoesFindsTheValueEmpty) {
+  const NothingLeft nothingLeft;
   CountedObject object;
   VARIANT value = ObjectValue(object.Dispatch());
   VARTYPE found = VT_DISPATCH;
@@ -125,6 +133,7 @@ TEST(VariantFunctions, AnObjectThatGoesFindsTheValueEmpty) {
 }
 
 TEST(VariantFunctions, WhatAPointerLeadsToIsOnlyForgotten) {
+  const NothingLeft nothingLeft;
   CountedObject object;
   IDispatch* place = ObjectValue(object.Dispatch()).value.pdispVal;
   VARIANT value = OfKind(VT_BYREF | VT_DISPATCH);
@@ -143,6 +152,7 @@ TEST(VariantFunctions, WhatAPointerLeadsToIsOnlyForgotten) {
 }
 
 TEST(VariantFunctions, AnArrayInUseIsKept) {
+  const NothingLeft nothingLeft;
   Nested nested;
   SAFEARRAY* const array = nested.value.value.parray;
   void* cells = nullptr;
@@ -160,6 +170,7 @@ TEST(VariantFunctions, AnArrayInUseIsKept) {
 }
 
 TEST(VariantFunctions, AValueOfNoKindIsKept) {
+  const NothingLeft nothingLeft;
   for (const int kind :
        std::vector<int>{12, 15, 24, 36, VT_ARRAY, VT_ARRAY | VT_DECIMAL, VT_BYREF, VT_BYREF | VT_NULL}) {
     SCOPED_TRACE(kind);
@@ -177,6 +188,7 @@ TEST(VariantFunctions, AValueOfNoKindIsKept) {
 }
 
 TEST(VariantFunctions, CopyTakesAllOfAValueThatOwnsNothing) {
+  const NothingLeft nothingLeft;
   VARIANT from, to;
   std::memset(&from, 0x5A, sizeof from);
   for (const int kind : std::vector<int>{VT_EMPTY, VT_NULL, VT_I2, VT_R8, VT_DECIMAL, VT_UINT,
@@ -189,6 +201,7 @@ TEST(VariantFunctions, CopyTakesAllOfAValueThatOwnsNothing) {
 }
 
 TEST(VariantFunctions, CopyOwnsATextAndAnArrayOfItsOwn) {
+  const NothingLeft nothingLeft;
   VARIANT text = TextValue('t'), to = TextValue('u');
   EXPECT_EQ(VariantCopy(&to, &text), S_OK);
   EXPECT_EQ(to.vt, VT_BSTR);
@@ -206,6 +219,7 @@ TEST(VariantFunctions, CopyOwnsATextAndAnArrayOfItsOwn) {
 }
 
 TEST(VariantFunctions, CopyOfNoTextNoObjectAndNoArrayIsNone) {
+  const NothingLeft nothingLeft;
   for (const int kind : std::vector<int>{VT_BSTR, VT_DISPATCH, VT_UNKNOWN, VT_ARRAY | VT_BSTR}) {
     const VARIANT from = OfKind(kind);
     VARIANT to = LongValue(3);
@@ -216,6 +230,7 @@ TEST(VariantFunctions, CopyOfNoTextNoObjectAndNoArrayIsNone) {
 }
 
 TEST(VariantFunctions, CopyHoldsTheObjectAndLetsGoWhatWasThere) {
+  const NothingLeft nothingLeft;
   CountedObject object, other;
   VARIANT from = ObjectValue(object.Dispatch()), to = ObjectValue(other.Dispatch());
   EXPECT_EQ(VariantCopy(&to, &from), S_OK);
@@ -227,6 +242,7 @@ TEST(VariantFunctions, CopyHoldsTheObjectAndLetsGoWhatWasThere) {
 }
 
 TEST(VariantFunctions, CopyOntoItselfChangesNothing) {
+  const NothingLeft nothingLeft;
   CountedObject object;
   VARIANT value = ObjectValue(object.Dispatch());
   object.onRelease = [] { FAIL(); };
@@ -245,6 +261,7 @@ TEST(VariantFunctions, CopyOntoItselfChangesNothing) {
 }
 
 TEST(VariantFunctions, AValueCanTakeThePlaceOfTheArrayThatHeldIt) {
+  const NothingLeft nothingLeft;
   Nested nested;
   EXPECT_EQ(VariantCopy(&nested.value, &nested.Cells()[0]), S_OK);
   EXPECT_EQ(nested.value.vt, VT_BSTR);
@@ -253,6 +270,7 @@ TEST(VariantFunctions, AValueCanTakeThePlaceOfTheArrayThatHeldIt) {
 }
 
 TEST(VariantFunctions, WhatCannotBeClearedIsKeptAndTheCopyFreed) {
+  const NothingLeft nothingLeft;
   CountedObject object;
   VARIANT from = ObjectValue(object.Dispatch());
   Nested nested;
@@ -268,6 +286,7 @@ TEST(VariantFunctions, WhatCannotBeClearedIsKeptAndTheCopyFreed) {
 }
 
 TEST(VariantFunctions, WithoutRoomNothingIsCopied) {
+  const NothingLeft nothingLeft;
   VARIANT text = TextValue('t'), to = TextValue('u');
   Nested nested;
   {
