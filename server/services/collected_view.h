@@ -1,34 +1,26 @@
 #pragma once
 
 #include <iostream>
-#include <memory>
-#include <utility>
 
 #include "platform/automation/member.h"
-#include "platform/automation/object.h"
 #include "platform/automation/types.h"
+#include "server/services/service_view.h"
 
 namespace quenzel7::server {
 
-/// What hosts see of an embedded service that collects what it is told. It is the service of the time when
-/// the view was asked for.
+/// What hosts see of an embedded service that collects what it is told.
 template <class Collecting>
-class CollectedView : public automation::Object {
+class CollectedView : public ServiceView<Collecting> {
  public:
   using Embedded = Collecting;
 
-  explicit CollectedView(std::shared_ptr<Collecting> service) : service_(std::move(service)) {}
-
-  const std::shared_ptr<Collecting>& Service() const { return service_; }
+  using ServiceView<Collecting>::ServiceView;
 
   /// Forgets what was collected.
-  void Clear() { service_->Clear(); }
+  void Clear() { this->Service()->Clear(); }
   /// Whether all that comes is printed as a line too; on standard error, when that is switched on here.
-  bool Printed() const { return service_->IsPrinted(); }
-  void Printed(bool printed) { service_->Output(printed ? &std::cerr : nullptr); }
-
- private:
-  std::shared_ptr<Collecting> service_;
+  bool Printed() const { return this->Service()->IsPrinted(); }
+  void Printed(bool printed) { this->Service()->Output(printed ? &std::cerr : nullptr); }
 };
 
 /// The same of one that asks the user.

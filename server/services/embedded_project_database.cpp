@@ -41,20 +41,20 @@ ProjectMode ModeOf(Long mode) {
 const automation::ClassInfo& EmbeddedProjectDatabase::ClassOf() { return ServiceClass<View>(kMembers); }
 
 ado::ConnectionRef EmbeddedProjectDatabase::Open(const std::string& path, Long mode) {
-  service_->Hold(corvane1::OpenProject(path, ModeOf(mode)));
-  return service_->Held();
+  Service()->Hold(corvane1::OpenProject(path, ModeOf(mode)));
+  return Service()->Held();
 }
 
 void EmbeddedProjectDatabase::Close() {
-  const ado::ConnectionRef connection = service_->Held();
+  const ado::ConnectionRef connection = Service()->Held();
   if (!connection) return;
-  service_->Hold(nullptr);
+  Service()->Hold(nullptr);
   connection->Close();
 }
 
 ado::ConnectionRef EmbeddedProjectDatabase::OpenConnection() const {
-  if (!service_->Held()) throw AutomationError(ErrorNumber::ObjectNotSet, "no project is open");
-  return service_->Held();
+  if (!Service()->Held()) throw AutomationError(ErrorNumber::ObjectNotSet, "no project is open");
+  return Service()->Held();
 }
 
 std::string EmbeddedProjectDatabase::Path() const { return corvane1::FolderOf(OpenConnection()->FilePath()); }

@@ -1,28 +1,25 @@
 #pragma once
 
-#include <memory>
 #include <string>
-#include <utility>
 
 #include "platform/ado/connection.h"
 #include "platform/automation/class_info.h"
 #include "platform/corvane1/project_database.h"
+#include "server/services/service_view.h"
 
 namespace quenzel7::server {
 
 /// The embedded holder of the open project: opens project files and closes them. What it tells is what it
 /// holds itself, also while a host's own database is in use.
-class EmbeddedProjectDatabase final : public automation::Object {
+class EmbeddedProjectDatabase final : public ServiceView<corvane1::HeldProjectDatabase> {
  public:
   using Embedded = corvane1::HeldProjectDatabase;
 
   static constexpr std::string_view kClassName = "EmbeddedProjectDatabase";
 
-  explicit EmbeddedProjectDatabase(std::shared_ptr<Embedded> service) : service_(std::move(service)) {}
+  using ServiceView::ServiceView;
   static const automation::ClassInfo& ClassOf();
   const automation::ClassInfo& Class() const override { return ClassOf(); }
-
-  const std::shared_ptr<Embedded>& Service() const { return service_; }
 
   /// Opens a project file and holds its connection. `mode` is 0 for a file that has to be there, 1 for one
   /// that is made when it is not, 2 for one that has to be there and is only read. A connection that was held
@@ -36,9 +33,6 @@ class EmbeddedProjectDatabase final : public automation::Object {
   /// The folder of the project's file, without a separator at its end; empty for a project that is in no
   /// file. Error 91 when no project is open.
   std::string Path() const;
-
- private:
-  std::shared_ptr<Embedded> service_;
 };
 
 }  // namespace quenzel7::server

@@ -11,7 +11,7 @@ class KeptView {
  public:
   /// The view of the service.
   template <class Service>
-  std::shared_ptr<View> Of(const std::shared_ptr<Service>& service) {
+  std::shared_ptr<View> Of(const Service& service) {
     if (!view_ || view_->Service() != service) view_ = std::make_shared<View>(service);
     return view_;
   }

@@ -6,9 +6,11 @@ namespace quenzel7::server {
 
 std::span<const automation::ClassInfo* const> ServiceClasses() {
   static const automation::ClassInfo* const classes[] = {
-      &HostServices::ClassOf(),
-      &EmbeddedMessageBoxes::ClassOf(),
-      &EmbeddedProjectDatabase::ClassOf(),
+      &HostServices::ClassOf(),     &EmbeddedMessageBoxes::ClassOf(),    &EmbeddedMessages::ClassOf(),
+      &EmbeddedErrorLog::ClassOf(), &EmbeddedProjectDatabase::ClassOf(), &EmbeddedChanges::ClassOf(),
+      &EmbeddedFrame::ClassOf(),    &EmbeddedSettings::ClassOf(),        &PanelColors::ClassOf(),
+      &PanelFonts::ClassOf(),       &ProjectStrings::ClassOf(),          &PanelList::ClassOf(),
+      &CallRecorder::ClassOf(),
   };
   return classes;
 }

@@ -18,6 +18,10 @@ using automation::PutByName;
 using automation::To;
 using automation::Variant;
 
+constexpr const char* kServices[] = {"MessageBoxes", "Messages", "ErrorLog", "ProjectDatabase",
+                                     "Changes",      "Frame",    "Settings", "Colors",
+                                     "Fonts",        "Strings",  "Panels"};
+
 /// What a host of the library's own language may put in use.
 class OwnMessageBoxes final : public corvane1::MessageBoxes {
  public:
@@ -39,13 +43,42 @@ TEST_F(HostServicesTest, CannotBeCreatedByItsNumber) {
   EXPECT_EQ(HostServices::ClassOf().Default().Name(), "HostServices");
 }
 
+TEST_F(HostServicesTest, HasTheseMembers) {
+  EXPECT_EQ(SlotsOf(HostServices::ClassOf()),
+            "get MessageBoxes() As Object\n"
+            "putref MessageBoxes(Object)\n"
+            "get Messages() As Object\n"
+            "putref Messages(Object)\n"
+            "get ErrorLog() As Object\n"
+            "putref ErrorLog(Object)\n"
+            "get ProjectDatabase() As Object\n"
+            "putref ProjectDatabase(Object)\n"
+            "get Changes() As EmbeddedChanges\n"
+            "get Frame() As EmbeddedFrame\n"
+            "get Settings() As EmbeddedSettings\n"
+            "get Colors() As PanelColors\n"
+            "get Fonts() As PanelFonts\n"
+            "get Strings() As ProjectStrings\n"
+            "get Panels() As PanelList\n"
+            "get Recorder() As CallRecorder\n"
+            "get Page() As Long\n"
+            "put Page(Long)\n"
+            "get ChosenFile() As String\n"
+            "put ChosenFile(String)\n"
+            "call NewCollection() As Collection\n"
+            "call NewPropertyBag() As PropertyBag\n"
+            "call NewOperand() As Operand\n"
+            "call Describe([String]) As String\n"
+            "call Reset()\n");
+}
+
 TEST_F(HostServicesTest, DescribesByTheFunctionThatItWasGiven) {
   EXPECT_EQ(Listed(InvokeByName(*services_, "Describe", {"clsRectangle"})), "about \"clsRectangle\"");
   EXPECT_EQ(Listed(InvokeByName(*services_, "Describe")), "about \"\"");
 }
 
 TEST_F(HostServicesTest, GivesTheSameViewWhileTheServiceIsTheSame) {
-  for (const char* const name : {"MessageBoxes", "ProjectDatabase"}) {
+  for (const char* const name : kServices) {
     const ObjectRef view = Service(name);
     EXPECT_EQ(Service(name), view) << name;
     Renew();
@@ -126,6 +159,113 @@ TEST_F(HostServicesTest, AServiceOfAHostInTheLibrarysLanguageHasNoView) {
   };
   Platform::Current().projectDatabase = std::make_shared<OwnDatabase>();
   EXPECT_RAISES(91, "project database: the embedded service is not in use", Service("ProjectDatabase"));
+}
+
+TEST_F(HostServicesTest, MessagesAndErrorsGoToAHostsOwnObjectsToo) {
+  Platform& platform = Platform::Current();
+  Variant argument = "a";
+  platform.messageService->ShowMessage(77, argument);
+  platform.errorLog->Report({"before", 1});
+  const auto messages = NewHostObject(), log = NewHostObject();
+  messages->Giving("call ShowMessage", Long{7});
+  log->Giving("call Report", Variant());
+  Supply("Messages", messages);
+  Supply("ErrorLog", log);
+  EXPECT_EQ(Service("Messages"), messages);
+  EXPECT_EQ(Service("ErrorLog"), log);
+  EXPECT_EQ(platform.messageService->ShowMessage(78, argument), 7);
+  platform.errorLog->Report({"now", 2});
+  EXPECT_EQ(messages->calls.size(), 1u);
+  EXPECT_EQ(log->calls.size(), 1u);
+  Supply("Messages", nullptr);
+  Supply("ErrorLog", nullptr);
+  EXPECT_EQ(Told("Messages", "Shown"), "((77, message 77: a))");
+  EXPECT_EQ(Told("ErrorLog", "Reports"), "((before, 1, , , , , 0))");
+}
+
+TEST_F(HostServicesTest, EachServiceSaysThatTheEmbeddedOneIsNotInUse) {
+  class OwnMessages final : public corvane1::MessageService {
+    Long ShowMessage(Long, Variant&) override { return 0; }
+  };
+  class OwnLog final : public corvane1::ErrorLog {
+    void Report(const corvane1::ErrorReport&) override {}
+  };
+  Platform::Current().messageService = std::make_shared<OwnMessages>();
+  Platform::Current().errorLog = std::make_shared<OwnLog>();
+  EXPECT_RAISES(91, "messages: the embedded service is not in use", Service("Messages"));
+  EXPECT_RAISES(91, "error log: the embedded service is not in use", Service("ErrorLog"));
+  Supply("Messages", nullptr);
+  Supply("ErrorLog", nullptr);
+  EXPECT_EQ(Told("Messages", "Shown"), "()");
+  EXPECT_EQ(Told("ErrorLog", "Reports"), "()");
+}
+
+TEST_F(HostServicesTest, OpensAPage) {
+  EXPECT_EQ(Listed(GetByName(*services_, "Page")), "0");
+  PutByName(*services_, "Page", Long{7});
+  EXPECT_EQ(Listed(GetByName(*services_, "Page")), "7");
+  EXPECT_EQ(Platform::Current().globalValues->Value(corvane1::kOpenPageValue), 7);
+}
+
+TEST_F(HostServicesTest, AHostsOwnGlobalValuesTellThePageOnly) {
+  class OwnValues final : public corvane1::GlobalValues {
+    Long Value(Long number) override { return number * 10; }
+  };
+  Platform::Current().globalValues = std::make_shared<OwnValues>();
+  EXPECT_EQ(Listed(GetByName(*services_, "Page")), "250");
+  EXPECT_RAISES(91, "global values: the embedded service is not in use",
+                PutByName(*services_, "Page", Long{7}));
+}
+
+TEST_F(HostServicesTest, PreparesTheFileThatIsChosenNext) {
+  const auto chooser = Platform::Current().fileChooser;
+  EXPECT_EQ(Listed(GetByName(*services_, "ChosenFile")), "");
+  PutByName(*services_, "ChosenFile", "a.bmp");
+  PutByName(*services_, "ChosenFile", "b.bmp");
+  EXPECT_EQ(Listed(GetByName(*services_, "ChosenFile")), "b.bmp");
+  EXPECT_EQ(chooser->Choose({}), "b.bmp");
+  EXPECT_EQ(Listed(GetByName(*services_, "ChosenFile")), "");
+  EXPECT_EQ(chooser->Choose({}), "");
+  PutByName(*services_, "ChosenFile", "c.bmp");
+  PutByName(*services_, "ChosenFile", "");
+  PutByName(*services_, "ChosenFile", "d.bmp");
+  EXPECT_EQ(chooser->Choose({}), "d.bmp");
+}
+
+TEST_F(HostServicesTest, AnEmptyChoiceLeavesNoneForLater) {
+  PutByName(*services_, "ChosenFile", "");
+  std::dynamic_pointer_cast<loomis2::PreparedFileChooser>(Platform::Current().fileChooser)->Prepare("a.bmp");
+  EXPECT_EQ(Listed(GetByName(*services_, "ChosenFile")), "a.bmp");
+}
+
+TEST_F(HostServicesTest, AHostsOwnFileChooserIsNotPrepared) {
+  class OwnChooser final : public loomis2::FileChooser {
+    std::string Choose(const std::vector<loomis2::FileType>&) override { return {}; }
+  };
+  Platform::Current().fileChooser = std::make_shared<OwnChooser>();
+  constexpr const char* kText = "file chooser: the embedded service is not in use";
+  EXPECT_RAISES(91, kText, GetByName(*services_, "ChosenFile"));
+  EXPECT_RAISES(91, kText, PutByName(*services_, "ChosenFile", "a.bmp"));
+}
+
+TEST_F(HostServicesTest, MakesObjectsThatMembersTake) {
+  for (const char* const name : {"Collection", "PropertyBag", "Operand"}) {
+    const auto make = [&] { return To<ObjectRef>(InvokeByName(*services_, std::string("New") + name)); };
+    const ObjectRef made = make();
+    EXPECT_EQ(made->Class().name, name);
+    EXPECT_NE(make(), made);
+  }
+}
+
+TEST_F(HostServicesTest, ANewOperandIsOneOfTheThreadsProject) {
+  const test::TemporaryFolder folder;
+  InvokeByName(*Service("ProjectDatabase"), "Open", {folder.File("plant.qz7")});
+  const ObjectRef operand = To<ObjectRef>(InvokeByName(*services_, "NewOperand"));
+  PutByName(*operand, "OperandType", Long{1});
+  PutByName(*operand, "OperandAddress", Long{5});
+  EXPECT_EQ(Listed(GetByName(*operand, "IsDefined")), "False");
+  InvokeByName(*operand, "AddToProject");
+  EXPECT_TRUE(Platform::Current().operands->IsDefined({1, 5, 0}));
 }
 
 TEST_F(HostServicesTest, OnlyAnObjectCanTakeThePlaceOfAService) {
@@ -210,7 +350,15 @@ TEST_F(HostServicesTest, ResetMakesTheServicesOfTheThreadAnew) {
       To<ObjectRef>(InvokeByName(*Service("ProjectDatabase"), "Open", {folder.File("plant.qz7")}));
   Supply("MessageBoxes", NewHostObject());
   Supply("ProjectDatabase", NewHostObject());
+  std::vector<std::weak_ptr<automation::Object>> views;
+  for (const char* const name : kServices) {
+    if (std::string_view(name) != "MessageBoxes" && std::string_view(name) != "ProjectDatabase")
+      views.push_back(Service(name));
+  }
+  const ObjectRef recorder = Service("Recorder");
   InvokeByName(*services_, "Reset");
+  for (const auto& old : views) EXPECT_TRUE(old.expired());
+  EXPECT_EQ(Service("Recorder"), recorder);
   EXPECT_NE(Service("MessageBoxes"), view);
   EXPECT_EQ(Told("MessageBoxes", "Shown"), "()");
   EXPECT_EQ(Platform::Current().projectDatabase, Platform::Current().heldProject);
