@@ -157,8 +157,9 @@ class ExposedObject(Exposed):
 
     def numbers_of_parameters(self, number: int, names: List[str]) -> List[int]:
         """The places of a method's parameters, DISPID_UNKNOWN for those that it does not have."""
-        function = getattr(self.target, self._names[number], None) if number in self._names else None
-        folded = [parameter.lower() for parameter in _parameters(function)]
+        if not names or number not in self._names:
+            return [_abi.DISPID_UNKNOWN] * len(names)
+        folded = [parameter.lower() for parameter in _parameters(getattr(self.target, self._names[number]))]
         return [folded.index(name.lower()) if name.lower() in folded else _abi.DISPID_UNKNOWN for name in names]
 
     def _is_iterable(self) -> bool:

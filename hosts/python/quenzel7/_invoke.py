@@ -9,7 +9,7 @@ from typing import Any, Callable, List, Optional, Sequence, Tuple
 
 from . import _abi, _variant
 from ._abi import VARIANT_SIZE
-from ._frames import Frame, fail, give_back, take_frame
+from ._frames import Frame, fail, give_back, take_frame, thread
 from ._pointers import IID_NULL_ARGUMENT
 from .arrays import Ref
 
@@ -58,6 +58,8 @@ def call(
     parameters = [place for place, _ in named] + list(range(len(positional) - 1, -1, -1))
     frame = take_frame(count)
     places: List[Tuple[Ref, Any]] = []
+    # What was raised before cannot be the cause of what this call may raise.
+    thread.raised = None
     try:
         frame.set_count(count, len(named))
         for place, (parameter, _) in enumerate(named):

@@ -13,7 +13,7 @@ from typing import Any
 FOLDER = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(FOLDER))
 
-from quenzel7 import _classes, _dispatch, _host_objects, _invoke, _types  # noqa: E402
+from quenzel7 import _classes, _dispatch, _frames, _host_objects, _invoke, _types  # noqa: E402
 from quenzel7.errors import AutomationError  # noqa: E402
 
 PROBE_MEMBERS = [
@@ -118,6 +118,8 @@ class Case(unittest.TestCase):
         self._exposed = _host_objects.exposed_count()
 
     def tearDown(self) -> None:
+        # The last exception keeps what it went through.
+        _frames.thread.raised = None
         gc.collect()
         self.assertEqual(_host_objects.exposed_count(), self._exposed, "objects are still held")
 
