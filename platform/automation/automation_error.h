@@ -39,6 +39,8 @@ enum class ErrorNumber : Long {
   ArgumentNotOptional = 449,
   WrongNumberOfArguments = 450,
   KeyAlreadyInCollection = 457,
+  /// A value is of a kind that the binary interface knows and this library does not.
+  UnsupportedKind = 458,
   /// What should be a picture is none that can be read.
   InvalidPicture = 481,
   /// A recordset was moved or changed where it has no current row.

@@ -49,6 +49,8 @@ struct TypeInfo {
   const EnumInfo* enumeration = nullptr;
   /// The kind of variant that carries the type.
   VariantKind kind = VariantKind::Empty;
+  /// The kind of the cells when the type is an array.
+  VariantKind cells = VariantKind::Empty;
 };
 
 /// One argument of a method.

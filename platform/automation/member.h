@@ -38,11 +38,11 @@ constexpr TypeInfo TypeOf() {
   } else if constexpr (std::is_same_v<T, std::string>) {
     return {"String", nullptr, VariantKind::String};
   } else if constexpr (std::is_same_v<T, std::vector<Byte>>) {
-    return {"Byte()", nullptr, VariantKind::Array};
+    return {"Byte()", nullptr, VariantKind::Array, VariantKind::Byte};
   } else if constexpr (std::is_same_v<T, std::vector<Long>>) {
-    return {"Long()", nullptr, VariantKind::Array};
+    return {"Long()", nullptr, VariantKind::Array, VariantKind::Long};
   } else if constexpr (std::is_same_v<T, std::vector<std::string>>) {
-    return {"String()", nullptr, VariantKind::Array};
+    return {"String()", nullptr, VariantKind::Array, VariantKind::String};
   } else if constexpr (std::is_same_v<T, Variant>) {
     return {"Variant", nullptr, VariantKind::Variant};
   } else if constexpr (std::is_enum_v<T>) {

@@ -1,0 +1,108 @@
+// What the shared library exports beside texts, values, arrays and surfaces.
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/automation/automation_error.h"
+#include "server/abi/bstr.h"
+#include "server/apartment.h"
+#include "server/class_factory.h"
+#include "server/live_objects.h"
+#include "server/quenzel7_automation.h"
+#include "server/registration/registration.h"
+#include "server/registration/this_library.h"
+#include "server/stub.h"
+#include "server/surface/last_error.h"
+#include "server/types/class_table.h"
+#include "server/types/identifiers.h"
+
+namespace quenzel7::server {
+namespace {
+
+constexpr std::string_view kProgrammaticPrefix = "Quenzel7.";
+
+/// The class that hosts can create under a programmatic name, or nullptr.
+const automation::ClassInfo* CreatableOfName(const std::string& name) {
+  const std::string_view prefix = std::string_view(name).substr(0, kProgrammaticPrefix.size());
+  if (!automation::EqualFolded(prefix, kProgrammaticPrefix)) return nullptr;
+  return FindCreatable(std::string_view(name).substr(kProgrammaticPrefix.size()));
+}
+
+const automation::Interface* InterfaceOfName(const std::string& name) {
+  for (const automation::ClassInfo* published : PublishedClasses()) {
+    if (const automation::Interface* found = published->FindInterface(name)) return found;
+  }
+  return nullptr;
+}
+
+std::vector<RegisteredClass> ClassesToRegister() {
+  std::vector<RegisteredClass> classes;
+  for (const automation::ClassInfo* published : PublishedClasses()) {
+    if (!IsCreatable(*published)) continue;
+    classes.push_back({ProgrammaticName(published->name), GuidText(ClassId(published->name))});
+  }
+  return classes;
+}
+
+/// Whoever installs a library asks only whether its classes are known afterwards.
+HRESULT OfRegistration(HRESULT result) { return SUCCEEDED(result) ? result : SELFREG_E_CLASS; }
+
+}  // namespace
+}  // namespace quenzel7::server
+
+using namespace quenzel7::server;
+
+HRESULT DllGetClassObject(REFCLSID clsid, REFIID iid, void** factory) {
+  if (!factory) return E_POINTER;
+  *factory = nullptr;
+  if (!clsid || !iid) return E_POINTER;
+  return Guarded([&]() -> HRESULT {
+    const auto* creatable = CreatableOfId(clsid);
+    return creatable ? MakeClassFactory(*creatable, iid, factory) : CLASS_E_CLASSNOTAVAILABLE;
+  });
+}
+
+HRESULT DllCanUnloadNow() { return LiveObjects() == 0 ? S_OK : S_FALSE; }
+
+HRESULT DllRegisterServer() {
+  return OfRegistration(Guarded([] {
+    Register(ThisLibrary(), ClassesToRegister());
+    return S_OK;
+  }));
+}
+
+HRESULT DllUnregisterServer() {
+  return OfRegistration(Guarded([] {
+    Unregister();
+    return S_OK;
+  }));
+}
+
+HRESULT Quenzel7ClassIdFromName(const OLECHAR* name, CLSID* clsid) {
+  if (!name || !clsid) return E_POINTER;
+  return Guarded([&]() -> HRESULT {
+    const auto* creatable = CreatableOfName(FromUtf16(name));
+    *clsid = creatable ? ClassId(creatable->name) : IID_NULL;
+    return creatable ? S_OK : CLASS_E_CLASSNOTAVAILABLE;
+  });
+}
+
+HRESULT Quenzel7InterfaceIdFromName(const OLECHAR* name, IID* iid) {
+  if (!name || !iid) return E_POINTER;
+  return Guarded([&]() -> HRESULT {
+    const auto* interface = InterfaceOfName(FromUtf16(name));
+    *iid = interface ? InterfaceId(interface->Name()) : IID_NULL;
+    return interface ? S_OK : E_NOINTERFACE;
+  });
+}
+
+HRESULT Quenzel7GetHostServices(IDispatch** services) {
+  if (!services) return E_POINTER;
+  *services = nullptr;
+  return Guarded([&] {
+    Apartment& apartment = Apartment::Current();
+    *services = apartment.Hold(apartment.HostServices())->Default();
+    return S_OK;
+  });
+}
