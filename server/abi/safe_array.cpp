@@ -25,7 +25,7 @@ char* Zeros(std::size_t bytes) {
 /// The kind of the cells; nullptr for an array that does not tell it.
 const CellKind* KindOf(const SAFEARRAY& array) {
   if ((array.fFeatures & FADF_HAVEVARTYPE) == 0) return FindOwningKind(array.fFeatures);
-  std::uint32_t kind = 0;
+  std::uint32_t kind;
   std::memcpy(&kind, reinterpret_cast<const char*>(&array) - sizeof kind, sizeof kind);
   return FindCellKind(static_cast<VARTYPE>(kind));
 }
@@ -169,12 +169,12 @@ HRESULT SafeArrayCopy(SAFEARRAY* array, SAFEARRAY** copy) {
   made = WithCells(made);
   if (made == nullptr) return E_OUTOFMEMORY;
   const HRESULT result = CopyCells(*kind, *array, *made);
-  if (FAILED(result)) {
+  if (SUCCEEDED(result)) {
+    *copy = made;
+  } else {
     SafeArrayDestroy(made);
-    return result;
   }
-  *copy = made;
-  return S_OK;
+  return result;
 }
 
 UINT SafeArrayGetDim(SAFEARRAY* array) { return array != nullptr ? array->cDims : 0; }

@@ -62,7 +62,7 @@ UINT SysStringLen(BSTR text) { return SysStringByteLen(text) / sizeof(OLECHAR); 
 
 UINT SysStringByteLen(BSTR text) {
   if (text == nullptr) return 0;
-  std::uint32_t length = 0;
+  std::uint32_t length;
   std::memcpy(&length, reinterpret_cast<const char*>(text) - sizeof length, sizeof length);
   return length;
 }

@@ -33,7 +33,7 @@ std::string ToUtf8(const Units& units) {
   return utf8;
 }
 
-/// First and last characters of each length in either form, one a row.
+/// First and last characters of each length in either form, and others between, one a row.
 struct Form {
   const char* utf8;
   Units units;
@@ -45,13 +45,16 @@ const std::vector<Form>& Forms() {
       {"\x7F", {0x7F}},
       {"\xC2\x80", {0x80}},
       {"\xDF\xBF", {0x7FF}},
+      {"\xD6\xA5", {0x5A5}},
       {"\xE0\xA0\x80", {0x800}},
       {"\xE4\xBD\xA0", {0x4F60}},
+      {"\xE4\xBD\xA5", {0x4F65}},
       {"\xED\x9F\xBF", {0xD7FF}},
       {"\xEE\x80\x80", {0xE000}},
       {"\xEF\xBF\xBF", {0xFFFF}},
       {"\xF0\x90\x80\x80", {0xD800, 0xDC00}},
       {"\xF0\x9F\x98\x80", {0xD83D, 0xDE00}},
+      {"\xF0\x92\x8D\x85", {0xD808, 0xDF45}},
       {"\xF4\x8F\xBF\xBF", {0xDBFF, 0xDFFF}},
   };
   return kForms;
@@ -110,6 +113,7 @@ TEST(Bstr, HalfASurrogatePairBecomesTheReplacement) {
     EXPECT_EQ(ToUtf8({half, 0xD7FF}), replacement + "\xED\x9F\xBF");
   }
   EXPECT_EQ(ToUtf8({0xDC00, 0xD800}), replacement + replacement);
+  EXPECT_EQ(ToUtf8({0xDC00, 0xDC00}), replacement + replacement);
   EXPECT_EQ(ToUtf8({0xD800, 0xD83D, 0xDE00}), replacement + "\xF0\x9F\x98\x80");
   EXPECT_EQ(ToUtf8({0xD83D, 0xDE00, 0xDE00}), "\xF0\x9F\x98\x80" + replacement);
 }

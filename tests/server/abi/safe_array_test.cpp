@@ -203,6 +203,33 @@ TEST(SafeArray, WithoutRoomNoneIsMade) {
   }
 }
 
+TEST(SafeArray, TakesNoMoreThanItsPublishedBytesAndThoseBeforeThem) {
+  const NothingLeft nothingLeft;
+  const auto takesAsMuchAs = [](std::size_t bytes) {
+    const Failing failing(0, bytes);
+    SAFEARRAY* const array = Make(VT_UI1, {{1, 0}, {1, 0}, {1, 0}});
+    if (array != nullptr) SafeArrayDestroy(array);
+    return array == nullptr;
+  };
+  EXPECT_TRUE(takesAsMuchAs(16 + 24 + 3 * 8));
+  EXPECT_FALSE(takesAsMuchAs(16 + 24 + 3 * 8 + 1));
+}
+
+TEST(SafeArray, CellsAreCountedUpTo32Bits) {
+  const NothingLeft nothingLeft;
+  SAFEARRAY* const array = Make(VT_UI1, {{1, 0}, {1, 0}});
+  array->rgsabound[0].cElements = 0xFFFFFFFF;
+  EXPECT_EQ(CellCount(*array), 0xFFFFFFFFu);
+  LONG upper = 0;
+  EXPECT_EQ(SafeArrayGetUBound(array, 1, &upper), S_OK);
+  EXPECT_EQ(upper, 0);
+  const SAFEARRAYBOUND two = {2, 0};
+  std::memcpy(reinterpret_cast<char*>(array) + 32, &two, sizeof two);
+  EXPECT_EQ(CellCount(*array), 0x100000000u);
+  array->rgsabound[0].cElements = 1;
+  SafeArrayDestroy(array);
+}
+
 TEST(SafeArray, NullPointersAreRefused) {
   const NothingLeft nothingLeft;
   SAFEARRAY* const array = SafeArrayCreateVector(VT_I4, 0, 1);
