@@ -87,6 +87,14 @@ int ListImagesCommand(const std::string& projectPath, const Console& console);
 int ExtractImageCommand(const std::string& projectPath, const std::string& crc, bool original,
                         const std::string& outputPath, const Console& console);
 
+/// What the classes command writes: lists for people, the type information as JSON, or the page of all
+/// classes.
+enum class ClassesForm { AsText, AsJson, AsReference };
+
+/// Tells the classes that hosts meet or, for a name that is not empty, the members of that class, interface
+/// or enumeration. The page is always that of all.
+int ClassesCommand(const std::string& name, ClassesForm form, const Console& console);
+
 /// Shows in a folder what the library does: builds a project, paints it, drags elements, opens it again and
 /// compares. Exit status 1 when the page painted from the opened project differs from the one before.
 int DemoCommand(const std::string& folder, const Console& console);

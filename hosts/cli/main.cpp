@@ -114,6 +114,16 @@ int main(int argc, char** argv) {
   extractImage->add_option("-o,--output", output, "The PNG file to write")->required();
   extractImage->add_flag("--original", original, "The pixels at the picture's own size");
 
+  std::string typeName;
+  bool asJson = false, asReference = false;
+  CLI::App* classes = app.add_subcommand("classes", "Tell the classes that hosts meet, and their members");
+  CLI::Option* takeName =
+      classes->add_option("NAME", typeName, "A class, an interface or an enumeration; else all classes");
+  CLI::Option* json = classes->add_flag("--json", asJson, "The type information, as JSON");
+  classes->add_flag("--reference", asReference, "All of it as a page of Markdown")
+      ->excludes(takeName)
+      ->excludes(json);
+
   CLI::App* demo = app.add_subcommand("demo", "Build, paint, change and open again a project");
   demo->add_option("-o,--output", folder, "The folder to write to")->capture_default_str();
 
@@ -144,6 +154,12 @@ int main(int argc, char** argv) {
     if (*listImages) return cli::ListImagesCommand(project, console);
     if (*extractImage) return cli::ExtractImageCommand(project, crc, original, output, console);
     if (*settings) return cli::SettingsCommand(project, changes, console);
+    if (*classes) {
+      const auto form = asJson        ? cli::ClassesForm::AsJson
+                        : asReference ? cli::ClassesForm::AsReference
+                                      : cli::ClassesForm::AsText;
+      return cli::ClassesCommand(typeName, form, console);
+    }
     if (*strings) return cli::ExportStringsCommand(project, output);
     return cli::DemoCommand(folder, console);
   });

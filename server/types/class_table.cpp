@@ -33,7 +33,7 @@ const ClassInfo& ContractClass() {
 struct ClassTable {
   /// Those that hosts can create, then the others.
   std::vector<const ClassInfo*> classes;
-  std::size_t creatable = 0;
+  std::size_t creatable;
 
   ClassTable() {
     for (const Classes group : {ShapeClasses(), ImageClasses(), VariableClasses()}) {
