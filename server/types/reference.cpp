@@ -79,14 +79,6 @@ class Page {
     PutList<EnumInfo>("Enumerations", catalog_.enumerations, [](const EnumInfo&) { return true; });
   }
 
-  /// The heading below which the members of an interface stand: that of the class with this default one.
-  std::string_view HeadingOf(const Interface& interface) const {
-    const auto owner = std::find_if(
-        catalog_.classes.begin(), catalog_.classes.end(),
-        [&interface](const ClassInfo* info) { return info->Default().Name() == interface.Name(); });
-    return owner == catalog_.classes.end() ? interface.Name() : (*owner)->name;
-  }
-
   std::string LinkTo(const TypeInfo& type) const {
     const auto isType = [&type](const auto* known) { return known->name == type.name; };
     const bool isTold = std::any_of(catalog_.classes.begin(), catalog_.classes.end(), isType) ||
@@ -94,6 +86,7 @@ class Page {
     return isTold ? Link(type.name) : std::string(type.name);
   }
 
+  /// Further interfaces are contracts, which are classes of the table by their own names.
   void PutClass(const ClassInfo& info) {
     const Interface& own = info.Default();
     text_ += "\n### " + std::string(info.name) + "\n\n";
@@ -102,7 +95,7 @@ class Page {
     text_ += "Default interface `" + std::string(own.Name()) + "`, number `" +
              GuidText(InterfaceId(own.Name())) + "`.";
     for (std::size_t place = 1; place < info.interfaces.size(); ++place) {
-      text_ += (place == 1 ? " Further: " : ", ") + Link(HeadingOf(*info.interfaces[place]));
+      text_ += (place == 1 ? " Further: " : ", ") + Link(info.interfaces[place]->Name());
     }
     if (info.interfaces.size() > 1) text_ += ".";
     text_ += "\n";

@@ -98,6 +98,16 @@ TEST(Reference, TheContentsListEveryHeadingInItsPlace) {
   EXPECT_EQ(listed, headings);
 }
 
+TEST(Reference, HasContentsClassesAndEnumerationsInThisOrder) {
+  const std::string page = Page();
+  const auto contents = page.find("\n\n## Contents\n\nClasses that hosts create:\n");
+  const auto classes = page.find("\n\n## Classes\n\n### clsRectangle\n");
+  const auto enumerations = page.find("\n\n## Enumerations\n\n### enVarType\n");
+  EXPECT_LT(contents, classes);
+  EXPECT_LT(classes, enumerations);
+  EXPECT_NE(enumerations, std::string::npos);
+}
+
 TEST(Reference, EveryLinkLeadsToAHeading) {
   const std::string page = Page();
   std::set<std::string> anchors;

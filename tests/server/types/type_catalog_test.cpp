@@ -92,8 +92,9 @@ TEST(TypeCatalog, AClassConsistsOfItsInterfacesAndTheEnumerationsOfTheirMembers)
             (Names{"_clsButton", "ItfHmiElement", "ItfImage"}));
 }
 
-TEST(TypeCatalog, EnumerationsOfResultsAndPropertiesCountToo) {
-  EXPECT_EQ(EnumerationsOf(TypeCatalog::All().Named("ItfVarBinaryHandler")), Names{"enVarType"});
+TEST(TypeCatalog, EnumerationsOfPropertiesCountAsThoseOfParametersDo) {
+  EXPECT_EQ(EnumerationsOf(TypeCatalog::All().Named("_clsRectangle")),
+            (Names{"enHatchStyle", "enPenStyle", "enFillStyle"}));
 }
 
 TEST(TypeCatalog, AnInterfaceConsistsOfItsEnumerations) {
