@@ -2,6 +2,7 @@
 
 #include "platform/automation/automation_error.h"
 #include "platform/corvane1/project_file.h"
+#include "tests/server/services/forwarding_object.h"
 #include "tests/server/services/late_double.h"
 #include "tests/server/services/services_fixture.h"
 #include "tests/support/empty_connection.h"
@@ -304,6 +305,61 @@ TEST_F(HostServicesTest, AllServicesSeeTheProjectOfAHostsOwnDatabase) {
   EXPECT_EQ(platform.settings->GetSetting(1, 2, "none"), "none");
   EXPECT_RAISES(91, "no project is open: the host gave no connection",
                 platform.numberGenerator->NewUniqueNumber());
+}
+
+TEST_F(HostServicesTest, TheEmbeddedServicesWorkInADatabaseThatIsKnownByItsMembersAlone) {
+  const test::TemporaryFolder folder;
+  const auto connection = corvane1::OpenProject(folder.File("plant.qz7"), corvane1::ProjectMode::Create);
+  const auto own = NewHostObject();
+  own->Giving("call OpenConnection", std::make_shared<ForwardingObject>(connection));
+  Supply("ProjectDatabase", own);
+
+  Called("Settings", "SetProjectSetting", {Long{1}, Long{2}, "text"});
+  EXPECT_EQ(Called("Settings", "GetSetting", {Long{1}, Long{2}}), "text");
+  Called("Strings", "SetLanguage", {Long{1}, "English"});
+  Called("Strings", "SetLanguage", {Long{2}, "Deutsch"});
+  Called("Strings", "SetText", {Long{9}, Long{2}, "zwei", Long{5}});
+  PutByName(*Service("Strings"), "Language", Long{2});
+  EXPECT_EQ(Called("Strings", "Text", {Long{9}}), "zwei");
+  EXPECT_EQ(Told("Strings", "Texts"), "((9, 2, zwei, 5))");
+  Platform& platform = Platform::Current();
+  EXPECT_EQ(platform.numberGenerator->NewUniqueNumber(), 1);
+  EXPECT_EQ(platform.numberGenerator->NewUniqueNumber(), 2);
+  platform.operands->Add({1, 0, 0}, {"comment", {}});
+  EXPECT_TRUE(platform.operands->IsDefined({1, 0, 0}));
+  EXPECT_EQ(platform.operands->FreeAddress(1, 0), 1);
+  platform.operands->Remove({1, 0, 0});
+  EXPECT_FALSE(platform.operands->IsDefined({1, 0, 0}));
+  EXPECT_EQ(platform.changeTracker->ElementSize(5), 0);
+
+  {
+    ado::Transaction undone(*platform.projectDatabase->OpenConnection());
+    EXPECT_EQ(platform.numberGenerator->NewUniqueNumber(), 3);
+  }
+  EXPECT_EQ(platform.numberGenerator->NewUniqueNumber(), 3);
+  {
+    ado::Transaction lasting(*platform.projectDatabase->OpenConnection());
+    EXPECT_EQ(platform.numberGenerator->NewUniqueNumber(), 4);
+    lasting.Commit();
+  }
+  EXPECT_EQ(platform.numberGenerator->NewUniqueNumber(), 5);
+  EXPECT_EQ(Listed(connection->Execute("SELECT * FROM Numbers")->Get("Next")), "6");
+}
+
+TEST_F(HostServicesTest, SettingsAreReadOnceForEachProjectOfTheHost) {
+  const auto rows = NewHostObject(), connection = NewHostObject(), own = NewHostObject();
+  rows->Giving("call Open", Variant()).Giving("get EOF", true).Giving("call Close", Variant());
+  connection->Giving("call CreateRecordset", rows);
+  own->Giving("call OpenConnection", connection);
+  Supply("ProjectDatabase", own);
+  for (int setting = 0; setting < 3; ++setting) {
+    EXPECT_EQ(Called("Settings", "GetSetting", {Long{1}, Long{setting}, "none"}), "none");
+  }
+  EXPECT_EQ(own->calls.size(), 3u);
+  EXPECT_EQ(connection->calls, (std::vector<std::string>{"call CreateRecordset"}));
+  EXPECT_EQ(rows->calls, (std::vector<std::string>{
+                             "call Open String:SELECT * FROM Settings Object:HostObject Long:3 Long:1 Long:1",
+                             "get EOF", "call Close"}));
 }
 
 TEST_F(HostServicesTest, TheEmbeddedDatabaseComesBackWithItsProject) {
