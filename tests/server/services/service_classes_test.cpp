@@ -34,5 +34,43 @@ TEST(ServiceClasses, HaveATextAndNamedParametersInEachMember) {
   }
 }
 
+TEST(ServiceClasses, NameTheirParametersSo) {
+  std::vector<std::string> named;
+  for (const automation::ClassInfo* const info : ServiceClasses()) {
+    for (const automation::Member& member : info->Default().Members()) {
+      if (member.parameters.empty()) continue;
+      std::string names;
+      for (const std::string_view name : member.ParameterNames()) names += " " + std::string(name);
+      named.push_back(std::string(info->name) + '.' + std::string(member.name) + names);
+    }
+  }
+  EXPECT_EQ(named, (std::vector<std::string>{
+                       "HostServices.Describe name",
+                       "EmbeddedMessageBoxes.Show text buttons caption",
+                       "EmbeddedMessages.ShowMessage number argument",
+                       "EmbeddedErrorLog.Report source number description module text1 text2 value",
+                       "EmbeddedProjectDatabase.Open path mode",
+                       "EmbeddedSettings.GetSetting section key fallback",
+                       "EmbeddedSettings.SetSetting section key text",
+                       "EmbeddedSettings.SetProjectSetting section key text",
+                       "EmbeddedSettings.ReadFile path",
+                       "PanelColors.Color number",
+                       "PanelColors.ShadeColor level number",
+                       "PanelColors.FaceColor number",
+                       "PanelColors.ClosestGradientColor number",
+                       "PanelFonts.CharHeight font",
+                       "PanelFonts.CharWidths font",
+                       "PanelFonts.TextSize text font width height",
+                       "PanelFonts.FontName font",
+                       "ProjectStrings.LanguageName language",
+                       "ProjectStrings.SetLanguage language name",
+                       "ProjectStrings.Text number",
+                       "ProjectStrings.FontNumber number",
+                       "ProjectStrings.SetText number language text fontNumber",
+                       "PanelList.SelectPanel panelType",
+                       "PanelList.Model panelType",
+                   }));
+}
+
 }  // namespace
 }  // namespace quenzel7::server
