@@ -68,9 +68,9 @@ def _refused_reader(owner: str, member: Member) -> Any:
     return read
 
 
-def _refused_writer(owner: str, member: Member, number: int, text: str) -> Any:
+def _refused_writer(owner: str, name: str, number: int, text: str) -> Any:
     def write(self: Any, value: Any) -> None:
-        raise AutomationError(number, f"{owner}.{member.name} {text}")
+        raise AutomationError(number, f"{owner}.{name} {text}")
 
     return write
 
@@ -85,13 +85,13 @@ def _bind(types: TypeLibrary, owner: str, member: Member, into: Dict[str, Any], 
         method.__doc__ = _documentation(member)
         method.__signature__ = _signature(member)  # type: ignore[attr-defined]
         into[member.name] = method
-        writers[member.name] = _refused_writer(owner, member, 438, "is a method and cannot be written")
+        writers[member.name] = _refused_writer(owner, member.name, 438, "is a method and cannot be written")
         return
     reader = _members.make_reader(owner, member, enumeration) if member.get else _refused_reader(owner, member)
     if member.put or member.putref:
         writers[member.name] = _members.make_writer(owner, member)
     else:
-        writers[member.name] = _refused_writer(owner, member, 383, "can only be read")
+        writers[member.name] = _refused_writer(owner, member.name, 383, "can only be read")
     into[member.name] = property(reader, writers[member.name], doc=_documentation(member))
 
 
@@ -138,11 +138,13 @@ def _make(types: TypeLibrary, class_name: str, interface: str, default: str) -> 
     }
     for name in info.interfaces:
         contents[name] = _face_property(types, class_name, name)
+    for name in ("default", *info.interfaces):
+        writers[name] = _refused_writer(owner, name, 383, "can only be read")
     for member in members:
         _bind(types, owner, member, contents, writers)
     contents["_owner"] = owner
     contents["__setattr__"] = attribute_writer(writers)
-    contents["_names"] = {name.lower(): name for name in (*info.interfaces, *writers)}
+    contents["_names"] = {name.lower(): name for name in writers}
     contents["_shown"] = tuple(
         name for name in _SHOWN if any(m.name == name and m.get and not m.is_method for m in members)
     )

@@ -82,9 +82,13 @@ class UnknownMemberError(AutomationError, AttributeError):
 
 def nearest(asked: str, names: Iterable[str]) -> str:
     """The name that is most like the one asked for, case aside; "" when there are none."""
-    by_folded = {name.lower(): name for name in names}
-    found = difflib.get_close_matches(asked.lower(), by_folded, n=1, cutoff=0.0)
-    return by_folded[found[0]] if found else ""
+    matcher = difflib.SequenceMatcher(b=asked.lower(), autojunk=False)
+
+    def likeness(name: str) -> float:
+        matcher.set_seq1(name.lower())
+        return matcher.ratio()
+
+    return max(names, key=likeness, default="")
 
 
 def unknown_name(what: str, asked: str, names: Iterable[str]) -> str:

@@ -95,6 +95,7 @@ class NearestTest(unittest.TestCase):
         names = ["PenStyle", "PenWidth", "Xs"]
         self.assertEqual(errors.nearest("PenWidht", names), "PenWidth")
         self.assertEqual(errors.nearest("XS", names), "Xs")
+        self.assertEqual(errors.nearest("pZ", ["pX", "pY"]), "pX")
         self.assertEqual(errors.nearest("anything", []), "")
 
     def test_a_refused_name_is_told_with_the_nearest(self) -> None:
