@@ -32,6 +32,8 @@ PROBE_MEMBERS = [
     {"name": "Take", "id": 8, "kind": "method", "type": "", "parameters": [{"name": "pMap", "type": "Object"}]},
     {"name": "Any", "id": 9, "kind": "property", "type": "Variant", "get": True, "put": True, "putref": True},
     {"name": "Count", "id": 10, "kind": "property", "type": "Long", "get": True},
+    {"name": "Part", "id": 11, "kind": "property", "type": "Object", "get": True, "put": True, "putref": True},
+    {"name": "Piece", "id": 12, "kind": "property", "type": "clsPiece", "get": True, "put": True, "putref": True},
     {"name": "Item", "id": 0, "kind": "method", "type": "Variant", "role": "value",
      "parameters": [{"name": "index", "type": "Variant"}]},
     {"name": "_NewEnum", "id": -4, "kind": "property", "type": "Object", "get": True, "role": "enumerator"},
@@ -63,6 +65,8 @@ class Probe:
         self.Owner: Any = None
         self.Secret = 0
         self.Any: Any = None
+        self.Part: Any = None
+        self.Piece: Any = None
         self.taken: Any = None
         self.calls: "list[Any]" = []
 
@@ -105,7 +109,7 @@ def probe(target: Any, interface: str = "") -> Any:
     proxy = _dispatch.adopt(
         _classes.python_class(type_library(), "Probe", interface), _host_objects.pointer_of(target)
     )
-    for member in PROBE_MEMBERS[:10]:
+    for member in PROBE_MEMBERS[:12]:
         _invoke.numbers_of_names(proxy, [member["name"]])
     return proxy
 

@@ -73,6 +73,19 @@ class PropertyTest(Case):
         self.assertEqual(self.noted(lambda: setattr(self.proxy, "Any", "x")), [4])
         self.target.Any = None
 
+    def test_no_object_is_written_by_reference_where_an_object_is_wanted(self) -> None:
+        for name in ("Part", "Piece"):
+            self.assertEqual(self.noted(lambda: setattr(self.proxy, name, None)), [8])
+            self.assertEqual(self.noted(lambda: setattr(self.proxy, name, self)), [8])
+            self.assertEqual(self.noted(lambda: setattr(self.proxy, name, 5)), [4])
+
+    def test_a_write_that_fails_is_made_once(self) -> None:
+        for value in (5, "text"):
+            refused = _host_objects.Refused(_abi.DISP_E_OVERFLOW)
+            with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=refused) as invoke:
+                self.raises(6, "overflow: Probe.Xs", setattr, self.proxy, "Xs", value)
+            self.assertEqual(invoke.call_count, 1)
+
     def test_a_number_for_an_object_is_written_by_reference_when_nothing_else_is_taken(self) -> None:
         self.assertEqual(self.noted(lambda: setattr(self.proxy, "Owner", 5)), [8])
 
@@ -148,6 +161,10 @@ class MethodTest(Case):
     def test_results_are_members_of_enumerations(self) -> None:
         self.assertEqual(repr(self.proxy.Stretch(1, 2)), "<enKind.eK_Some: 5>")
         self.assertEqual(repr(self.proxy.Stretch(1, 2, 9)), "9")
+
+    def test_results_of_other_types_are_what_they_are(self) -> None:
+        self.assertEqual(self.proxy.Item(1), "first")
+        self.assertEqual(self.proxy.Item("key"), "keyed")
 
     def test_keywords_are_named_arguments(self) -> None:
         self.proxy.Stretch(1, pDirection=0, pDy=7)

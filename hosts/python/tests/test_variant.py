@@ -212,6 +212,10 @@ class OwnershipTest(Case):
         self.assertEqual(_variant.take_text(0), "")
         self.assertEqual(_variant.take_text(None), "")
 
+    def test_every_text_comes_back(self) -> None:
+        for text in ("", "a\0b", "\U0001f600", "\ud800", "\udc00x"):
+            self.assertEqual(_variant.take_text(_variant.alloc_text(text)), text)
+
     def test_half_a_unit_at_the_end_of_a_text_is_left_out(self) -> None:
         address = library().SysAllocStringByteLen(b"a\0b", 3)
         self.assertEqual(_variant.take_text(address), "a")
@@ -257,6 +261,9 @@ class ReferenceTest(Case):
         self.raises(13, "'5' does not fit a reference to another kind of value", self.reference, Ref("5", "Long"))
         self.raises(13, "5 does not fit a reference to another kind of value", self.reference, Ref(5, "String"))
         self.raises(5, "there is no kind 'Lnog' of references", self.reference, Ref(5, "Lnog"))
+        with self.assertRaises(AutomationError) as caught:
+            self.reference(Ref(self, "Long"))
+        self.assertEqual(caught.exception.number, 13)
 
     def test_the_value_is_what_the_place_holds_afterwards(self) -> None:
         ref = Ref("before")
@@ -315,6 +322,9 @@ class StoreTest(Case):
         self.assertEqual(caught.exception.number, 13)
         with self.assertRaises(AutomationError) as caught:
             _variant.store_reference(2, address, [1])
+        self.assertEqual(caught.exception.number, 13)
+        with self.assertRaises(AutomationError) as caught:
+            _variant.store_reference(2, address, self)
         self.assertEqual(caught.exception.number, 13)
         self.assertEqual(memory.raw, struct.pack("<h", 4))
 
