@@ -16,7 +16,7 @@ from __future__ import annotations
 
 from typing import Any, List
 
-from . import _host_objects, _services
+from . import _host_tables, _services
 from ._library import LibraryNotFoundError
 from ._services import create
 from ._types import types as _type_information

@@ -7,7 +7,7 @@ import ctypes
 import struct
 from typing import Any, Callable, List, Optional, Sequence, Tuple
 
-from . import _abi, _variant
+from . import _abi, _references, _variant
 from ._abi import VARIANT_SIZE
 from ._frames import Frame, fail, give_back, take_frame, thread
 from ._pointers import IID_NULL_ARGUMENT
@@ -25,7 +25,7 @@ def _write_arguments(
     offset = frame.first
     for value, kind in zip(values, kinds):
         if type(value) is Ref:
-            places.append((value, _variant.write_reference(frame.memory, offset, value)))
+            places.append((value, _references.write_reference(frame.memory, offset, value)))
         else:
             _variant.write(frame.memory, offset, value, kind)
         offset += VARIANT_SIZE
@@ -74,7 +74,7 @@ def call(
             raise fail(frame, result, context(parameters[bad] if bad is not None and bad < count else None))
         value = _variant.take(frame.memory, 0, hint)
         for ref, memory in places:
-            _variant.take_reference(memory, ref)
+            _references.take_reference(memory, ref)
         return value
     finally:
         _clear_arguments(frame, count)

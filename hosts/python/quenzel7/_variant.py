@@ -8,7 +8,7 @@ leaves it there, `take` gives it and takes it away, `clear` lets go of it. How o
     float   VT_R8                                            Decimal  VT_CY, exactly or not at all
     bool    VT_BOOL                                          None     VT_EMPTY, or no object where one is wanted
     Null    VT_NULL                                          bytes, list, tuple, CollisionMap: see _safe_array
-    Ref     VT_BYREF, by `write_reference`                   any other: VT_DISPATCH
+    Ref     VT_BYREF, see _references                        any other: VT_DISPATCH
 """
 
 from __future__ import annotations
@@ -22,7 +22,7 @@ from typing import Any, Callable, Dict, Optional
 from . import _abi, _safe_array
 from ._abi import VT_ARRAY, VT_BYREF, VT_VARIANT
 from ._library import library
-from .arrays import CollisionMap, Null, NullType, Ref
+from .arrays import CollisionMap, Null, NullType
 from .errors import AutomationError
 
 Writer = Callable[[Any, int, Any, str], None]
@@ -36,15 +36,15 @@ KIND_OF_TYPE = {
 # Types whose None is nothing held rather than no object.
 _PLAIN_TYPES = frozenset(KIND_OF_TYPE) - {"Object"} | {""}
 _OWNING = frozenset((_abi.VT_BSTR, _abi.VT_DISPATCH, _abi.VT_UNKNOWN))
-_PACKERS = {
+PACKERS = {
     kind: struct.Struct(f"<H6x{form}{16 - struct.calcsize('<' + form)}x")
     for kind, form in _abi.CONTENT_FORMATS.items()
 }
-_CONTENTS = {kind: struct.Struct("<" + form) for kind, form in _abi.CONTENT_FORMATS.items()}
-_KIND = struct.Struct("<H")
-_BARE = struct.Struct("<H22x")
-_POINTER = struct.Struct("<H6xQ8x")
-_ADDRESS = struct.Struct("<Q")
+CONTENTS = {kind: struct.Struct("<" + form) for kind, form in _abi.CONTENT_FORMATS.items()}
+KIND = struct.Struct("<H")
+BARE = struct.Struct("<H22x")
+POINTER = struct.Struct("<H6xQ8x")
+ADDRESS = struct.Struct("<Q")
 _CURRENCY_DIGITS = 4
 
 
@@ -117,49 +117,49 @@ def currency(value: Decimal) -> int:
 
 def _write_int(memory: Any, offset: int, value: int, kind: str) -> None:
     if -0x80000000 <= value <= 0x7FFFFFFF:
-        _PACKERS[_abi.VT_I4].pack_into(memory, offset, _abi.VT_I4, value)
+        PACKERS[_abi.VT_I4].pack_into(memory, offset, _abi.VT_I4, value)
     elif -(2**63) <= value < 2**63:
-        _PACKERS[_abi.VT_I8].pack_into(memory, offset, _abi.VT_I8, value)
+        PACKERS[_abi.VT_I8].pack_into(memory, offset, _abi.VT_I8, value)
     else:
         raise AutomationError(6, f"{value} does not fit into 64 bits")
 
 
 def _write_bool(memory: Any, offset: int, value: bool, kind: str) -> None:
-    _PACKERS[_abi.VT_BOOL].pack_into(memory, offset, _abi.VT_BOOL, -1 if value else 0)
+    PACKERS[_abi.VT_BOOL].pack_into(memory, offset, _abi.VT_BOOL, -1 if value else 0)
 
 
 def _write_float(memory: Any, offset: int, value: float, kind: str) -> None:
-    _PACKERS[_abi.VT_R8].pack_into(memory, offset, _abi.VT_R8, value)
+    PACKERS[_abi.VT_R8].pack_into(memory, offset, _abi.VT_R8, value)
 
 
 def _write_text(memory: Any, offset: int, value: str, kind: str) -> None:
-    _POINTER.pack_into(memory, offset, _abi.VT_BSTR, alloc_text(value))
+    POINTER.pack_into(memory, offset, _abi.VT_BSTR, alloc_text(value))
 
 
 def _write_decimal(memory: Any, offset: int, value: Decimal, kind: str) -> None:
-    _PACKERS[_abi.VT_CY].pack_into(memory, offset, _abi.VT_CY, currency(value))
+    PACKERS[_abi.VT_CY].pack_into(memory, offset, _abi.VT_CY, currency(value))
 
 
 def _write_none(memory: Any, offset: int, value: None, kind: str) -> None:
     nothing = _abi.VT_EMPTY if kind in _PLAIN_TYPES or kind.endswith("()") else _abi.VT_DISPATCH
-    _BARE.pack_into(memory, offset, nothing)
+    BARE.pack_into(memory, offset, nothing)
 
 
 def _write_null(memory: Any, offset: int, value: NullType, kind: str) -> None:
-    _BARE.pack_into(memory, offset, _abi.VT_NULL)
+    BARE.pack_into(memory, offset, _abi.VT_NULL)
 
 
 def _write_missing(memory: Any, offset: int, value: _MissingType, kind: str) -> None:
-    _PACKERS[_abi.VT_ERROR].pack_into(memory, offset, _abi.VT_ERROR, _abi.DISP_E_PARAMNOTFOUND)
+    PACKERS[_abi.VT_ERROR].pack_into(memory, offset, _abi.VT_ERROR, _abi.DISP_E_PARAMNOTFOUND)
 
 
 def _write_array(memory: Any, offset: int, value: Any, kind: str) -> None:
     cells, array = _safe_array.make(value, kind)
-    _POINTER.pack_into(memory, offset, VT_ARRAY | cells, array)
+    POINTER.pack_into(memory, offset, VT_ARRAY | cells, array)
 
 
 def _write_object(memory: Any, offset: int, value: Any, kind: str) -> None:
-    _POINTER.pack_into(memory, offset, _abi.VT_DISPATCH, objects.to_pointer(value))
+    POINTER.pack_into(memory, offset, _abi.VT_DISPATCH, objects.to_pointer(value))
 
 
 _WRITERS: Dict[type, Writer] = {
@@ -203,19 +203,19 @@ def write_at(address: int, value: Any, kind: str = "") -> None:
 
 def read(memory: Any, offset: int = 0, hint: str = "") -> Any:
     """The value that a VARIANT holds. `hint` is the declared type of the place."""
-    (kind,) = _KIND.unpack_from(memory, offset)
+    (kind,) = KIND.unpack_from(memory, offset)
     if kind & VT_BYREF:
-        (address,) = _ADDRESS.unpack_from(memory, offset + 8)
+        (address,) = ADDRESS.unpack_from(memory, offset + 8)
         return read_reference(kind & ~VT_BYREF, address)
     if kind & VT_ARRAY:
-        (address,) = _ADDRESS.unpack_from(memory, offset + 8)
+        (address,) = ADDRESS.unpack_from(memory, offset + 8)
         return _safe_array.read(kind & ~VT_ARRAY, address)
     return read_content(kind, memory, offset + 8, hint)
 
 
 def read_content(kind: int, memory: Any, offset: int, hint: str = "") -> Any:
     """The value of a kind that lies, without its kind, at a place."""
-    content = _CONTENTS.get(kind)
+    content = CONTENTS.get(kind)
     if content is None:
         if kind == _abi.VT_EMPTY:
             return None
@@ -243,11 +243,11 @@ def read_reference(kind: int, address: int) -> Any:
     if kind == VT_VARIANT:
         return read(ctypes.string_at(address, _abi.VARIANT_SIZE))
     if kind & VT_ARRAY:
-        (array,) = _ADDRESS.unpack(ctypes.string_at(address, 8))
+        (array,) = ADDRESS.unpack(ctypes.string_at(address, 8))
         return _safe_array.read(kind & ~VT_ARRAY, array)
-    if kind not in _CONTENTS:
+    if kind not in CONTENTS:
         raise AutomationError(458, f"a reference to a value of kind {kind}")
-    return read_content(kind, ctypes.string_at(address, _CONTENTS[kind].size), 0)
+    return read_content(kind, ctypes.string_at(address, CONTENTS[kind].size), 0)
 
 
 def owns(kind: int) -> bool:
@@ -257,104 +257,23 @@ def owns(kind: int) -> bool:
 
 def clear(memory: Any, offset: int = 0) -> None:
     """Lets go of what a VARIANT holds and makes it empty."""
-    (kind,) = _KIND.unpack_from(memory, offset)
+    (kind,) = KIND.unpack_from(memory, offset)
     if owns(kind):
         library().VariantClear(ctypes.byref(memory, offset))
-    _BARE.pack_into(memory, offset, _abi.VT_EMPTY)
+    BARE.pack_into(memory, offset, _abi.VT_EMPTY)
 
 
 def take(memory: Any, offset: int = 0, hint: str = "") -> Any:
     """The value that a VARIANT holds, which is empty afterwards."""
-    (kind,) = _KIND.unpack_from(memory, offset)
+    (kind,) = KIND.unpack_from(memory, offset)
     if kind == _abi.VT_DISPATCH:
-        (pointer,) = _ADDRESS.unpack_from(memory, offset + 8)
-        _BARE.pack_into(memory, offset, _abi.VT_EMPTY)
+        (pointer,) = ADDRESS.unpack_from(memory, offset + 8)
+        BARE.pack_into(memory, offset, _abi.VT_EMPTY)
         return objects.from_pointer(pointer, True, hint) if pointer else None
     try:
         return read(memory, offset, hint)
     finally:
         clear(memory, offset)
-
-
-def write_reference(memory: Any, offset: int, ref: Ref) -> Any:
-    """Makes a VARIANT that points to a place with the value of `ref`; gives the place, which has to live as long
-    as the VARIANT is used, and is handed to `take_reference` then."""
-    place = ctypes.create_string_buffer(_abi.VARIANT_SIZE)
-    write(place, 0, ref.value, ref.kind)
-    kind, inside = VT_VARIANT, 0
-    if ref.kind and ref.kind != "Variant":
-        try:
-            kind, inside = _convert(place, ref), 8
-        except BaseException:
-            clear(place)
-            raise
-    _POINTER.pack_into(memory, offset, VT_BYREF | kind, ctypes.addressof(place) + inside)
-    return place
-
-
-def _convert(place: Any, ref: Ref) -> int:
-    """Makes the value in a place one of the reference's kind; gives the number of that kind."""
-    wanted = KIND_OF_TYPE.get(ref.kind.rstrip("()"))
-    if wanted is None:
-        raise AutomationError(5, f"there is no kind {ref.kind!r} of references")
-    if ref.kind.endswith("()"):
-        wanted |= VT_ARRAY
-    (kind,) = _KIND.unpack_from(place, 0)
-    if kind == _abi.VT_EMPTY:
-        _BARE.pack_into(place, 0, wanted)
-    elif kind != wanted:
-        _store_number(wanted, place, 0, ref.value)
-    return wanted
-
-
-def _store_number(kind: int, place: Any, offset: int, value: Any) -> None:
-    """Writes a VARIANT that holds a number as one of that kind; errors 13 and 6."""
-    if kind not in _PACKERS or owns(kind) or not isinstance(value, (int, float, Decimal)):
-        raise AutomationError(13, f"{value!r} does not fit a reference to another kind of value")
-    try:
-        content = number_for(kind, value)
-        _PACKERS[kind].pack_into(place, offset, kind, content)
-    except (struct.error, OverflowError, ValueError):
-        raise AutomationError(6, f"{value!r} does not fit the reference") from None
-
-
-def number_for(kind: int, value: Any) -> Any:
-    """The number as the content of a kind; a half is rounded to the even neighbour."""
-    if kind == _abi.VT_CY:
-        return currency(Decimal(value))
-    if kind == _abi.VT_BOOL:
-        return -1 if value else 0
-    return float(value) if kind in (_abi.VT_R4, _abi.VT_R8, _abi.VT_DATE) else round(value)
-
-
-def take_reference(place: Any, ref: Ref) -> None:
-    """Lets `ref` have what the member left in its place."""
-    ref.value = take(place)
-
-
-def store_reference(kind: int, address: int, value: Any) -> None:
-    """Writes a value through a VARIANT of VT_BYREF and that kind, letting go of what was there."""
-    if not address:
-        return
-    fresh = ctypes.create_string_buffer(_abi.VARIANT_SIZE)
-    write(fresh, 0, value)
-    (written,) = _KIND.unpack_from(fresh, 0)
-    try:
-        if kind not in (VT_VARIANT, written):
-            _store_number(kind, fresh, 0, value)
-    except AutomationError:
-        clear(fresh)
-        raise
-    if kind == VT_VARIANT:
-        library().VariantClear(address)
-        ctypes.memmove(address, fresh, _abi.VARIANT_SIZE)
-        return
-    size = 8 if kind & VT_ARRAY else _CONTENTS[kind].size
-    if owns(kind):
-        old = ctypes.create_string_buffer(_abi.VARIANT_SIZE)
-        _POINTER.pack_into(old, 0, kind, _ADDRESS.unpack(ctypes.string_at(address, 8))[0])
-        clear(old)
-    ctypes.memmove(address, ctypes.addressof(fresh) + 8, size)
 
 
 def crosses_as_object(value: Any) -> bool:

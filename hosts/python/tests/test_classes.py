@@ -11,7 +11,7 @@ from typing import Any
 from unittest import mock
 
 from support import Case, Probe, probe, type_library
-from quenzel7 import AutomationError, Ref, UnknownMemberError, _abi, _classes, _frames, _host_objects
+from quenzel7 import AutomationError, Ref, UnknownMemberError, _abi, _classes, _frames, _host_calls, _host_objects
 from quenzel7.errors import RaisedByHost
 
 
@@ -81,7 +81,7 @@ class PropertyTest(Case):
 
     def test_a_write_that_fails_is_made_once(self) -> None:
         for value in (5, "text"):
-            refused = _host_objects.Refused(_abi.DISP_E_OVERFLOW)
+            refused = _host_calls.Refused(_abi.DISP_E_OVERFLOW)
             with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=refused) as invoke:
                 self.raises(6, "overflow: Probe.Xs", setattr, self.proxy, "Xs", value)
             self.assertEqual(invoke.call_count, 1)
@@ -130,7 +130,7 @@ class PropertyTest(Case):
         self.raises(438, "Probe.Stretch is a method and cannot be written", setattr, self.proxy, "Stretch", 1)
 
     def test_a_refused_call_tells_the_member(self) -> None:
-        with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=_host_objects.Refused(_abi.DISP_E_TYPEMISMATCH)):
+        with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=_host_calls.Refused(_abi.DISP_E_TYPEMISMATCH)):
             self.raises(13, "type mismatch: Probe.Xs", lambda: self.proxy.Xs)
             self.raises(13, "type mismatch: Probe.Xs", setattr, self.proxy, "Xs", 5)
             self.raises(13, "type mismatch: Probe.Xs", setattr, self.proxy, "Xs", "a")
@@ -198,17 +198,17 @@ class MethodTest(Case):
         self.assertEqual(seen, ["Object", "Object", "Long"])
 
     def test_refused_arguments_are_told_with_place_and_name(self) -> None:
-        refused = _host_objects.Refused(_abi.DISP_E_TYPEMISMATCH, 0)
+        refused = _host_calls.Refused(_abi.DISP_E_TYPEMISMATCH, 0)
         with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=refused):
             self.raises(13, "type mismatch: Probe.Stretch: argument 2 (pDy)", self.proxy.Stretch, 1, 2)
             self.raises(
                 13, "type mismatch: Probe.Stretch: argument 3 (pDirection)", self.proxy.Stretch, 1, pDirection=2
             )
             self.raises(13, "type mismatch: Probe.Take: argument 2", self.proxy.Take, 1, 2)
-        refused = _host_objects.Refused(_abi.DISP_E_TYPEMISMATCH, 1)
+        refused = _host_calls.Refused(_abi.DISP_E_TYPEMISMATCH, 1)
         with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=refused):
             self.raises(13, "type mismatch: Probe.Stretch: argument 1 (pDx)", self.proxy.Stretch, 1, pDirection=2)
-        refused = _host_objects.Refused(_abi.DISP_E_TYPEMISMATCH, 2)
+        refused = _host_calls.Refused(_abi.DISP_E_TYPEMISMATCH, 2)
         with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=refused):
             self.raises(13, "type mismatch: Probe.Stretch", self.proxy.Stretch, 1, 2)
 
@@ -248,7 +248,7 @@ class CollectionTest(Case):
 
     def test_a_refused_index_is_told(self) -> None:
         proxy = probe(Probe())
-        refused = _host_objects.Refused(_abi.DISP_E_BADINDEX, 0)
+        refused = _host_calls.Refused(_abi.DISP_E_BADINDEX, 0)
         with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=refused):
             self.raises(9, "index out of range: Probe: argument 1", lambda: proxy[7])
 
@@ -363,7 +363,7 @@ class FrameTest(Case):
             with self.assertRaises(AutomationError):
                 failing()
             self.assertEqual(len(_frames._kept), held)
-        with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=_host_objects.Refused(-2147352573)):
+        with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=_host_calls.Refused(-2147352573)):
             for failing in (lambda: proxy.Xs, lambda: setattr(proxy, "Xs", 1), lambda: setattr(proxy, "Label", "")):
                 with self.assertRaises(AutomationError):
                     failing()
@@ -389,7 +389,7 @@ class FrameTest(Case):
 
     def test_a_bad_place_is_forgotten_with_its_failure(self) -> None:
         proxy = probe(Probe())
-        with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=_host_objects.Refused(_abi.DISP_E_OVERFLOW, 0)):
+        with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=_host_calls.Refused(_abi.DISP_E_OVERFLOW, 0)):
             self.raises(6, "overflow: Probe.Stretch: argument 1 (pDx)", proxy.Stretch, 1)
         self.raises(449, "an argument is missing: Probe.Stretch", proxy.Stretch, 1)
 

@@ -16,7 +16,7 @@ from unittest import mock
 
 import support
 from support import Case, Probe, late, probe
-from quenzel7 import AutomationError, Ref, UnknownMemberError, _abi, _dispatch, _host_objects, _pointers
+from quenzel7 import AutomationError, Ref, UnknownMemberError, _abi, _dispatch, _host_calls, _host_objects, _pointers
 from quenzel7._enumerator import Enumerator
 
 
@@ -122,7 +122,7 @@ class LateTest(Case):
 
         def by_value_only(self: Any, number: int, how: int, arguments: Any) -> Any:
             if how == 8:
-                raise _host_objects.Refused(_abi.DISP_E_MEMBERNOTFOUND)
+                raise _host_calls.Refused(_abi.DISP_E_MEMBERNOTFOUND)
             return invoke(self, number, how, arguments)
 
         sample, owner = Sample(), Sample()

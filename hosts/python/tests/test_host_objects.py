@@ -16,7 +16,7 @@ from typing import Any, Optional
 
 import support
 from support import Case, late
-from quenzel7 import AutomationError, CollisionMap, Ref, _abi, _host_objects, _pointers, _variant
+from quenzel7 import AutomationError, CollisionMap, Ref, _abi, _host_calls, _host_objects, _pointers, _variant
 
 GET, METHOD, PUT, PUTREF = 2, 1, 4, 8
 OTHER_INTERFACE = b"\1" * 16
@@ -528,9 +528,9 @@ class CountTest(Case):
     def test_what_is_held_at_the_end_of_python_may_still_be_released(self) -> None:
         program = (
             "import ctypes, sys; sys.path[:0] = [{0!r}, {1!r}]; import support\n"
-            "from quenzel7 import _host_objects, _pointers\n"
+            "from quenzel7 import _host_objects, _host_tables, _pointers\n"
             "pointer = _host_objects.pointer_of({{1}})\n"
-            "_host_objects._end_of_python()\n"
+            "_host_tables._end_of_python()\n"
             "_pointers.release(pointer)\n"
             "print(_host_objects.exposed_count())"
         ).format(str(support.FOLDER / "tests"), str(support.FOLDER))
@@ -623,8 +623,8 @@ class EnumeratorTest(Case):
 
 class DescribeTest(unittest.TestCase):
     def test_an_exception_is_one_line(self) -> None:
-        self.assertEqual(_host_objects.describe(ValueError("a\nb")), "ValueError: a")
-        self.assertEqual(_host_objects.describe(KeyboardInterrupt()), "KeyboardInterrupt")
+        self.assertEqual(_host_calls.describe(ValueError("a\nb")), "ValueError: a")
+        self.assertEqual(_host_calls.describe(KeyboardInterrupt()), "KeyboardInterrupt")
 
 
 

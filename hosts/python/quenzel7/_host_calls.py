@@ -1,0 +1,111 @@
+"""Calls that come from the library: their arguments as values of Python, and functions called with them."""
+
+from __future__ import annotations
+
+import ctypes
+import inspect
+import struct
+from typing import Any, Callable, Dict, List, Optional, Tuple
+
+from . import _abi, _references, _variant
+from ._abi import VARIANT_SIZE
+from .arrays import CollisionMap, Ref
+from .errors import AutomationError
+
+
+class Refused(Exception):
+    """A call that is answered with a result rather than with an error; perhaps for one of its arguments."""
+
+    def __init__(self, result: int, argument: Optional[int] = None) -> None:
+        super().__init__(result)
+        self.result = result
+        self.argument = argument
+
+
+class Arguments:
+    """The arguments of a call from the library: values in their order, those with a name apart with its number,
+    and the places that by-reference ones go back to."""
+
+    def __init__(self, parameters: int) -> None:
+        first, names, count, named = _abi.DISPPARAMS.unpack(ctypes.string_at(parameters, _abi.DISPPARAMS.size))
+        self._references: List[Tuple[Ref, Any, int, int, int]] = []
+        values = [self._value(first + place * VARIANT_SIZE, place) for place in range(count)]
+        numbers = struct.unpack(f"<{named}i", ctypes.string_at(names, 4 * named)) if named else ()
+        self.named: List[Tuple[int, Any]] = list(zip(numbers, values))
+        self.positional: List[Any] = values[:named - 1 if named else None:-1]
+        while self.positional and self.positional[-1] is _variant.Missing:
+            self.positional.pop()
+
+    def _value(self, address: int, place: int) -> Any:
+        memory = ctypes.string_at(address, VARIANT_SIZE)
+        try:
+            value = _variant.read(memory)
+        except AutomationError as error:
+            result = _abi.DISP_E_BADVARTYPE if error.number == 458 else _abi.DISP_E_TYPEMISMATCH
+            raise Refused(result, place) from None
+        (kind, target) = struct.unpack_from("<H6xQ", memory)
+        if not kind & _abi.VT_BYREF:
+            return value
+        ref = Ref(value)
+        self._references.append((ref, value, kind & ~_abi.VT_BYREF, target, place))
+        return ref
+
+    def index(self) -> Any:
+        """The values as one index."""
+        return self.positional[0] if len(self.positional) == 1 else tuple(self.positional)
+
+    def store_references(self) -> None:
+        """Writes back what was changed."""
+        for ref, before, kind, address, place in self._references:
+            if ref.value is before and not isinstance(before, (list, CollisionMap)):
+                continue
+            try:
+                _references.store_reference(kind, address, ref.value)
+            except AutomationError as error:
+                result = _abi.DISP_E_OVERFLOW if error.number == 6 else _abi.DISP_E_TYPEMISMATCH
+                raise Refused(result, place) from None
+
+
+def parameters_of(function: Any) -> Dict[str, inspect.Parameter]:
+    """The parameters of a callable; none when it does not tell them."""
+    try:
+        return dict(inspect.signature(function).parameters)
+    except (TypeError, ValueError):
+        return {}
+
+
+def called(function: Callable[..., Any], arguments: Arguments) -> Any:
+    """Calls with positional and named arguments; raises Refused when they do not fit."""
+    parameters = parameters_of(function)
+    names = list(parameters)
+    by_name = {}
+    for number, value in arguments.named:
+        if not 0 <= number < len(names):
+            raise Refused(_abi.DISP_E_PARAMNOTFOUND)
+        by_name[names[number]] = value
+    positional = [
+        parameters[names[place]].default if value is _variant.Missing and place < len(names) else value
+        for place, value in enumerate(arguments.positional)
+    ]
+    if any(value is inspect.Parameter.empty for value in positional):
+        raise Refused(_abi.DISP_E_PARAMNOTOPTIONAL)
+    try:
+        signature = inspect.signature(function)
+    except (TypeError, ValueError):
+        return function(*positional, **by_name)
+    try:
+        signature.bind_partial(*positional, **by_name)
+    except TypeError:
+        raise Refused(_abi.DISP_E_BADPARAMCOUNT) from None
+    try:
+        signature.bind(*positional, **by_name)
+    except TypeError:
+        raise Refused(_abi.DISP_E_PARAMNOTOPTIONAL) from None
+    return function(*positional, **by_name)
+
+
+def describe(exception: BaseException) -> str:
+    """One line for an exception of Python: "ValueError: the text"."""
+    text = str(exception).split("\n", 1)[0]
+    name = type(exception).__name__
+    return f"{name}: {text}" if text else name
