@@ -2,6 +2,7 @@
 
 #include "hosts/cli/commands.h"
 #include "hosts/cli/text_table.h"
+#include "server/services/service_classes.h"
 #include "server/types/describe.h"
 #include "server/types/identifiers.h"
 #include "server/types/member_lines.h"
@@ -78,13 +79,13 @@ void TellNamed(const server::TypeCatalog& named, std::ostream& out) {
 int ClassesCommand(const std::string& name, ClassesForm form, const Console& console) {
   switch (form) {
     case ClassesForm::AsJson:
-      console.out << server::Describe(name) << '\n';
+      console.out << server::Describe(name, server::ServiceClasses()) << '\n';
       break;
     case ClassesForm::AsReference:
-      console.out << server::Reference();
+      console.out << server::Reference(server::ServiceClasses());
       break;
     case ClassesForm::AsText:
-      const server::TypeCatalog all = server::TypeCatalog::All();
+      const server::TypeCatalog all = server::TypeCatalog::All(server::ServiceClasses());
       if (name.empty()) {
         TellClasses(all, console.out);
       } else {
