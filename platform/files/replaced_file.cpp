@@ -18,7 +18,6 @@ ReplacedFile::ReplacedFile(const std::string& path, std::string place)
     : place_(std::move(place)), target_(path) {
   std::error_code error;
   const fs::file_status status = fs::status(target_, error);
-  if (fs::is_directory(status)) Raise(EISDIR);
   if (fs::exists(status) && !fs::is_regular_file(status)) {
     stream_ = std::fopen(target_.c_str(), "wb");
   } else {

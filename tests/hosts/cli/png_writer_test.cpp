@@ -7,6 +7,7 @@
 #include "hosts/cli/text_file.h"
 #include "tests/hosts/cli/messages.h"
 #include "tests/hosts/cli/png_reader.h"
+#include "tests/support/file_size_limit.h"
 #include "tests/support/temporary_folder.h"
 
 namespace quenzel7::cli {
@@ -62,16 +63,21 @@ TEST(PngWriter, TellsWhichPictureCannotBeWritten) {
             "picture /nowhere/x.png cannot be written: No such file or directory");
 }
 
-TEST(PngWriter, TellsWhenTheDeviceIsFull) {
-  EXPECT_EQ(test::MessageOf([] { WritePng("/dev/full", kPicture); }),
-            "picture /dev/full cannot be written: No space left on device");
-  // More than a buffer: the library itself meets the error.
+TEST(PngWriter, TellsWhenThereIsNoRoom) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("x.png");
+  const std::string expected = "picture " + path + " cannot be written: File too large";
+  // More than a buffer: not only closing the file meets the error.
   Picture noise{1000, 300, {}};
   for (std::uint32_t index = 0; index < 300000; ++index) noise.pixels.push_back(index * 2654435761u >> 3);
-  ::testing::internal::CaptureStderr();
-  EXPECT_EQ(test::MessageOf([&noise] { WritePng("/dev/full", noise); }),
-            "picture /dev/full cannot be written: No space left on device");
-  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "") << "the user is told in one line only";
+  std::string told, toldOfNoise;
+  {
+    const quenzel7::test::FileSizeLimit full(0);
+    told = test::MessageOf([&] { WritePng(path, kPicture); });
+    toldOfNoise = test::MessageOf([&] { WritePng(path, noise); });
+  }
+  EXPECT_EQ(told, expected);
+  EXPECT_EQ(toldOfNoise, expected);
 }
 
 TEST(PngWriter, APictureThatIsThereIsReplaced) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/hosts/cli/messages.h"
+#include "tests/support/file_size_limit.h"
 #include "tests/support/temporary_folder.h"
 
 namespace quenzel7::cli {
@@ -32,11 +33,11 @@ TEST(TextFile, TellsWhyAFileCannotBeWritten) {
             "page file x cannot be written: No such file or directory");
 }
 
-TEST(TextFile, TellsWhenTheDeviceIsFull) {
-  EXPECT_EQ(test::MessageOf([] { WriteTextFile("/dev/full", std::string(1 << 20, 'x'), "page file x"); }),
-            "page file x cannot be written: No space left on device");
-  EXPECT_EQ(test::MessageOf([] { WriteTextFile("/dev/full", "x", "page file x"); }),
-            "page file x cannot be written: No space left on device");
+TEST(TextFile, TellsWhenThereIsNoRoom) {
+  const TemporaryFolder folder;
+  const quenzel7::test::FileSizeLimit full(0);
+  EXPECT_EQ(test::MessageOf([&] { WriteTextFile(folder.File("x"), "x", "page file x"); }),
+            "page file x cannot be written: File too large");
 }
 
 }  // namespace

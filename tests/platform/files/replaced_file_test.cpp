@@ -7,6 +7,7 @@
 #include <cerrno>
 
 #include "platform/files/whole_file.h"
+#include "tests/support/named_pipe.h"
 #include "tests/support/raises.h"
 #include "tests/support/temporary_folder.h"
 
@@ -74,10 +75,12 @@ TEST_F(ReplacedFileTest, AFolderIsNotReplaced) {
                 ReplacedFile(folder_.File(""), "picture x"));
 }
 
-TEST_F(ReplacedFileTest, ADeviceIsWrittenDirectly) {
-  WriteWholeFile("/dev/null", "text", "file");
-  EXPECT_EQ(fs::status("/dev/null").type(), fs::file_type::character);
-  EXPECT_FALSE(fs::exists("/dev/null.new" + std::to_string(getpid())));
+TEST_F(ReplacedFileTest, WhatIsNoOrdinaryFileIsWrittenDirectly) {
+  const test::NamedPipe pipe(Path());
+  WriteWholeFile(Path(), "text", "file");
+  EXPECT_EQ(fs::status(Path()).type(), fs::file_type::fifo);
+  EXPECT_EQ(pipe.Written(), "text");
+  EXPECT_EQ(FileCount(), 1u);
 }
 
 TEST_F(ReplacedFileTest, TellsTheSystemsReason) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/file_size_limit.h"
 #include "tests/support/raises.h"
 #include "tests/support/temporary_folder.h"
 
@@ -31,11 +32,17 @@ TEST(WholeFile, TellsWhyAFileCannotBeWritten) {
                 WriteWholeFile(folder.File("none/x"), "", "file x"));
 }
 
-TEST(WholeFile, TellsWhenTheDeviceIsFull) {
-  EXPECT_RAISES(57, "file x cannot be written: No space left on device",
-                WriteWholeFile("/dev/full", std::string(1 << 20, 'x'), "file x"));
-  EXPECT_RAISES(57, "file x cannot be written: No space left on device",
-                WriteWholeFile("/dev/full", "x", "file x"));
+TEST(WholeFile, TellsWhenThereIsNoRoomAndLeavesWhatWasThere) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("x");
+  WriteWholeFile(path, "old", "file x");
+  {
+    const test::FileSizeLimit full(0);
+    EXPECT_RAISES(57, "file x cannot be written: File too large",
+                  WriteWholeFile(path, std::string(1 << 20, 'x'), "file x"));
+    EXPECT_RAISES(57, "file x cannot be written: File too large", WriteWholeFile(path, "x", "file x"));
+  }
+  EXPECT_EQ(ReadWholeFile(path, "file x"), "old");
 }
 
 TEST(WholeFile, AFileThatIsThereIsReplaced) {
