@@ -97,7 +97,7 @@ void Register(const std::string& libraryPath, std::span<const RegisteredClass> c
 
 void Unregister() {
   const std::string path = RegistrationFile();
-  if (path.empty() || !IsThere(path)) return;
+  if (!IsThere(path)) return;
   const std::string others = SectionsOfOthers(path);
   if (!others.empty()) {
     WriteForUserOnly(path, others);

@@ -17,7 +17,7 @@ std::string ThisLibrary() {
   const bool isKnown = dladdr(&here, &info) != 0 && info.dli_fname != nullptr;
   const fs::path loaded = isKnown ? info.dli_fname : "";
   std::error_code error;
-  const fs::path folder = fs::canonical(fs::absolute(loaded, error).parent_path(), error);
+  const fs::path folder = fs::canonical(loaded.parent_path(), error);
   const fs::path found = folder / loaded.filename();
   if (!isKnown || error || !fs::is_regular_file(found, error)) {
     throw automation::AutomationError(

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <thread>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "server/surface/live_surfaces.h"
 #include "tests/framework/handles_left.h"
 #include "tests/support/failing_memory.h"
+#include "tests/support/file_size_limit.h"
 #include "tests/support/png_files.h"
 #include "tests/support/temporary_folder.h"
 
@@ -115,8 +117,10 @@ TEST_F(SurfaceTest, GivesTheBytesOfThatFile) {
 TEST_F(SurfaceTest, TellsWhichFileCannotBeWrittenAndWhy) {
   EXPECT_EQ(Quenzel7SurfaceSavePng(surface_, "/nowhere/x.png"), E_FAIL);
   EXPECT_STREQ(Quenzel7LastError(), "picture /nowhere/x.png cannot be written: No such file or directory");
-  EXPECT_EQ(Quenzel7SurfaceSavePng(surface_, "/dev/full"), E_FAIL);
-  EXPECT_STREQ(Quenzel7LastError(), "picture /dev/full cannot be written: No space left on device");
+  const test::TemporaryFolder folder;
+  const test::FileSizeLimit full(0);
+  EXPECT_EQ(Quenzel7SurfaceSavePng(surface_, folder.File("x.png").c_str()), E_FAIL);
+  EXPECT_EQ(Quenzel7LastError(), "picture " + folder.File("x.png") + " cannot be written: File too large");
 }
 
 TEST_F(SurfaceTest, RefusesSizesThatCannotBe) {
@@ -175,14 +179,26 @@ TEST_F(SurfaceTest, EncodingTellsWantOfMemory) {
   });
 }
 
+TEST_F(SurfaceTest, SavingTellsWantOfMemoryAndLeavesNothing) {
+  const test::TemporaryFolder folder;
+  const std::string path = folder.File("x.png");
+  ExpectToldAtEveryAllocation([&] {
+    const HRESULT result = Quenzel7SurfaceSavePng(surface_, path.c_str());
+    if (result != S_OK) {
+      EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+    }
+    return result;
+  });
+}
+
 /// Each function on a surface, with all other arguments as they should be.
 std::vector<HRESULT> AllFunctions(Quenzel7Surface* surface) {
   LONG number = 0;
   ULONG pixels[6];
   SAFEARRAY* bytes = nullptr;
-  return {Quenzel7SurfaceContext(surface, &number),     Quenzel7SurfaceSize(surface, &number, &number),
-          Quenzel7SurfacePixels(surface, pixels, 6),    Quenzel7SurfacePng(surface, &bytes),
-          Quenzel7SurfaceSavePng(surface, "/dev/null"), Quenzel7SurfaceDestroy(surface)};
+  return {Quenzel7SurfaceContext(surface, &number),          Quenzel7SurfaceSize(surface, &number, &number),
+          Quenzel7SurfacePixels(surface, pixels, 6),         Quenzel7SurfacePng(surface, &bytes),
+          Quenzel7SurfaceSavePng(surface, "/nowhere/x.png"), Quenzel7SurfaceDestroy(surface)};
 }
 
 TEST_F(SurfaceTest, NullPointersAreRefused) {
