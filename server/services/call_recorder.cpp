@@ -26,9 +26,7 @@ constexpr automation::Member kMembers[] = {
 const automation::ClassInfo& CallRecorder::ClassOf() { return ServiceClass<CallRecorder>(kMembers); }
 
 void CallRecorder::Start() {
-  if (recorder_) return;
-  calls_.clear();
-  recorder_ = std::make_unique<gdi::Recorder>();
+  if (!recorder_) recorder_ = std::make_unique<gdi::Recorder>();
 }
 
 void CallRecorder::Stop() {
