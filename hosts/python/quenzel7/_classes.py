@@ -1,17 +1,19 @@
 """Classes of Python made from type information: one for each face of each class, with a property or a method
 for every member, so that dir(), help() and completion tell what an object can do.
 
-The face of the default interface has the name of its class; another one is `clsRectangle.ItfHmiElement`.
+The face of the default interface has the name of its class; another one is `clsRectangle.ItfHmiElement`. What
+only another interface has can be used on the default face too, by way of that other one.
 """
 
 from __future__ import annotations
 
+import functools
 import inspect
 from typing import Any, Dict, List, Type
 
 from . import _abi, _members
 from ._dispatch import Counted, Dispatch, Indexed, Walked, attribute_writer, face_of
-from ._types import Member, TypeLibrary
+from ._types import ClassInfo, Member, TypeLibrary
 from .errors import AutomationError
 
 # What repr() shows of an object, when its class has it: cheap to read, and enough to tell objects apart.
@@ -124,6 +126,37 @@ def python_class(types: TypeLibrary, class_name: str, interface: str = "") -> Ty
     return types._kept(f"python {class_name}", interface, lambda: _make(types, class_name, interface, default))
 
 
+def _by_way_of(interface: str, other: property, made: Any) -> Any:
+    """What `_bind` made for a member of another interface, for the default face."""
+
+    def face(self: Dispatch) -> Dispatch:
+        found = self._faces.get(interface)
+        if found is None:
+            found = self._faces[interface] = other.fget(self)  # type: ignore[misc]
+        return found
+
+    def call(self: Dispatch, *arguments: Any, **named: Any) -> Any:
+        return made(face(self), *arguments, **named)
+
+    if not isinstance(made, property):
+        return functools.wraps(made, updated=("__dict__",))(call)
+    return property(lambda self: made.fget(face(self)), doc=made.__doc__)  # type: ignore[misc]
+
+
+def _add_others(types: TypeLibrary, info: ClassInfo, into: Dict[str, Any], writers: Dict[str, Any]) -> None:
+    """Adds the members that only interfaces beside the default one have, in their order."""
+    for interface in info.interfaces[1:]:
+        other = into[interface]
+        for member in types.interface(interface).members:
+            if member.name in into:
+                continue
+            made: Dict[str, Any] = {}
+            made_writers: Dict[str, Any] = {}
+            _bind(types, info.name, member, made, made_writers)
+            into[member.name] = _by_way_of(interface, other, made[member.name])
+            writers[member.name] = _by_way_of(interface, other, made_writers[member.name])
+
+
 def _make(types: TypeLibrary, class_name: str, interface: str, default: str) -> Type[Dispatch]:
     info = types.class_info(class_name)
     members = types.interface(interface).members
@@ -138,6 +171,8 @@ def _make(types: TypeLibrary, class_name: str, interface: str, default: str) -> 
     }
     for name in info.interfaces:
         contents[name] = _face_property(types, class_name, name)
+    if interface == default:
+        _add_others(types, info, contents, writers)
     for name in ("default", *info.interfaces):
         writers[name] = _refused_writer(owner, name, 383, "can only be read")
     for member in members:

@@ -12,7 +12,7 @@ from typing import Any, Callable, Dict, Iterator, Optional, Tuple, Type, TypeVar
 
 from . import _abi, _invoke, _variant
 from ._enumerator import Enumerator
-from ._pointers import Functions, functions_of, identity, query, release
+from ._pointers import Functions, add_reference, functions_of, identity, query, release
 from .errors import AutomationError, UnknownMemberError, check, result_error, unknown_name
 
 _NOT_CALLABLE_SO = (_abi.DISP_E_MEMBERNOTFOUND, _abi.DISP_E_PARAMNOTOPTIONAL, _abi.DISP_E_BADPARAMCOUNT)
@@ -23,13 +23,15 @@ _Proxy = TypeVar("_Proxy", bound="Dispatch")
 class Dispatch:
     """An object behind an IDispatch. Equal are proxies of one object, whatever the face."""
 
-    __slots__ = ("_this", "_invoke", "_functions", "_release", "_pointer", "__weakref__")
+    __slots__ = ("_this", "_invoke", "_functions", "_release", "_pointer", "_faces", "__weakref__")
 
     _this: Any
     _invoke: Any
     _functions: Functions
     _release: Any
     _pointer: int
+    _faces: Dict[str, "Dispatch"]
+    """Faces of the object by other interfaces that were needed so far."""
 
     _owner = "object"
     _names: Dict[str, str] = {}
@@ -82,6 +84,7 @@ _set_invoke = Dispatch._invoke.__set__  # type: ignore[attr-defined]
 _set_functions = Dispatch._functions.__set__  # type: ignore[attr-defined]
 _set_release = Dispatch._release.__set__  # type: ignore[attr-defined]
 _set_pointer = Dispatch._pointer.__set__  # type: ignore[attr-defined]
+_set_faces = Dispatch._faces.__set__  # type: ignore[attr-defined]
 
 
 def adopt(python_class: Type[_Proxy], pointer: int) -> _Proxy:
@@ -89,6 +92,7 @@ def adopt(python_class: Type[_Proxy], pointer: int) -> _Proxy:
     functions = functions_of(pointer)
     proxy = object.__new__(python_class)
     _set_pointer(proxy, pointer)
+    _set_faces(proxy, {})
     _set_functions(proxy, functions)
     _set_invoke(proxy, functions.invoke)
     _set_release(proxy, functions.release)
@@ -233,7 +237,7 @@ classification = _Classification()
 
 
 def from_pointer(pointer: int, counted: bool, hint: str = "") -> Any:
-    """The object behind an IDispatch or IUnknown; takes over the caller's count when told so.
+    """The object behind an IDispatch; takes over the caller's count when told so.
 
     hint: the class that it may be of.
     """
@@ -242,17 +246,20 @@ def from_pointer(pointer: int, counted: bool, hint: str = "") -> Any:
         if counted:
             release(pointer)
         return own[0]
-    try:
-        dispatch = query(pointer, _abi.IID_IDISPATCH)
-        if dispatch is None:
-            enumerator = query(pointer, _abi.IID_IENUMVARIANT)
-            if enumerator is None:
-                raise result_error(_abi.E_NOINTERFACE, "an object without members by name")
-            return Enumerator(enumerator)
-    finally:
-        if counted:
-            release(pointer)
-    return adopt(_class_of(dispatch, hint), dispatch)
+    if not counted:
+        add_reference(pointer)
+    return adopt(_class_of(pointer, hint), pointer)
+
+
+def from_unknown(pointer: int) -> Any:
+    """The object behind an IUnknown, whose count stays the caller's; an iterator for an enumerator."""
+    enumerator = query(pointer, _abi.IID_IENUMVARIANT)
+    if enumerator is not None:
+        return Enumerator(enumerator)
+    dispatch = query(pointer, _abi.IID_IDISPATCH)
+    if dispatch is None:
+        raise result_error(_abi.E_NOINTERFACE, "an object without members by name")
+    return from_pointer(dispatch, True)
 
 
 def _class_of(pointer: int, hint: str) -> Type[Dispatch]:
@@ -275,3 +282,4 @@ def late(pointer: int) -> LateObject:
 
 
 _variant.objects.from_pointer = from_pointer  # type: ignore[method-assign]
+_variant.objects.from_unknown = from_unknown  # type: ignore[method-assign]

@@ -99,7 +99,10 @@ class TypeLibrary:
         self._interfaces: Dict[str, Any] = {one["name"]: one for one in told["interfaces"]}
         self._enumerations: Dict[str, Any] = {one["name"]: one for one in told["enumerations"]}
         self._made: Dict[Tuple[str, str], Any] = {}
-        self._found_first: List[str] = list(self._classes)
+        others = {name for one in self._classes.values() for name in one["interfaces"][1:]}
+        # A default interface that other classes have too tells a class only when nothing else does.
+        self._shared = [name for name, one in self._classes.items() if one["interfaces"][0] in others]
+        self._found_first = [name for name in self._classes if name not in self._shared]
 
     def class_names(self) -> List[str]:
         """The classes, those that hosts can create first."""
@@ -157,18 +160,20 @@ class TypeLibrary:
         """The class whose default interface an object has; None when it is none of these.
 
         `has_interface` tells whether the object has the interface of that number. The class that it may be of is
-        tried first, then those that were found last.
+        tried first, then those that were found last; last of all those whose default interface others have too.
         """
         order = self._found_first
-        if hint in self._classes and hint != order[0]:
+        if hint in order and hint != order[0]:
             order = [hint, *order]
         for name in order:
-            info = self.class_info(name)
-            if has_interface(self.interface(info.interfaces[0]).iid):
+            if has_interface(self._default_iid(name)):
                 if name != self._found_first[0]:
                     self._found_first = [name, *(other for other in self._found_first if other != name)]
                 return name
-        return None
+        return next((name for name in self._shared if has_interface(self._default_iid(name))), None)
+
+    def _default_iid(self, name: str) -> str:
+        return self.interface(self.class_info(name).interfaces[0]).iid
 
 
 _lock = threading.RLock()

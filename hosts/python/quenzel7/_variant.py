@@ -55,6 +55,8 @@ class _Objects:
     """The IDispatch of an object of Python; the caller releases it."""
     from_pointer: Callable[[int, bool, str], Any]
     """The object of an IDispatch; it takes over the caller's count when told so. Then a class that it may be of."""
+    from_unknown: Callable[[int], Any]
+    """The object of an IUnknown, or the iterator of what is an enumerator; the caller keeps its count."""
 
 
 objects = _Objects()
@@ -229,8 +231,10 @@ def read_content(kind: int, memory: Any, offset: int, hint: str = "") -> Any:
         return Decimal(value).scaleb(-_CURRENCY_DIGITS)
     if kind == _abi.VT_BSTR:
         return text_at(value)
-    if kind in (_abi.VT_DISPATCH, _abi.VT_UNKNOWN):
+    if kind == _abi.VT_DISPATCH:
         return objects.from_pointer(value, False, hint) if value else None
+    if kind == _abi.VT_UNKNOWN:
+        return objects.from_unknown(value) if value else None
     if kind == _abi.VT_ERROR and value == _abi.DISP_E_PARAMNOTFOUND:
         return Missing
     return value

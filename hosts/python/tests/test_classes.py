@@ -287,6 +287,46 @@ class FaceTest(Case):
         for name in ("ItfPlain", "_Probe", "default"):
             self.raises(383, f"Probe.{name} can only be read", setattr, proxy, name, 1)
 
+    def test_what_only_another_interface_has_can_be_used_on_the_default_face(self) -> None:
+        target = Probe()
+        proxy = probe(target)
+        self.assertEqual(proxy.Alone, 3)
+        proxy.alone = 9
+        self.assertEqual((target.Xs, proxy.ALONE), (9, 9))
+        self.assertEqual(proxy.Pull(1, pDy=2), 5)
+        self.assertEqual(target.calls, [(1, 2, 5)])
+        self.raises(
+            448, "Probe.Pull has no argument 'pDz'; nearest is 'pDx'", lambda: proxy.Pull(1, pDz=2)
+        )
+        self.raises(449, "an argument is missing: Probe.Pull", lambda: proxy.Pull(1))
+        self.raises(438, "Probe.Pull is a method and cannot be written", setattr, proxy, "Pull", 1)
+
+    def test_what_both_have_is_that_of_the_default_face(self) -> None:
+        proxy = probe(Probe())
+        self.assertEqual(proxy.Label, "one")
+        self.assertEqual(proxy.ItfPlain.Label, 5)
+
+    def test_other_faces_have_their_own_members_only(self) -> None:
+        proxy = probe(Probe(), "ItfPlain")
+        self.assertFalse(hasattr(proxy, "Fixed"))
+
+    def test_another_face_is_asked_for_once(self) -> None:
+        proxy = probe(Probe())
+        self.assertEqual(list(proxy._faces), [])
+        proxy.Alone
+        face = proxy._faces["ItfPlain"]
+        proxy.Alone = 3
+        proxy.Pull(1, 1)
+        self.assertEqual(list(proxy._faces), ["ItfPlain"])
+        self.assertIs(proxy._faces["ItfPlain"], face)
+
+    def test_members_of_another_interface_tell_themselves(self) -> None:
+        made = _classes.python_class(type_library(), "Probe")
+        self.assertEqual(made.Alone.__doc__, "Alone As Long (read/write)\n\nApart.")
+        self.assertEqual(made.Pull.__doc__, "Pull(pDx As Long, pDy As Long) As Long")
+        self.assertEqual(str(inspect.signature(made.Pull)), "(self, /, pDx: 'Long', pDy: 'Long') -> 'Long'")
+        self.assertEqual(made.Pull.__qualname__, "Probe.Pull")
+
     def test_classes_are_made_once(self) -> None:
         types = type_library()
         self.assertIs(_classes.python_class(types, "Probe"), _classes.python_class(types, "Probe", "_Probe"))
@@ -325,7 +365,7 @@ class HelpTest(Case):
     def test_classes_tell_their_interfaces(self) -> None:
         types = type_library()
         made = _classes.python_class(types, "Probe")
-        self.assertEqual(made.__doc__, "Probe, by its interface _Probe. Interfaces: _Probe, ItfPlain.")
+        self.assertEqual(made.__doc__, "Probe, by its interface _Probe. Interfaces: _Probe, ItfPlain, ItfNone.")
         self.assertEqual((made.__module__, made.__name__, made.__qualname__), ("quenzel7", "Probe", "Probe"))
         face = _classes.python_class(types, "Probe", "ItfPlain")
         self.assertEqual((face.__name__, face.__qualname__), ("ItfPlain", "Probe.ItfPlain"))

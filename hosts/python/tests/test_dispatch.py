@@ -16,7 +16,7 @@ from unittest import mock
 
 import support
 from support import Case, Probe, late, probe
-from quenzel7 import AutomationError, Ref, UnknownMemberError, _abi, _dispatch, _host_calls, _host_objects, _pointers
+from quenzel7 import AutomationError, Ref, UnknownMemberError, _abi, _dispatch, _host_calls, _host_objects, _pointers, _variant
 from quenzel7._enumerator import Enumerator
 
 
@@ -64,6 +64,18 @@ class LateTest(Case):
         proxy = late(Failing())
         self.raises(5, "ValueError", proxy.out, place)
         self.assertEqual(place.value, "before")
+
+    def test_none_crosses_as_nothing_where_no_type_is_known(self) -> None:
+        kinds = []
+        write = _variant._WRITERS[type(None)]
+
+        def noting(memory: Any, offset: int, value: Any, kind: str) -> None:
+            kinds.append(kind)
+            write(memory, offset, value, kind)
+
+        with mock.patch.dict(_variant._WRITERS, {type(None): noting}):
+            late(types.SimpleNamespace(Take=lambda a: 0)).Take(None)
+        self.assertEqual(kinds, [""])
 
     def test_unknown_names_are_error_438(self) -> None:
         proxy = late(Sample())
@@ -269,17 +281,28 @@ class FromPointerTest(Case):
 
     def test_an_enumerator_is_an_iterator(self) -> None:
         enumerator = _host_objects.ExposedEnumerator([1, 2], iter([1, 2]))
-        walk = _dispatch.from_pointer(enumerator.pointer, True)
+        walk = _dispatch.from_unknown(enumerator.pointer)
         self.assertEqual(list(walk), [1, 2])
-        self.assertEqual(enumerator.count, 1)
+        self.assertEqual(enumerator.count, 2)
+        del walk
+        self.assertEqual(enumerator.release(), 0)
+
+    def test_an_unknown_object_is_taken_by_its_members(self) -> None:
+        self.choose(None)
+        pointer = _host_objects.pointer_of(Sample())
+        proxy = _dispatch.from_unknown(pointer)
+        self.assertEqual(proxy.Xs, 3)
+        self.assertEqual(self.count(pointer), 2)
+        _pointers.release(pointer)
 
     def test_an_object_with_neither_is_refused(self) -> None:
         pointer = _host_objects.pointer_of(Sample())
         with mock.patch.object(_host_objects.ExposedObject, "interfaces", ()):
             self.raises(
                 _abi.E_NOINTERFACE, "the object has no such interface: an object without members by name",
-                _dispatch.from_pointer, pointer, True,
+                _dispatch.from_unknown, pointer,
             )  # fmt: skip
+        _pointers.release(pointer)
 
 
 class ReleaseTest(Case):
@@ -318,7 +341,7 @@ class TypedTest(Case):
     def test_faces_of_an_object_the_object_does_not_have_are_refused(self) -> None:
         proxy = probe(Probe())
         self.raises(
-            _abi.E_NOINTERFACE, "the object has no such interface: Probe.ItfPlain", lambda: proxy.ItfPlain
+            _abi.E_NOINTERFACE, "the object has no such interface: Probe.ItfNone", lambda: proxy.ItfNone
         )
 
     def test_the_default_face_is_the_same_object(self) -> None:

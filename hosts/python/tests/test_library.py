@@ -26,7 +26,8 @@ class PlacesTest(unittest.TestCase):
         os.environ["QUENZEL7_LIBRARY"] = chosen
         with mock.patch.object(_library, "source_tree", lambda: root), mock.patch.object(
             _library.ctypes.util, "find_library", lambda name: system
-        ):
+        ), mock.patch.object(_library, "_FILE_NAME", "libnowhere.so"):
+            # The loader knows the library that is loaded by its name.
             return _library.load()
 
     def register(self, text: str) -> None:
@@ -47,7 +48,7 @@ class PlacesTest(unittest.TestCase):
 
     def test_then_the_build_folder_beside_the_sources(self) -> None:
         (self.folder / "build" / "lib").mkdir(parents=True)
-        built = self.folder / "build" / "lib" / "libquenzel7.so"
+        built = self.folder / "build" / "lib" / "libnowhere.so"
         built.symlink_to(self.good)
         self.assertEqual(self.load(root=self.folder, system="/nowhere/lib.so").path, str(built))
 
@@ -64,10 +65,10 @@ class PlacesTest(unittest.TestCase):
         lines = str(caught.exception).split("\n")
         self.assertEqual(lines[0], "the library of Quenzel7 was not found; looked at")
         self.assertEqual(lines[1], "  environment QUENZEL7_LIBRARY: not set")
-        built = self.folder / "build" / "lib" / "libquenzel7.so"
+        built = self.folder / "build" / "lib" / "libnowhere.so"
         self.assertTrue(lines[2].startswith(f"  build folder beside the sources: {built}: cannot open"), lines[2])
         self.assertEqual(lines[3], f"  registration file {self.folder}/quenzel7/server.ini: no such file")
-        self.assertTrue(lines[4].startswith("  loader of the system: libquenzel7.so: cannot open"), lines[4])
+        self.assertTrue(lines[4].startswith("  loader of the system: libnowhere.so: cannot open"), lines[4])
         self.assertEqual(len(lines), 5)
 
     def test_a_failure_tells_what_the_registration_file_and_the_installation_say(self) -> None:

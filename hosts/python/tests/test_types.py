@@ -19,14 +19,14 @@ class TypeLibraryTest(Case):
 
     def test_lists_what_there_is_in_its_order(self) -> None:
         self.assertEqual(self.types.class_names(), ["Probe", "Plain"])
-        self.assertEqual(self.types.interface_names(), ["_Probe", "ItfPlain"])
+        self.assertEqual(self.types.interface_names(), ["_Probe", "ItfPlain", "ItfNone"])
         self.assertEqual(self.types.enumeration_names(), ["enKind"])
 
     def test_a_class_has_its_interfaces_and_numbers(self) -> None:
         self.assertEqual(
             self.types.class_info("Probe"),
             _types.ClassInfo(
-                "Probe", "Quenzel7.Probe", "{00000001-0000-0000-0000-000000000001}", True, ("_Probe", "ItfPlain")
+                "Probe", "Quenzel7.Probe", "{00000001-0000-0000-0000-000000000001}", True, ("_Probe", "ItfPlain", "ItfNone")
             ),
         )
         self.assertEqual(self.types.class_info("Plain"), _types.ClassInfo("Plain", "", "", False, ("ItfPlain",)))
@@ -76,26 +76,34 @@ class TypeLibraryTest(Case):
         self.assertIs(self.types.enumeration("enKind"), self.types.enumeration("enKind"))
 
     def test_the_class_of_an_object_is_the_one_whose_default_interface_it_has(self) -> None:
+        told = json.loads(json.dumps(TOLD))
+        told["classes"][1]["interfaces"] = ["_Plain"]
+        told["interfaces"].append({"name": "_Plain", "iid": "{00000000-0000-0000-0000-0000000000BB}", "members": []})
+        self.types = _types.TypeLibrary(json.dumps(told))
+        probe, plain = (self.types.interface(name).iid for name in ("_Probe", "_Plain"))
+        self.assertEqual(self.asked_for(plain), ("Plain", [probe, plain]))
+        self.assertEqual(self.asked_for(plain), ("Plain", [plain]))
+        self.assertEqual(self.asked_for(plain, "Probe"), ("Plain", [probe, plain]))
+        self.assertEqual(self.asked_for(plain, "Plain"), ("Plain", [plain]))
+        self.assertEqual(self.asked_for(plain, "Long"), ("Plain", [plain]))
+        self.assertEqual(self.asked_for("none"), (None, [plain, probe]))
+        self.assertEqual(self.types.class_names(), ["Probe", "Plain"])
+
+    def test_an_interface_that_several_classes_have_tells_a_class_last(self) -> None:
+        probe, plain = (self.types.interface(name).iid for name in ("_Probe", "ItfPlain"))
+        for _ in range(2):
+            self.assertEqual(self.asked_for(plain, "Plain"), ("Plain", [probe, plain]))
+        self.assertEqual(self.asked_for("none", "Plain"), (None, [probe, plain]))
+
+    def asked_for(self, iid: str, hint: str = "") -> "tuple[str | None, list[str]]":
+        """The class of an object that has that interface alone, and the interfaces that it was asked for."""
         asked = []
 
-        def has(iid: str) -> bool:
-            asked.append(iid)
-            return iid == "{00000000-0000-0000-0000-0000000000AA}"
+        def has(one: str) -> bool:
+            asked.append(one)
+            return one == iid
 
-        probe, plain = (self.types.interface(name).iid for name in ("_Probe", "ItfPlain"))
-        self.assertEqual(self.types.class_of(has), "Plain")
-        self.assertEqual(asked, [probe, plain])
-        asked.clear()
-        self.assertEqual(self.types.class_of(has), "Plain")
-        self.assertEqual(asked, [plain])
-        asked.clear()
-        self.assertEqual(self.types.class_of(has, "Probe"), "Plain")
-        self.assertEqual(asked, [probe, plain])
-        asked.clear()
-        self.assertEqual(self.types.class_of(has, "Long"), "Plain")
-        self.assertEqual(asked, [plain])
-        self.assertIsNone(self.types.class_of(lambda iid: False))
-        self.assertEqual(self.types.class_names(), ["Probe", "Plain"])
+        return self.types.class_of(has, hint), asked
 
 
 class FetchTest(unittest.TestCase):

@@ -8,6 +8,7 @@ import struct
 import unittest
 from decimal import Decimal
 from typing import Any
+from unittest import mock
 
 from support import Case
 from quenzel7 import CollisionMap, Null, _variant
@@ -211,6 +212,14 @@ class OwnershipTest(Case):
         self.assertEqual(_variant.take_text(_variant.alloc_text("abc")), "abc")
         self.assertEqual(_variant.take_text(0), "")
         self.assertEqual(_variant.take_text(None), "")
+
+    def test_a_text_that_is_taken_is_freed_once(self) -> None:
+        address = _variant.alloc_text("abc")
+        with mock.patch.object(library(), "SysFreeString") as free:
+            self.assertEqual(_variant.take_text(address), "abc")
+            self.assertEqual(_variant.take_text(None), "")
+        free.assert_called_once_with(address)
+        library().SysFreeString(address)
 
     def test_every_text_comes_back(self) -> None:
         for text in ("", "a\0b", "\U0001f600", "\ud800", "\udc00x"):
