@@ -1,8 +1,10 @@
 """How long reading and writing a Long property takes from Python, as ratios measured in one run.
 
-Measured against the plain call: the bound function of Invoke called by ctypes with its nine arguments prepared
-once; for information also against the smallest call there is, DllCanUnloadNow. Run it as
-`python3 bench.py [LIMIT]`: with a limit the exit code is 1 when a ratio against the plain call is above it.
+Measured against the plain call: the bound function of Invoke called by ctypes with its nine arguments
+prepared once; for information also against the smallest call there is, DllCanUnloadNow.
+
+Run it as `python3 bench.py [LIMIT]`: with a limit the exit code is 1 when a ratio against the plain call is
+above it.
 """
 
 from __future__ import annotations
@@ -62,7 +64,8 @@ def fastest(functions: List[Callable[[], Any]]) -> List[float]:
 
 def main() -> int:
     element = q.create("clsRectangle")
-    number = next(m.number for m in q._type_information().interface("_clsRectangle").members if m.name == "Xs")
+    members = q._type_information().interface("_clsRectangle").members
+    number = next(member.number for member in members if member.name == "Xs")
 
     def read() -> Any:
         return element.Xs
@@ -74,7 +77,8 @@ def main() -> int:
     got, written, plain_get, plain_put, smallest = fastest(functions)
     print(f"read   {got:6.0f} ns   plain call {plain_get:6.0f} ns   ratio {got / plain_get:.2f}")
     print(f"write  {written:6.0f} ns   plain call {plain_put:6.0f} ns   ratio {written / plain_put:.2f}")
-    print(f"against DllCanUnloadNow ({smallest:.0f} ns): read {got / smallest:.2f}, write {written / smallest:.2f}")
+    to_smallest = f"read {got / smallest:.2f}, write {written / smallest:.2f}"
+    print(f"against DllCanUnloadNow ({smallest:.0f} ns): {to_smallest}")
     worst = max(got / plain_get, written / plain_put)
     return 1 if len(sys.argv) > 1 and worst > float(sys.argv[1]) else 0
 

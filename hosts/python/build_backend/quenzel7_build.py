@@ -1,7 +1,7 @@
 """Makes the wheel of the package, plain or editable, with the standard library alone.
 
-There is nothing to build: a wheel is an archive of the package's files with three files that describe it. What
-they say is taken from pyproject.toml.
+There is nothing to build: a wheel is an archive of the package's files with three files that describe it.
+What they say is taken from pyproject.toml.
 """
 
 from __future__ import annotations
@@ -56,7 +56,9 @@ def _write_wheel(folder: str, files: Dict[str, bytes]) -> str:
     return wheel_name
 
 
-def build_wheel(wheel_directory: str, config_settings: Any = None, metadata_directory: Optional[str] = None) -> str:
+def build_wheel(
+    wheel_directory: str, config_settings: Any = None, metadata_directory: Optional[str] = None
+) -> str:
     """A wheel with the files of the package; gives its name."""
     return _write_wheel(wheel_directory, _package_files())
 

@@ -1,4 +1,5 @@
-"""Quenzel7 from Python: the elements of operator panels' pages, late-bound over the library's binary interface.
+"""Quenzel7 from Python: the elements of operator panels' pages, late-bound over the library's binary
+interface.
 
     import quenzel7 as q
     rectangle = q.create("clsRectangle", Xs=10, Ys=20, Dx=100, Dy=50)
@@ -7,9 +8,9 @@
     rectangle.GetBoundingRect(x, y, dx, dy)
     rectangle.ItfHmiElement.ElementType
 
-Classes (q.clsRectangle) and enumerations (q.enVarType.eVT_Numeric) are attributes of the package, made from what
-the library tells of itself; q.enums has the enumerations alone. Errors are AutomationError with the run-time's
-number. Objects belong to the thread that made them.
+Classes (q.clsRectangle) and enumerations (q.enVarType.eVT_Numeric) are attributes of the package, made from
+what the library tells of itself; q.enums has the enumerations alone. Errors are AutomationError with the
+run-time's number. Objects belong to the thread that made them.
 """
 
 from __future__ import annotations

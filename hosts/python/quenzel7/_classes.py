@@ -77,7 +77,9 @@ def _refused_writer(owner: str, name: str, number: int, text: str) -> Any:
     return write
 
 
-def _bind(types: TypeLibrary, owner: str, member: Member, into: Dict[str, Any], writers: Dict[str, Any]) -> None:
+def _bind(
+    types: TypeLibrary, owner: str, member: Member, into: Dict[str, Any], writers: Dict[str, Any]
+) -> None:
     """Adds what Python needs for one member to the contents of a class."""
     enumeration = types.enumeration(member.enumeration) if member.enumeration else None
     if member.is_method:
@@ -89,7 +91,9 @@ def _bind(types: TypeLibrary, owner: str, member: Member, into: Dict[str, Any], 
         into[member.name] = method
         writers[member.name] = _refused_writer(owner, member.name, 438, "is a method and cannot be written")
         return
-    reader = _members.make_reader(owner, member, enumeration) if member.get else _refused_reader(owner, member)
+    reader = _refused_reader(owner, member)
+    if member.get:
+        reader = _members.make_reader(owner, member, enumeration)
     if member.put or member.putref:
         writers[member.name] = _members.make_writer(owner, member)
     else:
@@ -122,8 +126,8 @@ def python_class(types: TypeLibrary, class_name: str, interface: str = "") -> Ty
     """The class of Python for one face of a class, that of the default interface when none is named."""
     info = types.class_info(class_name)
     default = info.interfaces[0]
-    interface = interface or default
-    return types._kept(f"python {class_name}", interface, lambda: _make(types, class_name, interface, default))
+    wanted = interface or default
+    return types.kept(f"python {class_name}", wanted, lambda: _make(types, class_name, wanted, default))
 
 
 def _by_way_of(interface: str, other: property, made: Any) -> Any:

@@ -1,8 +1,8 @@
 """Proxies: objects of the library, and of anybody else behind an IDispatch, as objects of Python.
 
-`Dispatch` is what all proxies have in common: the pointer, identity, release. The classes that `_classes` makes
-derive from it and know their members; `LateObject` asks the object for every name. `from_pointer` chooses, and
-gives an object of Python itself back when the pointer is one of its own.
+`Dispatch` is what all proxies have in common: the pointer, identity, release. The classes that `_classes`
+makes derive from it and know their members; `LateObject` asks the object for every name. `from_pointer`
+chooses, and gives an object of Python itself back when the pointer is one of its own.
 """
 
 from __future__ import annotations
@@ -128,7 +128,8 @@ class Walked(Dispatch):
     __slots__ = ()
 
     def __iter__(self) -> Iterator[Any]:
-        found = _invoke.call(self, _abi.DISPID_NEWENUM, _GET_OR_CALL, (), context=lambda _: f"{self._owner}._NewEnum")
+        context: _invoke.Context = lambda _: f"{self._owner}._NewEnum"
+        found = _invoke.call(self, _abi.DISPID_NEWENUM, _GET_OR_CALL, (), context=context)
         if not isinstance(found, Enumerator):
             raise TypeError(f"{self._owner} gives no enumerator")
         return found
@@ -230,7 +231,7 @@ class _Classification:
     """How the class of an object is found, and objects of Python among pointers; set by those who know."""
 
     python_class: Optional[Callable[[Callable[[str], bool], str], Optional[Type[Dispatch]]]] = None
-    own_object: Callable[[int], Optional[Tuple[Any]]] = staticmethod(lambda pointer: None)  # type: ignore[assignment]
+    own_object: Callable[[int], Optional[Tuple[Any]]]
 
 
 classification = _Classification()

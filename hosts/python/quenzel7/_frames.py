@@ -35,10 +35,10 @@ Quick = Tuple["Frame", Any, Any, Any, Any, Any, Any]
 
 
 class Frame:
-    """One call's memory. `result`, `info`, `bad`, `put` and `call` are what Invoke gets: the result, the EXCEPINFO,
-    the place of a bad argument, the arguments of a property's write (the value stands at `first`), and those of a
-    call, which `set_count` sets. `quick` is the frame itself, its memory as 32-bit numbers, the place of a number
-    to write, `result`, `info`, `bad`, and the arguments of the write of that number.
+    """One call's memory. `result`, `info`, `bad`, `put` and `call` are what Invoke gets: the result, the
+    EXCEPINFO, the place of a bad argument, the arguments of a property's write (the value stands at `first`),
+    and those of a call, which `set_count` sets. `quick` is the frame itself, its memory as 32-bit numbers,
+    the place of a number to write, `result`, `info`, `bad`, and the arguments of the write of that number.
     """
 
     __slots__ = ("memory", "result", "info", "bad", "put", "call", "room", "first", "names", "quick")

@@ -23,11 +23,12 @@ class Refused(Exception):
 
 
 class Arguments:
-    """The arguments of a call from the library: values in their order, those with a name apart with its number,
-    and the places that by-reference ones go back to."""
+    """The arguments of a call from the library: values in their order, those with a name apart with its
+    number, and the places that by-reference ones go back to."""
 
     def __init__(self, parameters: int) -> None:
-        first, names, count, named = _abi.DISPPARAMS.unpack(ctypes.string_at(parameters, _abi.DISPPARAMS.size))
+        memory = ctypes.string_at(parameters, _abi.DISPPARAMS.size)
+        first, names, count, named = _abi.DISPPARAMS.unpack(memory)
         self._references: List[Tuple[Ref, Any, int, int, int]] = []
         values = [self._value(first + place * VARIANT_SIZE, place) for place in range(count)]
         numbers = struct.unpack(f"<{named}i", ctypes.string_at(names, 4 * named)) if named else ()

@@ -1,16 +1,17 @@
 """Objects of Python as IDispatch, so that they can be handed wherever the library wants an object.
 
 A name is looked for among the attributes that do not start with an underscore: in the same spelling, without
-regard to case, then without regard to underscores (`show_message` answers to ShowMessage). Its number stays the
-same as long as the object is held. Methods are called with values of Python, by-reference arguments being Refs;
-other attributes are read and written. An object that can be iterated offers _NewEnum, one that can be called or
-has a `Value` stands for it as DISPID_VALUE.
+regard to case, then without regard to underscores (`show_message` answers to ShowMessage). Its number stays
+the same as long as the object is held. Methods are called with values of Python, by-reference arguments being
+Refs; other attributes are read and written. An object that can be iterated offers _NewEnum, one that can be
+called or has a `Value` stands for it as DISPID_VALUE.
 
 An exception becomes an error of the library: an AutomationError keeps its number, description and source, any
-other has number 5, "ValueError: the text" and the object's class as its source. The error that comes back out of
-the library into Python has the exception as its cause.
+other has number 5, "ValueError: the text" and the object's class as its source. The error that comes back out
+of the library into Python has the exception as its cause.
 
-An object is kept alive by its count and forgotten with it: the same object handed twice is the same IDispatch.
+An object is kept alive by its count and forgotten with it: the same object handed twice is the same
+IDispatch.
 """
 
 from __future__ import annotations
@@ -151,7 +152,8 @@ class ExposedObject(Exposed):
         if not names or number not in self._names:
             return [_abi.DISPID_UNKNOWN] * len(names)
         folded = [parameter.lower() for parameter in parameters_of(getattr(self.target, self._names[number]))]
-        return [folded.index(name.lower()) if name.lower() in folded else _abi.DISPID_UNKNOWN for name in names]
+        places = {parameter: place for place, parameter in reversed(list(enumerate(folded)))}
+        return [places.get(name.lower(), _abi.DISPID_UNKNOWN) for name in names]
 
     def _is_iterable(self) -> bool:
         return hasattr(type(self.target), "__iter__")
@@ -159,7 +161,8 @@ class ExposedObject(Exposed):
     # Calls
 
     def invoke(self, number: int, flags: int, arguments: Arguments) -> Any:
-        """Calls the member of that number and gives its result; raises Refused for what cannot be called so."""
+        """Calls the member of that number and gives its result; raises Refused for what cannot be called
+        so."""
         if number == _abi.DISPID_NEWENUM and self._is_iterable() and not flags & _WRITES:
             return ExposedEnumerator(self.target, iter(self.target))
         name = self._names.get(number)

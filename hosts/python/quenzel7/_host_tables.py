@@ -1,5 +1,5 @@
-"""The functions of objects of Python that the library calls: those of IDispatch and IEnumVARIANT, in tables that
-stand outside the memory of Python, because the library may use them after Python has ended."""
+"""The functions of objects of Python that the library calls: those of IDispatch and IEnumVARIANT, in tables
+that stand outside the memory of Python, because the library may use them after Python has ended."""
 
 from __future__ import annotations
 
@@ -97,7 +97,9 @@ def _text_that_ends(address: int) -> str:
         units += unit
 
 
-def _get_ids_of_names(this: int, interface: Address, names: Address, count: int, locale: int, ids: Address) -> int:
+def _get_ids_of_names(
+    this: int, interface: Address, names: Address, count: int, locale: int, ids: Address
+) -> int:
     if interface and ctypes.string_at(interface, 16) != _abi.IID_NULL:
         return _abi.DISP_E_UNKNOWNINTERFACE
     if not names or not ids or not count:

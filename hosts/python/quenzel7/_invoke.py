@@ -48,8 +48,8 @@ def call(
 ) -> Any:
     """Calls a member of a proxy and gives its result.
 
-    kinds: the declared types of all parameters, in their order; hint: that of the result. The values of Refs are
-    theirs after the call.
+    kinds: the declared types of all parameters, in their order; hint: that of the result. The values of Refs
+    are theirs after the call.
     """
     count = len(positional) + len(named)
     known = len(kinds)

@@ -50,7 +50,8 @@ def function_at(pointer: int, place: int, prototype: Any = _abi.UNCHECKED_RESULT
 def query(pointer: int, interface: bytes) -> Optional[int]:
     """The object's pointer for another interface, counted; None when it has no such interface."""
     found = ctypes.c_void_p()
-    result = function_at(pointer, _abi.QUERY_INTERFACE)(ctypes.c_void_p(pointer), interface, ctypes.byref(found))
+    ask = function_at(pointer, _abi.QUERY_INTERFACE)
+    result = ask(ctypes.c_void_p(pointer), interface, ctypes.byref(found))
     if result == _abi.E_NOINTERFACE:
         return None
     check(result, "QueryInterface")

@@ -1,5 +1,5 @@
-"""By-reference arguments: the places that a Ref gives to a member, and those that a member of an object of Python
-gets to write into."""
+"""By-reference arguments: the places that a Ref gives to a member, and those that a member of an object of
+Python gets to write into."""
 
 from __future__ import annotations
 
@@ -16,8 +16,8 @@ from .errors import AutomationError
 
 
 def write_reference(memory: Any, offset: int, ref: Ref) -> Any:
-    """Makes a VARIANT that points to a place with the value of `ref`; gives the place, which has to live as long
-    as the VARIANT is used, and is handed to `take_reference` then."""
+    """Makes a VARIANT that points to a place with the value of `ref`; gives the place, which has to live as
+    long as the VARIANT is used, and is handed to `take_reference` then."""
     place = ctypes.create_string_buffer(_abi.VARIANT_SIZE)
     _variant.write(place, 0, ref.value, ref.kind)
     kind, inside = VT_VARIANT, 0

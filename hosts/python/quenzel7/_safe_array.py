@@ -1,9 +1,9 @@
 """Arrays of the binary interface.
 
-    bytes, bytearray, memoryview    VT_UI1              CollisionMap           VT_UI1, two dimensions
-    list or tuple of int            VT_I4               lists of equal length  two dimensions, [i][j] at (i, j)
-    of str, of float, of bool       VT_BSTR, VT_R8, VT_BOOL
-    of anything else, or mixed      VT_VARIANT
+    bytes, bytearray, memoryview  VT_UI1            CollisionMap           VT_UI1, two dimensions
+    list or tuple of int          VT_I4             lists of equal length  two dimensions, [i][j] at (i, j)
+    of str, of float, of bool     VT_BSTR, VT_R8, VT_BOOL
+    of anything else, or mixed    VT_VARIANT
 
 What comes back: bytes for one dimension of VT_UI1, CollisionMap for two from index 0, lists for all others.
 Cells lie with the first index running fastest.

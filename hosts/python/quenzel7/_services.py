@@ -34,8 +34,8 @@ def _class_number(class_name: str) -> bytes:
 def create(class_name: str, **properties: Any) -> Any:
     """A new object of the class: `create("clsRectangle")`, `create("clsRectangle", Xs=10, Ys=20)`.
 
-    The case of the name does not matter, and "Quenzel7.clsRectangle" is good too. Properties are written in the
-    order given. Error 429, naming the nearest, for a class that cannot be created.
+    The case of the name does not matter, and "Quenzel7.clsRectangle" is good too. Properties are written in
+    the order given. Error 429, naming the nearest, for a class that cannot be created.
     """
     number = _class_number(class_name)
     factory = _Out()

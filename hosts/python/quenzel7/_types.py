@@ -116,7 +116,8 @@ class TypeLibrary:
         """The enumerations."""
         return list(self._enumerations)
 
-    def _kept(self, kind: str, name: str, make: Callable[[], Any]) -> Any:
+    def kept(self, kind: str, name: str, make: Callable[[], Any]) -> Any:
+        """What was made of that kind under that name, made when it is first asked for."""
         key = (kind, name)
         if key not in self._made:
             self._made.setdefault(key, make())
@@ -132,7 +133,7 @@ class TypeLibrary:
             names = (told["name"], told.get("progid", ""), told.get("clsid", ""))
             return ClassInfo(*names, told.get("creatable", False), tuple(told["interfaces"]))
 
-        return self._kept("class", name, make)
+        return self.kept("class", name, make)
 
     def interface(self, name: str) -> Interface:
         """An interface by its name; error 5 naming the nearest when there is none."""
@@ -143,7 +144,7 @@ class TypeLibrary:
             told = self._interfaces[name]
             return Interface(name, told["iid"], tuple(_member(member) for member in told["members"]))
 
-        return self._kept("interface", name, make)
+        return self.kept("interface", name, make)
 
     def enumeration(self, name: str) -> Type[IntEnum]:
         """An enumeration as an IntEnum; error 5 naming the nearest when there is none."""
@@ -154,13 +155,14 @@ class TypeLibrary:
             members = [(one["name"], one["value"]) for one in self._enumerations[name]["members"]]
             return IntEnum(name, members, module="quenzel7", qualname=name)  # type: ignore[return-value]
 
-        return self._kept("enumeration", name, make)
+        return self.kept("enumeration", name, make)
 
     def class_of(self, has_interface: Callable[[str], bool], hint: str = "") -> Optional[str]:
         """The class whose default interface an object has; None when it is none of these.
 
-        `has_interface` tells whether the object has the interface of that number. The class that it may be of is
-        tried first, then those that were found last; last of all those whose default interface others have too.
+        `has_interface` tells whether the object has the interface of that number. The class that it may be of
+        is tried first, then those that were found last; last of all those whose default interface others have
+        too.
         """
         order = self._found_first
         if hint in order and hint != order[0]:

@@ -4,11 +4,11 @@
 leaves it there, `take` gives it and takes it away, `clear` lets go of it. How objects cross is told by
 `_dispatch` and `_host_objects`, which set `objects.to_pointer` and `objects.from_pointer`.
 
-    int     VT_I4, from 33 bits on VT_I8 (IntEnum alike)    str      VT_BSTR
-    float   VT_R8                                            Decimal  VT_CY, exactly or not at all
-    bool    VT_BOOL                                          None     VT_EMPTY, or no object where one is wanted
-    Null    VT_NULL                                          bytes, list, tuple, CollisionMap: see _safe_array
-    Ref     VT_BYREF, see _references                        any other: VT_DISPATCH
+    int    VT_I4, from 33 bits on VT_I8 (IntEnum too)  str      VT_BSTR
+    float  VT_R8                                       Decimal  VT_CY, exactly or not at all
+    bool   VT_BOOL                                     None     VT_EMPTY, or no object where one is wanted
+    Null   VT_NULL                                     bytes, list, tuple, CollisionMap: see _safe_array
+    Ref    VT_BYREF, see _references                   any other: VT_DISPATCH
 """
 
 from __future__ import annotations
@@ -54,7 +54,8 @@ class _Objects:
     to_pointer: Callable[[Any], int]
     """The IDispatch of an object of Python; the caller releases it."""
     from_pointer: Callable[[int, bool, str], Any]
-    """The object of an IDispatch; it takes over the caller's count when told so. Then a class that it may be of."""
+    """The object of an IDispatch; it takes over the caller's count when told so. Then a class that it may be
+    of."""
     from_unknown: Callable[[int], Any]
     """The object of an IUnknown, or the iterator of what is an enumerator; the caller keeps its count."""
 
@@ -193,8 +194,8 @@ def _writer_of(value: Any) -> Writer:
 
 
 def write(memory: Any, offset: int, value: Any, kind: str = "") -> None:
-    """Writes a value into a VARIANT that holds nothing; `kind` is the declared type of the place, "" when there
-    is none. Whoever called clears it."""
+    """Writes a value into a VARIANT that holds nothing; `kind` is the declared type of the place, "" when
+    there is none. Whoever called clears it."""
     (_WRITERS.get(type(value)) or _writer_of(value))(memory, offset, value, kind)
 
 

@@ -2,7 +2,7 @@
 
 from __future__ import annotations
 
-from typing import Any, Tuple, Union
+from typing import Any, Tuple
 
 from .errors import AutomationError
 
@@ -67,7 +67,8 @@ class CollisionMap:
     def _place(self, index: Tuple[int, int]) -> int:
         x, y = index
         if not (0 <= x <= self.width and 0 <= y <= self.height):
-            raise IndexError(f"[{x}, {y}] lies outside a collision map of {self.width} x {self.height} pixels")
+            size = f"{self.width} x {self.height} pixels"
+            raise IndexError(f"[{x}, {y}] lies outside a collision map of {size}")
         return y * (self.width + 1) + x
 
     def __getitem__(self, index: Tuple[int, int]) -> int:
@@ -96,6 +97,3 @@ class CollisionMap:
     def __repr__(self) -> str:
         marked = len(self.cells) - self.cells.count(0)
         return f"<CollisionMap {self.width} x {self.height}, {marked} cells marked>"
-
-
-Bytes = Union[bytes, bytearray, memoryview]

@@ -1,5 +1,5 @@
-"""What the tests share: the package on the path, loopback to objects of Python, and type information of a class
-of their own."""
+"""What the tests share: the package on the path, loopback to objects of Python, and type information of a
+class of their own."""
 
 from __future__ import annotations
 

@@ -1,4 +1,5 @@
-"""Classes made from type information, in loopback to an object of Python with the members that they tell of."""
+"""Classes made from type information, in loopback to an object of Python with the members that they tell
+of."""
 
 from __future__ import annotations
 
