@@ -8,9 +8,9 @@ interface.
     rectangle.GetBoundingRect(x, y, dx, dy)
     rectangle.ItfHmiElement.ElementType
 
-Classes (q.clsRectangle) and enumerations (q.enVarType.eVT_Numeric) are attributes of the package, made from
-what the library tells of itself; q.enums has the enumerations alone. Errors are AutomationError with the
-run-time's number. Objects belong to the thread that made them.
+Classes (q.clsRectangle, which can be called as well) and enumerations (q.enVarType.eVT_Numeric) are
+attributes of the package, made from what the library tells of itself; q.enums has the enumerations alone.
+Errors are AutomationError with the run-time's number. Objects belong to the thread that made them.
 """
 
 from __future__ import annotations

@@ -37,6 +37,10 @@ class Dispatch:
     _names: Dict[str, str] = {}
     _shown: Tuple[str, ...] = ()
 
+    def __new__(cls, **properties: Any) -> Any:
+        """A new object of the class, as `create` makes it."""
+        return classification.create(cls._owner, **properties)
+
     def __getattr__(self, name: str) -> Any:
         # Comes only for what the class does not have.
         if name.startswith("_"):
@@ -228,8 +232,10 @@ class LateObject(Walked, Counted, Indexed):
 
 
 class _Classification:
-    """How the class of an object is found, and objects of Python among pointers; set by those who know."""
+    """How the class of an object is found, objects of Python among pointers, and how objects are made; set by
+    those who know."""
 
+    create: Callable[..., Any]
     python_class: Optional[Callable[[Callable[[str], bool], str], Optional[Type[Dispatch]]]] = None
     own_object: Callable[[int], Optional[Tuple[Any]]]
 

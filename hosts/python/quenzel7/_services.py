@@ -79,6 +79,7 @@ def _python_class(has_interface: Callable[[str], bool], hint: str) -> Optional[T
 
 fetch_with(_describe)
 classification.python_class = _python_class
+classification.create = create  # type: ignore[method-assign]
 
 
 def class_of_python(class_name: str) -> Type[Dispatch]:

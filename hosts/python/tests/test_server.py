@@ -258,6 +258,15 @@ class CreateTest(ServerCase):
         for name in ("clsrectangle", "CLSRECTANGLE", "Quenzel7.clsRectangle", "quenzel7.CLSrectangle"):
             self.assertIs(type(q.create(name)), q.clsRectangle)
 
+    def test_a_class_can_be_called(self) -> None:
+        rectangle = q.clsRectangle(Xs=3, dx=4)
+        self.assertIs(type(rectangle), q.clsRectangle)
+        self.assertEqual((rectangle.Xs, rectangle.Dx), (3, 4))
+        for other in (q.Field, type(rectangle.ItfHmiElement)):
+            with self.assertRaises(AutomationError) as caught:
+                other()
+            self.assertEqual(caught.exception.number, 429)
+
     def test_unknown_names_are_told_with_the_nearest(self) -> None:
         text = "there is no class to create named 'clsRectangel'; nearest is 'clsRectangle'"
         error = self.raises(429, text, q.create, "clsRectangel")
