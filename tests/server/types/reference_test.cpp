@@ -56,6 +56,13 @@ TEST(Reference, ACreatableClassTellsItsProgrammaticName) {
             "[ItfImage](#itfimage).");
 }
 
+TEST(Reference, AClassWithoutFurtherInterfacesTellsItsOwnOnly) {
+  const std::string section = Section(Page(), "### Collection");
+  EXPECT_EQ(section.substr(0, section.find("\n| number")),
+            "### Collection\n\n"
+            "Default interface `Collection`, number `{69CB8A00-6006-5ACC-BD43-EEC9EE225820}`.\n");
+}
+
 TEST(Reference, AClassWithoutMembersHasNoTable) {
   EXPECT_EQ(Section(Page(), "### clsEnums").find('|'), std::string::npos);
 }
