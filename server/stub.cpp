@@ -21,6 +21,7 @@ Stub::Stub(automation::ObjectRef object, std::shared_ptr<Apartment> apartment)
 }
 
 ULONG Stub::Release() {
+  if (apartment_->IsCurrent()) return apartment_->Release(this);
   // The apartment outlives the stub that goes with this.
   const std::shared_ptr<Apartment> apartment = apartment_;
   return apartment->Release(this);
