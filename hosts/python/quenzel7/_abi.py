@@ -7,6 +7,7 @@ its content from the eighth on.
 from __future__ import annotations
 
 import ctypes
+import functools
 import struct
 import uuid
 from ctypes import POINTER, c_char_p, c_int32, c_uint16, c_uint32, c_void_p
@@ -87,6 +88,7 @@ DISPID_PROPERTYPUT = -3
 DISPID_NEWENUM = -4
 
 
+@functools.lru_cache(maxsize=None)
 def guid(text: str) -> bytes:
     """The sixteen bytes of a number that people write as "{00020400-0000-0000-C000-000000000046}"."""
     return uuid.UUID(text).bytes_le

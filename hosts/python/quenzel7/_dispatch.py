@@ -107,7 +107,7 @@ def adopt(python_class: Type[_Proxy], pointer: int) -> _Proxy:
 
 def face_of(proxy: Dispatch, interface: bytes, python_class: Type[Dispatch]) -> Dispatch:
     """The same object by another of its interfaces."""
-    found = query(proxy._pointer, interface)
+    found = query(proxy._pointer, interface, proxy._functions)
     if found is None:
         raise result_error(_abi.E_NOINTERFACE, f"{python_class._owner}")
     return adopt(python_class, found)
@@ -273,11 +273,13 @@ def _class_of(pointer: int, hint: str) -> Type[Dispatch]:
     if classification.python_class is None:
         return LateObject
 
+    functions = functions_of(pointer)
+
     def has_interface(iid: str) -> bool:
-        found = query(pointer, _abi.guid(iid))
+        found = query(pointer, _abi.guid(iid), functions)
         if found is None:
             return False
-        release(found)
+        functions_of(found).release(ctypes.c_void_p(found))
         return True
 
     return classification.python_class(has_interface, hint) or LateObject

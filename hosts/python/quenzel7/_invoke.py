@@ -9,7 +9,7 @@ from typing import Any, Callable, List, Optional, Sequence, Tuple
 
 from . import _abi, _references, _variant
 from ._abi import VARIANT_SIZE
-from ._frames import Frame, fail, give_back, take_frame, thread
+from ._frames import fail, give_back, take_frame, thread
 from ._pointers import IID_NULL_ARGUMENT
 from .arrays import Ref
 
@@ -18,22 +18,34 @@ Context = Callable[[Optional[int]], str]
 """Tells of which member an error is, and of which argument, from 0, when that is known."""
 
 
-def _write_arguments(
-    frame: Frame, values: Sequence[Any], kinds: Sequence[str], places: List[Tuple[Ref, Any]]
-) -> None:
-    """Writes the arguments as they lie in memory; the places of by-reference ones are added to the list."""
-    offset = frame.first
-    for value, kind in zip(values, kinds):
+# Values that a VARIANT holds without owning anything.
+_PLAIN = frozenset((int, bool, float, type(None)))
+
+
+class _Written:
+    """What the arguments of a call need after it: VARIANTs to clear, places of Refs to read."""
+
+    __slots__ = ("owned", "places")
+
+    def __init__(self) -> None:
+        self.owned: List[int] = []
+        self.places: List[Tuple[Ref, Any]] = []
+
+    def write(self, memory: Any, offset: int, value: Any, kind: str) -> None:
+        """Writes an argument."""
         if type(value) is Ref:
-            places.append((value, _references.write_reference(frame.memory, offset, value)))
-        else:
-            _variant.write(frame.memory, offset, value, kind)
-        offset += VARIANT_SIZE
+            self.places.append((value, _references.write_reference(memory, offset, value)))
+            return
+        _variant.write(memory, offset, value, kind)
+        if type(value) not in _PLAIN:
+            self.owned.append(offset)
 
-
-def _clear_arguments(frame: Frame, count: int) -> None:
-    for offset in range(frame.first, frame.first + count * VARIANT_SIZE, VARIANT_SIZE):
-        _variant.clear(frame.memory, offset)
+    def clear(self, memory: Any) -> None:
+        """Lets go of everything."""
+        for offset in self.owned:
+            _variant.clear(memory, offset)
+        for _, place in self.places:
+            _variant.clear(place)
 
 
 def call(
@@ -51,36 +63,43 @@ def call(
     kinds: the declared types of all parameters, in their order; hint: that of the result. The values of Refs
     are theirs after the call.
     """
-    count = len(positional) + len(named)
-    known = len(kinds)
-    # The last argument lies first, those with a name before those without.
-    values = [value for _, value in named] + list(reversed(positional))
-    parameters = [place for place, _ in named] + list(range(len(positional) - 1, -1, -1))
+    count, known = len(positional) + len(named), len(kinds)
     frame = take_frame(count)
-    places: List[Tuple[Ref, Any]] = []
+    memory, offset = frame.memory, frame.first
+    written = _Written()
     # What was raised before cannot be the cause of what this call may raise.
     thread.raised = None
     try:
         frame.set_count(count, len(named))
-        for place, (parameter, _) in enumerate(named):
-            struct.pack_into("<i", frame.memory, frame.names + 4 * place, parameter)
-        _write_arguments(frame, values, [kinds[p] if 0 <= p < known else "" for p in parameters], places)
+        # The last argument lies first, those with a name before those without.
+        for place, (parameter, value) in enumerate(named):
+            struct.pack_into("<i", memory, frame.names + 4 * place, parameter)
+            written.write(memory, offset, value, kinds[parameter] if 0 <= parameter < known else "")
+            offset += VARIANT_SIZE
+        for parameter in range(len(positional) - 1, -1, -1):
+            written.write(memory, offset, positional[parameter], kinds[parameter] if parameter < known else "")
+            offset += VARIANT_SIZE
         frame.quick[1][0] = _abi.VT_EMPTY
         result = target._invoke(
             target._this, number, IID_NULL_ARGUMENT, 0, flags, frame.call, frame.result, frame.info, frame.bad
         )
         if result < 0:
-            bad = frame.bad_argument()
-            raise fail(frame, result, context(parameters[bad] if bad is not None and bad < count else None))
-        value = _variant.take(frame.memory, 0, hint)
-        for ref, memory in places:
-            _references.take_reference(memory, ref)
+            bad = _parameter_at(frame.bad_argument(), count, named)
+            raise fail(frame, result, context(bad))
+        value = _variant.take(memory, 0, hint)
+        for ref, place_of_ref in written.places:
+            _references.take_reference(place_of_ref, ref)
         return value
     finally:
-        _clear_arguments(frame, count)
-        for _, memory in places:
-            _variant.clear(memory)
+        written.clear(memory)
         give_back(frame)
+
+
+def _parameter_at(place: Optional[int], count: int, named: Sequence[NamedArgument]) -> Optional[int]:
+    """The parameter whose argument lies at a place; None when none lies there."""
+    if place is None or place >= count:
+        return None
+    return named[place][0] if place < len(named) else count - 1 - place
 
 
 def put(target: Any, number: int, flags: int, value: Any, kind: str, context: Context) -> None:

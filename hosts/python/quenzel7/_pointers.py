@@ -47,10 +47,11 @@ def function_at(pointer: int, place: int, prototype: Any = _abi.UNCHECKED_RESULT
     return prototype(ctypes.c_uint64.from_address(table + 8 * place).value)
 
 
-def query(pointer: int, interface: bytes) -> Optional[int]:
-    """The object's pointer for another interface, counted; None when it has no such interface."""
+def query(pointer: int, interface: bytes, functions: Optional[Functions] = None) -> Optional[int]:
+    """The object's pointer for another interface, counted; None when it has no such interface. The functions
+    of an IDispatch, if they are known, spare looking for them."""
     found = ctypes.c_void_p()
-    ask = function_at(pointer, _abi.QUERY_INTERFACE)
+    ask = functions.query_interface if functions else function_at(pointer, _abi.QUERY_INTERFACE)
     result = ask(ctypes.c_void_p(pointer), interface, ctypes.byref(found))
     if result == _abi.E_NOINTERFACE:
         return None

@@ -13,7 +13,7 @@ from __future__ import annotations
 
 import ctypes
 import struct
-from typing import Any, Callable, List, Sequence, Tuple
+from typing import Any, Callable, List, Sequence, Tuple, Union
 
 from . import _abi
 from ._library import library
@@ -94,12 +94,12 @@ def _data_of(array: int) -> int:
     return _abi.SAFEARRAY.unpack(ctypes.string_at(array, _abi.SAFEARRAY.size))[4]
 
 
-def _filled(kind: int, sizes: Tuple[int, ...], data: Any) -> int:
+def _filled(kind: int, sizes: Tuple[int, ...], data: Union[bytes, bytearray]) -> int:
     """A new array with these bytes as its cells."""
     array = _create(kind, sizes)
-    if len(data):
-        place = (ctypes.c_char * len(data)).from_address(_data_of(array))
-        place[:] = bytes(data) if isinstance(data, bytes) else bytes(memoryview(data))
+    # A bytearray is copied from where it is: a map of a page has hundreds of thousands of cells.
+    source = (ctypes.c_char * len(data)).from_buffer(data) if isinstance(data, bytearray) else data
+    ctypes.memmove(_data_of(array), source, len(data))
     return array
 
 
