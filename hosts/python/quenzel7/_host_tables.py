@@ -230,8 +230,7 @@ class _Table:
     def silence(self) -> None:
         """Has a harmless function of the system called instead, which asks nothing of Python."""
         if self._address:
-            name = "getpgid" if hasattr(runtime, "getpgid") else "abs"
-            harmless = ctypes.cast(getattr(runtime, name), c_void_p).value
+            harmless = ctypes.cast(runtime.abs, c_void_p).value
             self._fill(self._address, [harmless] * len(self._functions))
 
 

@@ -77,7 +77,8 @@ def call(
             written.write(memory, offset, value, kinds[parameter] if 0 <= parameter < known else "")
             offset += VARIANT_SIZE
         for parameter in range(len(positional) - 1, -1, -1):
-            written.write(memory, offset, positional[parameter], kinds[parameter] if parameter < known else "")
+            kind = kinds[parameter] if parameter < known else ""
+            written.write(memory, offset, positional[parameter], kind)
             offset += VARIANT_SIZE
         frame.quick[1][0] = _abi.VT_EMPTY
         result = target._invoke(

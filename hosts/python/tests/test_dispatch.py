@@ -166,7 +166,7 @@ class LateTest(Case):
     def test_an_object_that_holds_nothing_is_not_walked_over(self) -> None:
         proxy = late(Sample())
         self.raises(438, "the member cannot be used so: object._NewEnum", iter, proxy)
-        with self.assertRaisesRegex(TypeError, "object has no Count"):
+        with self.assertRaisesRegex(TypeError, "^object has no Count$"):
             len(proxy)
 
     def test_count_and_value_make_a_length_and_an_index(self) -> None:

@@ -601,10 +601,11 @@ class EnumeratorTest(Case):
         class Failing:
             def __iter__(self) -> Any:
                 yield thing
+                yield [thing]
                 raise ValueError("no more")
 
         pointer = self.enumerator(Failing())
-        self.assertEqual(self.next(pointer, 2), (_abi.E_UNEXPECTED, 0, [None, None]))
+        self.assertEqual(self.next(pointer, 3), (_abi.E_UNEXPECTED, 0, [None, None, None]))
         _pointers.release(pointer)
 
     def test_is_another_object_than_what_it_walks_over(self) -> None:
