@@ -74,4 +74,8 @@ def __getattr__(name: str) -> Any:
 
 
 def __dir__() -> List[str]:
-    return sorted({*__all__, *_type_information().enumeration_names(), *_type_information().class_names()})
+    try:
+        told = _type_information()
+    except LibraryNotFoundError:
+        return sorted(__all__)
+    return sorted({*__all__, *told.enumeration_names(), *told.class_names()})

@@ -7,6 +7,7 @@ import gc
 import threading
 import unittest
 from typing import Any, Iterator
+from unittest import mock
 
 from support import Case
 import quenzel7 as q
@@ -288,6 +289,10 @@ class CreateTest(ServerCase):
             q.enums._private
         self.assertIn("clsRectangle", dir(q))
         self.assertIn("create", dir(q))
+
+    def test_without_the_library_the_package_still_lists_its_own(self) -> None:
+        with mock.patch.object(q, "_type_information", side_effect=q.LibraryNotFoundError):
+            self.assertEqual(dir(q), sorted(q.__all__))
 
 
 class CollectionTest(ServerCase):
