@@ -35,13 +35,13 @@ struct LastError {
 
 thread_local LastError lastError;
 
-HRESULT FailureOf(Long errorNumber) {
+}  // namespace
+
+HRESULT ResultOf(Long errorNumber) {
   if (errorNumber < 0) return errorNumber;
   if (errorNumber == 0 || errorNumber > kLastRunTimeError) return E_UNEXPECTED;
   return static_cast<HRESULT>(kRunTimeErrors + static_cast<std::uint32_t>(errorNumber));
 }
-
-}  // namespace
 
 void Fail(HRESULT result, const std::string& text) {
   throw AutomationError(static_cast<ErrorNumber>(result), text);
@@ -52,7 +52,7 @@ HRESULT KeepCurrentException() noexcept {
     throw;
   } catch (const AutomationError& error) {
     lastError.Keep(error.what());
-    return FailureOf(error.Number());
+    return ResultOf(error.Number());
   } catch (const std::bad_alloc&) {
     lastError.KeepNoMemory();
     return E_OUTOFMEMORY;

@@ -4,17 +4,20 @@
 #include <string>
 #include <type_traits>
 
+#include "platform/automation/types.h"
 #include "server/quenzel7_automation.h"
 
 namespace quenzel7::server {
+
+/// The result that tells an error of the automation run-time: 0x800A0000 + number for numbers from 1 to
+/// 65535; a number below 0 is a result already. Others, which would look like success, are E_UNEXPECTED.
+HRESULT ResultOf(Long errorNumber);
 
 /// Raises an AutomationError whose number is the result, for Guarded to give back; `result` is a failure.
 [[noreturn]] void Fail(HRESULT result, const std::string& text);
 
 /// To be called where an exception is handled: keeps its text for Quenzel7LastError and gives the result that
-/// tells it. For an AutomationError that is 0x800A0000 + number for numbers from 1 to 65535, and a number
-/// below 0 itself, which is a result already; for std::bad_alloc E_OUTOFMEMORY; for all others, and for
-/// numbers that would look like success, E_UNEXPECTED.
+/// tells it. ResultOf for an AutomationError, E_OUTOFMEMORY for std::bad_alloc, E_UNEXPECTED for others.
 HRESULT KeepCurrentException() noexcept;
 
 /// Keeps the number of a failure as its text, for want of a better one; gives back any result.
