@@ -75,7 +75,8 @@ class LateTest(Case):
 
         with mock.patch.dict(_variant._WRITERS, {type(None): noting}):
             late(types.SimpleNamespace(Take=lambda a: 0)).Take(None)
-        self.assertEqual(kinds, [""])
+            late(Sample()).owner = None
+        self.assertEqual(kinds, ["", ""])
 
     def test_unknown_names_are_error_438(self) -> None:
         proxy = late(Sample())

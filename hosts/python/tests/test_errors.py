@@ -31,6 +31,7 @@ class AutomationErrorTest(unittest.TestCase):
         }  # fmt: skip
         for number, text in texts.items():
             self.assertEqual(AutomationError(number).description, text)
+            self.assertEqual(AutomationError(number).args, (number, text, ""))
 
     def test_survives_pickling(self) -> None:
         copied = pickle.loads(pickle.dumps(AutomationError(91, "none", "here")))

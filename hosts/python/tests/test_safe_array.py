@@ -83,6 +83,7 @@ class MakeTest(Case):
         self.assertEqual(held.raw(24), struct.pack("<6i", 1, 4, 2, 5, 3, 6))
         self.assertEqual(held.value(), [[1, 2, 3], [4, 5, 6]])
         self.assertEqual(Held(((1,), [2])).bounds(), [(1, 0), (2, 0)])
+        self.assertEqual(Held([[1, 2, 3]]).bounds(), [(3, 0), (1, 0)])
 
     def test_lists_of_other_lengths_are_arrays_of_arrays(self) -> None:
         for value in ([[1], [2, 3]], [[], []], [[1], 2]):
@@ -121,6 +122,7 @@ class MakeTest(Case):
     def test_no_room_is_error_7(self) -> None:
         with mock.patch.object(library(), "SafeArrayCreate", return_value=None):
             self.raises(7, "out of memory", _safe_array.make, [1])
+        self.raises(7, "out of memory", _safe_array._create, 17, (2**32,))
 
 
 class ReadTest(Case):

@@ -55,6 +55,10 @@ class TypeLibraryTest(Case):
         )  # fmt: skip
         self.assertEqual((members["Item"].number, members["Item"].role), (0, "value"))
         self.assertEqual((members["_NewEnum"].number, members["_NewEnum"].role), (-4, "enumerator"))
+        told = json.loads(json.dumps(TOLD))
+        told["interfaces"][1]["members"] = [{"name": "Bare", "id": 1, "kind": "method"}]
+        bare = _types.TypeLibrary(json.dumps(told)).interface("ItfPlain").members[0]
+        self.assertEqual(bare, _types.Member("Bare", 1, True))
         self.raises(5, "there is no interface 'itfPlan'; nearest is 'ItfPlain'", self.types.interface, "itfPlan")
 
     def test_marks_are_kept(self) -> None:
