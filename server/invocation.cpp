@@ -6,6 +6,7 @@
 
 #include "platform/automation/automation_error.h"
 #include "platform/automation/convert.h"
+#include "server/adapted_argument.h"
 #include "server/marshal.h"
 #include "server/results.h"
 
@@ -121,7 +122,9 @@ class CallArguments {
     if (IsReference(parameter) && !IsPlaceFor(argument, member_.parameters[parameter].type)) {
       throw Refusal{DISP_E_TYPEMISMATCH, place};
     }
-    values_[parameter] = AtFault(parameter, [&argument] { return FromVariant(argument); });
+    values_[parameter] = AtFault(parameter, [this, parameter, &argument] {
+      return AdaptedArgument(member_.parameters[parameter].type, FromVariant(argument));
+    });
     if (IsReference(parameter)) before_[parameter] = values_[parameter];
   }
 

@@ -12,6 +12,7 @@
 #include "server/abi/bstr.h"
 #include "server/apartment.h"
 #include "server/foreign_object.h"
+#include "server/services/late_object.h"
 #include "server/stub.h"
 
 namespace quenzel7::server {
@@ -209,7 +210,7 @@ void ToVariant(const Variant& value, VARIANT& place) {
       held.bstrVal = ToBstr(value.Text());
       break;
     case VariantKind::Object: {
-      const ObjectRef& object = value.Object();
+      const ObjectRef object = HostObjectOf(value.Object());
       if (!object) break;
       if (const auto* foreign = ForeignObject::Of(*object)) {
         held.pdispVal = foreign->NewReference();
