@@ -304,6 +304,25 @@ void Reader::Bag(PropertyBag& bag, int depth) {
 
 }  // namespace
 
+/// Gives the names by their places.
+class PropertyBagEnumerator final : public Enumerator {
+ public:
+  explicit PropertyBagEnumerator(std::shared_ptr<const PropertyBag> bag, std::size_t given = 0)
+      : bag_(std::move(bag)), given_(given) {}
+
+  bool Next(Variant& value) override {
+    if (given_ >= bag_->entries_.size()) return false;
+    value = bag_->entries_[given_++].name;
+    return true;
+  }
+  void Reset() override { given_ = 0; }
+  EnumeratorRef Clone() const override { return std::make_shared<PropertyBagEnumerator>(bag_, given_); }
+
+ private:
+  std::shared_ptr<const PropertyBag> bag_;
+  std::size_t given_;
+};
+
 /// The members that late-bound hosts see.
 struct PropertyBagMembers {
   static constexpr Member kMembers[] = {
@@ -314,6 +333,9 @@ struct PropertyBagMembers {
       Property<std::vector<Byte>>("Contents", "All values as one block of bytes.",
                                   AUTOMATION_GETTER(PropertyBag, Contents),
                                   AUTOMATION_SETTER(PropertyBag, std::vector<Byte>, Contents)),
+      Property<Long>("Count", "Number of values.", AUTOMATION_GETTER(PropertyBag, Count), nullptr),
+      AsEnumerator(Property<Object>("_NewEnum", "Walks over the names in order.",
+                                    AUTOMATION_GETTER(PropertyBag, NewEnum), nullptr)),
   };
 };
 
@@ -372,6 +394,11 @@ std::vector<std::string> PropertyBag::Names() const {
   std::vector<std::string> names;
   for (const Entry& entry : entries_) names.push_back(entry.name);
   return names;
+}
+
+EnumeratorRef PropertyBag::NewEnum() const {
+  return std::make_shared<PropertyBagEnumerator>(
+      std::static_pointer_cast<const PropertyBag>(shared_from_this()));
 }
 
 std::vector<Byte> PropertyBag::Contents() const {

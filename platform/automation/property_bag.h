@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/automation/enumerator.h"
 #include "platform/automation/object.h"
 #include "platform/automation/types.h"
 #include "platform/automation/variant.h"
@@ -36,8 +37,12 @@ class PropertyBag final : public Object {
   /// The value under a name, or the given one when there is none.
   Variant ReadProperty(const std::string& name, const Variant& standIn) const;
   bool Has(std::string_view name) const { return Find(name) != nullptr; }
+  /// Number of values.
+  Long Count() const { return static_cast<Long>(entries_.size()); }
   /// Names in order.
   std::vector<std::string> Names() const;
+  /// Walks over the names in order. Names that come meanwhile are given too.
+  EnumeratorRef NewEnum() const;
 
   /// All values as one block. Error 13 when a value is an object other than a bag or nests too deep, 91 when
   /// it is no object at all.
@@ -48,6 +53,7 @@ class PropertyBag final : public Object {
 
  private:
   friend struct PropertyBagMembers;
+  friend class PropertyBagEnumerator;
 
   struct Entry {
     std::string name;

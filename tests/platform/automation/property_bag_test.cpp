@@ -618,11 +618,51 @@ TEST(PropertyBag, LateBoundHostsSeeItsMembers) {
   const ClassInfo& info = PropertyBag().Class();
   EXPECT_EQ(info.name, "PropertyBag");
   EXPECT_EQ(info.Default().Name(), "PropertyBag");
-  EXPECT_EQ(info.Default().Slots(),
-            (std::vector<std::string>{"call ReadProperty(String, [Variant]) As Variant",
-                                      "call WriteProperty(String, Variant)", "get Contents() As Byte()",
-                                      "put Contents(Byte())"}));
+  EXPECT_EQ(
+      info.Default().Slots(),
+      (std::vector<std::string>{"call ReadProperty(String, [Variant]) As Variant",
+                                "call WriteProperty(String, Variant)", "get Contents() As Byte()",
+                                "put Contents(Byte())", "get Count() As Long", "get _NewEnum() As Object"}));
+  EXPECT_EQ(info.Default().Members().size(), 5U);
   EXPECT_NE(std::dynamic_pointer_cast<PropertyBag>(info.create()), nullptr);
+}
+
+TEST(PropertyBag, LateBoundHostsWalkOverItsNamesInOrder) {
+  const auto bag = BagOf(Long{1});
+  bag->WriteProperty("Xs", Long{2});
+  bag->WriteProperty("A", Long{3});
+  EXPECT_EQ(GetByName(*bag, "Count"), Variant(Long{2}));
+  const auto names = To<EnumeratorRef>(GetByName(*bag, "_NewEnum"));
+  Variant name;
+  ASSERT_TRUE(names->Next(name));
+  EXPECT_EQ(name, Variant("a"));
+  const EnumeratorRef other = names->Clone();
+  ASSERT_TRUE(names->Next(name));
+  EXPECT_EQ(name, Variant("Xs"));
+  EXPECT_FALSE(names->Next(name));
+  EXPECT_EQ(name, Variant("Xs"));
+  // Names that come meanwhile are given too.
+  bag->WriteProperty("b", Long{4});
+  ASSERT_TRUE(names->Next(name));
+  EXPECT_EQ(name, Variant("b"));
+  ASSERT_TRUE(other->Next(name));
+  EXPECT_EQ(name, Variant("Xs"));
+  other->Reset();
+  ASSERT_TRUE(other->Next(name));
+  EXPECT_EQ(name, Variant("a"));
+}
+
+TEST(PropertyBag, AnEmptyBagCountsNoneAndAnEnumeratorKeepsItsBag) {
+  auto bag = std::make_shared<PropertyBag>();
+  EXPECT_EQ(bag->Count(), 0);
+  const EnumeratorRef names = bag->NewEnum();
+  Variant name(Long{9});
+  EXPECT_FALSE(names->Next(name));
+  EXPECT_EQ(name, Variant(Long{9}));
+  bag->WriteProperty("late", Long{1});
+  bag.reset();
+  ASSERT_TRUE(names->Next(name));
+  EXPECT_EQ(name, Variant("late"));
 }
 
 TEST(PropertyBag, LateBoundHostsReadAndWrite) {
@@ -652,10 +692,11 @@ TEST(PropertyBag, ItsMembersAreDocumentedAndUnmarked) {
     words.push_back(std::string(member.name) + ": " + std::string(member.documentation));
     EXPECT_EQ(member.mark, Mark::None) << member.name;
   }
-  EXPECT_EQ(words, (std::vector<std::string>{
-                       "ReadProperty: The value under a name, or the given one when there is none.",
-                       "WriteProperty: Keeps a value under a name.",
-                       "Contents: All values as one block of bytes."}));
+  EXPECT_EQ(words,
+            (std::vector<std::string>{
+                "ReadProperty: The value under a name, or the given one when there is none.",
+                "WriteProperty: Keeps a value under a name.", "Contents: All values as one block of bytes.",
+                "Count: Number of values.", "_NewEnum: Walks over the names in order."}));
 }
 
 }  // namespace
