@@ -53,7 +53,8 @@ class Arguments:
 
     def index(self) -> Any:
         """The values as one index."""
-        return self.positional[0] if len(self.positional) == 1 else tuple(self.positional)
+        values = [plain(value) for value in self.positional]
+        return values[0] if len(values) == 1 else tuple(values)
 
     def store_references(self) -> None:
         """Writes back what was changed."""
@@ -67,6 +68,20 @@ class Arguments:
                 raise Refused(result, place) from None
 
 
+def plain(value: Any) -> Any:
+    """The value at a place, or the value itself."""
+    return value.value if type(value) is Ref else value
+
+
+def _wants_place(parameter: inspect.Parameter) -> bool:
+    """Whether a parameter is declared as a Ref. Late-bound callers hand every argument by reference, most of
+    them only because they might be written: a host that does not write them need not know."""
+    annotation = parameter.annotation
+    if isinstance(annotation, str):
+        return annotation.strip("\"'").rpartition(".")[2] == Ref.__name__
+    return annotation is Ref
+
+
 def parameters_of(function: Any) -> Dict[str, inspect.Parameter]:
     """The parameters of a callable; none when it does not tell them."""
     try:
@@ -76,17 +91,23 @@ def parameters_of(function: Any) -> Dict[str, inspect.Parameter]:
 
 
 def called(function: Callable[..., Any], arguments: Arguments) -> Any:
-    """Calls with positional and named arguments; raises Refused when they do not fit."""
+    """Calls with positional and named arguments, of which those declared as a Ref are places; raises Refused
+    when they do not fit."""
     parameters = parameters_of(function)
     names = list(parameters)
+
+    def fitting(place: int, value: Any) -> Any:
+        wanted = place < len(names) and _wants_place(parameters[names[place]])
+        return value if wanted else plain(value)
+
     by_name = {}
     for number, value in arguments.named:
         if not 0 <= number < len(names):
             raise Refused(_abi.DISP_E_PARAMNOTFOUND)
-        by_name[names[number]] = value
+        by_name[names[number]] = fitting(number, value)
     positional = [
-        parameters[names[place]].default if value is _variant.Missing and place < len(names) else value
-        for place, value in enumerate(arguments.positional)
+        parameters[names[place]].default if value is _variant.Missing and place < len(names) else
+        fitting(place, value) for place, value in enumerate(arguments.positional)
     ]
     if any(value is inspect.Parameter.empty for value in positional):
         raise Refused(_abi.DISP_E_PARAMNOTOPTIONAL)

@@ -2,8 +2,9 @@
 
 A name is looked for among the attributes that do not start with an underscore: in the same spelling, without
 regard to case, then without regard to underscores (`show_message` answers to ShowMessage). Its number stays
-the same as long as the object is held. Methods are called with values of Python, by-reference arguments being
-Refs; other attributes are read and written. An object that can be iterated offers _NewEnum, one that can be
+the same as long as the object is held. Methods are called with values of Python; a parameter that is declared
+as a Ref, `def show_message(self, number, argument: Ref)`, gets the place of a by-reference argument, to write
+there. Other attributes are read and written. An object that can be iterated offers _NewEnum, one that can be
 called or has a `Value` stands for it as DISPID_VALUE.
 
 An exception becomes an error of the library: an AutomationError keeps its number, description and source, any

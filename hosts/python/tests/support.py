@@ -14,6 +14,7 @@ FOLDER = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(FOLDER))
 
 from quenzel7 import _classes, _dispatch, _frames, _host_objects, _invoke, _types  # noqa: E402
+from quenzel7.arrays import Ref  # noqa: E402
 from quenzel7.errors import AutomationError  # noqa: E402
 
 PROBE_MEMBERS = [
@@ -85,7 +86,7 @@ class Probe:
     def Count(self) -> int:
         return 2
 
-    def Stretch(self, pDx: int, pDy: Any, pDirection: int = 5) -> int:
+    def Stretch(self, pDx: int, pDy: Ref, pDirection: int = 5) -> int:
         self.calls.append((pDx, pDy, pDirection))
         if hasattr(pDy, "value"):
             pDy.value = pDy.value + 1

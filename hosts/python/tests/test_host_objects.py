@@ -16,7 +16,7 @@ from typing import Any, Optional
 
 import support
 from support import Case, late
-from quenzel7 import AutomationError, CollisionMap, Ref, _abi, _host_calls, _host_objects, _pointers, _variant
+from quenzel7 import AutomationError, CollisionMap, Ref, _abi, _host_calls, _host_objects, _invoke, _pointers, _variant
 
 GET, METHOD, PUT, PUTREF = 2, 1, 4, 8
 OTHER_INTERFACE = b"\1" * 16
@@ -316,6 +316,40 @@ class ReferenceTest(Case):
 
         self.assertEqual(self.call(change, 3, place), (0, 77))
         self.assertEqual((self.seen, place.value), (5, 6))
+
+    def test_only_a_parameter_that_is_declared_so_gets_a_place(self) -> None:
+        seen: "list[Any]" = []
+
+        class Reader:
+            def Take(self, plain, text: str, place: "Ref", other: "quenzel7.Ref", *rest) -> None:  # type: ignore # noqa: F821
+                seen.extend((plain, text, type(place), place.value, type(other), *rest))
+                plain.append(9)
+
+            def Named(self, plain=0, place: Ref = None) -> None:  # type: ignore
+                seen.extend((plain, place.value))
+
+        Reader.Evaluated = lambda self, place: seen.append(place.value)  # type: ignore[attr-defined]
+        Reader.Evaluated.__annotations__["place"] = Ref  # type: ignore[attr-defined]
+
+        proxy, cells = late(Reader()), Ref([1])
+        proxy.Take(cells, Ref("a"), Ref(2), Ref(3), Ref(4), 5)
+        self.assertEqual(seen, [[1, 9], "a", Ref, 2, Ref, 4, 5])
+        # What is changed in place comes back.
+        self.assertEqual(cells.value, [1, 9])
+        seen.clear()
+        proxy.Named(place=Ref(6), plain=Ref(7))
+        self.assertEqual(seen, [7, 6])
+        proxy.Evaluated(Ref(8))
+        self.assertEqual(seen, [7, 6, 8])
+
+    def test_a_place_as_an_index_is_its_value(self) -> None:
+        class Holder:
+            Items = {1: "one", (1, 2): "both"}
+
+        proxy = late(Holder())
+        number = _invoke.numbers_of_names(proxy, ["Items"])[1][0]
+        for index, value in (((Ref(1),), "one"), ((Ref(1), Ref(2)), "both")):
+            self.assertEqual(_invoke.call(proxy, number, _abi.DISPATCH_PROPERTYGET, index), value)
 
     def test_what_is_not_changed_is_not_written(self) -> None:
         place = ctypes.c_double(0.1)
