@@ -20,9 +20,13 @@ from typing import Any, List
 from . import _host_tables, _services
 from ._library import LibraryNotFoundError
 from ._services import create
+from ._platform import platform
+from ._property_bag import PropertyBag, property_bag
 from ._types import types as _type_information
 from .arrays import CollisionMap, Null, Ref
 from .errors import AutomationError, UnknownMemberError
+from .project import Project
+from .surface import Surface
 from ._version import __version__
 
 __all__ = [
@@ -30,12 +34,17 @@ __all__ = [
     "CollisionMap",
     "LibraryNotFoundError",
     "Null",
+    "Project",
+    "PropertyBag",
     "Ref",
+    "Surface",
     "UnknownMemberError",
     "__version__",
     "collection",
     "create",
     "enums",
+    "platform",
+    "property_bag",
 ]
 
 

@@ -1,0 +1,110 @@
+"""Property bags in the manner of Python."""
+
+from __future__ import annotations
+
+import tempfile
+import unittest
+from decimal import Decimal
+from pathlib import Path
+
+from test_server import ServerCase
+import quenzel7 as q
+from quenzel7 import _property_bag
+
+
+class PropertyBagTest(ServerCase):
+    def test_it_lists_keys_kinds_and_values_in_order(self) -> None:
+        bag = q.property_bag()
+        values = [
+            ("Long", 70000), ("Double", 0.5), ("String", "é"), ("Boolean", True), ("Currency", Decimal("1.2500")),
+            ("Byte()", b"\1\2"), ("Long()", [1, -2]), ("String()", ["a", ""]), ("Null", q.Null), ("Empty", None),
+            ("Variant()", [1, "a"]), ("Boolean()", [True, False]), ("Double()", [0.5]),
+        ]  # fmt: skip
+        for kind, value in values:
+            bag["a " + kind] = value
+        self.assertEqual(list(bag), [("a " + kind, kind, value) for kind, value in values])
+        self.assertEqual(bag.keys(), ["a " + kind for kind, _ in values])
+        self.assertEqual(len(bag), len(values))
+        first = list(bag)[0]
+        self.assertEqual((first.key, first.kind, first.value), ("a Long", "Long", 70000))
+
+    def test_kinds_that_are_one_in_python_are_told_apart(self) -> None:
+        # An Integer, a Byte and a Single, as blocks of other hosts may have them.
+        self.assertEqual(_property_bag._name_of(2), "Integer")
+        self.assertEqual(_property_bag._name_of(17), "Byte")
+        self.assertEqual(_property_bag._name_of(4), "Single")
+        self.assertEqual(_property_bag._name_of(9), "Object")
+        self.assertEqual(_property_bag._name_of(0x2000 | 2), "Integer()")
+        self.assertEqual(_property_bag._name_of(77), "kind 77")
+
+    def test_it_is_indexed_by_key_in_any_case(self) -> None:
+        bag = q.property_bag()
+        bag["Xs"] = 5
+        bag["xS"] = 6
+        self.assertEqual((bag["Xs"], bag["XS"], len(bag), bag.kind("xs")), (6, 6, 1, "Long"))
+        self.assertIn("xs", bag)
+        self.assertNotIn("ys", bag)
+        self.assertNotIn(1, bag)
+        self.assertEqual((bag.get("XS"), bag.get("ys"), bag.get("ys", 9)), (6, None, 9))
+        with self.assertRaises(KeyError) as caught:
+            bag["ys"]
+        self.assertEqual(caught.exception.args, ("ys",))
+        self.raises(327, 'the property bag has no value named "ys"', bag.kind, "ys")
+
+    def test_it_is_read_from_and_given_as_bytes(self) -> None:
+        bag = q.property_bag()
+        self.assertEqual(bytes(bag), b"QBag\1\0\0\0\0\x08\xd5\xc8\xed")
+        self.assertEqual((len(bag), bool(bag), list(bag)), (0, True, []))
+        bag["a"] = 1
+        read = q.property_bag(bag.contents)
+        self.assertEqual(list(read), [("a", "Long", 1)])
+        self.assertEqual(read, bag)
+        read["b"] = 2
+        self.assertNotEqual(read, bag)
+        self.assertEqual(q.property_bag(bytearray(read.contents)), read)
+        read.contents = bag.contents
+        self.assertEqual(read.keys(), ["a"])
+        self.assertFalse(read == 1)
+        with self.assertRaises(q.AutomationError) as caught:
+            q.property_bag(b"QBag")
+        self.assertEqual(caught.exception.number, 331)
+
+    def test_bags_stand_in_bags(self) -> None:
+        inner, outer = q.property_bag(), q.property_bag()
+        inner["x"] = 1
+        outer["in"] = inner
+        self.assertEqual(outer.kind("in"), "Object")
+        self.assertEqual(type(outer["in"]), q.PropertyBag)
+        self.assertEqual(q.property_bag(outer.contents)["in"]["x"], 1)
+
+    def test_the_librarys_own_bags_are_read_as_they_are(self) -> None:
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        with q.Project(Path(folder.name) / "a.qz7"):
+            element = q.create("clsVar", VarType=q.enVarType.eVT_Numeric, OperandType=3, OperandAddress=5)
+            bags = [q.property_bag(bag) for bag in element.BuildOpPropBag()]
+        self.assertTrue(bags)
+        self.assertEqual(bags[0].keys()[:2], ["Type", "Address"])
+        own = q.property_bag(bags[0].object)
+        self.assertEqual(own.object, bags[0].object)
+
+    def test_the_block_of_a_handler(self) -> None:
+        element = q.create("clsVar", VarType=q.enVarType.eVT_Numeric)
+        handler = element.BinaryHandlers(q.enVarType.eVT_Numeric)
+        handler.Postfix = " bar"
+        data = handler.GetBinaryData()
+        bag = q.property_bag(data)
+        self.assertEqual(bag["Postfix"], " bar")
+        self.assertEqual(bag.contents, data)
+        bag["Postfix"] = " l"
+        handler.SetBinaryData(bag.contents)
+        self.assertEqual(handler.Postfix, " l")
+
+    def test_it_shows_itself(self) -> None:
+        bag = q.property_bag()
+        bag["a"], bag["b"] = 1, "x"
+        self.assertEqual(repr(bag), "<PropertyBag a=1, b='x'>")
+
+
+if __name__ == "__main__":
+    unittest.main()
