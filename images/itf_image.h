@@ -106,16 +106,16 @@ inline constexpr auto kImagePropsMembers =
 template <class Class>
 struct ItfImageMembers {
   // The class's own members of these names hide those of the interface.
-#define QUENZEL7_IMAGE_MEMBER(Type, Name, Documentation)                 \
-  automation::Property<Type>(                                            \
-      #Name, Documentation,                                              \
-      [](automation::Object& object) {                                   \
-        const ItfImage& image = static_cast<Class&>(object);             \
-        return automation::From(image.Name());                           \
-      },                                                                 \
-      [](automation::Object& object, const automation::Variant& value) { \
-        ItfImage& image = static_cast<Class&>(object);                   \
-        image.Name(automation::To<Type>(value));                         \
+#define QUENZEL7_IMAGE_MEMBER(Type, Name, Documentation)                                           \
+  automation::Property<Type>(                                                                      \
+      #Name, Documentation,                                                                        \
+      [](automation::Object& object) {                                                             \
+        const ItfImage& image = static_cast<Class&>(object);                                       \
+        return automation::From(image.Name());                                                     \
+      },                                                                                           \
+      [](automation::Object& object, const automation::Variant& value) {                           \
+        ItfImage& image = static_cast<Class&>(object);                                             \
+        image.Name(automation::FromArgument(0, [&value] { return automation::To<Type>(value); })); \
       })
   static constexpr auto kMembers =
       MakeNamedTable(
