@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "framework/library_state.h"
 #include "platform/corvane1/host_frame.h"
 #include "platform/corvane1/message_boxes.h"
 #include "platform/gdi/gdi.h"
@@ -177,6 +178,7 @@ class Classes : public quenzel7::test::ProjectTest, public ::testing::WithParamI
  protected:
   void SetUp() override {
     ProjectTest::SetUp();
+    LibraryState::Current() = LibraryState();
     Platform& platform = Platform::Current();
     std::dynamic_pointer_cast<corvane1::CollectedMessageBoxes>(platform.messageBoxes)->Output(nullptr);
     std::dynamic_pointer_cast<corvane1::CollectedMessages>(platform.messageService)->Output(nullptr);
@@ -193,6 +195,7 @@ class Classes : public quenzel7::test::ProjectTest, public ::testing::WithParamI
     EXPECT_EQ(LiveObjects(), liveObjects_);
     EXPECT_EQ(gdi::LiveObjects(), graphics_);
     services_.Reset();
+    LibraryState::Current() = LibraryState();
     ProjectTest::TearDown();
   }
 
