@@ -27,7 +27,7 @@ test:
 bench:
 	@tools/setup build bench
 	@tools/build bench
-	@build/bin/quenzel7-bench
+	@tools/run-benches
 
 format:
 	@tools/setup check

@@ -30,6 +30,7 @@ constexpr Subject kSubjects[] = {{"gdi", GdiRatios},
                                  {"elements", ElementRatios},
                                  {"page", PageRatios},
                                  {"variables", VariableRatios},
+                                 {"server", ServerRatios},
                                  {"threads", ThreadRatios}};
 
 /// Prints a line of the table; false if it is over its budget.

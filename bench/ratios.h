@@ -80,6 +80,8 @@ std::vector<Ratio> ElementRatios();
 std::vector<Ratio> PageRatios();
 /// Variables of all types: where they may stand, drawing, saving, loading.
 std::vector<Ratio> VariableRatios();
+/// Properties of an element through the binary interface against calls by name.
+std::vector<Ratio> ServerRatios();
 /// Drawing on two threads against one. Empty where the machine has no second core.
 std::vector<Ratio> ThreadRatios();
 
