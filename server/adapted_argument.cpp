@@ -2,6 +2,7 @@
 
 #include "platform/ado/connection.h"
 #include "platform/ado/recordset.h"
+#include "platform/automation/array.h"
 #include "server/foreign_object.h"
 #include "server/services/late_connection.h"
 #include "server/services/late_recordset.h"
@@ -25,7 +26,11 @@ constexpr Adapter kAdapters[] = {
 
 }  // namespace
 
-Variant AdaptedArgument(const automation::TypeInfo& type, const Variant& argument) {
+Variant AdaptedArgument(const automation::Parameter& parameter, const Variant& argument) {
+  const automation::TypeInfo& type = parameter.type;
+  if (parameter.byReference && type.kind == automation::VariantKind::Array && argument.IsEmpty()) {
+    return automation::Array::OfSize(type.cells, 0);
+  }
   if (!argument.IsObject() || !argument.Object() || !ForeignObject::Of(*argument.Object())) return argument;
   for (const Adapter& adapter : kAdapters) {
     if (adapter.className == type.name) return adapter.adapt(argument.Object());

@@ -5,9 +5,11 @@
 
 namespace quenzel7::server {
 
-/// What a parameter of that type is given for an argument: an object of the host's own becomes one of the
-/// library where the library has a class that stands for such objects, as with recordsets and connections;
-/// everything else stays as it is.
-automation::Variant AdaptedArgument(const automation::TypeInfo& type, const automation::Variant& argument);
+/// What a parameter is given for an argument: an object of the host's own becomes one of the library where
+/// the library has a class that stands for such objects, as with recordsets and connections; a place by
+/// reference for an array that holds nothing yet becomes an array without cells; everything else stays as it
+/// is.
+automation::Variant AdaptedArgument(const automation::Parameter& parameter,
+                                    const automation::Variant& argument);
 
 }  // namespace quenzel7::server

@@ -1,6 +1,6 @@
 #include "server/apartment.h"
 
-#include <algorithm>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -38,7 +38,6 @@ struct Apartment::Owner {
   ~Owner() {
     threadEnds = true;
     apartment->Close();
-    current_ = nullptr;
   }
 };
 
@@ -52,6 +51,7 @@ Apartment& Apartment::Current() {
   gdi::LiveObjects();
   Platform::Current();
   LibraryState::Current();
+  Quenzel7LastError();
   static thread_local Owner owner;
   current_ = owner.apartment.get();
   return *current_;
@@ -89,33 +89,49 @@ ULONG Apartment::Release(Stub* stub) {
     delete stub;
     return 0;
   }
-  if (std::find(givenUp_.begin(), givenUp_.end(), stub) == givenUp_.end()) givenUp_.push_back(stub);
+  if (!stub->isGivenUp_) {
+    stub->isGivenUp_ = true;
+    stub->nextGivenUp_ = std::exchange(givenUp_, stub);
+  }
   anyGivenUp_.store(true, std::memory_order_relaxed);
   return 0;
+}
+
+void Apartment::Unlink(Stub* stub) {
+  if (!stub->isGivenUp_) return;
+  Stub** link = &givenUp_;
+  while (*link != stub) link = &(*link)->nextGivenUp_;
+  *link = stub->nextGivenUp_;
+  stub->isGivenUp_ = false;
 }
 
 void Apartment::Drop(Stub* stub) {
   {
     const std::lock_guard lock(mutex_);
-    std::erase(givenUp_, stub);
+    Unlink(stub);
   }
   stubs_.erase(stub->Object().get());
   delete stub;
 }
 
 void Apartment::SweepGivenUp() {
-  std::vector<Stub*> unheld;
-  {
-    const std::lock_guard lock(mutex_);
-    anyGivenUp_.store(false, std::memory_order_relaxed);
-    // One that this thread has held anew meanwhile stays.
-    for (Stub* stub : std::exchange(givenUp_, {})) {
-      if (!stub->IsHeld()) unheld.push_back(stub);
+  anyGivenUp_.store(false, std::memory_order_relaxed);
+  // One at a time: objects may call the server while they go.
+  for (;;) {
+    Stub* unheld = nullptr;
+    {
+      const std::lock_guard lock(mutex_);
+      // One that this thread has held anew meanwhile stays.
+      while (givenUp_ && !unheld) {
+        Stub* const first = givenUp_;
+        Unlink(first);
+        if (!first->IsHeld()) unheld = first;
+      }
+      if (!unheld) return;
+      stubs_.erase(unheld->Object().get());
     }
-    for (Stub* stub : unheld) stubs_.erase(stub->Object().get());
+    delete unheld;
   }
-  // Objects may call the server while they go.
-  for (Stub* stub : unheld) delete stub;
 }
 
 ObjectRef Apartment::Import(IDispatch* dispatch) {
@@ -125,10 +141,11 @@ ObjectRef Apartment::Import(IDispatch* dispatch) {
   if (FAILED(result) || !identity) {
     throw AutomationError(ErrorNumber::TypeMismatch, "an object of the host does not know its own IUnknown");
   }
+  const std::unique_ptr<IUnknown, void (*)(IUnknown*)> held(
+      identity, [](IUnknown* unknown) { unknown->lpVtbl->Release(unknown); });
   std::weak_ptr<ForeignObject>& known = foreign_[identity];
   auto object = known.lock();
   if (!object) known = object = std::make_shared<ForeignObject>(dispatch, identity);
-  identity->lpVtbl->Release(identity);
   return object;
 }
 
@@ -143,18 +160,20 @@ const ObjectRef& Apartment::HostServices() {
 
 void Apartment::Close() {
   Sweep();
-  hostServices_.reset();
-  // From here on other threads delete the stubs that they give up.
-  std::vector<ObjectRef> objects;
+  // The objects go when nothing of this thread can be called any more, and no stub has one any more: an
+  // object of the host that goes with them may still try to use others. From here on whoever gives a stub up
+  // deletes it.
+  std::vector<ObjectRef> objects{std::exchange(hostServices_, nullptr)};
   {
     const std::lock_guard lock(mutex_);
-    for (auto& [object, stub] : stubs_) {
+    for (auto& [object, stub] : std::exchange(stubs_, {})) {
       objects.push_back(stub->Object());
       stub->Disconnect();
+      if (!stub->IsHeld()) delete stub;
     }
-    stubs_.clear();
-    givenUp_.clear();
+    givenUp_ = nullptr;
   }
+  current_ = nullptr;
 }
 
 }  // namespace quenzel7::server

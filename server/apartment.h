@@ -40,6 +40,10 @@ class Apartment : public std::enable_shared_from_this<Apartment> {
   void Sweep() {
     if (anyGivenUp_.load(std::memory_order_relaxed)) SweepGivenUp();
   }
+  /// The same on the calling thread, where it has an apartment.
+  static void SweepCurrent() {
+    if (current_) current_->Sweep();
+  }
 
   /// The object that stands for one of the host's; the same one for as long as anybody has it.
   automation::ObjectRef Import(IDispatch* dispatch);
@@ -63,9 +67,11 @@ class Apartment : public std::enable_shared_from_this<Apartment> {
   std::unordered_map<IUnknown*, std::weak_ptr<ForeignObject>> foreign_;
   automation::ObjectRef hostServices_;
 
+  void Unlink(Stub* stub);
+
   std::mutex mutex_;
-  /// Under the mutex.
-  std::vector<Stub*> givenUp_;
+  /// The first of those that other threads have given up; under the mutex, as the links are.
+  Stub* givenUp_ = nullptr;
   std::atomic<bool> anyGivenUp_ = false;
 };
 

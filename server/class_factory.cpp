@@ -47,10 +47,8 @@ HRESULT STDMETHODCALLTYPE CreateInstance(IClassFactory* self, IUnknown* outer, R
   if (!iid) return E_POINTER;
   if (outer) return CLASS_E_NOAGGREGATION;
   return Guarded([&] {
-    Stub* stub = Apartment::Current().Hold(FactoryOf(self).creatable.create());
-    const HRESULT result = stub->QueryInterface(iid, face);
-    stub->Release();
-    return result;
+    const StubReference made(Apartment::Current().Hold(FactoryOf(self).creatable.create()));
+    return made->QueryInterface(iid, face);
   });
 }
 

@@ -12,6 +12,7 @@
 #include "server/quenzel7_automation.h"
 #include "server/registration/registration.h"
 #include "server/registration/this_library.h"
+#include "server/services/service_classes.h"
 #include "server/stub.h"
 #include "server/surface/last_error.h"
 #include "server/types/class_table.h"
@@ -30,8 +31,10 @@ const automation::ClassInfo* CreatableOfName(const std::string& name) {
 }
 
 const automation::Interface* InterfaceOfName(const std::string& name) {
-  for (const automation::ClassInfo* published : PublishedClasses()) {
-    if (const automation::Interface* found = published->FindInterface(name)) return found;
+  for (const Classes classes : {PublishedClasses(), ServiceClasses()}) {
+    for (const automation::ClassInfo* published : classes) {
+      if (const automation::Interface* found = published->FindInterface(name)) return found;
+    }
   }
   return nullptr;
 }
@@ -63,7 +66,10 @@ HRESULT DllGetClassObject(REFCLSID clsid, REFIID iid, void** factory) {
   });
 }
 
-HRESULT DllCanUnloadNow() { return LiveObjects() == 0 ? S_OK : S_FALSE; }
+HRESULT DllCanUnloadNow() {
+  Apartment::SweepCurrent();
+  return LiveObjects() == 0 ? S_OK : S_FALSE;
+}
 
 HRESULT DllRegisterServer() {
   return OfRegistration(Guarded([] {
@@ -82,18 +88,24 @@ HRESULT DllUnregisterServer() {
 HRESULT Quenzel7ClassIdFromName(const OLECHAR* name, CLSID* clsid) {
   if (!name || !clsid) return E_POINTER;
   return Guarded([&]() -> HRESULT {
-    const auto* creatable = CreatableOfName(FromUtf16(name));
-    *clsid = creatable ? ClassId(creatable->name) : IID_NULL;
-    return creatable ? S_OK : CLASS_E_CLASSNOTAVAILABLE;
+    *clsid = IID_NULL;
+    const std::string asked = FromUtf16(name);
+    const auto* creatable = CreatableOfName(asked);
+    if (!creatable) Fail(CLASS_E_CLASSNOTAVAILABLE, "hosts create no class \"" + asked + "\"");
+    *clsid = ClassId(creatable->name);
+    return S_OK;
   });
 }
 
 HRESULT Quenzel7InterfaceIdFromName(const OLECHAR* name, IID* iid) {
   if (!name || !iid) return E_POINTER;
   return Guarded([&]() -> HRESULT {
-    const auto* interface = InterfaceOfName(FromUtf16(name));
-    *iid = interface ? InterfaceId(interface->Name()) : IID_NULL;
-    return interface ? S_OK : E_NOINTERFACE;
+    *iid = IID_NULL;
+    const std::string asked = FromUtf16(name);
+    const auto* interface = InterfaceOfName(asked);
+    if (!interface) Fail(E_NOINTERFACE, "there is no interface \"" + asked + "\"");
+    *iid = InterfaceId(interface->Name());
+    return S_OK;
   });
 }
 

@@ -1,6 +1,5 @@
 #include "server/face_calls.h"
 
-#include <exception>
 #include <new>
 #include <string>
 
@@ -21,31 +20,22 @@ using automation::AutomationError;
 using automation::Member;
 using automation::Variant;
 
-/// Keeps an object's stub while the object is called: it may be given up meanwhile.
-class Hold {
- public:
-  explicit Hold(Stub& stub) : stub_(stub) { stub_.AddRef(); }
-  Hold(const Hold&) = delete;
-  Hold& operator=(const Hold&) = delete;
-  ~Hold() { stub_.Release(); }
-
- private:
-  Stub& stub_;
-};
-
 /// Runs a call on a stub's own thread, and lets no exception leave. What is said of arguments has been dealt
 /// with; an error that still comes has no other way out than the result.
 template <class Work>
 HRESULT OnOwnThread(Stub& stub, Work work) {
   if (!stub.Owner().IsCurrent()) return RPC_E_WRONG_THREAD;
-  const Hold hold(stub);
+  // The object may be given up while it is called.
+  stub.AddRef();
+  const StubReference held(&stub);
+  stub.Owner().Sweep();
   try {
     return work();
   } catch (const AutomationError& error) {
     return ResultOf(error.Number());
   } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
-  } catch (const std::exception&) {
+  } catch (...) {
     return E_UNEXPECTED;
   }
 }
@@ -111,7 +101,6 @@ HRESULT STDMETHODCALLTYPE InvokeMember(IDispatch* self, DISPID id, REFIID iid, L
                                        UINT* badArgument) {
   Face& face = FaceOf(self);
   return OnOwnThread(*face.stub, [&]() -> HRESULT {
-    face.stub->Owner().Sweep();
     if (!IsNone(iid)) return DISP_E_UNKNOWNINTERFACE;
     if (!parameters) return E_POINTER;
     const Member* member = MemberOfId(*face.interface, id);
@@ -131,12 +120,19 @@ HRESULT STDMETHODCALLTYPE Next(IEnumVARIANT* self, ULONG count, VARIANT* values,
   return OnOwnThread(*face.stub, [&]() -> HRESULT {
     if (!values || (count != 1 && !fetched)) return E_POINTER;
     Variant value;
-    for (ULONG given = 0; given < count; ++given) {
-      if (!EnumeratorOf(face).Next(value)) return S_FALSE;
-      ToVariant(value, values[given]);
-      if (fetched) *fetched = given + 1;
+    ULONG given = 0;
+    try {
+      while (given < count && EnumeratorOf(face).Next(value)) {
+        ToVariant(value, values[given]);
+        ++given;
+      }
+    } catch (...) {
+      // What a call that fails has given is nobody's.
+      while (given > 0) VariantClear(&values[--given]);
+      throw;
     }
-    return S_OK;
+    if (fetched) *fetched = given;
+    return given == count ? S_OK : S_FALSE;
   });
 }
 
@@ -164,10 +160,8 @@ HRESULT STDMETHODCALLTYPE Clone(IEnumVARIANT* self, IEnumVARIANT** clone) {
   if (!clone) return E_POINTER;
   *clone = nullptr;
   return OnOwnThread(*face.stub, [&]() -> HRESULT {
-    Stub* stub = Apartment::Current().Hold(EnumeratorOf(face).Clone());
-    const HRESULT result = stub->QueryInterface(&IID_IEnumVARIANT, reinterpret_cast<void**>(clone));
-    stub->Release();
-    return result;
+    const StubReference made(Apartment::Current().Hold(EnumeratorOf(face).Clone()));
+    return made->QueryInterface(&IID_IEnumVARIANT, reinterpret_cast<void**>(clone));
   });
 }
 

@@ -21,7 +21,8 @@ namespace {
 WORD FlagsOf(CallKind kind) {
   switch (kind) {
     case CallKind::Method:
-      return DISPATCH_METHOD;
+      // A member that takes arguments may be a property of the host's.
+      return DISPATCH_METHOD | DISPATCH_PROPERTYGET;
     case CallKind::Get:
       return DISPATCH_PROPERTYGET;
     case CallKind::Put:

@@ -1,5 +1,7 @@
 #include "server/invocation.h"
 
+#include <exception>
+#include <new>
 #include <optional>
 #include <string>
 #include <vector>
@@ -30,9 +32,9 @@ constexpr std::size_t kNotGiven = static_cast<std::size_t>(-1);
 
 /// Whether a host passes this to say that it leaves the argument out.
 bool IsLeftOut(const VARIANT& argument) {
-  if (argument.vt == (VT_BYREF | VT_VARIANT) && argument.value.pvarVal)
-    return IsLeftOut(*argument.value.pvarVal);
-  return argument.vt == VT_ERROR && argument.value.scode == DISP_E_PARAMNOTFOUND;
+  const bool isReference = argument.vt == (VT_BYREF | VT_VARIANT) && argument.value.pvarVal;
+  const VARIANT& value = isReference ? *argument.value.pvarVal : argument;
+  return value.vt == VT_ERROR && value.value.scode == DISP_E_PARAMNOTFOUND;
 }
 
 /// Whether a value is the one that it was; arrays that nobody has written into are not looked through.
@@ -123,7 +125,7 @@ class CallArguments {
       throw Refusal{DISP_E_TYPEMISMATCH, place};
     }
     values_[parameter] = AtFault(parameter, [this, parameter, &argument] {
-      return AdaptedArgument(member_.parameters[parameter].type, FromVariant(argument));
+      return AdaptedArgument(member_.parameters[parameter], FromVariant(argument));
     });
     if (IsReference(parameter)) before_[parameter] = values_[parameter];
   }
@@ -215,6 +217,10 @@ HRESULT Invoke(Object& object, const Member& member, const Interface& interface,
     return refusal.result;
   } catch (const AutomationError& error) {
     return Report(error, info);
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+  } catch (const std::exception& error) {
+    return Report(AutomationError(ErrorNumber::InvalidProcedureCall, error.what()), info);
   }
 }
 

@@ -17,7 +17,7 @@ class LiveObject {
   ~LiveObject();
 };
 
-/// Locks the library, or takes one lock back.
+/// Locks the library, or takes one lock back, if there is one.
 void LockServer(bool lock);
 
 }  // namespace quenzel7::server

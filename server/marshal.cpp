@@ -10,8 +10,10 @@
 #include "platform/automation/enumerator.h"
 #include "server/abi/array_conversion.h"
 #include "server/abi/bstr.h"
+#include "server/abi/variant_functions.h"
 #include "server/apartment.h"
 #include "server/foreign_object.h"
+#include "server/results.h"
 #include "server/services/late_object.h"
 #include "server/stub.h"
 
@@ -69,9 +71,29 @@ Variant FromObject(IUnknown* object) {
   return Apartment::Current().Import(dispatch);
 }
 
-Variant FromArray(SAFEARRAY* array) {
-  if (!array) throw AutomationError(ErrorNumber::TypeMismatch, "an array that is not there was given");
+/// How deep the arrays are that are being taken, one in a cell of another.
+thread_local int arrayDepth = 0;
+
+/// Arrays nest at most this deep: one that holds itself has no end.
+constexpr int kDeepest = 16;
+
+/// An array; one that has no memory yet has no cells.
+Variant FromArray(SAFEARRAY* array, VARTYPE cells) {
+  if (!array) return automation::Array::OfSize(static_cast<VariantKind>(cells), 0);
+  struct Deeper {
+    Deeper() { ++arrayDepth; }
+    ~Deeper() { --arrayDepth; }
+  } const deeper;
+  if (arrayDepth > kDeepest) throw AutomationError(ErrorNumber::TypeMismatch, "arrays are nested too deep");
   return FromSafeArray(*array, kCells);
+}
+
+/// A VARIANT that is referred to may refer to a place itself, but not to a further VARIANT.
+const VARIANT& ReferredTo(const VARIANT& value) {
+  if (value.vt == (VT_BYREF | VT_VARIANT)) {
+    throw AutomationError(ErrorNumber::TypeMismatch, "a reference to a reference was given");
+  }
+  return value;
 }
 
 /// The value that `value` would refer to, `place` being where it is.
@@ -81,7 +103,7 @@ Variant FromPlace(VARTYPE kind, const void* place) {
   value.value.llVal = 0;
   switch (kind) {
     case VT_VARIANT:
-      return FromVariant(*static_cast<const VARIANT*>(place));
+      return FromVariant(ReferredTo(*static_cast<const VARIANT*>(place)));
     case VT_I1:
     case VT_UI1:
       std::memcpy(&value.value, place, 1);
@@ -121,11 +143,17 @@ Variant FromPlace(VARTYPE kind, const void* place) {
 /// The kind of the binary interface that carries a kind of ours.
 VARTYPE KindOf(VariantKind kind) { return static_cast<VARTYPE>(kind); }
 
+/// An array that the host has locked cannot make room for another one.
+void RequireUnlocked(const VARIANT& old) {
+  if (IsLocked(old)) throw AutomationError(kArrayIsLocked, "the array that was there is locked");
+}
+
 /// Moves a value of the interface into a place of just its kind, from which it is freed first.
 void MoveInto(void* place, VARIANT& value) {
   VARIANT old;
   old.vt = value.vt;
   std::memcpy(&old.value, place, sizeof(void*));
+  RequireUnlocked(old);
   std::memcpy(place, &value.value, sizeof(void*));
   VariantClear(&old);
 }
@@ -138,7 +166,7 @@ Variant FromVariant(const VARIANT& value) {
     if (!held.byref) throw AutomationError(ErrorNumber::TypeMismatch, "a reference to nothing was given");
     return FromPlace(static_cast<VARTYPE>(value.vt & ~VT_BYREF), held.byref);
   }
-  if (value.vt & VT_ARRAY) return FromArray(held.parray);
+  if (value.vt & VT_ARRAY) return FromArray(held.parray, static_cast<VARTYPE>(value.vt & ~VT_ARRAY));
   switch (value.vt) {
     case VT_EMPTY:
       return {};
@@ -236,7 +264,11 @@ void ToVariant(const Variant& value, VARIANT& place) {
 
 bool IsPlaceFor(const VARIANT& reference, const automation::TypeInfo& type) {
   const auto kind = static_cast<VARTYPE>(reference.vt & ~VT_BYREF);
-  if (kind == VT_VARIANT || type.kind == VariantKind::Variant) return true;
+  if (kind == VT_VARIANT) {
+    const VARIANT* const variant = reference.value.pvarVal;
+    return !variant || !(variant->vt & VT_BYREF) || IsPlaceFor(*variant, type);
+  }
+  if (type.kind == VariantKind::Variant) return true;
   switch (type.kind) {
     case VariantKind::Array:
       return kind == (VT_ARRAY | KindOf(type.cells));
@@ -255,6 +287,7 @@ void WriteBack(const Variant& value, const VARIANT& reference) {
   if (kind == VT_VARIANT) {
     VARIANT& variant = *static_cast<VARIANT*>(place);
     if (variant.vt & VT_BYREF) return WriteBack(value, variant);
+    RequireUnlocked(variant);
     VARIANT made;
     ToVariant(value, made);
     VARIANT old = variant;
@@ -288,7 +321,12 @@ void WriteBack(const Variant& value, const VARIANT& reference) {
       std::memcpy(place, &made.value, 8);
       break;
     default:
-      MoveInto(place, made);
+      try {
+        MoveInto(place, made);
+      } catch (...) {
+        VariantClear(&made);
+        throw;
+      }
   }
 }
 

@@ -3,8 +3,7 @@
  * its objects. Plain C, also good for C++.
  *
  * The types have the layouts and the numbers that automation publishes for 64-bit programs, so that a host
- * for which they are at home needs nothing of this. On platforms that ship these declarations they are taken
- * from there.
+ * for which they are at home needs nothing of this. They stand here for the platforms that do not ship them.
  *
  * Texts are UTF-16. Whoever gets a text, an array or an object as a result owns it: SysFreeString,
  * SafeArrayDestroy, Release, or VariantClear for whatever a VARIANT holds. Objects belong to the thread that
@@ -12,15 +11,6 @@
  */
 #ifndef QUENZEL7_AUTOMATION_H
 #define QUENZEL7_AUTOMATION_H
-
-#ifdef _WIN32
-
-#include <oaidl.h>
-#include <oleauto.h>
-
-#define QUENZEL7_API EXTERN_C
-
-#else
 
 #include <stdint.h>
 
@@ -358,8 +348,6 @@ QUENZEL7_API HRESULT DllCanUnloadNow(void);
 /* Writes down, for this user, which classes there are and where this library is. */
 QUENZEL7_API HRESULT DllRegisterServer(void);
 QUENZEL7_API HRESULT DllUnregisterServer(void);
-
-#endif /* _WIN32 */
 
 /* The number of a class by its programmatic name, "Quenzel7.clsRectangle": CLASS_E_CLASSNOTAVAILABLE for a
    name that is none of a class that hosts can create. Names are compared without regard to the case of ASCII

@@ -22,6 +22,7 @@ constexpr struct {
 } kResults[] = {
     {E_OUTOFMEMORY, ErrorNumber::OutOfMemory},
     {DISP_E_BADINDEX, ErrorNumber::SubscriptOutOfRange},
+    {DISP_E_ARRAYISLOCKED, kArrayIsLocked},
     {DISP_E_DIVBYZERO, ErrorNumber::DivisionByZero},
     {DISP_E_OVERFLOW, ErrorNumber::Overflow},
     {DISP_E_TYPEMISMATCH, ErrorNumber::TypeMismatch},
@@ -32,6 +33,17 @@ constexpr struct {
     {DISP_E_PARAMNOTOPTIONAL, ErrorNumber::ArgumentNotOptional},
     {DISP_E_BADPARAMCOUNT, ErrorNumber::WrongNumberOfArguments},
     {DISP_E_BADVARTYPE, ErrorNumber::UnsupportedKind},
+};
+
+/// Those of arguments that cannot be taken.
+constexpr struct {
+  ErrorNumber number;
+  HRESULT result;
+} kArgumentResults[] = {
+    {ErrorNumber::TypeMismatch, DISP_E_TYPEMISMATCH},
+    {ErrorNumber::Overflow, DISP_E_OVERFLOW},
+    {ErrorNumber::UnsupportedKind, DISP_E_BADVARTYPE},
+    {kArrayIsLocked, DISP_E_ARRAYISLOCKED},
 };
 
 std::string Hexadecimal(HRESULT result) {
@@ -55,15 +67,8 @@ Long NumberOf(HRESULT result) {
 
 HRESULT Report(const AutomationError& error, EXCEPINFO* info) {
   if (error.Argument()) {
-    switch (error.Code()) {
-      case ErrorNumber::TypeMismatch:
-        return DISP_E_TYPEMISMATCH;
-      case ErrorNumber::Overflow:
-        return DISP_E_OVERFLOW;
-      case ErrorNumber::UnsupportedKind:
-        return DISP_E_BADVARTYPE;
-      default:
-        break;
+    for (const auto& known : kArgumentResults) {
+      if (known.number == error.Code()) return known.result;
     }
   }
   if (info) {

@@ -10,8 +10,12 @@ namespace quenzel7::server {
 /// its own number.
 Long NumberOf(HRESULT result);
 
-/// The result of a call whose argument could not be taken: DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW or
-/// DISP_E_BADVARTYPE; DISP_E_EXCEPTION for any other error, which `info`, if there is one, then tells.
+/// An array that somebody is at cannot be replaced.
+inline constexpr automation::ErrorNumber kArrayIsLocked{10};
+
+/// The result of a call whose argument could not be taken: DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW,
+/// DISP_E_BADVARTYPE or DISP_E_ARRAYISLOCKED; DISP_E_EXCEPTION for any other error, which `info`, if there is
+/// one, then tells.
 HRESULT Report(const automation::AutomationError& error, EXCEPINFO* info);
 
 /// The error that a host tells: what is in `info` when the result is DISP_E_EXCEPTION, whose texts are freed,

@@ -1,5 +1,6 @@
 #include "server/stub.h"
 
+#include <unordered_map>
 #include <utility>
 
 #include "platform/automation/enumerator.h"
@@ -9,6 +10,18 @@
 namespace quenzel7::server {
 
 using automation::Interface;
+
+namespace {
+
+/// The number of an interface, worked out once for each thread.
+const GUID& IdOf(const Interface& interface) {
+  thread_local std::unordered_map<const Interface*, GUID> ids;
+  const auto known = ids.find(&interface);
+  return known != ids.end() ? known->second
+                            : ids.emplace(&interface, InterfaceId(interface.Name())).first->second;
+}
+
+}  // namespace
 
 Stub::Stub(automation::ObjectRef object, std::shared_ptr<Apartment> apartment)
     : object_(std::move(object)), apartment_(std::move(apartment)) {
@@ -35,7 +48,7 @@ HRESULT Stub::QueryInterface(REFIID iid, void** face) {
     found = enumerator_.get();
   } else {
     for (Face& own : faces_) {
-      if (IsSameGuid(*iid, InterfaceId(own.interface->Name()))) found = static_cast<IDispatch*>(&own);
+      if (IsSameGuid(*iid, IdOf(*own.interface))) found = static_cast<IDispatch*>(&own);
     }
   }
   *face = found;

@@ -54,13 +54,34 @@ class Stub {
   void Disconnect() { object_.reset(); }
 
  private:
+  friend class Apartment;
+
+  /// First, so that the object has gone when this one no longer counts.
+  LiveObject counted_;
   automation::ObjectRef object_;
   std::shared_ptr<Apartment> apartment_;
   std::atomic<ULONG> references_ = 1;
   std::vector<Face> faces_;
   /// Of enumerators only.
   std::unique_ptr<EnumeratorFace> enumerator_;
-  LiveObject counted_;
+  /// In the apartment's list of what other threads have given up, under its lock.
+  bool isGivenUp_ = false;
+  Stub* nextGivenUp_ = nullptr;
+};
+
+/// One reference on a stub, given back in the end.
+class StubReference {
+ public:
+  /// Takes the caller's reference over.
+  explicit StubReference(Stub* stub) : stub_(stub) {}
+  StubReference(const StubReference&) = delete;
+  StubReference& operator=(const StubReference&) = delete;
+  ~StubReference() { stub_->Release(); }
+
+  Stub* operator->() const { return stub_; }
+
+ private:
+  Stub* stub_;
 };
 
 /// The object behind a pointer that is one of this library's faces, or nullptr. Its thread is that of the

@@ -96,6 +96,8 @@ const Variant& Collection::Item(const std::string& key) const { return entries_[
 void Collection::Remove(Long index) {
   const std::size_t place = Place(index);
   if (!entries_[place].key.empty()) keys_->erase(Folded(entries_[place].key));
+  // An object that goes with its entry may use the collection while it does.
+  const Entry removed = std::move(entries_[place]);
   entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(place));
 }
 

@@ -367,7 +367,9 @@ void PropertyBag::AddToTable(std::size_t place) { places_.emplace(Folded(entries
 
 void PropertyBag::WriteProperty(const std::string& name, const Variant& value) {
   if (const Entry* entry = Find(name)) {
-    entries_[static_cast<std::size_t>(entry - entries_.data())].value = value;
+    // An object that goes with the old value may use the bag while it does.
+    const Variant old =
+        std::exchange(entries_[static_cast<std::size_t>(entry - entries_.data())].value, Variant(value));
     return;
   }
   entries_.push_back({name, value});

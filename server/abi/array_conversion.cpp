@@ -10,6 +10,7 @@
 
 #include "platform/automation/automation_error.h"
 #include "server/abi/bstr.h"
+#include "server/abi/cell_kind.h"
 #include "server/abi/safe_array.h"
 
 namespace quenzel7::server {
@@ -62,6 +63,15 @@ Bounds BoundsOf(SAFEARRAY& array, UINT dimension) {
   SafeArrayGetLBound(&array, dimension, &bounds.lower);
   SafeArrayGetUBound(&array, dimension, &bounds.upper);
   return bounds;
+}
+
+/// Hosts may make arrays without our help: error 13 for one whose head does not tell what its cells are.
+void RequireSound(const SAFEARRAY& array, VARTYPE kind) {
+  const CellKind* const cells = FindCellKind(kind);
+  const bool isSound = (!cells || array.cbElements == cells->bytes) &&
+                       (array.pvData || array.cDims == 0 || CellCount(array) == 0);
+  if (!isSound)
+    throw AutomationError(ErrorNumber::TypeMismatch, "the cells of an array are not where it says");
 }
 
 /// An array of that kind with the bounds of the other.
@@ -140,6 +150,7 @@ Array FromSafeArray(SAFEARRAY& array, const CellConversion& cells) {
   const HeldArray held(array);
   VARTYPE kind = VT_EMPTY;
   SafeArrayGetVartype(&array, &kind);
+  RequireSound(array, kind);
   switch (kind) {
     case VT_UI1:
       return Copied<Byte>(VariantKind::Byte, array);

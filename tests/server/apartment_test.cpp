@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <future>
 #include <memory>
 #include <thread>
@@ -13,6 +14,7 @@
 #include "server/stub.h"
 #include "server/types/identifiers.h"
 #include "tests/server/host.h"
+#include "tests/server/host_object.h"
 #include "tests/server/sample.h"
 
 namespace quenzel7::server {
@@ -182,6 +184,98 @@ TEST_F(Threads, GiveUpWhileTheOtherEnds) {
   mayEnd.set_value();
   other.join();
   EXPECT_EQ(gone, otherId);
+  EXPECT_EQ(LiveObjects(), before);
+}
+
+TEST_F(Threads, SweepWithAnyCallAndWhenTheyAskWhetherAllIsFree) {
+  const Utf16 name("Size");
+  const std::vector<std::function<void()>> calls = {
+      [this] { host.Id("Size"); }, [this] { host.Identity(); }, [] { DllCanUnloadNow(); },
+      [] { Pointer::HostServices(); }, [] { Pointer::Create("clsRectangle"); }};
+  Pointer::HostServices();
+  for (const auto& call : calls) {
+    std::thread::id gone;
+    auto* first = Apartment::Current().Hold(std::make_shared<Witness>(gone))->Default();
+    std::thread::id goneToo;
+    auto* second = Apartment::Current().Hold(std::make_shared<Witness>(goneToo))->Default();
+    Elsewhere([first, second] {
+      first->lpVtbl->Release(first);
+      second->lpVtbl->Release(second);
+    });
+    EXPECT_EQ(gone, std::thread::id());
+    call();
+    EXPECT_EQ(gone, std::this_thread::get_id());
+    EXPECT_EQ(goneToo, std::this_thread::get_id());
+  }
+}
+
+TEST_F(Threads, ForgetOnlyWhatIsReleasedOfWhatWasGivenUp) {
+  std::thread::id gone[3];
+  IDispatch* held[3];
+  for (int place = 0; place < 3; ++place) {
+    held[place] = Apartment::Current().Hold(std::make_shared<Witness>(gone[place]))->Default();
+  }
+  Elsewhere([&held] {
+    for (IDispatch* dispatch : held) dispatch->lpVtbl->Release(dispatch);
+  });
+  // Taken back and released before anything was swept.
+  held[1]->lpVtbl->AddRef(held[1]);
+  held[1]->lpVtbl->Release(held[1]);
+  EXPECT_NE(gone[1], std::thread::id());
+  EXPECT_EQ(gone[0], std::thread::id());
+  EXPECT_EQ(gone[2], std::thread::id());
+  host.Id("Size");
+  EXPECT_NE(gone[0], std::thread::id());
+  EXPECT_NE(gone[2], std::thread::id());
+}
+
+/// An object of the host that calls one of the library's when it is released for the last time.
+class LastWord : public test::HostObject {
+ public:
+  std::function<void()> word;
+  /// What it is in C++ of the calls below.
+  static ULONG Release(IDispatch* self) {
+    auto& object = static_cast<LastWord&>(static_cast<test::HostObject&>(*self));
+    const auto left = static_cast<ULONG>(--object.references);
+    if (left == 0 && object.word) object.word();
+    return left;
+  }
+  LastWord() {
+    calls_ = *lpVtbl;
+    calls_.Release = &LastWord::Release;
+    lpVtbl = &calls_;
+  }
+
+ private:
+  IDispatchVtbl calls_;
+};
+
+TEST_F(Threads, LetObjectsOfTheHostSpeakWhenTheyEnd) {
+  const Long before = LiveObjects();
+  LastWord last;
+  IDispatch *kept = nullptr, *left = nullptr;
+  std::vector<HRESULT> told;
+  Elsewhere([&] {
+    kept = Apartment::Current().Hold(std::make_shared<Sample>())->Default();
+    last.word = [&] {
+      DISPPARAMS none{};
+      told.push_back(kept->lpVtbl->Invoke(kept, 1, &IID_NULL, 0, DISPATCH_PROPERTYGET, &none, nullptr,
+                                          nullptr, nullptr));
+      IDispatch* services = nullptr;
+      told.push_back(Quenzel7GetHostServices(&services));
+      kept->lpVtbl->Release(kept);
+    };
+    const auto collection = std::make_shared<automation::Collection>();
+    const Pointer handed = test::Handed(collection);
+    EXPECT_EQ(handed.Call("Add", {last.Handed().AsValue()}).result, S_OK);
+    handed.Get()->lpVtbl->AddRef(handed.Get());
+    left = handed.Get();
+  });
+  EXPECT_EQ(last.references, 0);
+  EXPECT_EQ(told, (std::vector<HRESULT>{RPC_E_WRONG_THREAD, QUENZEL7_RESULT(0x800A0005u)}));
+  // The collection's own stub is still held.
+  EXPECT_EQ(LiveObjects(), before + 1);
+  EXPECT_EQ(left->lpVtbl->Release(left), 0u);
   EXPECT_EQ(LiveObjects(), before);
 }
 

@@ -56,7 +56,7 @@ TEST(ClassIdFromName, KnowsNoOtherName) {
     EXPECT_EQ(identified.result, CLASS_E_CLASSNOTAVAILABLE) << name;
     EXPECT_TRUE(IsSameGuid(identified.id, IID_NULL)) << name;
   }
-  EXPECT_STREQ(Quenzel7LastError(), "failure 0x80040111");
+  EXPECT_STREQ(Quenzel7LastError(), "hosts create no class \"Quenzel7.._clsRectangle\"");
 }
 
 TEST(InterfaceIdFromName, KnowsEveryInterface) {

@@ -62,7 +62,7 @@ TEST_F(ObjectOfTheHost, IsCalledByName) {
   ASSERT_EQ(host_.calls.size(), 1u);
   const HostObject::Call& call = host_.calls[0];
   EXPECT_EQ(call.member, "Show");
-  EXPECT_EQ(call.flags, DISPATCH_METHOD);
+  EXPECT_EQ(call.flags, DISPATCH_METHOD | DISPATCH_PROPERTYGET);
   ASSERT_EQ(call.arguments.size(), 2u);
   EXPECT_EQ(call.arguments[0].Text(), "text");
   EXPECT_EQ(call.arguments[1].Number(), 2);

@@ -303,6 +303,44 @@ TEST_F(Invocation, AnOptionalReferenceIsWrittenBackWhenItIsGiven) {
   EXPECT_EQ(at, 20);
 }
 
+TEST_F(Invocation, WritesNamedReferencesBack) {
+  LONG a = 1, b = 2;
+  const Outcome swapped = host.Invoke(host.Id("Swap"), DISPATCH_METHOD,
+                                      {Value::Place(VT_I4, &b), Value::Place(VT_I4, &a)}, {1, 0});
+  EXPECT_EQ(swapped.result, S_OK);
+  EXPECT_EQ(a, 2);
+  EXPECT_EQ(b, 1);
+}
+
+TEST_F(Invocation, SeesThroughAVariantThatRefersToAPlaceOfAnotherKindBeforeItCalls) {
+  LONG a = 1;
+  SHORT narrow = 2;
+  Value second = Value::Place(VT_I2, &narrow);
+  const Outcome mismatch = host.Call("Swap", {Value::Place(VT_I4, &a), Value::Place(second)});
+  EXPECT_EQ(mismatch.result, DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(mismatch.argument, 0u);
+  EXPECT_EQ(a, 1);
+}
+
+TEST_F(Invocation, BlamesNobodyWhoDoesNotAsk) {
+  Value text = "x";
+  DISPID name = DISPID_PROPERTYPUT;
+  DISPPARAMS parameters{&text.Raw(), &name, 1, 1};
+  EXPECT_EQ(host.Get()->lpVtbl->Invoke(host.Get(), host.Id("Size"), &IID_NULL, 0, DISPATCH_PROPERTYPUT,
+                                       &parameters, nullptr, nullptr, nullptr),
+            DISP_E_TYPEMISMATCH);
+  DISPPARAMS unnamed{&text.Raw(), nullptr, 1, 0};
+  EXPECT_EQ(host.Get()->lpVtbl->Invoke(host.Get(), host.Id("NextByte"), &IID_NULL, 0, DISPATCH_METHOD,
+                                       &unnamed, nullptr, nullptr, nullptr),
+            DISP_E_TYPEMISMATCH);
+}
+
+TEST_F(Invocation, AVariantThatIsNotThereIsATypeMismatch) {
+  const Outcome nothing = host.Call("Sum", {1, 2, Value::Place(VT_VARIANT, nullptr)});
+  EXPECT_EQ(nothing.result, DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(nothing.argument, 0u);
+}
+
 TEST_F(Invocation, NeedsItsPointers) {
   IDispatch* dispatch = host.Get();
   const DISPID size = host.Id("Size");

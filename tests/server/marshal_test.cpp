@@ -126,8 +126,10 @@ TEST(Marshalling, FollowsReferencesOfEachKind) {
   const test::Utf16 text("text");
   EXPECT_EQ(place(VT_BSTR, text.Get()), Variant("text"));
   Value inner = 5;
-  Value outer = Value::Place(inner);
-  EXPECT_EQ(Taken(Value::Place(outer)), Variant(Long{5}));
+  EXPECT_EQ(Taken(Value::Place(inner)), Variant(Long{5}));
+  LONG number = 6;
+  Value reference = Value::Place(VT_I4, &number);
+  EXPECT_EQ(Taken(Value::Place(reference)), Variant(Long{6}));
 }
 
 TEST(Marshalling, ANullTextIsAnEmptyOne) { EXPECT_EQ(Taken(Value::Of<BSTR>(VT_BSTR, nullptr)), Variant("")); }
@@ -168,13 +170,93 @@ TEST(Marshalling, ArraysComeBackAsTheyWere) {
   EXPECT_EQ(Taken(Given(mixed)), Variant(mixed));
 }
 
-TEST(Marshalling, AnArrayThatIsNotThereIsATypeMismatch) {
-  EXPECT_EQ(ErrorOfTaking(Value::Of<SAFEARRAY*>(VT_ARRAY | VT_UI1, nullptr)), 13);
+TEST(Marshalling, AnArrayWithoutMemoryHasNoCells) {
+  const Variant none = Array::OfSize(VariantKind::Byte, 0);
+  EXPECT_EQ(Taken(Value::Of<SAFEARRAY*>(VT_ARRAY | VT_UI1, nullptr)), none);
+  SAFEARRAY* place = nullptr;
+  EXPECT_EQ(Taken(Value::Place(VT_ARRAY | VT_UI1, &place)), none);
+  EXPECT_EQ(ErrorOfTaking(Value::Of<SAFEARRAY*>(VT_ARRAY | VT_DISPATCH, nullptr)), 13);
+}
+
+TEST(Marshalling, RefusesReferencesToReferences) {
+  Value own;
+  own.Raw().vt = VT_BYREF | VT_VARIANT;
+  own.Raw().value.pvarVal = &own.Raw();
+  EXPECT_EQ(ErrorOfTaking(own), 13);
+  Value inner = 5;
+  Value outer = Value::Place(inner);
+  EXPECT_EQ(ErrorOfTaking(Value::Place(outer)), 13);
+  test::SampleInHands sample;
+  EXPECT_EQ(sample.host.Write("Size", own).result, DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(sample.host.Call("Sum", {own, 2, 3}).result, DISP_E_TYPEMISMATCH);
+  own.Raw().vt = VT_EMPTY;
+}
+
+/// An array of so many levels, each the only cell of the next.
+Value Nested(int levels) {
+  Value value = 7;
+  for (int level = 0; level < levels; ++level) {
+    Array array = Array::OfSize(VariantKind::Variant, 1);
+    SAFEARRAY* made = SafeArrayCreateVector(VT_VARIANT, 0, 1);
+    LONG first = 0;
+    SafeArrayPutElement(made, &first, &value.Raw());
+    value = Value::Of(VT_ARRAY | VT_VARIANT, made);
+  }
+  return value;
+}
+
+TEST(Marshalling, TakesArraysThatAreNotNestedTooDeep) {
+  EXPECT_EQ(ErrorOfTaking(Nested(16)), 0);
+  EXPECT_EQ(ErrorOfTaking(Nested(17)), 13);
+  EXPECT_EQ(ErrorOfTaking(Nested(16)), 0);
+}
+
+TEST(Marshalling, RefusesAnArrayThatHoldsItself) {
+  SAFEARRAY* array = SafeArrayCreateVector(VT_VARIANT, 0, 1);
+  auto* cell = static_cast<VARIANT*>(array->pvData);
+  cell->vt = VT_ARRAY | VT_VARIANT;
+  cell->value.parray = array;
+  VARIANT value;
+  value.vt = VT_ARRAY | VT_VARIANT;
+  value.value.parray = array;
+  EXPECT_THROW(FromVariant(value), AutomationError);
+  cell->vt = VT_EMPTY;
+  SafeArrayDestroy(array);
+}
+
+TEST(Marshalling, RefusesArraysThatHostsHaveMadeWrongly) {
+  const auto error = [](auto spoil) {
+    SAFEARRAY* array = SafeArrayCreateVector(VT_I4, 0, 3);
+    const SAFEARRAY sound = *array;
+    spoil(*array);
+    VARIANT value;
+    value.vt = VT_ARRAY | VT_I4;
+    value.value.parray = array;
+    Long number = 0;
+    try {
+      FromVariant(value);
+    } catch (const AutomationError& refused) {
+      number = refused.Number();
+    }
+    *array = sound;
+    SafeArrayDestroy(array);
+    return number;
+  };
+  EXPECT_EQ(error([](SAFEARRAY&) {}), 0);
+  EXPECT_EQ(error([](SAFEARRAY& array) { array.pvData = nullptr; }), 13);
+  EXPECT_EQ(error([](SAFEARRAY& array) { array.cbElements = 8; }), 13);
+  EXPECT_EQ(error([](SAFEARRAY& array) { array.cDims = 0; }), 13);
+  EXPECT_EQ(error([](SAFEARRAY& array) {
+              array.pvData = nullptr;
+              array.rgsabound[0].cElements = 0;
+            }),
+            0);
 }
 
 bool IsPlace(int kind, const automation::TypeInfo& type) {
   VARIANT reference;
   reference.vt = static_cast<VARTYPE>(VT_BYREF | kind);
+  reference.value.byref = nullptr;
   return IsPlaceFor(reference, type);
 }
 
@@ -220,6 +302,35 @@ TEST(PlacesOfHosts, AreOfJustTheKindOrVariants) {
     }
     EXPECT_TRUE(IsPlace(VT_VARIANT, row.type)) << row.type.name;
   }
+}
+
+TEST(PlacesOfHosts, AreSeenThroughAVariantThatRefersToThem) {
+  LONG number = 1;
+  Value inner = Value::Place(VT_I4, &number);
+  EXPECT_TRUE(IsPlaceFor(Value::Place(inner).Raw(), automation::TypeOf<Long>()));
+  EXPECT_FALSE(IsPlaceFor(Value::Place(inner).Raw(), automation::TypeOf<Integer>()));
+  Value plain = 1;
+  EXPECT_TRUE(IsPlaceFor(Value::Place(plain).Raw(), automation::TypeOf<Integer>()));
+  EXPECT_TRUE(IsPlaceFor(Value::Place(VT_VARIANT, nullptr).Raw(), automation::TypeOf<Integer>()));
+}
+
+TEST(WritingBack, LeavesALockedArrayWhereItIs) {
+  Value place = Given(Array::OfSize(VariantKind::Byte, 2));
+  SAFEARRAY* const locked = place.Raw().value.parray;
+  void* cells = nullptr;
+  ASSERT_EQ(SafeArrayAccessData(locked, &cells), S_OK);
+  const Variant longer = Array::OfSize(VariantKind::Byte, 5);
+  for (const Value& reference :
+       {Value::Place(VT_ARRAY | VT_UI1, &place.Raw().value.parray), Value::Place(place)}) {
+    try {
+      WriteBack(longer, reference.Raw());
+      ADD_FAILURE() << "no error";
+    } catch (const AutomationError& error) {
+      EXPECT_EQ(error.Number(), 10);
+    }
+    EXPECT_EQ(place.Raw().value.parray, locked);
+  }
+  SafeArrayUnaccessData(locked);
 }
 
 TEST(WritingBack, FillsAPlaceOfEachKind) {

@@ -18,6 +18,7 @@ TEST(Results, AreReadBack) {
     Long number;
   } rows[] = {
       {E_OUTOFMEMORY, 7},
+      {DISP_E_ARRAYISLOCKED, 10},
       {DISP_E_BADINDEX, 9},
       {DISP_E_DIVBYZERO, 11},
       {DISP_E_OVERFLOW, 6},
@@ -50,6 +51,7 @@ TEST(Reporting, AnArgumentHasAResultOfItsOwn) {
   EXPECT_EQ(report(ErrorNumber::TypeMismatch), DISP_E_TYPEMISMATCH);
   EXPECT_EQ(report(ErrorNumber::Overflow), DISP_E_OVERFLOW);
   EXPECT_EQ(report(ErrorNumber::UnsupportedKind), DISP_E_BADVARTYPE);
+  EXPECT_EQ(report(kArrayIsLocked), DISP_E_ARRAYISLOCKED);
 }
 
 TEST(Reporting, AnythingElseIsTold) {
