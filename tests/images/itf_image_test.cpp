@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/automation/automation_error.h"
 #include "platform/automation/call_by_name.h"
 #include "platform/automation/convert.h"
 #include "tests/support/raises.h"
@@ -34,6 +35,20 @@ TEST(ItfImage, HasThisSurfaceInSlotOrder) {
              "get TransparencyLevel() As Long", "put TransparencyLevel(Long)", "get ImagePath() As String",
              "put ImagePath(String)", "get Dx() As Long", "put Dx(Long)", "get Dy() As Long", "put Dy(Long)",
              "call SetImage8bppProps" + props + ")", "call SetImage8bppPropsEx" + props + ", Long)"}));
+}
+
+TEST(ItfImage, AValueThatDoesNotFitIsAnErrorOfTheArgument) {
+  const auto image = std::make_shared<ItfImageObject>();
+  for (const automation::Member& member : image->Class().Default().Members()) {
+    if (member.IsMethod()) continue;
+    try {
+      member.put(*image, automation::NullValue{});
+      FAIL() << member.name;
+    } catch (const automation::AutomationError& error) {
+      EXPECT_EQ(error.Number(), 94) << member.name;
+      EXPECT_EQ(error.Argument(), 0u) << member.name;
+    }
+  }
 }
 
 TEST(ItfImage, ItsMembersAreDocumented) {
