@@ -529,8 +529,10 @@ const std::map<std::string_view, LONG> kRaised = {{"GetTransformState", 13},
                                                   {"ValidateFontNumber", 9},
                                                   {"ItfVarBinaryHandler_ValidateFontNumber", 9},
                                                   {"SetBinaryData", 331},
-                                                  {"SaveToDB", 5},
-                                                  {"SaveToDBEx", 5},
+                                                  {"SaveToDB", 91},
+                                                  {"SaveToDBEx", 91},
+                                                  {"ResizeImage", 91},
+                                                  {"ResizeImage16", 91},
                                                   {"ResizeImageEx", 91},
                                                   {"SetImageSystem", 91},
                                                   {"Stretch", 91}};
@@ -557,7 +559,10 @@ TEST_P(Classes, GiveResultsOfTheirMethodsInTheirKinds) {
       }
       EXPECT_EQ(outcome.result, DISP_E_EXCEPTION);
       const auto raised = kRaised.find(member.name);
-      ASSERT_NE(raised, kRaised.end()) << outcome.scode << outcome.description;
+      if (raised == kRaised.end()) {
+        ADD_FAILURE() << outcome.scode << ' ' << outcome.description;
+        continue;
+      }
       EXPECT_EQ(outcome.scode, kRuntimeErrors + raised->second) << outcome.description;
       EXPECT_NE(outcome.description, "");
       EXPECT_EQ(outcome.source, "Quenzel7");
