@@ -320,17 +320,17 @@ class Platform:
         return kind(found) if isinstance(found, Dispatch) else found
 
     @property
-    def message_boxes(self) -> Any:
+    def message_boxes(self) -> Union[MessageBoxes, Any]:
         """The message boxes: MessageBoxes, or the object that was supplied."""
         return self._or_own("MessageBoxes", MessageBoxes)
 
     @property
-    def messages(self) -> Any:
+    def messages(self) -> Union[Messages, Any]:
         """The numbered messages: Messages, or the object that was supplied."""
         return self._or_own("Messages", Messages)
 
     @property
-    def errors(self) -> Any:
+    def errors(self) -> Union[ErrorLog, Any]:
         """The error log: ErrorLog, or the object that was supplied."""
         return self._or_own("ErrorLog", ErrorLog)
 

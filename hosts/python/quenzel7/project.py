@@ -200,7 +200,7 @@ class Project:
         if self._is_held(connection):
             self._database.Close()
         else:
-            connection.Close()  # type: ignore[attr-defined]
+            connection.Close()
 
     def _is_held(self, connection: Dispatch) -> bool:
         """Whether the thread still works with this project."""

@@ -123,7 +123,8 @@ class Surface:
         """One pixel as 0xRRGGBB; IndexError outside the surface."""
         if not (0 <= x < self._width and 0 <= y < self._height):
             raise IndexError(f"({x}, {y}) lies outside a surface of {self._width} x {self._height} pixels")
-        return int(self.pixels[y, x])
+        pixels: Any = self.pixels
+        return int(pixels[y, x])
 
     def png(self) -> bytes:
         """The picture as the bytes of a PNG file."""

@@ -74,7 +74,8 @@ class PropertyBagTest(ServerCase):
         inner["x"] = 1
         outer["in"] = inner
         self.assertEqual(outer.kind("in"), "Object")
-        self.assertEqual(type(outer["in"]), q.PropertyBag)
+        self.assertEqual(type(outer["in"]), _property_bag.PropertyBag)
+        self.assertEqual(type(inner.object), q.PropertyBag)
         self.assertEqual(q.property_bag(outer.contents)["in"]["x"], 1)
 
     def test_the_librarys_own_bags_are_read_as_they_are(self) -> None:
