@@ -1,17 +1,22 @@
 # Python, which hosts in that language and their tests run with.
 find_package(Python3 3.9 REQUIRED COMPONENTS Interpreter)
 
-# A library with address sanitizers needs their run-time first in a program that was built without them. What
-# Python keeps to its end is not ours to count.
+# A library with address sanitizers needs their run-time first in a program that was built without them, and with it
+# the standard library, whose throwing it watches from the start. What Python keeps to its end is not ours to count.
 set(quenzel7_python_environment "PYTHONDONTWRITEBYTECODE=1")
 if(CMAKE_CXX_FLAGS MATCHES "-fsanitize=[a-z,-]*address")
-  set(runtime libasan.so)
+  set(libraries libasan.so libstdc++.so)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-    set(runtime libclang_rt.asan-${CMAKE_SYSTEM_PROCESSOR}.so)
+    set(libraries libclang_rt.asan-${CMAKE_SYSTEM_PROCESSOR}.so libstdc++.so)
   endif()
-  execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${runtime}
-    OUTPUT_VARIABLE runtime OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-  list(APPEND quenzel7_python_environment "LD_PRELOAD=${runtime}" "ASAN_OPTIONS=detect_leaks=0")
+  set(preloaded)
+  foreach(library ${libraries})
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${library}
+      OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    list(APPEND preloaded ${path})
+  endforeach()
+  list(JOIN preloaded ":" preloaded)
+  list(APPEND quenzel7_python_environment "LD_PRELOAD=${preloaded}" "ASAN_OPTIONS=detect_leaks=0")
 endif()
 
 # quenzel7_python_test(NAME WORKING_DIRECTORY ARGUMENT ...)

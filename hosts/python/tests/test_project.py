@@ -130,6 +130,12 @@ class RowsTest(ProjectCase):
         rows = self.project.recordset(query, cursor=projects.OPEN_FORWARD_ONLY)
         self.assertEqual(rows.RecordCount, -1)
 
+    def test_the_kinds_of_recordsets_have_their_published_numbers(self) -> None:
+        kinds = ("OPEN_FORWARD_ONLY", "OPEN_KEYSET", "OPEN_DYNAMIC", "OPEN_STATIC")
+        self.assertEqual([getattr(projects, name) for name in kinds], [0, 1, 2, 3])
+        locks = (projects.LOCK_READ_ONLY, projects.LOCK_PESSIMISTIC, projects.LOCK_OPTIMISTIC)
+        self.assertEqual(locks, (1, 2, 3))
+
     def test_the_recordset_is_a_copy_of_the_rows(self) -> None:
         self.saved(Xs=5)
         rows = self.project.recordset("SELECT * FROM HMI_Elements")
@@ -227,6 +233,26 @@ class ElementsTest(ProjectCase):
         self.project.execute("UPDATE HMI_Elements SET GroupID=2 WHERE ID=2")
         self.project.execute("UPDATE HMI_Elements SET GroupID=-1 WHERE ID=3")
         self.assertEqual(self.shape(self.project.elements()), [(2, [1]), (3, [])])
+
+    def test_a_cycle_is_broken_within_it_and_not_where_something_hangs_on_it(self) -> None:
+        hanging = self.group(self.saved())
+        first = self.group(hanging)
+        self.group(first)
+        # 2, with the element 1, is in 3; 3 and 4 are in each other.
+        self.project.execute("UPDATE HMI_Elements SET GroupID=4 WHERE ID=3")
+        self.project.execute("UPDATE HMI_Elements SET GroupID=3 WHERE ID=4")
+        self.assertEqual(self.shape(self.project.elements()), [(3, [(2, [1]), (4, [])])])
+
+    def test_members_of_a_group_come_in_drawing_order(self) -> None:
+        self.group(*(self.saved(Xs=x) for x in range(3)))
+        self.project.execute("UPDATE HMI_Elements SET OrderIndex=9 WHERE ID=1")
+        self.assertEqual(self.shape(self.project.elements()), [(4, [2, 3, 1])])
+
+    def test_a_group_that_is_none_by_its_row_has_not_all_that_are_in_none(self) -> None:
+        self.saved()
+        self.group()
+        self.project.execute("UPDATE HMI_Elements SET ID=-1 WHERE ID=2")
+        self.assertEqual(self.shape(self.project.elements()), [1, (-1, [])])
 
     def test_groups_deeper_than_32_stand_beside_the_others(self) -> None:
         self.saved()
