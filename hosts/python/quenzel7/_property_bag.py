@@ -53,7 +53,6 @@ class PropertyBag:
         try:
             frame.set_count(1)
             _variant.write(frame.memory, frame.first, key)
-            frame.quick[1][0] = _abi.VT_EMPTY
             bag = self.object
             result = bag._invoke(
                 bag._this, self._read_number, IID_NULL_ARGUMENT, 0, _abi.DISPATCH_METHOD, frame.call,

@@ -235,13 +235,12 @@ class ElementsTest(ProjectCase):
         self.assertEqual(self.shape(self.project.elements()), [(2, [1]), (3, [])])
 
     def test_a_cycle_is_broken_within_it_and_not_where_something_hangs_on_it(self) -> None:
-        hanging = self.group(self.saved())
-        first = self.group(hanging)
-        self.group(first)
-        # 2, with the element 1, is in 3; 3 and 4 are in each other.
-        self.project.execute("UPDATE HMI_Elements SET GroupID=4 WHERE ID=3")
-        self.project.execute("UPDATE HMI_Elements SET GroupID=3 WHERE ID=4")
-        self.assertEqual(self.shape(self.project.elements()), [(3, [(2, [1]), (4, [])])])
+        hanging, other = self.group(self.saved()), self.group()
+        self.group(self.group(hanging), other)
+        # 2 is in 4 and 3 is in 5; 4 and 5 are in each other.
+        self.project.execute("UPDATE HMI_Elements SET GroupID=5 WHERE ID=4")
+        self.project.execute("UPDATE HMI_Elements SET GroupID=4 WHERE ID=5")
+        self.assertEqual(self.shape(self.project.elements()), [(4, [(2, [1]), (5, [(3, [])])])])
 
     def test_members_of_a_group_come_in_drawing_order(self) -> None:
         self.group(*(self.saved(Xs=x) for x in range(3)))

@@ -4,12 +4,14 @@ from __future__ import annotations
 
 import gc
 import struct
+import sys
 import tempfile
 import threading
 import unittest
 import zlib
 from pathlib import Path
 from typing import Any, List, Tuple
+from unittest import mock
 
 from test_server import ServerCase
 import quenzel7 as q
@@ -214,9 +216,11 @@ class EndTest(ServerCase):
     def test_what_could_not_be_made_leaves_nothing(self) -> None:
         with self.assertRaises(q.AutomationError):
             q.Surface(0, 0)
-        surface = q.Surface.__new__(q.Surface)
-        del surface
-        gc.collect()
+        with mock.patch.object(sys, "unraisablehook") as raised:
+            surface = q.Surface.__new__(q.Surface)
+            del surface
+            gc.collect()
+        raised.assert_not_called()
 
 
 if __name__ == "__main__":
