@@ -16,8 +16,11 @@ help:
 
 demo:
 	@tools/setup build
-	@tools/build release quenzel7 gdi-replay
+	@tools/build release quenzel7 gdi-replay quenzel7_shared
 	@build/bin/quenzel7 demo -o build/demo
+	@echo "The life of a numeric variable, by a host in Python:"
+	@mkdir -p build/demo/python
+	@PYTHONPATH=hosts/python QUENZEL7_LIBRARY=build/lib/libquenzel7.so python3 examples/numeric_variable.py build/demo/python
 
 test:
 	@tools/setup build
