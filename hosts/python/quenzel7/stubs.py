@@ -79,9 +79,7 @@ class _Writer:
     def _argument(self, type_name: str, taken: Set[str]) -> str:
         if type_name in _WRITTEN:
             return _WRITTEN[type_name]
-        if type_name in self._library.enumeration_names():
-            return "int"
-        # An object of the host's own is as good.
+        # An object of the host's own is as good as one of the library; what is neither is an enumeration.
         return "Any" if type_name in self._classes else "int"
 
     def _parameter(self, parameter: Parameter, taken: Set[str]) -> str:

@@ -49,6 +49,9 @@ class PropertyBagTest(ServerCase):
         with self.assertRaises(KeyError) as caught:
             bag["ys"]
         self.assertEqual(caught.exception.args, ("ys",))
+        with self.assertRaises(q.AutomationError) as wrong:
+            bag[q.collection()]  # type: ignore[index]
+        self.assertEqual(wrong.exception.number, 13)
         self.raises(327, 'the property bag has no value named "ys"', bag.kind, "ys")
 
     def test_it_is_read_from_and_given_as_bytes(self) -> None:
