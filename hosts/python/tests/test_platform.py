@@ -140,7 +140,7 @@ class OfferedTest(ServerCase):
         self.assertEqual(q.platform.text_size(""), (0, 0))
         self.assertEqual(q.platform.char_height(0), 16)
         self.assertEqual(q.platform.char_widths(0)[65], 8)
-        self.assertEqual(q.platform.font_name(), q.platform.font_name(font))
+        self.assertEqual((font, q.platform.font_name()), (1, "DejaVu Sans 16"))
         self.assertEqual(q.platform.text_size("ab"), q.platform.text_size("ab", font))
         self.assertEqual(q.platform.char_height(), q.platform.char_height(font))
         self.assertEqual(q.platform.char_widths(), q.platform.char_widths(font))

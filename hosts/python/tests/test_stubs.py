@@ -183,6 +183,20 @@ class WrittenTest(Case):
         assert isinstance(node, ast.FunctionDef)
         self.assertEqual(len(node.args.args), 13)
 
+    def test_a_head_is_broken_only_when_it_is_too_wide(self) -> None:
+        # "def f(", the name and ") -> None:" around it.
+        fits = "a" * (102 - len("def f() -> None:"))
+        self.assertEqual(stubs._function("f", [fits], "None", ""), [f"def f({fits}) -> None: ..."])
+        wide = fits + "a"
+        broken = ["def f(", f"    {wide},", ") -> None: ..."]
+        self.assertEqual(stubs._function("f", [wide], "None", ""), broken)
+
+    def test_texts_stand_in_quotation_marks_whatever_is_in_them(self) -> None:
+        for text in ('back\\slash', 'three """ marks', 'ends "so"'):
+            node = ast.parse("\n".join(stubs._function("f", [], "None", text))).body[0]
+            assert isinstance(node, ast.FunctionDef)
+            self.assertEqual(ast.get_docstring(node), text.replace('"""', "'''"))
+
     def test_it_is_written_where_the_package_stands(self) -> None:
         self.assertEqual(stubs.FILE, Path(q.__file__).with_name("__init__.pyi"))
         with tempfile.TemporaryDirectory() as folder, contextlib.redirect_stdout(io.StringIO()) as told:
