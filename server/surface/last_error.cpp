@@ -17,23 +17,36 @@ using automation::ErrorNumber;
 constexpr std::uint32_t kRunTimeErrors = 0x800A0000;
 constexpr Long kLastRunTimeError = 0xFFFF;
 
-struct LastError {
-  std::string text;
-  /// What is told: `text`, or a constant one.
-  const char* told = "";
+/// What is told: the text that is kept, or a constant one.
+constinit thread_local const char* told = "";
+constinit thread_local bool isTextGone = false;
 
-  void Keep(const char* newText) noexcept {
-    try {
-      text = newText;
-      told = text.c_str();
-    } catch (const std::bad_alloc&) {
-      KeepNoMemory();
-    }
+/// Goes while other things of its thread may still fail.
+struct KeptText {
+  std::string text;
+
+  ~KeptText() {
+    told = "";
+    isTextGone = true;
   }
-  void KeepNoMemory() noexcept { told = "there is not enough memory"; }
 };
 
-thread_local LastError lastError;
+thread_local KeptText kept;
+
+void KeepNoMemory() noexcept { told = "there is not enough memory"; }
+
+void Keep(const char* newText) noexcept {
+  if (isTextGone) {
+    told = "a failure while the thread ends";
+    return;
+  }
+  try {
+    kept.text = newText;
+    told = kept.text.c_str();
+  } catch (const std::bad_alloc&) {
+    KeepNoMemory();
+  }
+}
 
 }  // namespace
 
@@ -51,16 +64,16 @@ HRESULT KeepCurrentException() noexcept {
   try {
     throw;
   } catch (const AutomationError& error) {
-    lastError.Keep(error.what());
+    Keep(error.what());
     return ResultOf(error.Number());
   } catch (const std::bad_alloc&) {
-    lastError.KeepNoMemory();
+    KeepNoMemory();
     return E_OUTOFMEMORY;
   } catch (const std::exception& error) {
-    lastError.Keep(error.what());
+    Keep(error.what());
     return E_UNEXPECTED;
   } catch (...) {
-    lastError.Keep("a failure of an unknown kind");
+    Keep("a failure of an unknown kind");
     return E_UNEXPECTED;
   }
 }
@@ -69,11 +82,11 @@ HRESULT KeepResult(HRESULT result) noexcept {
   if (FAILED(result)) {
     char text[32];
     std::snprintf(text, sizeof text, "failure 0x%08X", static_cast<unsigned>(result));
-    lastError.Keep(text);
+    Keep(text);
   }
   return result;
 }
 
 }  // namespace quenzel7::server
 
-const char* Quenzel7LastError() { return quenzel7::server::lastError.told; }
+const char* Quenzel7LastError() { return quenzel7::server::told; }

@@ -233,14 +233,16 @@ TEST_F(ClassFactory, MakesNothingOnAThreadThatIsEnding) {
   const FactoryOf factory("clsRectangle");
   AskedAtTheEnd asked{&factory, S_OK, {}, S_OK};
   std::async(std::launch::async, [&] {
-    // What a thread makes first goes last.
+    // What a thread makes first goes last: also after the text of its last error.
     static thread_local AsksAtTheEnd atTheEnd;
     atTheEnd.asked = &asked;
-    Quenzel7LastError();
+    void* made = nullptr;
+    DllGetClassObject(&IID_NULL, &IID_NULL, &made);
+    EXPECT_STREQ(Quenzel7LastError(), "failure 0x80040111");
     factory.Create();
   }).get();
   EXPECT_EQ(asked.result, kInvalidCall);
-  EXPECT_EQ(asked.told, "the thread is ending: it has no objects any more");
+  EXPECT_EQ(asked.told, "a failure while the thread ends");
   EXPECT_EQ(asked.services, kInvalidCall);
 }
 
