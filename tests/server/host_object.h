@@ -61,8 +61,11 @@ class HostObject : public IDispatch {
   static ULONG Release(IDispatch* self) { return static_cast<ULONG>(--Self(self).references); }
   static HRESULT Count(IDispatch*, UINT*) { return E_NOTIMPL; }
   static HRESULT Info(IDispatch*, UINT, LCID, ITypeInfo**) { return E_NOTIMPL; }
-  static HRESULT Names(IDispatch* self, REFIID, OLECHAR** names, UINT, LCID, DISPID* ids) {
+  static HRESULT Names(IDispatch* self, REFIID, OLECHAR** names, UINT count, LCID language, DISPID* ids) {
     HostObject& object = Self(self);
+    // A name alone, in no language.
+    EXPECT_EQ(count, 1u);
+    EXPECT_EQ(language, 0u);
     ++object.asked;
     if (object.namesFail != S_OK) return object.namesFail;
     const std::string asked = FromUtf16(names[0]);
@@ -75,9 +78,10 @@ class HostObject : public IDispatch {
     ids[0] = DISPID_UNKNOWN;
     return DISP_E_UNKNOWNNAME;
   }
-  static HRESULT Invoke(IDispatch* self, DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
+  static HRESULT Invoke(IDispatch* self, DISPID id, REFIID, LCID language, WORD flags, DISPPARAMS* parameters,
                         VARIANT* result, EXCEPINFO* info, UINT*) {
     HostObject& object = Self(self);
+    EXPECT_EQ(language, 0u);
     const auto place = static_cast<std::size_t>(id - 100);
     Call call{object.members[place], flags, {}, {}};
     std::vector<VARIANT*> arguments;
