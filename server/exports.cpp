@@ -1,7 +1,6 @@
 // What the shared library exports beside texts, values, arrays and surfaces.
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/automation/automation_error.h"
@@ -20,15 +19,6 @@
 
 namespace quenzel7::server {
 namespace {
-
-constexpr std::string_view kProgrammaticPrefix = "Quenzel7.";
-
-/// The class that hosts can create under a programmatic name, or nullptr.
-const automation::ClassInfo* CreatableOfName(const std::string& name) {
-  const std::string_view prefix = std::string_view(name).substr(0, kProgrammaticPrefix.size());
-  if (!automation::EqualFolded(prefix, kProgrammaticPrefix)) return nullptr;
-  return FindCreatable(std::string_view(name).substr(kProgrammaticPrefix.size()));
-}
 
 const automation::Interface* InterfaceOfName(const std::string& name) {
   for (const Classes classes : {PublishedClasses(), ServiceClasses()}) {
@@ -90,7 +80,7 @@ HRESULT Quenzel7ClassIdFromName(const OLECHAR* name, CLSID* clsid) {
   return Guarded([&]() -> HRESULT {
     *clsid = IID_NULL;
     const std::string asked = FromUtf16(name);
-    const auto* creatable = CreatableOfName(asked);
+    const auto* creatable = FindCreatable(ClassOfProgrammaticName(asked));
     if (!creatable) Fail(CLASS_E_CLASSNOTAVAILABLE, "hosts create no class \"" + asked + "\"");
     *clsid = ClassId(creatable->name);
     return S_OK;

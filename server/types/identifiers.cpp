@@ -5,8 +5,12 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/automation/class_info.h"
+
 namespace quenzel7::server {
 namespace {
+
+constexpr std::string_view kProgrammaticPrefix = "Quenzel7.";
 
 /// {5C7B1E0A-7A41-4E0F-9D52-3F7C1B6E8A17}
 constexpr uuid_t kNameSpace = {0x5C, 0x7B, 0x1E, 0x0A, 0x7A, 0x41, 0x4E, 0x0F,
@@ -44,7 +48,14 @@ GUID NumberOf(const std::string& name) {
 
 }  // namespace
 
-std::string ProgrammaticName(std::string_view className) { return "Quenzel7." + std::string(className); }
+std::string ProgrammaticName(std::string_view className) {
+  return std::string(kProgrammaticPrefix) + std::string(className);
+}
+
+std::string_view ClassOfProgrammaticName(std::string_view name) {
+  const std::string_view prefix = name.substr(0, kProgrammaticPrefix.size());
+  return automation::EqualFolded(prefix, kProgrammaticPrefix) ? name.substr(prefix.size()) : "";
+}
 
 GUID ClassId(std::string_view className) { return NumberOf("class " + std::string(className)); }
 

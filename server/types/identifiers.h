@@ -9,6 +9,9 @@ namespace quenzel7::server {
 
 /// The programmatic name of a class: "Quenzel7.clsRectangle".
 std::string ProgrammaticName(std::string_view className);
+/// The name of the class in a programmatic name, whose prefix is compared without regard to the case of ASCII
+/// letters; empty for a name that is none.
+std::string_view ClassOfProgrammaticName(std::string_view name);
 
 /// The number of a class and of an interface: name-based numbers of version 5 (RFC 4122) in the name space
 /// {5C7B1E0A-7A41-4E0F-9D52-3F7C1B6E8A17}, of "class clsRectangle" and "interface ItfHmiElement", names in

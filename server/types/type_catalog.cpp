@@ -5,6 +5,7 @@
 
 #include "framework/enums.h"
 #include "platform/automation/automation_error.h"
+#include "server/types/identifiers.h"
 
 namespace quenzel7::server {
 namespace {
@@ -74,7 +75,8 @@ TypeCatalog TypeCatalog::All(Classes further) {
 
 TypeCatalog TypeCatalog::Named(std::string_view name) const {
   TypeCatalog named;
-  if (const ClassInfo* info = Find(classes, name)) {
+  const std::string_view className = ClassOfProgrammaticName(name);
+  if (const ClassInfo* info = Find(classes, className.empty() ? name : className)) {
     named.Add(*info);
     if (info == &clsEnums::ClassOf()) named.AddPublishedEnumerations();
   } else if (const Interface* interface = Find(interfaces, name)) {

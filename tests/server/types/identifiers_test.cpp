@@ -60,5 +60,14 @@ TEST(Identifiers, NumbersAreTheSameWhenEveryFieldIs) {
   }
 }
 
+TEST(ProgrammaticNames, TellTheirClass) {
+  EXPECT_EQ(ClassOfProgrammaticName("Quenzel7.clsLine"), "clsLine");
+  EXPECT_EQ(ClassOfProgrammaticName("QUENZEL7.clsLine"), "clsLine");
+  for (const char* none :
+       {"", "clsLine", "Quenzel7", "Quenzel7.", "Quenzel8.clsLine", "Quenzel7clsLine", ".clsLine"}) {
+    EXPECT_EQ(ClassOfProgrammaticName(none), "") << none;
+  }
+}
+
 }  // namespace
 }  // namespace quenzel7::server

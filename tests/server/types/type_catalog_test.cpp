@@ -84,6 +84,7 @@ TEST(TypeCatalog, HasThePublishedEnumerationsAndThenOthersThatMembersTake) {
 }
 
 TEST(TypeCatalog, AClassConsistsOfItsInterfacesAndTheEnumerationsOfTheirMembers) {
+  EXPECT_EQ(ClassesOf(TypeCatalog::All().Named("quenzel7.CLSLINE")), Names{"clsLine"});
   const TypeCatalog catalog = TypeCatalog::All().Named("RECORDSET");
   EXPECT_EQ(ClassesOf(catalog), Names{"Recordset"});
   EXPECT_EQ(InterfacesOf(catalog), Names{"Recordset"});
