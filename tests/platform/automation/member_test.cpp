@@ -165,7 +165,7 @@ static_assert(!CanBeTabled<7>);
 TEST(Method, KeepsTheNamesOfItsParameters) {
   EXPECT_EQ(SwapNamed("a, b").parameterNames, "a, b");
   EXPECT_EQ(SwapNamed("(a, b)").ParameterNames(), (std::vector<std::string_view>{"a", "b"}));
-  EXPECT_EQ(Of("Swap").ParameterNames(), std::vector<std::string_view>{});
+  EXPECT_EQ(Of("Heavier").ParameterNames(), std::vector<std::string_view>{});
 }
 
 TEST(Method, OfAConstantMethodKeepsTheNamesToo) {

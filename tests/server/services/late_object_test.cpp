@@ -97,7 +97,7 @@ TEST(LateObject, AnOptionalTextMayBeEmptyOrNull) {
   EXPECT_EQ(host.TextIfThere("Path"), std::nullopt);
   late->Giving("get Path", "");
   EXPECT_EQ(host.TextIfThere("Path"), "");
-  late->Giving("get Path", late);
+  late->Giving("get Path", NewHostObject());
   EXPECT_EQ(test::ErrorOf([&] { host.TextIfThere("Path"); }), 13);
 }
 
