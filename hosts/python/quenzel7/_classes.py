@@ -12,9 +12,9 @@ import inspect
 from typing import Any, Dict, List, Type
 
 from . import _abi, _members
-from ._dispatch import Counted, Dispatch, Indexed, Walked, attribute_writer, face_of
+from ._dispatch import Counted, Dispatch, Indexed, Rows, Unwalked, Walked, attribute_writer, face_of
 from ._types import ClassInfo, Member, TypeLibrary
-from .errors import AutomationError
+from .errors import AutomationError, WriteOnlyMemberError
 
 # What repr() shows of an object, when its class has it: cheap to read, and enough to tell objects apart.
 _SHOWN = ("ID", "Name", "Number", "Count", "Xs", "Ys", "Dx", "Dy")
@@ -65,7 +65,7 @@ def _signature(member: Member) -> inspect.Signature:
 
 def _refused_reader(owner: str, member: Member) -> Any:
     def read(self: Any) -> Any:
-        raise AutomationError(394, f"{owner}.{member.name} can only be written")
+        raise WriteOnlyMemberError(394, f"{owner}.{member.name} can only be written")
 
     return read
 
@@ -106,6 +106,10 @@ def _bases(members: "tuple[Member, ...]") -> List[type]:
     bases: List[type] = []
     if any(member.role == "enumerator" for member in members):
         bases.append(Walked)
+    elif {"EOF", "MoveNext"} <= {member.name for member in members}:
+        bases.append(Rows)
+    elif any(member.role == "value" for member in members):
+        bases.append(Unwalked)
     if any(member.name == "Count" and not member.is_method for member in members):
         bases.append(Counted)
     if any(member.role == "value" for member in members):

@@ -13,7 +13,14 @@ from typing import Any, Callable, Dict, Iterator, Optional, Tuple, Type, TypeVar
 from . import _abi, _invoke, _variant
 from ._enumerator import Enumerator
 from ._pointers import Functions, add_reference, functions_of, identity, query, release
-from .errors import AutomationError, UnknownMemberError, check, result_error, unknown_name
+from .errors import (
+    AutomationError,
+    UnknownMemberError,
+    WriteOnlyMemberError,
+    check,
+    result_error,
+    unknown_name,
+)
 
 _NOT_CALLABLE_SO = (_abi.DISP_E_MEMBERNOTFOUND, _abi.DISP_E_PARAMNOTOPTIONAL, _abi.DISP_E_BADPARAMCOUNT)
 _GET_OR_CALL = _abi.DISPATCH_METHOD | _abi.DISPATCH_PROPERTYGET
@@ -42,9 +49,12 @@ class Dispatch:
         return classification.create(cls._owner, **properties)
 
     def __getattr__(self, name: str) -> Any:
-        # Comes only for what the class does not have.
+        # Comes for what the class does not have, and for a property that raised an AttributeError.
         if name.startswith("_"):
             raise AttributeError(f"{self._owner} has no attribute {name!r}")
+        known = getattr(type(self), name, None)
+        if isinstance(known, property) and known.fget is not None:
+            return known.fget(self)
         return getattr(self, self._known_name(name))
 
     def _known_name(self, name: str) -> str:
@@ -138,6 +148,36 @@ class Walked(Dispatch):
             raise TypeError(f"{self._owner} gives no enumerator")
         return found
 
+    def __reversed__(self) -> Iterator[Any]:
+        return reversed(list(self))
+
+
+class Rows(Dispatch):
+    """Rows that are stood on one after another."""
+
+    __slots__ = ()
+
+    def __iter__(self) -> Iterator[Any]:
+        """Gives the object itself, standing on its row and then on each that follows, until EOF."""
+        while not self.EOF:
+            yield self
+            self.MoveNext()
+
+    # Asking either would move the rows, to answer with themselves.
+    __contains__ = None
+    __reversed__ = None
+
+
+class Unwalked(Dispatch):
+    """An object that is indexed and gives no enumerator. Without this Python would ask it for 0, 1, 2 ... and
+    never meet an end."""
+
+    __slots__ = ()
+
+    __iter__ = None
+    __contains__ = None
+    __reversed__ = None
+
 
 class Counted(Dispatch):
     """An object with a Count."""
@@ -212,6 +252,8 @@ class LateObject(Walked, Counted, Indexed):
         try:
             return _invoke.call(self, number, _abi.DISPATCH_PROPERTYGET, (), context=lambda _: name)
         except AutomationError as error:
+            if error.number == 394:
+                raise WriteOnlyMemberError(394, error.description, error.source) from error.__cause__
             if error.result not in _NOT_CALLABLE_SO:
                 raise
         return LateMethod(self, name, number)

@@ -125,17 +125,22 @@ def exception_of_info(memory: Any, offset: int) -> AutomationError:
 
 
 def fail(frame: Frame, result: int, context: str) -> AutomationError:
-    """The exception of a call that failed, with its cause when an object of this host was it.
-
-    An interruption of the program (KeyboardInterrupt, SystemExit) that an object of this host could not pass
-    on through the library goes on from here.
-    """
+    """The exception of a call that failed, as `with_cause` gives it."""
     frame.forget_failure()
     if result == _abi.DISP_E_EXCEPTION:
         error = exception_of_info(frame.memory, _INFO)
         error.result = result
     else:
         error = result_error(result, context)
+    return with_cause(error)
+
+
+def with_cause(error: AutomationError) -> AutomationError:
+    """The exception of a call that failed, with its cause when an object of this host was it.
+
+    An interruption of the program (KeyboardInterrupt, SystemExit) that an object of this host could not pass
+    on through the library goes on from here.
+    """
     raised, thread.raised = thread.raised, None
     cause = raised.cause_of(error) if raised is not None else None
     if cause is not None and not isinstance(cause, Exception):

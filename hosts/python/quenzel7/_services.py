@@ -7,10 +7,11 @@ from typing import Any, Callable, Optional, Type
 
 from . import _abi, _classes
 from ._dispatch import Dispatch, adopt, classification, late
+from ._frames import thread, with_cause
 from ._library import library
 from ._pointers import function_at, release
 from ._types import fetch_with, types
-from .errors import AutomationError, check, unknown_name
+from .errors import AutomationError, check, number_of_scode, result_error, unknown_name
 
 _PREFIX = "Quenzel7."
 _Out = ctypes.c_void_p
@@ -31,6 +32,17 @@ def _class_number(class_name: str) -> bytes:
     return number.raw
 
 
+def _failure(result: int, class_name: str) -> AutomationError:
+    """The exception of an object that could not be made: what its class raised, if it raised something."""
+    if number_of_scode(0, result) == result:
+        error = result_error(result, class_name)
+    else:
+        text = (library().Quenzel7LastError() or b"").decode("utf-8", "replace")
+        error = AutomationError(number_of_scode(0, result), text)
+        error.result = result
+    return with_cause(error)
+
+
 def create(class_name: str, **properties: Any) -> Any:
     """A new object of the class: `create("clsRectangle")`, `create("clsRectangle", Xs=10, Ys=20)`.
 
@@ -44,7 +56,11 @@ def create(class_name: str, **properties: Any) -> Any:
     try:
         made = _Out()
         make = function_at(factory.value, _abi.CREATE_INSTANCE)
-        check(make(factory, None, _abi.IID_IDISPATCH, ctypes.byref(made)), class_name)
+        # What was raised before cannot be the cause of what this call may raise.
+        thread.raised = None
+        result = make(factory, None, _abi.IID_IDISPATCH, ctypes.byref(made))
+        if result < 0:
+            raise _failure(result, class_name)
     finally:
         release(factory.value)
     assert made.value is not None

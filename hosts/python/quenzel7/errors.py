@@ -80,6 +80,11 @@ class UnknownMemberError(AutomationError, AttributeError):
     """A name that the object does not have; also an AttributeError, so that hasattr() works."""
 
 
+class WriteOnlyMemberError(AutomationError, AttributeError):
+    """A property that can only be written was read, error 394; also an AttributeError, so that hasattr(),
+    getattr() with a default and inspect.getmembers() pass it over."""
+
+
 def nearest(asked: str, names: Iterable[str]) -> str:
     """The name that is most like the one asked for, case aside; "" when there are none."""
     matcher = difflib.SequenceMatcher(b=asked.lower(), autojunk=False)

@@ -125,7 +125,10 @@ class PropertyTest(Case):
     def test_what_can_only_be_written_is_not_read(self) -> None:
         self.proxy.Secret = 6
         self.assertEqual(self.target.Secret, 6)
-        self.raises(394, "Probe.Secret can only be written", lambda: self.proxy.Secret)
+        error = self.raises(394, "Probe.Secret can only be written", lambda: self.proxy.Secret)
+        self.assertIsInstance(error, AttributeError)
+        self.assertFalse(hasattr(self.proxy, "Secret"))
+        self.assertEqual(getattr(self.proxy, "Secret", 8), 8)
 
     def test_methods_are_not_written(self) -> None:
         self.raises(438, "Probe.Stretch is a method and cannot be written", setattr, self.proxy, "Stretch", 1)
@@ -240,6 +243,14 @@ class CollectionTest(Case):
         self.assertEqual(len(proxy), 2)
         self.assertTrue(proxy)
         self.assertEqual((proxy[1], proxy["key"], proxy(1)), ("first", "keyed", "first"))
+
+    def test_is_walked_over_backwards(self) -> None:
+        self.assertEqual(list(reversed(probe(Probe()))), [2, "first"])
+
+    def test_holds_what_it_gives(self) -> None:
+        proxy = probe(Probe())
+        self.assertTrue(2 in proxy)
+        self.assertFalse("second" in proxy)
 
     def test_is_false_without_anything(self) -> None:
         class Empty(Probe):

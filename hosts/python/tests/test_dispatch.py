@@ -54,6 +54,19 @@ class LateTest(Case):
         late(Sample()).out(place)
         self.assertEqual(place.value, 5)
 
+    def test_what_can_only_be_written_is_passed_over(self) -> None:
+        class Secretive:
+            def read(self) -> int:
+                raise AutomationError(394, "for writing", "Secretive")
+
+            Secret = property(read)
+
+        proxy = late(Secretive())
+        error = self.raises(394, "for writing", lambda: proxy.Secret)
+        self.assertEqual(error.source, "Secretive")
+        self.assertIsInstance(error.__cause__, AutomationError)
+        self.assertEqual(getattr(proxy, "Secret", 8), 8)
+
     def test_places_of_a_call_that_fails_stay(self) -> None:
         class Failing:
             def out(self, place: Ref) -> None:

@@ -35,6 +35,35 @@ class ProjectCase(ServerCase):
         return element
 
 
+class RowsTest(ProjectCase):
+    def test_rows_are_walked_over_from_the_one_that_is_stood_on(self) -> None:
+        for x in (5, 6, 7):
+            self.saved(Xs=x)
+        rows = self.project.recordset("SELECT * FROM HMI_Elements ORDER BY ID")
+        self.assertEqual([(row is rows, row("Xs").Value) for row in rows], [(True, 5), (True, 6), (True, 7)])
+        self.assertTrue(rows.EOF)
+        self.assertEqual(list(rows), [])
+        rows.MoveFirst()
+        rows.MoveNext()
+        self.assertEqual([row("Xs").Value for row in rows], [6, 7])
+
+    def test_rows_are_neither_searched_nor_walked_over_backwards(self) -> None:
+        self.saved()
+        rows = self.project.recordset("SELECT * FROM HMI_Elements")
+        for use in (reversed, lambda one: rows in one):
+            with self.assertRaises(TypeError):
+                use(rows)
+        self.assertFalse(rows.EOF)
+
+    def test_what_is_indexed_without_an_end_is_not_walked_over(self) -> None:
+        self.saved(Xs=5)
+        field = self.project.recordset("SELECT * FROM HMI_Elements")("Xs")
+        self.assertEqual(field(), 5)
+        for use in (iter, list, reversed, lambda one: 5 in one):
+            with self.assertRaises(TypeError):
+                use(field)
+
+
 class OpeningTest(ProjectCase):
     def test_a_project_that_is_not_there_is_made(self) -> None:
         self.assertTrue(self.path.is_file())

@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import ctypes
 import gc
+import inspect
 import threading
 import unittest
 from typing import Any, Iterator
@@ -11,8 +12,9 @@ from unittest import mock
 
 from support import Case
 import quenzel7 as q
-from quenzel7 import AutomationError, CollisionMap, Ref, _abi, _invoke, _pointers, _services, _types
+from quenzel7 import AutomationError, CollisionMap, Ref, _abi, _frames, _invoke, _pointers, _services, _types
 from quenzel7._library import library
+from quenzel7.errors import RaisedByHost
 
 CREATABLE = [
     "clsRectangle", "clsEllipse", "clsRoundRect", "clsLine", "clsGroup", "clsText", "clsBitmap", "clsButton",
@@ -254,6 +256,16 @@ class RectangleTest(ServerCase):
         self.assertEqual(functions.invoke(this, 1, _abi.IID_NULL, 0, 2, None, None, None, None), _abi.E_POINTER)
 
 
+class WriteOnlyTest(ServerCase):
+    def test_what_can_only_be_written_is_passed_over(self) -> None:
+        rectangle = q.create("clsRectangle", Xs=4)
+        self.assertFalse(hasattr(rectangle, "ColOpPropBag"))
+        self.assertFalse(hasattr(q.create("clsVar"), "DisplayID"))
+        members = dict(inspect.getmembers(rectangle))
+        self.assertEqual(members["Xs"], 4)
+        self.assertNotIn("ColOpPropBag", members)
+
+
 class CreateTest(ServerCase):
     def test_names_are_taken_in_any_case_and_with_their_prefix(self) -> None:
         for name in ("clsrectangle", "CLSRECTANGLE", "Quenzel7.clsRectangle", "quenzel7.CLSrectangle"):
@@ -272,6 +284,37 @@ class CreateTest(ServerCase):
         text = "there is no class to create named 'clsRectangel'; nearest is 'clsRectangle'"
         error = self.raises(429, text, q.create, "clsRectangel")
         self.assertEqual(error.result, _abi.CLASS_E_CLASSNOTAVAILABLE)
+
+    def test_what_a_host_raises_comes_back_with_number_text_and_cause(self) -> None:
+        class Refusing:
+            error: BaseException = ValueError("no such drive")
+
+            def OpenConnection(self) -> None:
+                raise self.error
+
+        host = Refusing()
+        self.addCleanup(q.platform.reset)
+        q.platform.supply(project_database=host)
+        error = self.raises(5, "ValueError: no such drive", q.create, "clsRectangle")
+        self.assertIs(error.__cause__, host.error)
+        self.assertEqual(error.result, 0x800A0005 - 2**32)
+        host.error = AutomationError(4711, "locked by another")
+        error = self.raises(4711, "locked by another", q.create, "clsRectangle")
+        self.assertIs(error.__cause__, host.error)
+        for interruption in (KeyboardInterrupt(), SystemExit(3)):
+            host.error = interruption
+            with self.assertRaises(type(interruption)) as caught:
+                q.create("clsRectangle")
+            self.assertIs(caught.exception, interruption)
+            caught.exception.__traceback__ = None
+        del host.error
+        Refusing.error.__traceback__ = None
+
+    def test_what_the_library_itself_refuses_has_the_class_for_its_text(self) -> None:
+        _frames.thread.raised = RaisedByHost(ValueError("old"), "ValueError: old")
+        with mock.patch.object(_services, "function_at", lambda *_: lambda *_: _abi.E_UNEXPECTED):
+            error = self.raises(_abi.E_UNEXPECTED, "unexpected failure: clsRectangle", q.create, "clsRectangle")
+        self.assertEqual((error.result, error.__cause__), (_abi.E_UNEXPECTED, None))
 
     def test_unknown_properties_are_refused(self) -> None:
         with self.assertRaises(AutomationError) as caught:
