@@ -90,9 +90,20 @@ def parameters_of(function: Any) -> Dict[str, inspect.Parameter]:
         return {}
 
 
+def _wrong_count(
+    number: int, function: Any, signature: inspect.Signature, arguments: Arguments
+) -> AutomationError:
+    """The error of a method that is called with other arguments than it declares."""
+    name = getattr(function, "__qualname__", type(function).__qualname__).rpartition("<locals>.")[2]
+    count = len(arguments.positional) + len(arguments.named)
+    bare = [one.replace(annotation=inspect.Parameter.empty) for one in signature.parameters.values()]
+    text = f"{name}{inspect.Signature(bare)} cannot take {count} argument{'' if count == 1 else 's'}"
+    return AutomationError(number, text)
+
+
 def called(function: Callable[..., Any], arguments: Arguments) -> Any:
-    """Calls with positional and named arguments, of which those declared as a Ref are places; raises Refused
-    when they do not fit."""
+    """Calls with positional and named arguments, of which those declared as a Ref are places. Errors 450 and
+    449, naming the function, for too many and too few; Refused when they do not fit otherwise."""
     parameters = parameters_of(function)
     names = list(parameters)
 
@@ -118,11 +129,11 @@ def called(function: Callable[..., Any], arguments: Arguments) -> Any:
     try:
         signature.bind_partial(*positional, **by_name)
     except TypeError:
-        raise Refused(_abi.DISP_E_BADPARAMCOUNT) from None
+        raise _wrong_count(450, function, signature, arguments) from None
     try:
         signature.bind(*positional, **by_name)
     except TypeError:
-        raise Refused(_abi.DISP_E_PARAMNOTOPTIONAL) from None
+        raise _wrong_count(449, function, signature, arguments) from None
     return function(*positional, **by_name)
 
 

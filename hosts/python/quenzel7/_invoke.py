@@ -4,6 +4,7 @@ single members ends here whenever it is not the plain case."""
 from __future__ import annotations
 
 import ctypes
+import reprlib
 import struct
 from typing import Any, Callable, List, Optional, Sequence, Tuple
 
@@ -12,6 +13,7 @@ from ._abi import VARIANT_SIZE
 from ._frames import fail, give_back, take_frame, thread
 from ._pointers import IID_NULL_ARGUMENT
 from .arrays import Ref
+from .errors import AutomationError, got, placed
 
 NamedArgument = Tuple[int, Any]
 Context = Callable[[Optional[int]], str]
@@ -20,6 +22,18 @@ Context = Callable[[Optional[int]], str]
 
 # Values that a VARIANT holds without owning anything.
 _PLAIN = frozenset((int, bool, float, type(None)))
+
+
+# Failures that a value is at fault for.
+_ABOUT_VALUES = frozenset((_abi.DISP_E_TYPEMISMATCH, _abi.DISP_E_OVERFLOW, _abi.DISP_E_BADVARTYPE))
+
+
+def with_value(context: str, result: int, value: Any) -> str:
+    """A context that tells the value too, when it is at fault."""
+    if result not in _ABOUT_VALUES:
+        return context
+    told = f"got {reprlib.repr(value) if type(value) is Ref else got(value)}"
+    return f"{context}, {told}" if context else told
 
 
 class _Written:
@@ -71,22 +85,33 @@ def call(
     thread.raised = None
     try:
         frame.set_count(count, len(named))
-        # The last argument lies first, those with a name before those without.
-        for place, (parameter, value) in enumerate(named):
-            struct.pack_into("<i", memory, frame.names + 4 * place, parameter)
-            written.write(memory, offset, value, kinds[parameter] if 0 <= parameter < known else "")
-            offset += VARIANT_SIZE
-        for parameter in range(len(positional) - 1, -1, -1):
-            kind = kinds[parameter] if parameter < known else ""
-            written.write(memory, offset, positional[parameter], kind)
-            offset += VARIANT_SIZE
+        where: Optional[int] = None
+        try:
+            # The last argument lies first, those with a name before those without.
+            for place, (parameter, value) in enumerate(named):
+                struct.pack_into("<i", memory, frame.names + 4 * place, parameter)
+                where = parameter
+                written.write(memory, offset, value, kinds[parameter] if 0 <= parameter < known else "")
+                offset += VARIANT_SIZE
+            for parameter in range(len(positional) - 1, -1, -1):
+                where = parameter
+                kind = kinds[parameter] if parameter < known else ""
+                written.write(memory, offset, positional[parameter], kind)
+                offset += VARIANT_SIZE
+        except AutomationError as error:
+            raise placed(error, context(where)) from None
         frame.quick[1][0] = _abi.VT_EMPTY
         result = target._invoke(
             target._this, number, IID_NULL_ARGUMENT, 0, flags, frame.call, frame.result, frame.info, frame.bad
         )
         if result < 0:
-            bad = _parameter_at(frame.bad_argument(), count, named)
-            raise fail(frame, result, context(bad))
+            place = frame.bad_argument()
+            if place is None or place >= count:
+                raise fail(frame, result, context(None))
+            # The parameter whose argument lies at that place.
+            last = count - 1 - place
+            parameter, value = named[place] if place < len(named) else (last, positional[last])
+            raise fail(frame, result, with_value(context(parameter), result, value))
         value = _variant.take(memory, 0, hint)
         for ref, place_of_ref in written.places:
             _references.take_reference(place_of_ref, ref)
@@ -96,23 +121,19 @@ def call(
         give_back(frame)
 
 
-def _parameter_at(place: Optional[int], count: int, named: Sequence[NamedArgument]) -> Optional[int]:
-    """The parameter whose argument lies at a place; None when none lies there."""
-    if place is None or place >= count:
-        return None
-    return named[place][0] if place < len(named) else count - 1 - place
-
-
 def put(target: Any, number: int, flags: int, value: Any, kind: str, context: Context) -> None:
     """Writes a property of a proxy."""
     frame = take_frame()
     try:
-        _variant.write(frame.memory, frame.first, value, kind)
+        try:
+            _variant.write(frame.memory, frame.first, value, kind)
+        except AutomationError as error:
+            raise placed(error, context(None)) from None
         result = target._invoke(
             target._this, number, IID_NULL_ARGUMENT, 0, flags, frame.put, None, frame.info, frame.bad
         )
         if result < 0:
-            raise fail(frame, result, context(None))
+            raise fail(frame, result, with_value(context(None), result, value))
     finally:
         _variant.clear(frame.memory, frame.first)
         give_back(frame)

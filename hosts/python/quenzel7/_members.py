@@ -22,6 +22,7 @@ _GET = _abi.DISPATCH_PROPERTYGET
 _PUT = _abi.DISPATCH_PROPERTYPUT
 _PUTREF = _abi.DISPATCH_PROPERTYPUTREF
 _VT_I4 = _abi.VT_I4
+_WRONG_COUNTS = (_abi.DISP_E_BADPARAMCOUNT, _abi.DISP_E_PARAMNOTOPTIONAL)
 _no_arguments_memory = ctypes.create_string_buffer(_abi.DISPPARAMS.size)
 _no_arguments = ctypes.byref(_no_arguments_memory)
 
@@ -101,7 +102,7 @@ def make_writer(owner: str, member: "Member") -> Callable[[Any, Any], None]:
                     give_kept(quick)
                     return
                 try:
-                    raise fail(frame, code, context(None))
+                    raise fail(frame, code, _invoke.with_value(context(None), code, value))
                 finally:
                     give_kept(quick)
         flags = by_reference if _is_object(value, kind) else by_value
@@ -114,7 +115,7 @@ def _is_object(value: Any, kind: str) -> bool:
     """Whether a value crosses as an object, or as none."""
     if value is None:
         return kind not in _variant.KIND_OF_TYPE or kind == "Object"
-    return _variant.crosses_as_object(value)
+    return _variant.crosses_as_object(value, kind)
 
 
 def named_arguments(owner: str, member: "Member", named: "dict[str, Any]") -> List[Tuple[int, Any]]:
@@ -130,6 +131,21 @@ def named_arguments(owner: str, member: "Member", named: "dict[str, Any]") -> Li
     return found
 
 
+def _count_told(owner: str, member: "Member", positional: int, named: Sequence[Tuple[int, Any]]) -> str:
+    """The sentence for a call with too many arguments or too few: what the member takes, what was given, what
+    is missing."""
+    parameters = member.parameters
+    names = [f"[{one.name}]" if one.optional else one.name for one in parameters]
+    least, most = sum(not one.optional for one in parameters), len(parameters)
+    count = f"{most or 'no'}" if least == most else f"{least} to {most}"
+    takes = f"{owner}.{member.name} takes {count} argument{'' if most == 1 else 's'}"
+    listed = f" ({', '.join(names)})" if names else ""
+    given = {*range(positional), *(place for place, _ in named)}
+    missing = [one.name for place, one in enumerate(parameters) if not one.optional and place not in given]
+    told = f"{takes}{listed}, {positional + len(named)} given"
+    return f"{told}; missing: {', '.join(missing)}" if missing else told
+
+
 def make_method(
     owner: str, member: "Member", enumeration: Optional[Type[IntEnum]]
 ) -> Callable[..., Any]:
@@ -142,7 +158,14 @@ def make_method(
 
     def method(self: Any, *arguments: Any, **named: Any) -> Any:
         with_names = named_arguments(owner, member, named) if named else ()
-        value = call(self, number, flags, arguments, with_names, kinds, hint, context)
+        try:
+            value = call(self, number, flags, arguments, with_names, kinds, hint, context)
+        except AutomationError as error:
+            if error.result not in _WRONG_COUNTS:
+                raise
+            counted = AutomationError(error.number, _count_told(owner, member, len(arguments), with_names))
+            counted.result = error.result
+            raise counted from error.__cause__
         if enumeration is not None:
             return _variant.enumeration_value(enumeration, value)
         return value

@@ -12,7 +12,7 @@ from . import _abi, _variant
 from ._abi import VT_ARRAY, VT_BYREF, VT_VARIANT
 from ._library import library
 from .arrays import Ref
-from .errors import AutomationError
+from .errors import AutomationError, got
 
 
 def write_reference(memory: Any, offset: int, ref: Ref) -> Any:
@@ -48,8 +48,10 @@ def _convert(place: Any, ref: Ref) -> int:
 
 def _store_number(kind: int, place: Any, offset: int, value: Any) -> None:
     """Writes a VARIANT that holds a number as one of that kind; errors 13 and 6."""
+    value = _variant.plain_number(value)
     if kind not in _variant.PACKERS or _variant.owns(kind) or not isinstance(value, (int, float, Decimal)):
-        raise AutomationError(13, f"{value!r} does not fit a reference to another kind of value")
+        name = next((name for name, known in _variant.KIND_OF_TYPE.items() if known == kind), "another kind")
+        raise AutomationError(13, f"{got(value)} does not fit a reference to {name}")
     try:
         content = number_for(kind, value)
         _variant.PACKERS[kind].pack_into(place, offset, kind, content)

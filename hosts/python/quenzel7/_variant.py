@@ -9,14 +9,19 @@ leaves it there, `take` gives it and takes it away, `clear` lets go of it. How o
     bool   VT_BOOL                                     None     VT_EMPTY, or no object where one is wanted
     Null   VT_NULL                                     bytes, list, tuple, CollisionMap: see _safe_array
     Ref    VT_BYREF, see _references                   any other: VT_DISPATCH
+
+Where a number or anything may stand, a value with __index__ crosses as int and one with __float__ as float, as
+those of numpy do.
 """
 
 from __future__ import annotations
 
 import ctypes
+import operator
 import struct
 from decimal import Decimal
 from enum import IntEnum
+from numbers import Rational
 from typing import Any, Callable, Dict, Optional
 
 from . import _abi, _safe_array
@@ -35,6 +40,8 @@ KIND_OF_TYPE = {
 }  # fmt: skip
 # Types whose None is nothing held rather than no object.
 _PLAIN_TYPES = frozenset(KIND_OF_TYPE) - {"Object"} | {""}
+# Types of places in which a number may stand.
+_NUMBER_TYPES = _PLAIN_TYPES - {"String"}
 _OWNING = frozenset((_abi.VT_BSTR, _abi.VT_DISPATCH, _abi.VT_UNKNOWN))
 PACKERS = {
     kind: struct.Struct(f"<H6x{form}{16 - struct.calcsize('<' + form)}x")
@@ -186,17 +193,42 @@ _BASES = (int, float, str, Decimal, bytes, bytearray, list, tuple, CollisionMap)
 
 
 def _writer_of(value: Any) -> Writer:
-    """The writer of values whose own type is not in the table."""
+    """The writer of values whose own type is not in the table, or was not before they became numbers."""
     for base in _BASES:
         if isinstance(value, base):
             return _WRITERS[base]
     return _write_object
 
 
+def _plain(value: Any, kind: str) -> Any:
+    """What a value stands for in a place of that type: a number where one may stand, if the value is made to
+    be used as one. What is exact without being an integer, as a Fraction, is not rounded unasked."""
+    if kind not in _NUMBER_TYPES or isinstance(value, _BASES):
+        return value
+    try:
+        if hasattr(type(value), "__index__"):
+            return operator.index(value)
+        if hasattr(type(value), "__float__") and not isinstance(value, Rational):
+            return float(value)
+    except (TypeError, ValueError, OverflowError):
+        # As an array of more than one number, which has these as well.
+        pass
+    return value
+
+
+def plain_number(value: Any) -> Any:
+    """The number of Python that a value is made to be used as, or the value itself."""
+    return value if type(value) in _WRITERS else _plain(value, "")
+
+
 def write(memory: Any, offset: int, value: Any, kind: str = "") -> None:
     """Writes a value into a VARIANT that holds nothing; `kind` is the declared type of the place, "" when
     there is none. Whoever called clears it."""
-    (_WRITERS.get(type(value)) or _writer_of(value))(memory, offset, value, kind)
+    writer = _WRITERS.get(type(value))
+    if writer is None:
+        value = _plain(value, kind)
+        writer = _writer_of(value)
+    writer(memory, offset, value, kind)
 
 
 def write_at(address: int, value: Any, kind: str = "") -> None:
@@ -281,9 +313,9 @@ def take(memory: Any, offset: int = 0, hint: str = "") -> Any:
         clear(memory, offset)
 
 
-def crosses_as_object(value: Any) -> bool:
-    """Whether a value, None aside, becomes an object in a VARIANT."""
-    return (_WRITERS.get(type(value)) or _writer_of(value)) is _write_object
+def crosses_as_object(value: Any, kind: str = "") -> bool:
+    """Whether a value, None aside, becomes an object in a VARIANT for a place of that declared type."""
+    return type(value) not in _WRITERS and _writer_of(_plain(value, kind)) is _write_object
 
 
 def enumeration_value(enumeration: "type[IntEnum]", value: Any) -> Any:

@@ -7,6 +7,8 @@ something.
 from __future__ import annotations
 
 import difflib
+import numbers
+import reprlib
 from typing import Iterable, Optional
 
 from . import _abi
@@ -100,6 +102,30 @@ def unknown_name(what: str, asked: str, names: Iterable[str]) -> str:
     """The sentence that refuses a name: `clsRectangle has no member 'PenWidht'; nearest is 'PenWidth'`."""
     closest = nearest(asked, names)
     return f"{what} {asked!r}" + (f"; nearest is {closest!r}" if closest else "")
+
+
+def got(value: object) -> str:
+    """A value in an error's text, with its type: `Fraction 3/2`, `str 'far'`."""
+    if value is None:
+        return "None"
+    name = str(getattr(value, "_owner", type(value).__name__))
+    if isinstance(value, (str, bytes, bytearray, list, tuple, dict)):
+        return f"{name} {reprlib.repr(value)}"
+    if not isinstance(value, numbers.Number):
+        return name
+    try:
+        return f"{name} {value}"
+    except ValueError:
+        # Of more digits than Python writes.
+        return name
+
+
+def placed(error: "AutomationError", context: str) -> "AutomationError":
+    """The same error, told with where it is."""
+    text = f"{context}: {error.description}" if context else error.description
+    found = AutomationError(error.number, text, error.source)
+    found.result = error.result
+    return found
 
 
 def number_of_scode(code: int, scode: int) -> int:

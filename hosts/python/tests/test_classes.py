@@ -37,7 +37,7 @@ class PropertyTest(Case):
             self.proxy.Xs = value
             self.assertEqual(self.target.Xs, value)
             self.assertEqual(self.proxy.Xs, value)
-        self.raises(6, f"{2**63} does not fit into 64 bits", setattr, self.proxy, "Xs", 2**63)
+        self.raises(6, f"Probe.Xs: {2**63} does not fit into 64 bits", setattr, self.proxy, "Xs", 2**63)
 
     def test_values_of_every_kind_are_read_and_written(self) -> None:
         for value in ("text", True, 2.5, Decimal("1.5"), b"ab", [1, 2], None, self):
@@ -81,10 +81,10 @@ class PropertyTest(Case):
             self.assertEqual(self.noted(lambda: setattr(self.proxy, name, 5)), [4])
 
     def test_a_write_that_fails_is_made_once(self) -> None:
-        for value in (5, "text"):
+        for value, told in ((5, "int 5"), ("text", "str 'text'")):
             refused = _host_calls.Refused(_abi.DISP_E_OVERFLOW)
             with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=refused) as invoke:
-                self.raises(6, "overflow: Probe.Xs", setattr, self.proxy, "Xs", value)
+                self.raises(6, f"overflow: Probe.Xs, got {told}", setattr, self.proxy, "Xs", value)
             self.assertEqual(invoke.call_count, 1)
 
     def test_a_number_for_an_object_is_written_by_reference_when_nothing_else_is_taken(self) -> None:
@@ -136,8 +136,8 @@ class PropertyTest(Case):
     def test_a_refused_call_tells_the_member(self) -> None:
         with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=_host_calls.Refused(_abi.DISP_E_TYPEMISMATCH)):
             self.raises(13, "type mismatch: Probe.Xs", lambda: self.proxy.Xs)
-            self.raises(13, "type mismatch: Probe.Xs", setattr, self.proxy, "Xs", 5)
-            self.raises(13, "type mismatch: Probe.Xs", setattr, self.proxy, "Xs", "a")
+            self.raises(13, "type mismatch: Probe.Xs, got int 5", setattr, self.proxy, "Xs", 5)
+            self.raises(13, "type mismatch: Probe.Xs, got str 'a'", setattr, self.proxy, "Xs", "a")
 
     def test_an_error_of_the_member_comes_back_with_its_cause(self) -> None:
         exception = ValueError("bad")
@@ -204,21 +204,44 @@ class MethodTest(Case):
     def test_refused_arguments_are_told_with_place_and_name(self) -> None:
         refused = _host_calls.Refused(_abi.DISP_E_TYPEMISMATCH, 0)
         with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=refused):
-            self.raises(13, "type mismatch: Probe.Stretch: argument 2 (pDy)", self.proxy.Stretch, 1, 2)
+            self.raises(13, "type mismatch: Probe.Stretch: argument 2 (pDy), got int 2", self.proxy.Stretch, 1, 2)
             self.raises(
-                13, "type mismatch: Probe.Stretch: argument 3 (pDirection)", self.proxy.Stretch, 1, pDirection=2
+                13, "type mismatch: Probe.Stretch: argument 3 (pDirection), got int 2", self.proxy.Stretch, 1, pDirection=2
             )
-            self.raises(13, "type mismatch: Probe.Take: argument 2", self.proxy.Take, 1, 2)
+            self.raises(13, "type mismatch: Probe.Take: argument 2, got int 2", self.proxy.Take, 1, 2)
         refused = _host_calls.Refused(_abi.DISP_E_TYPEMISMATCH, 1)
         with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=refused):
-            self.raises(13, "type mismatch: Probe.Stretch: argument 1 (pDx)", self.proxy.Stretch, 1, pDirection=2)
+            self.raises(13, "type mismatch: Probe.Stretch: argument 1 (pDx), got int 1", self.proxy.Stretch, 1, pDirection=2)
         refused = _host_calls.Refused(_abi.DISP_E_TYPEMISMATCH, 2)
         with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=refused):
             self.raises(13, "type mismatch: Probe.Stretch", self.proxy.Stretch, 1, 2)
 
+    def test_arguments_that_cannot_cross_are_told_with_place_and_name(self) -> None:
+        stretch, wide = self.proxy.Stretch, f"{2**70} does not fit into 64 bits"
+        self.raises(6, f"Probe.Stretch: argument 2 (pDy): {wide}", stretch, 1, 2**70)
+        self.raises(6, f"Probe.Stretch: argument 3 (pDirection): {wide}", stretch, 1, 2, pDirection=2**70)
+        self.raises(6, f"Probe.Stretch: argument 1 (pDx): {wide}", stretch, 2**70, 2, pDirection=1)
+        self.raises(
+            13, "Probe.Stretch: argument 2 (pDy): int 0 does not fit a reference to String",
+            stretch, 1, Ref(0, "String"),
+        )  # fmt: skip
+        self.assertEqual(self.target.calls, [])
+
+    def test_counts_that_the_interface_refuses_are_told_with_what_it_takes(self) -> None:
+        for result, number in ((_abi.DISP_E_PARAMNOTOPTIONAL, 449), (_abi.DISP_E_BADPARAMCOUNT, 450)):
+            refused = _host_calls.Refused(result)
+            with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=refused):
+                takes = "Probe.Stretch takes 2 to 3 arguments (pDx, pDy, [pDirection])"
+                error = self.raises(number, f"{takes}, 4 given", self.proxy.Stretch, 1, 2, 3, 4)
+                self.assertEqual(error.result, result)
+                self.raises(number, f"{takes}, 0 given; missing: pDx, pDy", self.proxy.Stretch)
+                self.raises(number, f"{takes}, 1 given; missing: pDx", self.proxy.Stretch, pDy=1)
+                takes = "Probe.Take takes 1 argument (pMap)"
+                self.raises(number, f"{takes}, 0 given; missing: pMap", self.proxy.Take)
+
     def test_wrong_counts_are_told(self) -> None:
-        self.raises(449, "an argument is missing: Probe.Stretch", self.proxy.Stretch, 1)
-        self.raises(450, "wrong number of arguments: Probe.Stretch", self.proxy.Stretch, 1, 2, 3, 4)
+        self.raises(449, "Probe.Stretch(pDx, pDy, pDirection=5) cannot take 1 argument", self.proxy.Stretch, 1)
+        self.raises(450, "Probe.Stretch(pDx, pDy, pDirection=5) cannot take 4 arguments", self.proxy.Stretch, 1, 2, 3, 4)
 
     def test_a_call_may_come_back(self) -> None:
         proxy = self.proxy
@@ -310,7 +333,7 @@ class FaceTest(Case):
         self.raises(
             448, "Probe.Pull has no argument 'pDz'; nearest is 'pDx'", lambda: proxy.Pull(1, pDz=2)
         )
-        self.raises(449, "an argument is missing: Probe.Pull", lambda: proxy.Pull(1))
+        self.raises(449, "Probe.Stretch(pDx, pDy, pDirection=5) cannot take 1 argument", lambda: proxy.Pull(1))
         self.raises(438, "Probe.Pull is a method and cannot be written", setattr, proxy, "Pull", 1)
 
     def test_what_both_have_is_that_of_the_default_face(self) -> None:
@@ -442,8 +465,8 @@ class FrameTest(Case):
     def test_a_bad_place_is_forgotten_with_its_failure(self) -> None:
         proxy = probe(Probe())
         with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=_host_calls.Refused(_abi.DISP_E_OVERFLOW, 0)):
-            self.raises(6, "overflow: Probe.Stretch: argument 1 (pDx)", proxy.Stretch, 1)
-        self.raises(449, "an argument is missing: Probe.Stretch", proxy.Stretch, 1)
+            self.raises(6, "overflow: Probe.Stretch: argument 1 (pDx), got int 1", proxy.Stretch, 1)
+        self.raises(449, "Probe.Stretch(pDx, pDy, pDirection=5) cannot take 1 argument", proxy.Stretch, 1)
 
     def test_a_deferred_error_is_filled_in(self) -> None:
         import ctypes
@@ -467,7 +490,8 @@ class FrameTest(Case):
     def test_an_error_of_another_call_is_no_cause(self) -> None:
         _frames.thread.raised = RaisedByHost(ValueError("old"), "ValueError: old")
         proxy = probe(Probe())
-        error = self.raises(449, "an argument is missing: Probe.Stretch", proxy.Stretch, 1)
+        with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=_host_calls.Refused(_abi.DISP_E_BADINDEX)):
+            error = self.raises(9, "index out of range: Probe.Stretch", proxy.Stretch, 1)
         self.assertIsNone(error.__cause__)
         self.assertIsNone(_frames.thread.raised)
 

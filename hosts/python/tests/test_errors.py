@@ -4,6 +4,8 @@ from __future__ import annotations
 
 import pickle
 import unittest
+from decimal import Decimal
+from fractions import Fraction
 
 import support  # noqa: F401
 from quenzel7 import AutomationError, UnknownMemberError, _abi, errors
@@ -89,6 +91,20 @@ class ResultTest(unittest.TestCase):
 
     def test_a_code_goes_before_the_scode(self) -> None:
         self.assertEqual(errors.number_of_scode(1001, 0x800A0005 - 2**32), 1001)
+
+
+class GotTest(unittest.TestCase):
+    def test_values_are_told_with_their_type(self) -> None:
+        texts = {
+            "int 5": 5, "float 2.5": 2.5, "Fraction 3/2": Fraction(3, 2), "Decimal 1.50": Decimal("1.50"),
+            "bool True": True, "None": None, "str 'far'": "far", "list [1, 2]": [1, 2], "bytes b'ab'": b"ab",
+            "GotTest": self, "int": 10**5000,
+        }  # fmt: skip
+        for text, value in texts.items():
+            self.assertEqual(errors.got(value), text)
+
+    def test_long_texts_are_cut(self) -> None:
+        self.assertLess(len(errors.got("x" * 1000)), 50)
 
 
 class NearestTest(unittest.TestCase):

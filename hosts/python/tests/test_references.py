@@ -50,8 +50,8 @@ class ReferenceTest(Case):
     def test_values_that_do_not_fit_the_kind_are_refused(self) -> None:
         self.raises(6, "32768 does not fit the reference", self.reference, Ref(32768, "Integer"))
         self.raises(6, "nan does not fit the reference", self.reference, Ref(float("nan"), "Long"))
-        self.raises(13, "'5' does not fit a reference to another kind of value", self.reference, Ref("5", "Long"))
-        self.raises(13, "5 does not fit a reference to another kind of value", self.reference, Ref(5, "String"))
+        self.raises(13, "str '5' does not fit a reference to Long", self.reference, Ref("5", "Long"))
+        self.raises(13, "int 5 does not fit a reference to String", self.reference, Ref(5, "String"))
         self.raises(5, "there is no kind 'Lnog' of references", self.reference, Ref(5, "Lnog"))
         with self.assertRaises(AutomationError) as caught:
             self.reference(Ref(self, "Long"))

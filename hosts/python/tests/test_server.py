@@ -7,6 +7,7 @@ import gc
 import inspect
 import threading
 import unittest
+from fractions import Fraction
 from typing import Any, Iterator
 from unittest import mock
 
@@ -200,31 +201,52 @@ class RectangleTest(ServerCase):
         self.assertEqual((copy.Xs, copy.Dy), (10, 50))
 
     def test_numbers_that_do_not_fit_are_an_overflow(self) -> None:
-        error = self.raises(6, "overflow: clsRectangle.Xs", setattr, self.rectangle, "Xs", 2**31)
+        error = self.raises(6, "overflow: clsRectangle.Xs, got int 2147483648", setattr, self.rectangle, "Xs", 2**31)
         self.assertEqual(error.result, _abi.DISP_E_OVERFLOW)
         self.assertEqual(self.rectangle.Xs, 10)
 
     def test_values_that_do_not_fit_are_a_mismatch(self) -> None:
-        self.raises(13, "type mismatch: clsRectangle.Xs", setattr, self.rectangle, "Xs", "far")
+        self.raises(13, "type mismatch: clsRectangle.Xs, got str 'far'", setattr, self.rectangle, "Xs", "far")
         error = self.raises(
-            13, "type mismatch: clsRectangle.Stretch: argument 2 (pDy)", self.rectangle.Stretch, 1, "a", 3
+            13, "type mismatch: clsRectangle.Stretch: argument 2 (pDy), got str 'a'", self.rectangle.Stretch, 1, "a", 3
         )
         self.assertEqual(error.result, _abi.DISP_E_TYPEMISMATCH)
         self.raises(
-            13, "type mismatch: clsRectangle.Stretch: argument 3 (pDirection)",
+            13, "type mismatch: clsRectangle.Stretch: argument 3 (pDirection), got str 'a'",
             self.rectangle.Stretch, 1, pDirection="a", pDy=3,
+        )  # fmt: skip
+
+    def test_what_can_be_used_as_a_number_is_one(self) -> None:
+        class Pixels:
+            def __index__(self) -> int:
+                return 33
+
+        self.rectangle.Xs = Pixels()
+        self.assertEqual(self.rectangle.Xs, 33)
+        self.rectangle.Move(Pixels(), 0)
+        by_integer = q.create("clsRectangle", Xs=33, Ys=20, Dx=100, Dy=50)
+        by_integer.Move(33, 0)
+        self.assertEqual(self.rectangle.Xs, by_integer.Xs)
+        text = "type mismatch: clsRectangle.Xs, got Fraction 3/2"
+        self.raises(13, text, setattr, self.rectangle, "Xs", Fraction(3, 2))
+
+    def test_values_that_do_not_fit_a_place_are_told_with_the_member(self) -> None:
+        self.raises(6, f"clsRectangle.Xs: {2**70} does not fit into 64 bits", setattr, self.rectangle, "Xs", 2**70)
+        self.raises(
+            13, "clsRectangle.GetBoundingRect: argument 1 (pXs): int 0 does not fit a reference to String",
+            self.rectangle.GetBoundingRect, Ref(0, "String"), Ref(), Ref(), Ref(),
         )  # fmt: skip
 
     def test_places_of_another_kind_are_a_mismatch(self) -> None:
         places = [Ref(0, "Long"), Ref(0, "Integer"), Ref(), Ref()]
         self.raises(
-            13, "type mismatch: clsRectangle.GetBoundingRect: argument 2 (pYs)",
+            13, "type mismatch: clsRectangle.GetBoundingRect: argument 2 (pYs), got Ref(0, 'Integer')",
             self.rectangle.GetBoundingRect, *places,
         )  # fmt: skip
 
     def test_wrong_counts_and_names_are_told(self) -> None:
-        self.raises(450, "wrong number of arguments: clsRectangle.Move", self.rectangle.Move, 1, 2, 3)
-        self.raises(449, "an argument is missing: clsRectangle.Move", self.rectangle.Move, 1)
+        self.raises(450, "clsRectangle.Move takes 2 arguments (pDx, pDy), 3 given", self.rectangle.Move, 1, 2, 3)
+        self.raises(449, "clsRectangle.Move takes 2 arguments (pDx, pDy), 1 given; missing: pDy", self.rectangle.Move, 1)
         self.raises(
             448, "clsRectangle.Move has no argument 'pDz'; nearest is 'pDx'", self.rectangle.Move, 1, pDz=1
         )
@@ -309,6 +331,16 @@ class CreateTest(ServerCase):
             caught.exception.__traceback__ = None
         del host.error
         Refusing.error.__traceback__ = None
+
+    def test_a_method_of_a_host_with_too_few_parameters_is_named(self) -> None:
+        class Boxes:
+            def Show(self) -> int:
+                return 1
+
+        self.addCleanup(q.platform.reset)
+        q.platform.supply(message_boxes=Boxes())
+        text = "Boxes.Show() cannot take 3 arguments"
+        self.raises(450, text, setattr, q.create("clsText"), "Txt", "\u0416")
 
     def test_what_the_library_itself_refuses_has_the_class_for_its_text(self) -> None:
         _frames.thread.raised = RaisedByHost(ValueError("old"), "ValueError: old")

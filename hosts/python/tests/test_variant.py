@@ -7,6 +7,7 @@ import enum
 import struct
 import unittest
 from decimal import Decimal
+from fractions import Fraction
 from typing import Any
 from unittest import mock
 
@@ -120,6 +121,61 @@ class WriteTest(Case):
             self.assertFalse(_variant.crosses_as_object(value), repr(value))
         for value in (self, object(), {}, {1}):
             self.assertTrue(_variant.crosses_as_object(value), repr(value))
+
+
+class Whole:
+    """A number as libraries for arrays have it."""
+
+    def __index__(self) -> int:
+        return 7
+
+    def __float__(self) -> float:
+        return 7.0
+
+
+class Real:
+    def __float__(self) -> float:
+        return 2.5
+
+
+class Cells:
+    """What has to be one number to be used as one."""
+
+    def __index__(self) -> int:
+        raise TypeError("only one number can be converted")
+
+
+class NumberLikeTest(Case):
+    def kind_and_content(self, value: Any, kind: str) -> Any:
+        memory = ctypes.create_string_buffer(24)
+        _variant.write(memory, 0, value, kind)
+        (written,) = _variant.KIND.unpack_from(memory, 0)
+        result = (written, _variant.read(memory))
+        _variant.clear(memory)
+        return result
+
+    def test_they_cross_as_numbers_where_one_may_stand(self) -> None:
+        for kind in ("Boolean", "Byte", "Integer", "Long", "Single", "Double", "Currency", "Variant", ""):
+            self.assertEqual(self.kind_and_content(Whole(), kind), (3, 7))
+            self.assertEqual(self.kind_and_content(Real(), kind), (5, 2.5))
+            self.assertFalse(_variant.crosses_as_object(Whole(), kind))
+
+    def test_they_cross_as_objects_where_one_is_wanted(self) -> None:
+        for kind in ("Object", "clsRectangle"):
+            for value in (Whole(), Real()):
+                self.assertEqual(self.kind_and_content(value, kind), (9, value))
+                self.assertTrue(_variant.crosses_as_object(value, kind))
+
+    def test_what_is_no_number_after_all_is_an_object(self) -> None:
+        for value in (Cells(), Fraction(3, 2)):
+            self.assertEqual(self.kind_and_content(value, "Long"), (9, value))
+            self.assertTrue(_variant.crosses_as_object(value, "Long"))
+
+    def test_amounts_stay_exact(self) -> None:
+        class Amount(Decimal):
+            pass
+
+        self.assertEqual(self.kind_and_content(Amount("1.5"), "Currency"), (6, Decimal("1.5")))
 
 
 class ReadTest(Case):
