@@ -1,7 +1,8 @@
 """Makes the wheel of the package, plain or editable, with the standard library alone.
 
 There is nothing to build: a wheel is an archive of the package's files with three files that describe it.
-What they say is taken from pyproject.toml.
+What they say is taken from pyproject.toml. One module, `_origin`, is in wheels alone: it tells the installed
+package where the sources are, beside which the library is built.
 """
 
 from __future__ import annotations
@@ -29,6 +30,15 @@ def _package_files() -> Dict[str, bytes]:
     """The files of the package by their place in the wheel."""
     files = sorted(path for path in (_FOLDER / "quenzel7").rglob("*") if path.suffix in _KEPT)
     return {path.relative_to(_FOLDER).as_posix(): path.read_bytes() for path in files}
+
+
+def _origin() -> Dict[str, bytes]:
+    """The module that notes the source tree, when the package stands in one."""
+    root = _FOLDER.parent.parent
+    if not (root / "server" / "quenzel7_automation.h").is_file():
+        return {}
+    text = f'"""Where the sources are that this package was installed from."""\n\nSOURCE_TREE = {str(root)!r}\n'
+    return {"quenzel7/_origin.py": text.encode()}
 
 
 def _write_wheel(folder: str, files: Dict[str, bytes]) -> str:
@@ -60,7 +70,7 @@ def build_wheel(
     wheel_directory: str, config_settings: Any = None, metadata_directory: Optional[str] = None
 ) -> str:
     """A wheel with the files of the package; gives its name."""
-    return _write_wheel(wheel_directory, _package_files())
+    return _write_wheel(wheel_directory, {**_package_files(), **_origin()})
 
 
 def build_editable(

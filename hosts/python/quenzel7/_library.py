@@ -2,8 +2,8 @@
 
 `library()` gives it, loaded once, with every function of `_abi.PROTOTYPES` as an attribute. The places where
 it is looked for, in this order: the environment's QUENZEL7_LIBRARY, which allows no other; the build folder
-beside the sources, when the package stands in its source tree; the user's registration file; the loader of
-the system.
+beside the sources, those that the package stands in or was installed from; the user's registration file; the
+loader of the system.
 """
 
 from __future__ import annotations
@@ -11,6 +11,7 @@ from __future__ import annotations
 import configparser
 import ctypes
 import ctypes.util
+import importlib
 import os
 import threading
 from pathlib import Path
@@ -20,10 +21,14 @@ from ._abi import PROTOTYPES
 
 ENVIRONMENT_VARIABLE = "QUENZEL7_LIBRARY"
 _FILE_NAME = "libquenzel7.so"
+_REMEDIES = f"""
+To mend that, build it beside the sources (cmake --preset release && cmake --build build --target
+quenzel7_shared), or set {ENVIRONMENT_VARIABLE} to the path of one that is built, or register that one for this user
+(python3 -m quenzel7.register PATH)."""
 
 
 class LibraryNotFoundError(ImportError):
-    """The shared library is nowhere; the text names every place and what was found there."""
+    """The shared library is nowhere; the text names every place, what was found there, and what helps."""
 
 
 class Library:
@@ -46,10 +51,21 @@ class Library:
 
 
 def source_tree() -> Optional[Path]:
-    """The folder of the sources that this package stands in, or None when it is installed elsewhere."""
+    """The folder of the sources that this package stands in, or that it was installed from; None when neither
+    is known."""
     here = Path(__file__).resolve()
     root = here.parents[3] if len(here.parents) > 3 else here.parent
-    return root if (root / "server" / "quenzel7_automation.h").is_file() else None
+    return root if (root / "server" / "quenzel7_automation.h").is_file() else installed_from()
+
+
+def installed_from() -> Optional[Path]:
+    """The folder of the sources that the wheel of this package was made from, as the wheel notes it; None in a
+    package that is not installed."""
+    try:
+        noted = importlib.import_module(f"{__package__}._origin")
+    except ImportError:
+        return None
+    return Path(noted.SOURCE_TREE)
 
 
 def registration_file() -> Path:
@@ -79,7 +95,7 @@ def _places() -> Iterator[tuple[str, Optional[str]]]:
     yield f"environment {ENVIRONMENT_VARIABLE}: not set", None
     root = source_tree()
     if root is None:
-        yield "build folder beside the sources: the package does not stand in its source tree", None
+        yield "build folder beside the sources: not known to this package", None
     else:
         built = str(root / "build" / "lib" / _FILE_NAME)
         yield f"build folder beside the sources: {built}", built
@@ -105,7 +121,7 @@ def load() -> Library:
         except OSError as error:
             tried.append(f"{place}: {str(error).removeprefix(path + ': ')}")
     lines = "".join(f"\n  {place}" for place in tried)
-    raise LibraryNotFoundError(f"the library of Quenzel7 was not found; looked at{lines}")
+    raise LibraryNotFoundError(f"the library of Quenzel7 was not found; looked at{lines}{_REMEDIES}")
 
 
 _lock = threading.Lock()

@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import os
+import sys
 import tempfile
 import unittest
 from pathlib import Path
@@ -43,7 +44,7 @@ class PlacesTest(unittest.TestCase):
         self.assertRegex(
             str(caught.exception),
             r"^the library of Quenzel7 was not found; looked at"
-            r"\n  environment QUENZEL7_LIBRARY: /nowhere/lib.so: [^/\n]+$",
+            r"\n  environment QUENZEL7_LIBRARY: /nowhere/lib.so: [^/\n]+\nTo mend that, ",
         )
 
     def test_then_the_build_folder_beside_the_sources(self) -> None:
@@ -69,16 +70,19 @@ class PlacesTest(unittest.TestCase):
         self.assertTrue(lines[2].startswith(f"  build folder beside the sources: {built}: cannot open"), lines[2])
         self.assertEqual(lines[3], f"  registration file {self.folder}/quenzel7/server.ini: no such file")
         self.assertTrue(lines[4].startswith("  loader of the system: libnowhere.so: cannot open"), lines[4])
-        self.assertEqual(len(lines), 5)
+        self.assertEqual(
+            " ".join(lines[5:]),
+            "To mend that, build it beside the sources (cmake --preset release && cmake --build build --target "
+            "quenzel7_shared), or set QUENZEL7_LIBRARY to the path of one that is built, or register that one for "
+            "this user (python3 -m quenzel7.register PATH).",
+        )
 
     def test_a_failure_tells_what_the_registration_file_and_the_installation_say(self) -> None:
         self.register("[Quenzel7.clsText]\nCLSID = {1}\n")
         with self.assertRaises(LibraryNotFoundError) as caught:
             self.load()
         lines = str(caught.exception).split("\n")
-        self.assertEqual(
-            lines[2], "  build folder beside the sources: the package does not stand in its source tree"
-        )
+        self.assertEqual(lines[2], "  build folder beside the sources: not known to this package")
         self.assertEqual(lines[3], f"  registration file {self.folder}/quenzel7/server.ini: names none")
 
     def test_a_failure_is_an_import_error(self) -> None:
@@ -111,6 +115,8 @@ class PlacesTest(unittest.TestCase):
         self.assertEqual(_library.source_tree(), support.FOLDER.parent.parent)
         with mock.patch.object(_library, "__file__", str(self.folder / "a" / "b" / "quenzel7" / "_library.py")):
             self.assertIsNone(_library.source_tree())
+            with mock.patch.dict(sys.modules, {"quenzel7._origin": mock.Mock(SOURCE_TREE="/home/sources")}):
+                self.assertEqual(_library.source_tree(), Path("/home/sources"))
         with mock.patch.object(_library, "__file__", "/q/_library.py"):
             self.assertIsNone(_library.source_tree())
 
