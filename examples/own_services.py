@@ -84,8 +84,8 @@ class Recordset:
     """The rows of a query, read when it is opened; changes go to the database with Update."""
 
     def open(self, source, connection, cursor, lock, options):
-        parts = re.match(r"SELECT (.*?) FROM (\w+)(.*)", source, re.IGNORECASE)
-        columns, self.table, rest = parts.groups()
+        ((columns, table, rest),) = re.findall(r"^SELECT (.*?) FROM (\w+)(.*)", source, re.IGNORECASE)
+        self.table = str(table)
         self.database = connection.database
         # An aggregate has one row, and nothing in it can be changed.
         key = "NULL" if "(" in columns else "rowid"
@@ -98,7 +98,7 @@ class Recordset:
         self.changed = {}
 
     def close(self):
-        self.rows = self.keys = ()
+        self.rows, self.keys = [], []
 
     def move(self, rows):
         self.at = max(-1, min(self.at + rows, len(self.rows)))

@@ -21,7 +21,7 @@ from . import _host_tables, _services
 from ._library import LibraryNotFoundError
 from ._services import create
 from ._platform import platform
-from ._property_bag import property_bag
+from ._property_bag import Bag, property_bag
 from ._types import types as _type_information
 from .arrays import CollisionMap, Null, Ref
 from .errors import AutomationError, UnknownMemberError
@@ -31,6 +31,7 @@ from ._version import __version__
 
 __all__ = [
     "AutomationError",
+    "Bag",
     "CollisionMap",
     "LibraryNotFoundError",
     "Null",

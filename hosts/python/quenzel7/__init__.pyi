@@ -3,11 +3,11 @@
 # mypy: disable-error-code="override,misc"
 from decimal import Decimal
 from enum import IntEnum
-from typing import Any, Iterator, List, Literal, Type, Union, overload
+from typing import Any, Iterator, List, Literal, SupportsIndex, Type, Union, overload
 
-from ._dispatch import Dispatch as _Dispatch
 from ._library import LibraryNotFoundError as LibraryNotFoundError
 from ._platform import platform as platform
+from ._property_bag import Bag as Bag
 from ._property_bag import property_bag as property_bag
 from ._version import __version__ as __version__
 from .arrays import CollisionMap as CollisionMap
@@ -19,6 +19,10 @@ from .project import Project as Project
 from .surface import Surface as Surface
 
 _Bytes = Union[bytes, bytearray, memoryview]
+
+class _Object:
+    """An object of the library. Names are found in any case, but only their published spelling is known here,
+    so that a misspelt one is told."""
 
 class enVarType(IntEnum):
     eVT_None = 0
@@ -273,7 +277,7 @@ class LockType(IntEnum):
 class CommandOption(IntEnum):
     adCmdText = 1
 
-class ItfImage(_Dispatch):
+class ItfImage(_Object):
     def __init__(self, **properties: Any) -> None: ...
     @property
     def default(self) -> Any:
@@ -321,18 +325,21 @@ class ItfImage(_Dispatch):
     @Dy.setter
     def Dy(self, value: int) -> None: ...
     def SetImage8bppProps(
-        self, pSrcImgCRC: int, pDxORG: int, pDyORG: int, pData8bppORG: Ref, pImgCRC: int, pImgWidth: int,
-        pImgHeight: int, pData8bpp: Ref, pImgIndexInVar: int, pTransparencyLevel: int, pImagePath: str,
+        self, pSrcImgCRC: SupportsIndex, pDxORG: SupportsIndex, pDyORG: SupportsIndex, pData8bppORG:
+        Union[Ref, _Bytes], pImgCRC: SupportsIndex, pImgWidth: SupportsIndex, pImgHeight: SupportsIndex,
+        pData8bpp: Union[Ref, _Bytes], pImgIndexInVar: SupportsIndex, pTransparencyLevel: SupportsIndex,
+        pImagePath: str,
     ) -> None:
         """Takes a picture as the image library gives it."""
     def SetImage8bppPropsEx(
-        self, pSrcImgCRC: int, pDxORG: int, pDyORG: int, pData8bppORG: Ref, pImgCRC: int, pImgWidth: int,
-        pImgHeight: int, pData8bpp: Ref, pImgIndexInVar: int, pTransparencyLevel: int, pImagePath: str, pBits:
-        int,
+        self, pSrcImgCRC: SupportsIndex, pDxORG: SupportsIndex, pDyORG: SupportsIndex, pData8bppORG:
+        Union[Ref, _Bytes], pImgCRC: SupportsIndex, pImgWidth: SupportsIndex, pImgHeight: SupportsIndex,
+        pData8bpp: Union[Ref, _Bytes], pImgIndexInVar: SupportsIndex, pTransparencyLevel: SupportsIndex,
+        pImagePath: str, pBits: SupportsIndex,
     ) -> None:
         """Takes a picture, and how many bits a pixel takes."""
 
-class ItfHmiElement(_Dispatch):
+class ItfHmiElement(_Object):
     @property
     def default(self) -> Any:
         """The same object by its default interface."""
@@ -363,7 +370,10 @@ class ItfHmiElement(_Dispatch):
     def LoadFromDB(self, pRsElement: Any) -> bool:
         """Fills the element from the row on which the recordset stands and builds the operand bags. The
         recordset stays open, on the same row. Hosts must not rely on the result."""
-    def GetBoundingRect(self, pXs: Ref, pYs: Ref, pDx: Ref, pDy: Ref, pLocation: int = ...) -> None:
+    def GetBoundingRect(
+        self, pXs: Union[Ref, SupportsIndex], pYs: Union[Ref, SupportsIndex], pDx: Union[Ref, SupportsIndex],
+        pDy: Union[Ref, SupportsIndex], pLocation: SupportsIndex = ...,
+    ) -> None:
         """Gives position and size of descriptor pLocation (1 to 4, 1 when left out), in panel pixels. Error 9
         for another descriptor."""
     @property
@@ -385,27 +395,31 @@ class ItfHmiElement(_Dispatch):
         """Shows the last legal position: descriptor 2 is copied to 4."""
     def UpdateInitialDescriptor(self) -> None:
         """Ends a drag: descriptor 2 is copied to 1."""
-    def Draw(self, pHdc: int, pDrawBoundingRect: bool) -> None:
+    def Draw(self, pHdc: SupportsIndex, pDrawBoundingRect: bool) -> None:
         """Paints the element at descriptor 4 into a device context and leaves the selected objects as
         found."""
-    def DrawNonVarsInGroup(self, pHdc: int, pDrawBoundingRect: bool) -> None:
+    def DrawNonVarsInGroup(self, pHdc: SupportsIndex, pDrawBoundingRect: bool) -> None:
         """Paints what is no variable in a group; nothing on an element that is no group."""
-    def DrawVarsInGroup(self, pHdc: int, pDrawBoundingRect: bool) -> None:
+    def DrawVarsInGroup(self, pHdc: SupportsIndex, pDrawBoundingRect: bool) -> None:
         """Paints the variables in a group; nothing on an element that is no group."""
     def SaveToDB(self) -> None:
         """Writes the element's row, creating it when it has none yet."""
-    def Stretch(self, pDx: int, pDy: int, pDirection: int) -> None:
+    def Stretch(self, pDx: SupportsIndex, pDy: SupportsIndex, pDirection: SupportsIndex) -> None:
         """Computes descriptor 3 from descriptor 1 by dragging the pick-up pDirection (enPickUpDirection) by
         pDx, pDy pixels, the total movement since the drag began."""
-    def GetPupDirection(self, pX: int, Py: int, pWidth: int) -> enPickUpDirection:
+    def GetPupDirection(
+        self, pX: SupportsIndex, Py: SupportsIndex, pWidth: SupportsIndex,
+    ) -> enPickUpDirection:
         """Which pick-up lies at the point; pWidth is the size of a handle in pixels."""
-    def HitTestByPoint(self, pX: int, Py: int) -> bool:
+    def HitTestByPoint(self, pX: SupportsIndex, Py: SupportsIndex) -> bool:
         """Whether the point lies on the element, at descriptor 1 unless its class tells otherwise."""
     def GetToolTipText(self) -> str:
         """The tool tip, from descriptor 4."""
-    def HitTestByRect(self, pRectXs: int, pRectYs: int, pRectDx: int, pRectDy: int) -> bool:
+    def HitTestByRect(
+        self, pRectXs: SupportsIndex, pRectYs: SupportsIndex, pRectDx: SupportsIndex, pRectDy: SupportsIndex,
+    ) -> bool:
         """Whether the rectangle and the element at descriptor 1 meet."""
-    def Move(self, pDx: int, pDy: int) -> None:
+    def Move(self, pDx: SupportsIndex, pDy: SupportsIndex) -> None:
         """Sets descriptor 3 to descriptor 1 shifted by pDx, pDy pixels, the total movement since the drag
         began."""
     @property
@@ -439,9 +453,12 @@ class ItfHmiElement(_Dispatch):
         sets all four descriptors; reading gives descriptor 1."""
     @Dy.setter
     def Dy(self, value: int) -> None: ...
-    def GetOptimalDimensions(self, pXs: Ref, pYs: Ref, pDx: Ref, pDy: Ref) -> None:
+    def GetOptimalDimensions(
+        self, pXs: Union[Ref, SupportsIndex], pYs: Union[Ref, SupportsIndex], pDx: Union[Ref, SupportsIndex],
+        pDy: Union[Ref, SupportsIndex],
+    ) -> None:
         """Gives the position and size that the element would like."""
-    def Replica(self) -> Union[_ItfHmiElement, Any]:
+    def Replica(self) -> Any:
         """A new object of the same class with the same values, the same ID included."""
     @property
     def ID(self) -> int:
@@ -484,7 +501,7 @@ class ItfHmiElement(_Dispatch):
         """ID of the group that owns the element; -1 when it stands alone."""
     @GroupID.setter
     def GroupID(self, value: int) -> None: ...
-    def GetTransformState(self, pcollisionMap: Ref) -> enCollisionStatus:
+    def GetTransformState(self, pcollisionMap: Any) -> enCollisionStatus:
         """Judges descriptor 3 against a two-dimensional array, one cell per panel pixel, addressed (x, y)."""
     @property
     def Txt(self) -> str:
@@ -531,16 +548,18 @@ class ItfHmiElement(_Dispatch):
         """CRC key of the element's picture."""
     @hBmpCRC.setter
     def hBmpCRC(self, value: int) -> None: ...
-    def DrawToPrinter(self, pHdc: int, pVarAlias: str) -> None:
+    def DrawToPrinter(self, pHdc: SupportsIndex, pVarAlias: str) -> None:
         """Paints the element for the printed report."""
-    def SetNewFontNumberByLookUpTBL(self, pFontNumberLookUpTBL: Ref) -> None:
+    def SetNewFontNumberByLookUpTBL(self, pFontNumberLookUpTBL: Any) -> None:
         """Replaces FontNumber through a table of 32-bit integers."""
     @property
     def TabIndex(self) -> int:
         """Touch order; 255 when not assigned."""
     @TabIndex.setter
     def TabIndex(self, value: int) -> None: ...
-    def UpdateBoundingRectangle(self, pDx: int, pDy: int, pDirection: int) -> Any:
+    def UpdateBoundingRectangle(
+        self, pDx: SupportsIndex, pDy: SupportsIndex, pDirection: SupportsIndex,
+    ) -> Any:
         """Stretches the element; gives Empty."""
     def GetSizeFromBoundingRect(self) -> None:
         """Takes over a new size from the rectangle."""
@@ -566,10 +585,10 @@ class ItfHmiElement(_Dispatch):
         """Drawing order on the page, higher on top."""
     @OrderIndex.setter
     def OrderIndex(self, value: int) -> None: ...
-    def SetImageSystem(self, eOption: int) -> None:
+    def SetImageSystem(self, eOption: SupportsIndex) -> None:
         """Chooses how the element's picture is kept."""
 
-class ItfVarBinaryHandler(_Dispatch):
+class ItfVarBinaryHandler(_Object):
     @property
     def default(self) -> Any:
         """The same object by its default interface."""
@@ -578,7 +597,7 @@ class ItfVarBinaryHandler(_Dispatch):
         """The same object by this interface alone."""
     def DeleteAllOperands(self) -> None:
         """Takes the operands that the handler has beside the link operand out of the project."""
-    def RestoreAllOperands(self, pVarID: int) -> None:
+    def RestoreAllOperands(self, pVarID: SupportsIndex) -> None:
         """Brings those operands back from their bags and writes the rows of them anew for the variable
         pVarID."""
     @property
@@ -597,27 +616,32 @@ class ItfVarBinaryHandler(_Dispatch):
     @LinkOperandAddress.setter
     def LinkOperandAddress(self, value: int) -> None: ...
     @property
-    def DrawingElement(self) -> Union[ItfHmiElement, Any]:
+    def DrawingElement(self) -> Any:
         """The element that paints the variable."""
-    def Replica(self) -> Union[_ItfVarBinaryHandler, Any]:
+    def Replica(self) -> Any:
         """A new handler of the same class with the same settings and the same operand bags; without the link
         operand."""
-    def GetOptimalDimensions(self, pDx: Ref, pDy: Ref) -> None:
+    def GetOptimalDimensions(
+        self, pDx: Union[Ref, SupportsIndex], pDy: Union[Ref, SupportsIndex],
+    ) -> None:
         """Changes a size in panel pixels to what the content needs; some handlers leave it alone."""
     def GetBinaryDataForCRC(self) -> bytes:
         """What of the settings the change key is made of."""
-    def ReplaceOperand(self, pOpType: int, pOpAddress: int, pNewOpType: int, pNewOpAddress: int) -> None:
+    def ReplaceOperand(
+        self, pOpType: SupportsIndex, pOpAddress: SupportsIndex, pNewOpType: SupportsIndex, pNewOpAddress:
+        SupportsIndex,
+    ) -> None:
         """Puts an operand in the place of another wherever the handler has that beside the link operand."""
-    def AddOperandsToHmiOperands(self, pVarID: int) -> None:
+    def AddOperandsToHmiOperands(self, pVarID: SupportsIndex) -> None:
         """Writes rows of those operands for the variable pVarID, as they stand."""
-    def SetNewFontNumberByLookUpTBL(self, pFontNumberLookUpTBL: Ref) -> None:
+    def SetNewFontNumberByLookUpTBL(self, pFontNumberLookUpTBL: Any) -> None:
         """Does nothing: fonts are renumbered by ValidateFontNumber."""
-    def ValidateFontNumber(self, pFontNumCollection: Ref) -> None:
+    def ValidateFontNumber(self, pFontNumCollection: Any) -> None:
         """Replaces the font's number by the item of which it is the key, in the text too; where there is
         none, by the first item, and the text keeps its font. Error 9 for an empty collection, 91 for none."""
-    def IsHmiFontInUse(self, pFontNum: int) -> bool:
+    def IsHmiFontInUse(self, pFontNum: SupportsIndex) -> bool:
         """Whether the handler shows a text in that font."""
-    def UpdateOnFontDelete(self, pFontNum: int) -> None:
+    def UpdateOnFontDelete(self, pFontNum: SupportsIndex) -> None:
         """Takes 1 from font numbers beyond that of a deleted font."""
     def BuildOpPropBag(self) -> None:
         """Makes the operand bags of the handler anew."""
@@ -627,11 +651,14 @@ class ItfVarBinaryHandler(_Dispatch):
         """Turns the picture of the variable."""
     def InvertColors(self) -> None:
         """Inverts the picture of the variable."""
-    def BuildImageList(self, pElementID: int) -> None:
+    def BuildImageList(self, pElementID: SupportsIndex) -> None:
         """Loads the pictures of the element pElementID."""
-    def ResizeImages(self, pNewDx: int, pNewDy: int, pElementID: int, pIndexInVar: int) -> None:
+    def ResizeImages(
+        self, pNewDx: SupportsIndex, pNewDy: SupportsIndex, pElementID: SupportsIndex, pIndexInVar:
+        SupportsIndex,
+    ) -> None:
         """Makes the pictures anew at another size in panel pixels; pIndexInVar is the one that is shown."""
-    def SaveToDB(self, pElementID: int, pVarType: int) -> None:
+    def SaveToDB(self, pElementID: SupportsIndex, pVarType: SupportsIndex) -> None:
         """Saves what does not stand in the row of the element pElementID."""
 
 class clsRectangle(ItfHmiElement):
@@ -1202,7 +1229,9 @@ class clsText(ItfHmiElement):
         """A mark of the host's, held in memory only."""
     @IsCanceled.setter
     def IsCanceled(self, value: bool) -> None: ...
-    def GetOptimalDimensions(self, pDx: Ref, pDy: Ref) -> None:
+    def GetOptimalDimensions(
+        self, pDx: Union[Ref, SupportsIndex], pDy: Union[Ref, SupportsIndex],
+    ) -> None:
         """Gives the size in panel pixels at which nothing of the text is cut."""
     def SaveToDB(self) -> bool:
         """Writes the element's row; always True."""
@@ -1315,10 +1344,15 @@ class clsBitmap(ItfHmiElement, ItfImage):
     @property
     def ReplicaForDraw(self) -> clsBitmap:
         """A new bitmap with this one's picture alone."""
-    def ResizeImageEx(self, pOldDx: int, pOldDy: int, pNewDx: int, pNewDy: int) -> bool:
+    def ResizeImageEx(
+        self, pOldDx: SupportsIndex, pOldDy: SupportsIndex, pNewDx: SupportsIndex, pNewDy: SupportsIndex,
+    ) -> bool:
         """Makes the picture anew at another size; True when there was something to do, also when nothing
         could be made."""
-    def ResizeImage(self, pOldDx: int, pOldDy: int, pNewDx: int, pNewDy: int, pHdc: int) -> bool:
+    def ResizeImage(
+        self, pOldDx: SupportsIndex, pOldDy: SupportsIndex, pNewDx: SupportsIndex, pNewDy: SupportsIndex,
+        pHdc: SupportsIndex,
+    ) -> bool:
         """Tells that it is no longer in use; always False."""
     def InvertColors(self) -> None:
         """Inverts the element's picture."""
@@ -1327,17 +1361,22 @@ class clsBitmap(ItfHmiElement, ItfImage):
     def Rotate(self) -> None:
         """Turns the element's picture a quarter clockwise."""
     def SetImage8bppProps(
-        self, pSrcImgCRC: int, pDxORG: int, pDyORG: int, pData8bppORG: Ref, pImgCRC: int, pImgWidth: int,
-        pImgHeight: int, pData8bpp: Ref, pImgIndexInVar: int, pTransparencyLevel: int, pImagePath: str,
+        self, pSrcImgCRC: SupportsIndex, pDxORG: SupportsIndex, pDyORG: SupportsIndex, pData8bppORG:
+        Union[Ref, _Bytes], pImgCRC: SupportsIndex, pImgWidth: SupportsIndex, pImgHeight: SupportsIndex,
+        pData8bpp: Union[Ref, _Bytes], pImgIndexInVar: SupportsIndex, pTransparencyLevel: SupportsIndex,
+        pImagePath: str,
     ) -> None:
         """Takes a picture as the image library gives it."""
     def SetImage8bppPropsEx(
-        self, pSrcImgCRC: int, pDxORG: int, pDyORG: int, pData8bppORG: Ref, pImgCRC: int, pImgWidth: int,
-        pImgHeight: int, pData8bpp: Ref, pImgIndexInVar: int, pTransparencyLevel: int, pImagePath: str, pBits:
-        int,
+        self, pSrcImgCRC: SupportsIndex, pDxORG: SupportsIndex, pDyORG: SupportsIndex, pData8bppORG:
+        Union[Ref, _Bytes], pImgCRC: SupportsIndex, pImgWidth: SupportsIndex, pImgHeight: SupportsIndex,
+        pData8bpp: Union[Ref, _Bytes], pImgIndexInVar: SupportsIndex, pTransparencyLevel: SupportsIndex,
+        pImagePath: str, pBits: SupportsIndex,
     ) -> None:
         """Takes a picture, and how many bits a pixel takes."""
-    def UpdateImageIndexInVar(self, pElement_ID: int, pStartIndex: int, pCorrectionValue: int) -> None:
+    def UpdateImageIndexInVar(
+        self, pElement_ID: SupportsIndex, pStartIndex: SupportsIndex, pCorrectionValue: SupportsIndex,
+    ) -> None:
         """Moves the places of an element's pictures from one on."""
     def ItfHmiElement_CreateStaticElementPrinterReport(self, pVSPrinter: Any) -> None:
         """Writes the element's lines into a printed report."""
@@ -1483,19 +1522,24 @@ class clsButton(ItfHmiElement, ItfImage):
         """Drawing order on the page, higher on top."""
     @OrderIndex.setter
     def OrderIndex(self, value: int) -> None: ...
-    def GetOptimalDimensions(self, pDx: Ref, pDy: Ref) -> None:
+    def GetOptimalDimensions(
+        self, pDx: Union[Ref, SupportsIndex], pDy: Union[Ref, SupportsIndex],
+    ) -> None:
         """Gives the size in panel pixels at which nothing of the text is cut."""
     def SaveToDB(self) -> bool:
         """Writes the element's row; always True."""
     def SetImage8bppProps(
-        self, pSrcImgCRC: int, pDxORG: int, pDyORG: int, pData8bppORG: Ref, pImgCRC: int, pImgWidth: int,
-        pImgHeight: int, pData8bpp: Ref, pImgIndexInVar: int, pTransparencyLevel: int, pImagePath: str,
+        self, pSrcImgCRC: SupportsIndex, pDxORG: SupportsIndex, pDyORG: SupportsIndex, pData8bppORG:
+        Union[Ref, _Bytes], pImgCRC: SupportsIndex, pImgWidth: SupportsIndex, pImgHeight: SupportsIndex,
+        pData8bpp: Union[Ref, _Bytes], pImgIndexInVar: SupportsIndex, pTransparencyLevel: SupportsIndex,
+        pImagePath: str,
     ) -> None:
         """Takes a picture as the image library gives it."""
     def SetImage8bppPropsEx(
-        self, pSrcImgCRC: int, pDxORG: int, pDyORG: int, pData8bppORG: Ref, pImgCRC: int, pImgWidth: int,
-        pImgHeight: int, pData8bpp: Ref, pImgIndexInVar: int, pTransparencyLevel: int, pImagePath: str, pBits:
-        int,
+        self, pSrcImgCRC: SupportsIndex, pDxORG: SupportsIndex, pDyORG: SupportsIndex, pData8bppORG:
+        Union[Ref, _Bytes], pImgCRC: SupportsIndex, pImgWidth: SupportsIndex, pImgHeight: SupportsIndex,
+        pData8bpp: Union[Ref, _Bytes], pImgIndexInVar: SupportsIndex, pTransparencyLevel: SupportsIndex,
+        pImagePath: str, pBits: SupportsIndex,
     ) -> None:
         """Takes a picture, and how many bits a pixel takes."""
     def ItfHmiElement_CreateStaticElementPrinterReport(self, pVSPrinter: Any) -> None:
@@ -1618,9 +1662,11 @@ class clsFrame(ItfHmiElement):
         """Drawing order on the page, higher on top."""
     @OrderIndex.setter
     def OrderIndex(self, value: int) -> None: ...
-    def DrawTransparent(self, pHdc: int) -> None:
+    def DrawTransparent(self, pHdc: SupportsIndex) -> None:
         """Paints the frame at half strength over what is there."""
-    def GetOptimalDimensions(self, pDx: Ref, pDy: Ref) -> None:
+    def GetOptimalDimensions(
+        self, pDx: Union[Ref, SupportsIndex], pDy: Union[Ref, SupportsIndex],
+    ) -> None:
         """Gives the size in panel pixels at which nothing of the text is cut."""
     def SaveToDB(self) -> bool:
         """Writes the element's row; always True."""
@@ -1659,51 +1705,54 @@ class clsGroup(ItfHmiElement):
     def Props(self, value: _Bytes) -> None: ...
     def IsContainsGlobalVars(self) -> bool:
         """Whether a variable among the members shows a global variable."""
-    def AddObjectsToGroup(self, p_ColObjects: Ref) -> None:
+    def AddObjectsToGroup(self, p_ColObjects: Any) -> None:
         """Takes all elements of a collection in and saves them; none when one is touchable."""
-    def IsMaxDepth(self, p_ColObjects: Ref) -> bool:
+    def IsMaxDepth(self, p_ColObjects: Any) -> bool:
         """Whether a new group of these elements would be nested too deep."""
-    def DrawFramesInGroup(self, pHdc: int, pDrawBoundingRect: bool) -> None:
+    def DrawFramesInGroup(self, pHdc: SupportsIndex, pDrawBoundingRect: bool) -> None:
         """Paints the frames in the group."""
-    def DrawTransparentFramesInGroup(self, pHdc: int) -> None:
+    def DrawTransparentFramesInGroup(self, pHdc: SupportsIndex) -> None:
         """Paints the frames in the group at half strength over what is there."""
     def LoadFromDB(self, pRsElement: Any) -> bool:
         """Takes ID and GroupID from a row; the members are the host's to load."""
-    def SetElementsID(self, pID: int) -> None:
+    def SetElementsID(self, pID: SupportsIndex) -> None:
         """Gives all members, at any depth, this ID."""
     def SaveToDB(self) -> bool:
         """Writes the rows of the group and its members; always True."""
     def ItfHmiElement_CreateStaticElementPrinterReport(self, pVSPrinter: Any) -> None:
         """Nothing: a group has no lines in a printed report."""
 
-class clsGrpElmntsSrv(_Dispatch):
+class clsGrpElmntsSrv(_Object):
     def __init__(self, **properties: Any) -> None: ...
     @property
     def default(self) -> clsGrpElmntsSrv:
         """The same object by its default interface."""
-    def ChangeHMIPanel(self, pPanelType: int) -> None:
+    def ChangeHMIPanel(self, pPanelType: SupportsIndex) -> None:
         """Sets the panel that the project is for."""
-    def InitImageLibrary(self, pImageLibName: str, pPalette: Ref) -> None:
+    def InitImageLibrary(self, pImageLibName: str, pPalette: Any) -> None:
         """Makes the image library with its name and the panel's colours, an array of Long."""
     @property
     def ImageLibrary(self) -> _ImageLibrary:
         """The image library; none until it is made."""
-    def GetCRCsOfVarImages(self, pElement_ID: int, pNumOfImages: int) -> List[int]:
+    def GetCRCsOfVarImages(self, pElement_ID: SupportsIndex, pNumOfImages: SupportsIndex) -> List[int]:
         """The picture for each index of a variable; -1 where it has none."""
-    def GetImageData8bppByCRC(self, pCRC: int) -> bytes:
+    def GetImageData8bppByCRC(self, pCRC: SupportsIndex) -> bytes:
         """The panel pixels of a picture."""
-    def GetImageLibCRC(self, pImageCRC: int) -> int:
+    def GetImageLibCRC(self, pImageCRC: SupportsIndex) -> int:
         """8209 whatever the picture."""
-    def GetImagePathFromDB(self, pImageCRC: int) -> str:
+    def GetImagePathFromDB(self, pImageCRC: SupportsIndex) -> str:
         """The file that a picture came from."""
-    def GetImageOriginalDimansions(self, pCRC: int, pDx: Ref, pDy: Ref) -> None:
+    def GetImageOriginalDimansions(
+        self, pCRC: SupportsIndex, pDx: Union[Ref, SupportsIndex], pDy: Union[Ref, SupportsIndex],
+    ) -> None:
         """A picture's own size; both -1 when there is none."""
     def SaveToDbForBimaryHandler(
-        self, pElementID: int, pVarType: int, pColImageList: Ref, pDx: int, pDy: int,
+        self, pElementID: SupportsIndex, pVarType: SupportsIndex, pColImageList: Any, pDx: SupportsIndex, pDy:
+        SupportsIndex,
     ) -> None:
         """Saves the pictures of a variable's list."""
 
-class clsVarImageElement(_Dispatch):
+class clsVarImageElement(_Object):
     def __init__(self, **properties: Any) -> None: ...
     @property
     def default(self) -> clsVarImageElement:
@@ -1771,16 +1820,21 @@ class clsVarImageElement(_Dispatch):
         """16 when a pixel takes two bytes."""
     @Bits.setter
     def Bits(self, value: int) -> None: ...
-    def ResizeImage(self, pNewDx: int, pNewDy: int) -> bool:
+    def ResizeImage(self, pNewDx: SupportsIndex, pNewDy: SupportsIndex) -> bool:
         """Makes pixels of one byte anew at another size."""
-    def ResizeImage16(self, pNewDx: int, pNewDy: int) -> bool:
+    def ResizeImage16(self, pNewDx: SupportsIndex, pNewDy: SupportsIndex) -> bool:
         """Makes pixels of two bytes anew at another size."""
-    def SaveToDB(self, pElementID: int, pIndexInVar: int, pDx: int, pDy: int) -> None:
+    def SaveToDB(
+        self, pElementID: SupportsIndex, pIndexInVar: SupportsIndex, pDx: SupportsIndex, pDy: SupportsIndex,
+    ) -> None:
         """Saves the picture as one of an element's."""
-    def SaveToDBEx(self, pElementID: int, pIndexInVar: int, pDx: int, pDy: int, pBits: int) -> None:
+    def SaveToDBEx(
+        self, pElementID: SupportsIndex, pIndexInVar: SupportsIndex, pDx: SupportsIndex, pDy: SupportsIndex,
+        pBits: SupportsIndex,
+    ) -> None:
         """Saves the picture as one of an element's, telling the bits of a pixel."""
 
-class clsPageImage(_Dispatch):
+class clsPageImage(_Object):
     def __init__(self, **properties: Any) -> None: ...
     @property
     def default(self) -> clsPageImage:
@@ -1828,11 +1882,16 @@ class clsPageImage(_Dispatch):
         """16 when a pixel takes two bytes."""
     @Bits.setter
     def Bits(self, value: int) -> None: ...
-    def SaveToDB(self, pPageID: int, pImageType: int, pDx: int, pDy: int) -> None:
+    def SaveToDB(
+        self, pPageID: SupportsIndex, pImageType: SupportsIndex, pDx: SupportsIndex, pDy: SupportsIndex,
+    ) -> None:
         """Saves the picture as one of a page's."""
-    def SaveToDBEx(self, pPageID: int, pImageType: int, pDx: int, pDy: int, pBits: int) -> None:
+    def SaveToDBEx(
+        self, pPageID: SupportsIndex, pImageType: SupportsIndex, pDx: SupportsIndex, pDy: SupportsIndex,
+        pBits: SupportsIndex,
+    ) -> None:
         """Saves the picture as one of a page's, telling the bits of a pixel."""
-    def ReadImagePropsFromDB(self, pImageType: int) -> bool:
+    def ReadImagePropsFromDB(self, pImageType: SupportsIndex) -> bool:
         """Reads the picture of the CRC; False when there is none."""
 
 class clsVar(ItfHmiElement):
@@ -1886,7 +1945,7 @@ class clsVar(ItfHmiElement):
         """Address of the memory bit that a touch drives; -1 none, -2 a touch that opens a keypad."""
     @TouchOprndAddr.setter
     def TouchOprndAddr(self, value: int) -> None: ...
-    def SetTouchWithoutLoadingPropertyBag(self, pTouchOprndAddr: int) -> None:
+    def SetTouchWithoutLoadingPropertyBag(self, pTouchOprndAddr: SupportsIndex) -> None:
         """Stores the touch operand's address and leaves the operand bags as they are."""
     @property
     def HatchStyle(self) -> enHatchStyle:
@@ -1908,9 +1967,9 @@ class clsVar(ItfHmiElement):
         """Whether the value is entered by the panel's keys."""
     @KeypadEntry.setter
     def KeypadEntry(self, value: bool) -> None: ...
-    def BinaryHandlers(self, pVarType: int) -> Union[ItfVarBinaryHandler, Any]:
+    def BinaryHandlers(self, pVarType: SupportsIndex) -> Any:
         """The handler of a type, which is made if there is none yet; none for a type without a class."""
-    def SetBinaryHandler(self, pVarType: int, pBinaryHandler: Any) -> None:
+    def SetBinaryHandler(self, pVarType: SupportsIndex, pBinaryHandler: Any) -> None:
         """Puts a handler in the place of that of a type."""
     @property
     def OperandType(self) -> int:
@@ -1989,7 +2048,10 @@ class clsVar(ItfHmiElement):
         """Writes the variable's lines into a printed report."""
     def GetColOpPropertyBag(self) -> Collection:
         """The operand bags of the element."""
-    def GetOptimalDimensions(self, pXs: Ref, pYs: Ref, pDx: Ref, pDy: Ref) -> None:
+    def GetOptimalDimensions(
+        self, pXs: Union[Ref, SupportsIndex], pYs: Union[Ref, SupportsIndex], pDx: Union[Ref, SupportsIndex],
+        pDy: Union[Ref, SupportsIndex],
+    ) -> None:
         """Gives the position and size that the element would like."""
     def BuildOpPropBag(self) -> Collection:
         """Makes the operand bags anew and gives them."""
@@ -2050,7 +2112,7 @@ class clsVar(ItfHmiElement):
     def HMIElementSize(self) -> int:
         """The size in bytes that the element takes in the panel."""
 
-class clsVarTextElement(_Dispatch):
+class clsVarTextElement(_Object):
     def __init__(self, **properties: Any) -> None: ...
     @property
     def default(self) -> clsVarTextElement:
@@ -2117,13 +2179,13 @@ class clsVarBinaryText(ItfVarBinaryHandler):
     def default(self) -> clsVarBinaryText:
         """The same object by its default interface."""
     @property
-    def DrawingElement(self) -> Union[ItfHmiElement, Any]:
+    def DrawingElement(self) -> Any:
         """The element that paints the variable."""
     def Clear(self) -> None:
         """Takes all texts out of the list."""
     def AppendText(self) -> None:
         """Puts a new text at the end of the list."""
-    def ListTexts(self, pIndex: int) -> clsVarTextElement:
+    def ListTexts(self, pIndex: SupportsIndex) -> clsVarTextElement:
         """One text of the list, counted from 1."""
     @property
     def StorageText(self) -> int:
@@ -2146,7 +2208,7 @@ class clsVarBinaryText(ItfVarBinaryHandler):
         """Takes all settings from the contents of a property bag."""
     def GetBinaryData(self) -> bytes:
         """All settings as the contents of a property bag."""
-    def ReSyncDrawingElementParams(self, pDefaultDisplay: int, pFontNum: int) -> None:
+    def ReSyncDrawingElementParams(self, pDefaultDisplay: SupportsIndex, pFontNum: SupportsIndex) -> None:
         """Brings the drawing element up to date: the state shown, and its font."""
     def ConvertFlatColorToClosestGradientColor(self) -> None:
         """Replaces the backgrounds by the colours nearest to them on which a bevel can be read."""
@@ -2157,20 +2219,20 @@ class clsVarListText(ItfVarBinaryHandler):
     def default(self) -> clsVarListText:
         """The same object by its default interface."""
     @property
-    def DrawingElement(self) -> Union[ItfHmiElement, Any]:
+    def DrawingElement(self) -> Any:
         """The element that paints the variable."""
     def Clear(self) -> None:
         """Takes all texts out of the list."""
-    def InsertBefore(self, pIndex: int) -> None:
+    def InsertBefore(self, pIndex: SupportsIndex) -> None:
         """Puts a new text before one of the list, counted from 1."""
-    def RemoveText(self, pIndex: int) -> None:
+    def RemoveText(self, pIndex: SupportsIndex) -> None:
         """Takes one text out of the list, counted from 1."""
     @property
     def ListCount(self) -> int:
         """Number of texts."""
     def AppendText(self) -> None:
         """Puts a new text at the end of the list."""
-    def ListTexts(self, pIndex: int) -> clsVarTextElement:
+    def ListTexts(self, pIndex: SupportsIndex) -> clsVarTextElement:
         """One text of the list, counted from 1."""
     @property
     def StorageText(self) -> int:
@@ -2188,7 +2250,7 @@ class clsVarListText(ItfVarBinaryHandler):
         """Takes all settings from the contents of a property bag."""
     def GetBinaryData(self) -> bytes:
         """All settings as the contents of a property bag."""
-    def ReSyncDrawingElementParams(self, pDefaultDisplay: int, pFontNum: int) -> None:
+    def ReSyncDrawingElementParams(self, pDefaultDisplay: SupportsIndex, pFontNum: SupportsIndex) -> None:
         """Brings the drawing element up to date: the state shown, and its font."""
     def ConvertFlatColorToClosestGradientColor(self) -> None:
         """Replaces the backgrounds by the colours nearest to them on which a bevel can be read."""
@@ -2209,7 +2271,7 @@ class clsVarNumeric(ItfVarBinaryHandler):
     @ColOpPropBag.setter
     def ColOpPropBag(self, value: Any) -> None: ...
     @property
-    def DrawingElement(self) -> Union[ItfHmiElement, Any]:
+    def DrawingElement(self) -> Any:
         """The element that paints the variable."""
     @property
     def ArrowsIncrementValue(self) -> int:
@@ -2357,9 +2419,9 @@ class clsVarNumeric(ItfVarBinaryHandler):
         """Takes all settings from the contents of a property bag."""
     def GetBinaryData(self) -> bytes:
         """All settings as the contents of a property bag."""
-    def ItfVarBinaryHandler_ValidateFontNumber(self, pFontNumCollection: Ref) -> None:
+    def ItfVarBinaryHandler_ValidateFontNumber(self, pFontNumCollection: Any) -> None:
         """Replaces the font's number by the item of which it is the key, or by the first item."""
-    def ReSyncDrawingElementParams(self, pDefaultDisplay: int, pFontNum: int) -> None:
+    def ReSyncDrawingElementParams(self, pDefaultDisplay: SupportsIndex, pFontNum: SupportsIndex) -> None:
         """Brings the drawing element up to date: the state shown, and its font."""
 
 class clsVarBargraph(ItfVarBinaryHandler):
@@ -2368,10 +2430,13 @@ class clsVarBargraph(ItfVarBinaryHandler):
     def default(self) -> clsVarBargraph:
         """The same object by its default interface."""
     def NewDrawForBarGraphForAlsoFlatAndFixedSingle(
-        self, pHdc: int, pWidth: int, pHeight: int, pColorBack: int, pFlat3D: Ref,
+        self, pHdc: SupportsIndex, pWidth: SupportsIndex, pHeight: SupportsIndex, pColorBack: SupportsIndex,
+        pFlat3D: Union[Ref, SupportsIndex],
     ) -> None:
         """Paints the bar in a frame style of the variable."""
-    def Draw(self, pHdc: int, pWidth: int, pHeight: int, pColorBack: int) -> None:
+    def Draw(
+        self, pHdc: SupportsIndex, pWidth: SupportsIndex, pHeight: SupportsIndex, pColorBack: SupportsIndex,
+    ) -> None:
         """Paints the bar sunken."""
     @property
     def ColOpPropBag(self) -> Any:
@@ -2379,7 +2444,7 @@ class clsVarBargraph(ItfVarBinaryHandler):
     @ColOpPropBag.setter
     def ColOpPropBag(self, value: Any) -> None: ...
     @property
-    def DrawingElement(self) -> Union[ItfHmiElement, Any]:
+    def DrawingElement(self) -> Any:
         """The element that paints the variable."""
     @property
     def MinOpAddress(self) -> int:
@@ -2420,7 +2485,7 @@ class clsVarBargraph(ItfVarBinaryHandler):
         """Takes all settings from the contents of a property bag."""
     def GetBinaryData(self) -> bytes:
         """All settings as the contents of a property bag."""
-    def ValidateFontNumber(self, pFontNumCollection: Ref) -> None:
+    def ValidateFontNumber(self, pFontNumCollection: Any) -> None:
         """Does nothing: a bar has no font."""
 
 class clsVarRangeText(ItfVarBinaryHandler):
@@ -2429,7 +2494,7 @@ class clsVarRangeText(ItfVarBinaryHandler):
     def default(self) -> clsVarRangeText:
         """The same object by its default interface."""
     @property
-    def DrawingElement(self) -> Union[ItfHmiElement, Any]:
+    def DrawingElement(self) -> Any:
         """The element that paints the variable."""
     @property
     def ColOpPropBag(self) -> Collection:
@@ -2438,16 +2503,16 @@ class clsVarRangeText(ItfVarBinaryHandler):
     def ColOpPropBag(self, value: Any) -> None: ...
     def Clear(self) -> None:
         """Takes all texts out of the list."""
-    def InsertBefore(self, pIndex: int) -> None:
+    def InsertBefore(self, pIndex: SupportsIndex) -> None:
         """Puts a new text before one of the list, counted from 1."""
-    def RemoveText(self, pIndex: int) -> None:
+    def RemoveText(self, pIndex: SupportsIndex) -> None:
         """Takes one text out of the list, counted from 1."""
     @property
     def ListCount(self) -> int:
         """Number of texts."""
     def AppendText(self) -> None:
         """Puts a new text at the end of the list."""
-    def ListTexts(self, pIndex: int) -> clsVarTextElement:
+    def ListTexts(self, pIndex: SupportsIndex) -> clsVarTextElement:
         """One text of the list, counted from 1."""
     @property
     def StorageText(self) -> int:
@@ -2465,7 +2530,7 @@ class clsVarRangeText(ItfVarBinaryHandler):
         """Takes all settings from the contents of a property bag."""
     def GetBinaryData(self) -> bytes:
         """All settings as the contents of a property bag."""
-    def ReSyncDrawingElementParams(self, pDefaultDisplay: int, pFontNum: int) -> None:
+    def ReSyncDrawingElementParams(self, pDefaultDisplay: SupportsIndex, pFontNum: SupportsIndex) -> None:
         """Brings the drawing element up to date: the state shown, and its font."""
     def ConvertFlatColorToClosestGradientColor(self) -> None:
         """Replaces the backgrounds by the colours nearest to them on which a bevel can be read."""
@@ -2476,7 +2541,7 @@ class clsVarDisplayString(ItfVarBinaryHandler):
     def default(self) -> clsVarDisplayString:
         """The same object by its default interface."""
     @property
-    def DrawingElement(self) -> Union[ItfHmiElement, Any]:
+    def DrawingElement(self) -> Any:
         """The element that paints the variable."""
     @property
     def StartVectorOpType(self) -> int:
@@ -2522,17 +2587,17 @@ class clsVarDisplayString(ItfVarBinaryHandler):
         """Takes all settings from the contents of a property bag."""
     def GetBinaryData(self) -> bytes:
         """All settings as the contents of a property bag."""
-    def ItfVarBinaryHandler_ValidateFontNumber(self, pFontNumCollection: Ref) -> None:
+    def ItfVarBinaryHandler_ValidateFontNumber(self, pFontNumCollection: Any) -> None:
         """Replaces the font's number by the item of which it is the key, or by the first item."""
-    def ReSyncDrawingElementParams(self, pDefaultDisplay: int, pFontNum: int) -> None:
+    def ReSyncDrawingElementParams(self, pDefaultDisplay: SupportsIndex, pFontNum: SupportsIndex) -> None:
         """Brings the drawing element up to date: the state shown, and its font."""
 
-class clsEnums(_Dispatch):
+class clsEnums(_Object):
     @property
     def default(self) -> clsEnums:
         """The same object by its default interface."""
 
-class Collection(_Dispatch):
+class Collection(_Object):
     @property
     def default(self) -> Collection:
         """The same object by its default interface."""
@@ -2550,7 +2615,7 @@ class Collection(_Dispatch):
     def Remove(self, Index: Any) -> None:
         """Takes the value at a place or under a key out."""
 
-class PropertyBag(_Dispatch):
+class PropertyBag(_Object):
     @property
     def default(self) -> PropertyBag:
         """The same object by its default interface."""
@@ -2569,7 +2634,7 @@ class PropertyBag(_Dispatch):
     def Count(self) -> int:
         """Number of values."""
 
-class Connection(_Dispatch):
+class Connection(_Object):
     @property
     def default(self) -> Connection:
         """The same object by its default interface."""
@@ -2586,13 +2651,16 @@ class Connection(_Dispatch):
     def Close(self) -> None:
         """Ends the connection."""
 
-class Recordset(_Dispatch):
+class Recordset(_Object):
     @property
     def default(self) -> Recordset:
         """The same object by its default interface."""
     def __call__(self, *arguments: Any) -> Any: ...
     def __getitem__(self, index: Any) -> Any: ...
-    def Open(self, source: str, connection: Any, cursor: int, lock: int, options: int = ...) -> None:
+    def Open(
+        self, source: str, connection: Any, cursor: SupportsIndex, lock: SupportsIndex, options: SupportsIndex
+        = ...,
+    ) -> None:
         """Runs a query and stands on its first row."""
     def Close(self) -> None:
         """Forgets the rows and what was not yet written."""
@@ -2612,7 +2680,7 @@ class Recordset(_Dispatch):
         """Goes to the first row."""
     def MoveNext(self) -> None:
         """Goes to the next row."""
-    def Move(self, rows: int) -> None:
+    def Move(self, rows: SupportsIndex) -> None:
         """Goes on by a number of rows, backward when negative."""
     @property
     def RecordCount(self) -> int:
@@ -2623,7 +2691,7 @@ class Recordset(_Dispatch):
     def Fields(self, name: str) -> Field:
         """A column of the current row, by name."""
 
-class Field(_Dispatch):
+class Field(_Object):
     @property
     def default(self) -> Field:
         """The same object by its default interface."""
@@ -2638,7 +2706,7 @@ class Field(_Dispatch):
     @Value.setter
     def Value(self, value: Any) -> None: ...
 
-class Operand(_Dispatch):
+class Operand(_Object):
     @property
     def default(self) -> Operand:
         """The same object by its default interface."""
@@ -2685,7 +2753,7 @@ class Operand(_Dispatch):
     def GetFreeAddress(self) -> int:
         """The next free address of the type."""
 
-class ImageLibrary(_Dispatch):
+class ImageLibrary(_Object):
     @property
     def default(self) -> ImageLibrary:
         """The same object by its default interface."""
@@ -2704,34 +2772,43 @@ class ImageLibrary(_Dispatch):
         """The panel's colours, an array of 32-bit integers."""
     @Palette.setter
     def Palette(self, value: Any) -> None: ...
-    def CreateBitmapFrom8bpp(self, pixels: _Bytes, dx: int, dy: int) -> int:
+    def CreateBitmapFrom8bpp(self, pixels: _Bytes, dx: SupportsIndex, dy: SupportsIndex) -> int:
         """A bitmap of palette indices; 0 when they are no such picture."""
-    def CreateBitmapFrom16bpp(self, pixels: _Bytes, dx: int, dy: int) -> int:
+    def CreateBitmapFrom16bpp(self, pixels: _Bytes, dx: SupportsIndex, dy: SupportsIndex) -> int:
         """A bitmap of pixels of two bytes; 0 when they are no such picture."""
-    def StretchBitmap(self, bitmap: int, dx: int, dy: int) -> int:
+    def StretchBitmap(self, bitmap: SupportsIndex, dx: SupportsIndex, dy: SupportsIndex) -> int:
         """A copy of a bitmap at another size; 0 when it is none or the size is none."""
     def ConvertBitmapTo8bpp(
-        self, conversionMode: int, bitmap: int, palette: Any, dx: int, dy: int, pixels: Ref, crc: Ref,
+        self, conversionMode: SupportsIndex, bitmap: SupportsIndex, palette: Any, dx: SupportsIndex, dy:
+        SupportsIndex, pixels: Union[Ref, _Bytes], crc: Union[Ref, SupportsIndex],
     ) -> int:
         """Turns a bitmap into palette indices with their CRC; gives a status, 0 or 6 when done."""
-    def ConvertBitmapTo16bpp(self, bitmap: int, dx: int, dy: int, pixels: Ref, crc: Ref) -> int:
+    def ConvertBitmapTo16bpp(
+        self, bitmap: SupportsIndex, dx: SupportsIndex, dy: SupportsIndex, pixels: Union[Ref, _Bytes], crc:
+        Union[Ref, SupportsIndex],
+    ) -> int:
         """Turns a bitmap into pixels of two bytes with their CRC; gives a status, 0 or 6 when done."""
     def GetConversionMode(self, path: str) -> int:
         """The conversion mode that suits the picture in a file."""
-    def LoadResizedImage(self, path: str, libCrc: int, dx: int, dy: int, status: Ref) -> int:
+    def LoadResizedImage(
+        self, path: str, libCrc: SupportsIndex, dx: SupportsIndex, dy: SupportsIndex, status: Union[Ref,
+        SupportsIndex],
+    ) -> int:
         """Reads a picture file as a bitmap of that size, with a status, 0 when done."""
     def SelectImageFile(
-        self, path: Ref, libCrc: Ref, dxOrg: Ref, dyOrg: Ref, dataOrg: Ref, crc: Ref, data: Ref, bits: Ref,
-        dx: int, dy: int,
+        self, path: Union[Ref, str], libCrc: Union[Ref, SupportsIndex], dxOrg: Union[Ref, SupportsIndex],
+        dyOrg: Union[Ref, SupportsIndex], dataOrg: Union[Ref, _Bytes], crc: Union[Ref, SupportsIndex], data:
+        Union[Ref, _Bytes], bits: Union[Ref, SupportsIndex], dx: SupportsIndex, dy: SupportsIndex,
     ) -> int:
         """Lets the user choose a picture file; gives a status, 0 when done."""
     def ReadPicture(
-        self, path: str, dx: Ref, dy: Ref, bits: int, libCrc: Ref, dxOrg: Ref, dyOrg: Ref, dataOrg: Ref, crc:
-        Ref, data: Ref,
+        self, path: str, dx: Union[Ref, SupportsIndex], dy: Union[Ref, SupportsIndex], bits: SupportsIndex,
+        libCrc: Union[Ref, SupportsIndex], dxOrg: Union[Ref, SupportsIndex], dyOrg: Union[Ref, SupportsIndex],
+        dataOrg: Union[Ref, _Bytes], crc: Union[Ref, SupportsIndex], data: Union[Ref, _Bytes],
     ) -> None:
         """Reads a picture file at a size, 0 x 0 for its own."""
 
-class HostServices(_Dispatch):
+class HostServices(_Object):
     @property
     def default(self) -> HostServices:
         """The same object by its default interface."""
@@ -2800,11 +2877,11 @@ class HostServices(_Dispatch):
     def Reset(self) -> None:
         """All services of the thread are embedded ones, new."""
 
-class EmbeddedMessageBoxes(_Dispatch):
+class EmbeddedMessageBoxes(_Object):
     @property
     def default(self) -> EmbeddedMessageBoxes:
         """The same object by its default interface."""
-    def Show(self, text: str, buttons: int, caption: str) -> int:
+    def Show(self, text: str, buttons: SupportsIndex, caption: str) -> int:
         """Shows a box as the library does; gives the answer."""
     @property
     def Shown(self) -> Any:
@@ -2822,11 +2899,11 @@ class EmbeddedMessageBoxes(_Dispatch):
     @Printed.setter
     def Printed(self, value: bool) -> None: ...
 
-class EmbeddedMessages(_Dispatch):
+class EmbeddedMessages(_Object):
     @property
     def default(self) -> EmbeddedMessages:
         """The same object by its default interface."""
-    def ShowMessage(self, number: int, argument: Ref) -> int:
+    def ShowMessage(self, number: SupportsIndex, argument: Any) -> int:
         """Shows a message as the library does; gives the answer."""
     @property
     def Shown(self) -> Any:
@@ -2844,12 +2921,13 @@ class EmbeddedMessages(_Dispatch):
     @Printed.setter
     def Printed(self, value: bool) -> None: ...
 
-class EmbeddedErrorLog(_Dispatch):
+class EmbeddedErrorLog(_Object):
     @property
     def default(self) -> EmbeddedErrorLog:
         """The same object by its default interface."""
     def Report(
-        self, source: str, number: int, description: str, module: str, text1: str, text2: str, value: int,
+        self, source: str, number: SupportsIndex, description: str, module: str, text1: str, text2: str,
+        value: SupportsIndex,
     ) -> None:
         """Takes down an error as the library does."""
     @property
@@ -2864,11 +2942,11 @@ class EmbeddedErrorLog(_Dispatch):
     @Printed.setter
     def Printed(self, value: bool) -> None: ...
 
-class EmbeddedProjectDatabase(_Dispatch):
+class EmbeddedProjectDatabase(_Object):
     @property
     def default(self) -> EmbeddedProjectDatabase:
         """The same object by its default interface."""
-    def Open(self, path: str, mode: int = ...) -> Connection:
+    def Open(self, path: str, mode: SupportsIndex = ...) -> Connection:
         """Opens a project file and gives its connection. Mode: 0 open, 1 create when it is not there, 2 only
         read."""
     def Close(self) -> None:
@@ -2879,7 +2957,7 @@ class EmbeddedProjectDatabase(_Dispatch):
     def Path(self) -> str:
         """The folder of the project's file."""
 
-class EmbeddedChanges(_Dispatch):
+class EmbeddedChanges(_Object):
     @property
     def default(self) -> EmbeddedChanges:
         """The same object by its default interface."""
@@ -2896,7 +2974,7 @@ class EmbeddedChanges(_Dispatch):
     def Clear(self) -> None:
         """Forgets what was collected."""
 
-class EmbeddedFrame(_Dispatch):
+class EmbeddedFrame(_Object):
     @property
     def default(self) -> EmbeddedFrame:
         """The same object by its default interface."""
@@ -2920,40 +2998,40 @@ class EmbeddedFrame(_Dispatch):
     @Printed.setter
     def Printed(self, value: bool) -> None: ...
 
-class EmbeddedSettings(_Dispatch):
+class EmbeddedSettings(_Object):
     @property
     def default(self) -> EmbeddedSettings:
         """The same object by its default interface."""
     def __call__(self, *arguments: Any) -> Any: ...
     def __getitem__(self, index: Any) -> Any: ...
-    def GetSetting(self, section: int, key: int, fallback: str = ...) -> str:
+    def GetSetting(self, section: SupportsIndex, key: SupportsIndex, fallback: str = ...) -> str:
         """The text under section and key, or the fall-back."""
-    def SetSetting(self, section: int, key: int, text: str) -> None:
+    def SetSetting(self, section: SupportsIndex, key: SupportsIndex, text: str) -> None:
         """Sets a text for all projects."""
-    def SetProjectSetting(self, section: int, key: int, text: str) -> None:
+    def SetProjectSetting(self, section: SupportsIndex, key: SupportsIndex, text: str) -> None:
         """Keeps a text in the open project."""
     def ReadFile(self, path: str) -> None:
         """Reads settings for all projects from a file."""
 
-class PanelColors(_Dispatch):
+class PanelColors(_Object):
     @property
     def default(self) -> PanelColors:
         """The same object by its default interface."""
     def __call__(self, *arguments: Any) -> Any: ...
     def __getitem__(self, index: Any) -> Any: ...
-    def Color(self, number: int) -> int:
+    def Color(self, number: SupportsIndex) -> int:
         """The colour of a panel colour number."""
-    def ShadeColor(self, level: int, number: int) -> int:
+    def ShadeColor(self, level: SupportsIndex, number: SupportsIndex) -> int:
         """The colour of a line of a raised frame: 1 to 4 dark, 5 to 8 light."""
-    def FaceColor(self, number: int) -> int:
+    def FaceColor(self, number: SupportsIndex) -> int:
         """The colour of the face of a frame."""
-    def ClosestGradientColor(self, number: int) -> int:
+    def ClosestGradientColor(self, number: SupportsIndex) -> int:
         """The number of the nearest colour on which a bevel can be read."""
     @property
     def Palette(self) -> List[int]:
         """The colours of numbers 0 to 255."""
 
-class PanelFonts(_Dispatch):
+class PanelFonts(_Object):
     @property
     def default(self) -> PanelFonts:
         """The same object by its default interface."""
@@ -2963,16 +3041,19 @@ class PanelFonts(_Dispatch):
     @property
     def DefaultDescriptionFontNumber(self) -> int:
         """The font of the description of a keypad entry."""
-    def CharHeight(self, font: int) -> int:
+    def CharHeight(self, font: SupportsIndex) -> int:
         """The height of a line in pixels."""
-    def CharWidths(self, font: int) -> List[int]:
+    def CharWidths(self, font: SupportsIndex) -> List[int]:
         """The widths of the characters by their ANSI code."""
-    def TextSize(self, text: str, font: int, width: Ref, height: Ref) -> None:
+    def TextSize(
+        self, text: str, font: SupportsIndex, width: Union[Ref, SupportsIndex], height: Union[Ref,
+        SupportsIndex],
+    ) -> None:
         """The size that a text takes in pixels."""
-    def FontName(self, font: int) -> str:
+    def FontName(self, font: SupportsIndex) -> str:
         """The font's name."""
 
-class ProjectStrings(_Dispatch):
+class ProjectStrings(_Object):
     @property
     def default(self) -> ProjectStrings:
         """The same object by its default interface."""
@@ -2986,21 +3067,23 @@ class ProjectStrings(_Dispatch):
         """The current language, counted from 1."""
     @Language.setter
     def Language(self, value: int) -> None: ...
-    def LanguageName(self, language: int) -> str:
+    def LanguageName(self, language: SupportsIndex) -> str:
         """The name of a language."""
-    def SetLanguage(self, language: int, name: str) -> None:
+    def SetLanguage(self, language: SupportsIndex, name: str) -> None:
         """Names a language; the number after the last adds one."""
-    def Text(self, number: int) -> str:
+    def Text(self, number: SupportsIndex) -> str:
         """The text of a number in the current language."""
-    def FontNumber(self, number: int) -> int:
+    def FontNumber(self, number: SupportsIndex) -> int:
         """The font of that text; -1 for none of its own."""
-    def SetText(self, number: int, language: int, text: str, fontNumber: int = ...) -> None:
+    def SetText(
+        self, number: SupportsIndex, language: SupportsIndex, text: str, fontNumber: SupportsIndex = ...,
+    ) -> None:
         """Keeps a text for a language; an empty one takes it away."""
     @property
     def Texts(self) -> Any:
         """All texts, each an array of number, language, text and font number."""
 
-class PanelList(_Dispatch):
+class PanelList(_Object):
     @property
     def default(self) -> PanelList:
         """The same object by its default interface."""
@@ -3009,16 +3092,16 @@ class PanelList(_Dispatch):
     @property
     def CurrentPanelType(self) -> int:
         """The panel type that was selected last."""
-    def SelectPanel(self, panelType: int) -> Any:
+    def SelectPanel(self, panelType: SupportsIndex) -> Any:
         """Makes a panel type the current one; an array of its back and ink colours."""
-    def Model(self, panelType: int) -> Any:
+    def Model(self, panelType: SupportsIndex) -> Any:
         """The model of a type: an array of type, width, height, bits a pixel, number of colours, back and ink
         colours."""
     @property
     def Models(self) -> Any:
         """All models, by type."""
 
-class CallRecorder(_Dispatch):
+class CallRecorder(_Object):
     @property
     def default(self) -> CallRecorder:
         """The same object by its default interface."""

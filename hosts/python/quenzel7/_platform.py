@@ -7,11 +7,14 @@ from __future__ import annotations
 import atexit
 import os
 import threading
-from typing import Any, Dict, List, NamedTuple, Optional, Sequence, Tuple, Type, Union
+from typing import TYPE_CHECKING, Any, Dict, List, NamedTuple, Optional, Sequence, Tuple, Type, Union
 
 from . import _services
 from ._dispatch import Dispatch
 from .arrays import Ref
+
+if TYPE_CHECKING:
+    from . import HostServices
 
 
 class ShownBox(NamedTuple):
@@ -310,9 +313,10 @@ class Platform:
     """The services of the calling thread."""
 
     @property
-    def services(self) -> Any:
+    def services(self) -> "HostServices":
         """The library's object HostServices."""
-        return _services.host_services()
+        made: "HostServices" = _services.host_services()
+        return made
 
     def _or_own(self, name: str, kind: Type[_View]) -> Any:
         """The embedded service, or the object of Python that stands in its place."""

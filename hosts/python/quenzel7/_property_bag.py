@@ -29,18 +29,18 @@ def _name_of(kind: int) -> str:
 
 class Entry(NamedTuple):
     """One value of a bag: its key, its kind ("Long", "String", "Byte()" ...) and itself. A bag within the bag
-    is a PropertyBag."""
+    is a Bag."""
 
     key: str
     kind: str
     value: Any
 
 
-class PropertyBag:
+class Bag:
     """Named values in the order in which they were first written.
 
-    Walking over it gives an Entry for each. Keys are the same in any case. `object` is the library's own bag,
-    to be handed to members that take one.
+    Walking over it gives an Entry for each. Keys are the same in any case. `object` is the library's own bag, a
+    `PropertyBag`, to be handed to members that take one.
     """
 
     def __init__(self, bag: Any) -> None:
@@ -65,7 +65,7 @@ class PropertyBag:
         finally:
             _variant.clear(frame.memory, frame.first)
             give_back(frame)
-        return Entry(key, _name_of(kind), PropertyBag(value) if isinstance(value, Dispatch) else value)
+        return Entry(key, _name_of(kind), Bag(value) if isinstance(value, Dispatch) else value)
 
     def keys(self) -> List[str]:
         """The keys in order."""
@@ -100,7 +100,7 @@ class PropertyBag:
         return self._read(key).kind
 
     def __setitem__(self, key: str, value: Any) -> None:
-        self.object.WriteProperty(key, value.object if isinstance(value, PropertyBag) else value)
+        self.object.WriteProperty(key, value.object if isinstance(value, Bag) else value)
 
     @property
     def contents(self) -> bytes:
@@ -116,22 +116,22 @@ class PropertyBag:
         return self.contents
 
     def __eq__(self, other: object) -> bool:
-        if not isinstance(other, PropertyBag):
+        if not isinstance(other, Bag):
             return NotImplemented
         return self.contents == other.contents
 
     __hash__ = None  # type: ignore[assignment]
 
     def __repr__(self) -> str:
-        return f"<PropertyBag {', '.join(f'{entry.key}={entry.value!r}' for entry in self)}>"
+        return f"<Bag {', '.join(f'{entry.key}={entry.value!r}' for entry in self)}>"
 
 
-def property_bag(data: Any = b"") -> PropertyBag:
+def property_bag(data: Any = b"") -> Bag:
     """A bag with the values of a block of bytes, an empty one without; or the library's own bag as one of
     these. Error 331 for bytes that are no bag."""
     if isinstance(data, Dispatch):
-        return PropertyBag(data)
-    bag = PropertyBag(_services.host_services().NewPropertyBag())
+        return Bag(data)
+    bag = Bag(_services.host_services().NewPropertyBag())
     if data:
         bag.contents = data
     return bag

@@ -5,12 +5,14 @@ from __future__ import annotations
 
 import os
 from contextlib import contextmanager
-from typing import Any, Dict, Iterator, List, Optional, Tuple, Union
+from typing import TYPE_CHECKING, Any, Dict, Iterator, List, Optional, Tuple, Union
 
 from . import _services
-from ._dispatch import Dispatch
 from ._types import types
 from .errors import AutomationError
+
+if TYPE_CHECKING:
+    from . import Connection, Recordset
 
 OPEN_FORWARD_ONLY, OPEN_KEYSET, OPEN_DYNAMIC, OPEN_STATIC = 0, 1, 2, 3
 LOCK_READ_ONLY, LOCK_PESSIMISTIC, LOCK_OPTIMISTIC = 1, 2, 3
@@ -121,7 +123,7 @@ class Project:
             raise AutomationError(5, text)
         self._database = database
         self._path = os.fspath(path)
-        self._connection: Optional[Dispatch] = database.Open(self._path, _MODES[mode])
+        self._connection: Optional["Connection"] = database.Open(self._path, _MODES[mode])
 
     @property
     def path(self) -> str:
@@ -129,7 +131,7 @@ class Project:
         return self._path
 
     @property
-    def connection(self) -> Any:
+    def connection(self) -> "Connection":
         """The open connection; error 91 when the project is closed."""
         if self._connection is None:
             raise AutomationError(91, f"the project {self._path} is closed")
@@ -144,11 +146,11 @@ class Project:
     def page(self, number: int) -> None:
         _services.host_services().Page = number
 
-    def execute(self, sql: str) -> Any:
+    def execute(self, sql: str) -> "Recordset":
         """Runs a statement. A query gives a recordset on its first row, to be read once from the front."""
         return self.connection.Execute(sql)
 
-    def recordset(self, sql: str, cursor: int = OPEN_STATIC, lock: int = LOCK_OPTIMISTIC) -> Any:
+    def recordset(self, sql: str, cursor: int = OPEN_STATIC, lock: int = LOCK_OPTIMISTIC) -> "Recordset":
         """An opened recordset on the first row that a query gives, as LoadFromDB takes it. Rows can be
         changed unless `lock` is LOCK_READ_ONLY."""
         rows = self.connection.CreateRecordset()
@@ -202,7 +204,7 @@ class Project:
         else:
             connection.Close()
 
-    def _is_held(self, connection: Dispatch) -> bool:
+    def _is_held(self, connection: "Connection") -> bool:
         """Whether the thread still works with this project."""
         try:
             return bool(self._database.OpenConnection() == connection)

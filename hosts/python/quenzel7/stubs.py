@@ -21,11 +21,11 @@ _HEAD = '''\
 # mypy: disable-error-code="override,misc"
 from decimal import Decimal
 from enum import IntEnum
-from typing import Any, Iterator, List, Literal, Type, Union, overload
+from typing import Any, Iterator, List, Literal, SupportsIndex, Type, Union, overload
 
-from ._dispatch import Dispatch as _Dispatch
 from ._library import LibraryNotFoundError as LibraryNotFoundError
 from ._platform import platform as platform
+from ._property_bag import Bag as Bag
 from ._property_bag import property_bag as property_bag
 from ._version import __version__ as __version__
 from .arrays import CollisionMap as CollisionMap
@@ -37,6 +37,10 @@ from .project import Project as Project
 from .surface import Surface as Surface
 
 _Bytes = Union[bytes, bytearray, memoryview]
+
+class _Object:
+    """An object of the library. Names are found in any case, but only their published spelling is known here,
+    so that a misspelt one is told."""
 '''
 _READ: Dict[str, str] = {
     "Boolean": "bool", "Byte": "int", "Integer": "int", "Long": "int", "Single": "float", "Double": "float",
@@ -45,6 +49,8 @@ _READ: Dict[str, str] = {
     "Boolean()": "List[bool]", "Single()": "List[float]", "Double()": "List[float]", "Variant()": "List[Any]",
 }  # fmt: skip
 _WRITTEN: Dict[str, str] = {**_READ, "Byte()": "_Bytes"}
+# A device context may be the surface that it belongs to.
+_PASSED: Dict[str, str] = {**_WRITTEN, "Long": "SupportsIndex"}
 
 
 class _Writer:
@@ -72,32 +78,33 @@ class _Writer:
             return self._class_name(member.enumeration, taken)
         if member.type in _READ:
             return _READ[member.type]
-        name = self._class_name(member.type, taken)
         # An object that is given by a contract has the members of its own class too.
-        return f"Union[{name}, Any]" if member.type in self._contracts else name
+        return "Any" if member.type in self._contracts else self._class_name(member.type, taken)
 
-    def _argument(self, type_name: str, taken: Set[str]) -> str:
-        if type_name in _WRITTEN:
-            return _WRITTEN[type_name]
+    def _argument(self, type_name: str, kinds: Dict[str, str]) -> str:
+        if type_name in kinds:
+            return kinds[type_name]
         # An object of the host's own is as good as one of the library; what is neither is an enumeration.
         return "Any" if type_name in self._classes else "int"
 
-    def _parameter(self, parameter: Parameter, taken: Set[str]) -> str:
+    def _parameter(self, parameter: Parameter) -> str:
         name = f"{parameter.name}_" if keyword.iskeyword(parameter.name) else parameter.name
-        type_name = "Ref" if parameter.byref else self._argument(parameter.type, taken)
+        type_name = self._argument(parameter.type, _PASSED)
+        if parameter.byref and type_name != "Any":
+            type_name = f"Union[Ref, {type_name}]"
         return f"{name}: {type_name}" + (" = ..." if parameter.optional else "")
 
     def _member(self, member: Member, taken: Set[str]) -> List[str]:
         if not member.name.isidentifier() or keyword.iskeyword(member.name) or member.role == "enumerator":
             return []
         if member.is_method:
-            parameters = ["self", *(self._parameter(one, taken) for one in member.parameters)]
+            parameters = ["self", *(self._parameter(one) for one in member.parameters)]
             return _function(member.name, parameters, self._result(member, taken), member.doc)
         lines: List[str] = []
         result = self._result(member, taken) if member.get else "Any"
         lines += ["@property", *_function(member.name, ["self"], result, member.doc)]
         if member.put or member.putref:
-            value = "value: " + ("int" if member.enumeration else self._argument(member.type, taken))
+            value = "value: " + ("int" if member.enumeration else self._argument(member.type, _WRITTEN))
             lines += [f"@{member.name}.setter", *_function(member.name, ["self", value], "None", "")]
         return lines
 
@@ -118,7 +125,7 @@ class _Writer:
         info = self._library.class_info(name)
         members = self._library.interface(info.interfaces[0]).members
         taken = {member.name for member in members} | self._contracts.intersection(info.interfaces)
-        bases = ", ".join(one for one in info.interfaces[1:] if one in self._contracts) or "_Dispatch"
+        bases = ", ".join(one for one in info.interfaces[1:] if one in self._contracts) or "_Object"
         body: List[str] = []
         if info.creatable:
             body += _function("__init__", ["self", "**properties: Any"], "None", "")

@@ -12,13 +12,13 @@ import operator
 import os
 import threading
 from collections import deque
-from typing import Any, Deque, Dict, Optional, Union
+from typing import Any, Deque, Dict, Optional, Tuple, Union
 
 from . import _abi, _safe_array
 from ._library import library
 from .errors import AutomationError, result_error
 
-_MOST = 0x7FFFFFFF
+_WIDEST = 32767
 
 
 class _Thread(threading.local):
@@ -46,45 +46,50 @@ def _end_abandoned() -> None:
         library().Quenzel7SurfaceDestroy(_thread.abandoned.popleft())
 
 
-def _measure(value: Any) -> int:
-    """A measure in pixels that fits the binary interface, which judges it; error 6 for one that does not
-    fit."""
-    measure = operator.index(value)
-    if abs(measure) > _MOST:
-        raise AutomationError(6, f"{measure} is no number of pixels")
-    return measure
+def _measures(width: Any, height: Any) -> Tuple[int, int]:
+    """Width and height in pixels; error 5 for what no surface can have."""
+    measures = operator.index(width), operator.index(height)
+    if not all(1 <= measure <= _WIDEST for measure in measures):
+        text = f"a surface cannot have {measures[0]} x {measures[1]} pixels: measures go from 1 to {_WIDEST}"
+        raise AutomationError(5, text)
+    return measures
+
+
+def _why_not_written(path: str) -> int:
+    """The number of the error that a file could not be written with: 76 when its folder is not there, 75 for
+    any other reason."""
+    return 75 if os.path.isdir(os.path.dirname(os.path.abspath(path))) else 76
 
 
 class Surface:
     """A picture in memory, `width` x `height` pixels (1 to 32767 each), at first all in one colour, 0xRRGGBB.
 
         with Surface(320, 240) as surface:
-            element.ItfHmiElement.Draw(surface.hdc, False)
+            element.ItfHmiElement.Draw(surface, False)
             surface.save("element.png")
 
-    It belongs to the thread that made it, ends with `close`, with the `with` block, or when nobody has it any
+    `surface.hdc` is its device context, for which it stands itself too. It belongs to the thread that made it,
+    ends with `close`, with the `with` block, or when nobody has it any
     more.
     """
 
     def __init__(self, width: int, height: int, color: int = 0xFFFFFF) -> None:
         self._surface: Optional[int] = None
+        self._width, self._height = _measures(width, height)
+        ink = operator.index(color) & 0xFFFFFF
         _end_abandoned()
         made = ctypes.c_void_p()
-        _check(
-            library().Quenzel7SurfaceCreate(
-                _measure(width), _measure(height), operator.index(color) & 0xFFFFFF, ctypes.byref(made)
-            )
-        )
+        _check(library().Quenzel7SurfaceCreate(self._width, self._height, ink, ctypes.byref(made)))
         self._surface = made.value
         self._abandoned = _thread.abandoned
-        self._width, self._height = operator.index(width), operator.index(height)
         context = ctypes.c_int32()
         _check(library().Quenzel7SurfaceContext(self._surface, context))
         self._context = context.value
 
     def _require_open(self) -> int:
         if self._surface is None:
-            raise AutomationError(91, "the surface is closed")
+            text = f"the surface of {self._width} x {self._height} pixels is closed, and what was painted is gone"
+            raise AutomationError(91, text)
         return self._surface
 
     @property
@@ -92,6 +97,10 @@ class Surface:
         """The device context for the pHdc of every member that paints; it ends with the surface."""
         self._require_open()
         return self._context
+
+    def __index__(self) -> int:
+        """The device context, so that a surface stands where a member takes one."""
+        return self.hdc
 
     @property
     def width(self) -> int:
@@ -137,11 +146,20 @@ class Surface:
             library().SafeArrayDestroy(array.value)
 
     def save(self, path: Union[str, "os.PathLike[str]"]) -> None:
-        """Writes a PNG file, which takes its place complete or not at all."""
-        _check(library().Quenzel7SurfaceSavePng(self._require_open(), os.fsencode(path)))
+        """Writes a PNG file, which takes its place complete or not at all. Error 76 for a folder that is not
+        there, 75 for a file that cannot be written."""
+        try:
+            _check(library().Quenzel7SurfaceSavePng(self._require_open(), os.fsencode(path)))
+        except AutomationError as error:
+            if error.result != _abi.E_FAIL:
+                raise
+            told = AutomationError(_why_not_written(os.fsdecode(path)), error.description)
+            told.result = error.result
+            raise told from None
 
-    def _repr_png_(self) -> bytes:
-        return self.png()
+    def _repr_png_(self) -> Optional[bytes]:
+        # A notebook shows the text of what has no picture any more.
+        return None if self._surface is None else self.png()
 
     @property
     def __array_interface__(self) -> Dict[str, Any]:

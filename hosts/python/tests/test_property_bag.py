@@ -77,7 +77,7 @@ class PropertyBagTest(ServerCase):
         inner["x"] = 1
         outer["in"] = inner
         self.assertEqual(outer.kind("in"), "Object")
-        self.assertEqual(type(outer["in"]), _property_bag.PropertyBag)
+        self.assertEqual(type(outer["in"]), q.Bag)
         self.assertEqual(type(inner.object), q.PropertyBag)
         self.assertEqual(q.property_bag(outer.contents)["in"]["x"], 1)
 
@@ -107,7 +107,7 @@ class PropertyBagTest(ServerCase):
     def test_it_shows_itself(self) -> None:
         bag = q.property_bag()
         bag["a"], bag["b"] = 1, "x"
-        self.assertEqual(repr(bag), "<PropertyBag a=1, b='x'>")
+        self.assertEqual(repr(bag), "<Bag a=1, b='x'>")
 
 
 if __name__ == "__main__":

@@ -6,13 +6,17 @@ import ast
 import contextlib
 import io
 import json
+import os
+import shutil
+import subprocess
 import tempfile
+import textwrap
 import unittest
 from pathlib import Path
 from typing import Any, Dict, List
 from unittest import mock
 
-from support import TOLD, Case
+from support import FOLDER, TOLD, Case
 from test_server import ServerCase
 import quenzel7 as q
 from quenzel7 import _types, stubs
@@ -54,7 +58,7 @@ class CommittedTest(ServerCase):
             (node,) = names[name]
             held = set(named(node))
             for base in node.bases:
-                if ast.unparse(base) != "_Dispatch":
+                if ast.unparse(base) != "_Object":
                     held |= set(named(names[ast.unparse(base)][0]))
             for interface in info.interfaces:
                 members = _types.types().interface(interface).members
@@ -120,7 +124,7 @@ class WrittenTest(Case):
                 ("Fixed(self) -> int", read),
                 ("Secret(self) -> Any", read),
                 ("Secret(self, value: int) -> None", ["Secret.setter"]),
-                ("Stretch(self, pDx: int, pDy: Ref, pDirection: int=...) -> enKind", plain),
+                ("Stretch(self, pDx: SupportsIndex, pDy: Union[Ref, SupportsIndex], pDirection: SupportsIndex=...) -> enKind", plain),
                 ("Take(self, pMap: Any) -> None", plain),
                 ("Any(self) -> Any", read),
                 ("Any(self, value: Any) -> None", ["Any.setter"]),
@@ -133,10 +137,7 @@ class WrittenTest(Case):
                 ("Data(self) -> bytes", read),
                 ("Data(self, value: _Bytes) -> None", ["Data.setter"]),
                 ("Plain(self) -> _Plain", read),
-                (
-                    "ItfPlainOf(self, from_: bool, kind: int, object: Any, other: int) -> Union[_ItfPlain, Any]",
-                    plain,
-                ),
+                ("ItfPlainOf(self, from_: bool, kind: int, object: Any, other: int) -> Any", plain),
                 ("Cells(self) -> List[int]", read),
                 ("Amount(self) -> Decimal", read),
             ],
@@ -146,7 +147,7 @@ class WrittenTest(Case):
 
     def test_contracts_stand_before_those_that_have_them(self) -> None:
         text = stubs.stub(self.library())
-        self.assertLess(text.index("class ItfPlain(_Dispatch):"), text.index("class Probe(ItfPlain):"))
+        self.assertLess(text.index("class ItfPlain(_Object):"), text.index("class Probe(ItfPlain):"))
         contract = named(named(ast.parse(text))["ItfPlain"][0])
         self.assertEqual([head(node) for node in contract["ItfPlain"]], ["ItfPlain(self) -> _ItfPlain"])
         self.assertEqual([head(node) for node in contract["default"]], ["default(self) -> Any"])
@@ -170,7 +171,7 @@ class WrittenTest(Case):
             ast.unparse(names["_Enumerations"][0]), "class _Enumerations:\n    enKind: Type[_enKind]"
         )
         self.assertEqual(ast.unparse(names["enums"][0]), "enums: _Enumerations")
-        for alias in ("enKind", "Plain", "ItfPlain"):
+        for alias in ("enKind", "Plain"):
             self.assertEqual(ast.unparse(names[f"_{alias}"][0]), f"_{alias} = {alias}")
         self.assertNotIn("_Probe", names)
 
@@ -205,6 +206,61 @@ class WrittenTest(Case):
                 stubs.main()
             self.assertEqual(file.read_text(encoding="utf-8"), stubs.stub())
             self.assertEqual(told.getvalue(), f"{file} is up to date\n")
+
+
+class CheckedTest(unittest.TestCase):
+    """What a type checker makes of it, where there is one."""
+
+    def checked(self, *programs: Path) -> List[str]:
+        """What mypy finds in programs, unannotated functions too: line and text of each error."""
+        mypy = shutil.which("mypy")
+        if mypy is None:
+            self.skipTest("mypy is not there")
+        options = ["--check-untyped-defs", "--follow-imports=silent", "--cache-dir", os.devnull]
+        done = subprocess.run(
+            [mypy, *options, "--no-error-summary", *map(str, programs)],
+            env={**os.environ, "MYPYPATH": str(FOLDER)}, capture_output=True, text=True,
+        )  # fmt: skip
+        self.assertEqual(done.stderr, "")
+        return [line.split(":", 1)[1] for line in done.stdout.splitlines() if ": error: " in line]
+
+    def test_the_examples_and_the_stub_pass(self) -> None:
+        examples = sorted((FOLDER.parent.parent / "examples").glob("*.py"))
+        self.assertGreater(len(examples), 1)
+        self.assertEqual(self.checked(*examples, stubs.FILE), [])
+
+    def test_what_is_right_passes_and_what_is_misspelt_is_told(self) -> None:
+        program = """\
+            import quenzel7 as q
+            tank = q.clsRectangle(Xs=1)
+            x = q.Ref()
+            tank.GetBoundingRect(x, 1, q.Ref(0, "Long"), x)
+            tank.Draw(q.Surface(1, 1), False)
+            variable = q.create("clsVar")
+            variable.BinaryHandlers(q.enVarType.eVT_Numeric).Postfix = "bar"
+            with q.Project("a.qz7") as project:
+                rows = project.recordset("SELECT 1")
+                width: int = rows.RecordCount
+                project.execute("SELECT 1").MoveNext()
+                project.connection.BeginTrans()
+            bag: q.Bag = q.property_bag(b"")
+            inner: q.PropertyBag = bag.object
+            q.platform.services.NewCollection()
+            tank.PenWidht = 2
+            tank.Stretsch(1, 2)
+            rows.MoveFrist()
+            project.connection.Exceute("")
+            q.platform.services.NewColection()
+            q.platform.color("red")
+            q.platform.paeg = 1
+            """
+        with tempfile.TemporaryDirectory() as folder:
+            file = Path(folder) / "program.py"
+            file.write_text(textwrap.dedent(program), encoding="utf-8")
+            found = self.checked(file)
+        self.assertEqual([int(line.split(":")[0]) for line in found], list(range(16, 23)), found)
+        for line, name in zip(found, ("PenWidht", "Stretsch", "MoveFrist", "Exceute", "NewColection", "", "paeg")):
+            self.assertIn(name, line)
 
 
 if __name__ == "__main__":

@@ -3,6 +3,8 @@
 from __future__ import annotations
 
 import gc
+import operator
+import os
 import struct
 import sys
 import tempfile
@@ -89,10 +91,9 @@ class SurfaceTest(ServerCase):
     def test_sizes_that_cannot_be(self) -> None:
         text = "a surface cannot have {} x {} pixels: measures go from 1 to 32767"
         for width, height in ((0, 1), (1, 0), (32768, 1), (1, 32768), (-1, 1), (1, -0x7FFFFFFF)):
-            error = self.raises(_abi.E_INVALIDARG, text.format(width, height), q.Surface, width, height)
-            self.assertEqual(error.result, _abi.E_INVALIDARG)
-        self.raises(6, "4294967301 is no number of pixels", q.Surface, 0x100000005, 1)
-        self.raises(6, "-2147483648 is no number of pixels", q.Surface, 1, -0x80000000)
+            self.raises(5, text.format(width, height), q.Surface, width, height)
+        self.raises(5, text.format(0x100000005, 1), q.Surface, 0x100000005, 1)
+        self.raises(5, text.format(1, -0x80000000), q.Surface, 1, -0x80000000)
         with self.assertRaises(TypeError):
             q.Surface(1.5, 1)  # type: ignore[arg-type]
         q.Surface(32767, 1).close()
@@ -109,8 +110,29 @@ class SurfaceTest(ServerCase):
                 missing = str(Path(folder) / "none" / "c.png")
                 with self.assertRaises(q.AutomationError) as caught:
                     surface.save(missing)
-                self.assertEqual(caught.exception.result, _abi.E_FAIL)
+                self.assertEqual((caught.exception.number, caught.exception.result), (76, _abi.E_FAIL))
                 self.assertIn(missing, caught.exception.description)
+                with self.assertRaises(q.AutomationError) as caught:
+                    surface.save(folder)
+                self.assertEqual((caught.exception.number, caught.exception.result), (75, _abi.E_FAIL))
+                self.assertIn(folder, caught.exception.description)
+                self.addCleanup(os.chdir, os.getcwd())
+                os.chdir(folder)
+                surface.save("here.png")
+                (Path(folder) / "taken").mkdir()
+                with self.assertRaises(q.AutomationError) as caught:
+                    surface.save("taken")
+                self.assertEqual(caught.exception.number, 75)
+
+    def test_it_stands_for_its_device_context(self) -> None:
+        with q.Surface(3, 2) as surface, q.Surface(3, 2) as other:
+            self.assertEqual(operator.index(surface), surface.hdc)
+            self.assertNotEqual(operator.index(surface), operator.index(other))
+
+    def test_another_failure_of_a_file_is_as_the_library_tells_it(self) -> None:
+        with q.Surface(1, 1) as surface:
+            with mock.patch.object(surfaces, "_check", mock.Mock(side_effect=q.AutomationError(7, "full"))):
+                self.raises(7, "full", surface.save, "/none/a.png")
 
     def test_others_take_it_as_an_array_of_red_green_and_blue(self) -> None:
         with self.painted() as surface:
@@ -167,7 +189,9 @@ class EndTest(ServerCase):
         surface.close()
         surface.close()
         self.assertTrue(self.ended(pointer))
-        text = "the surface is closed"
+        text = "the surface of 1 x 1 pixels is closed, and what was painted is gone"
+        self.raises(91, text, operator.index, surface)
+        self.assertIsNone(surface._repr_png_())
         self.raises(91, text, lambda: surface.hdc)
         self.raises(91, text, lambda: surface.pixels)
         self.raises(91, text, surface.pixel, 0, 0)
