@@ -24,7 +24,7 @@ from ._platform import platform
 from ._property_bag import Bag, property_bag
 from ._types import types as _type_information
 from .arrays import CollisionMap, Null, Ref
-from .errors import AutomationError, UnknownMemberError
+from .errors import AutomationError, UnknownMemberError, spelling, unknown_name
 from .project import Project
 from .surface import Surface
 from ._version import __version__
@@ -54,9 +54,11 @@ class _Enumerations:
     def __getattr__(self, name: str) -> Any:
         if name.startswith("_"):
             raise AttributeError(name)
-        if name not in _type_information().enumeration_names():
-            raise AttributeError(f"there is no enumeration {name!r}")
-        return _type_information().enumeration(name)
+        names = _type_information().enumeration_names()
+        known = spelling(name, names)
+        if known is None:
+            raise AttributeError(unknown_name("there is no enumeration", name, names))
+        return _type_information().enumeration(known)
 
     def __dir__(self) -> List[str]:
         return _type_information().enumeration_names()
@@ -65,21 +67,29 @@ class _Enumerations:
 enums = _Enumerations()
 
 
-def collection(*items: Any) -> Any:
-    """A new Collection with these values, without keys."""
+def collection(*items: Any, **keyed: Any) -> Any:
+    """A new Collection with these values: the ones without a name have no key, the others follow them under
+    theirs. `Add(value, "any key")` adds one under a key that is no name."""
     made = _services.host_services().NewCollection()
     for item in items:
         made.Add(item)
+    for key, item in keyed.items():
+        made.Add(item, key)
     return made
 
 
 def __getattr__(name: str) -> Any:
-    if not name.startswith("_"):
-        if name in _type_information().enumeration_names():
-            return _type_information().enumeration(name)
-        if name in _type_information().class_names():
-            return _services.class_of_python(name)
-    raise AttributeError(f"module {__name__!r} has no attribute {name!r}")
+    text = f"module {__name__!r} has no attribute"
+    if name.startswith("_"):
+        raise AttributeError(f"{text} {name!r}")
+    enumerations, classes = _type_information().enumeration_names(), _type_information().class_names()
+    known = spelling(name, enumerations)
+    if known is not None:
+        return _type_information().enumeration(known)
+    known = spelling(name, classes)
+    if known is not None:
+        return _services.class_of_python(known)
+    raise AttributeError(unknown_name(text, name, [*__all__, *enumerations, *classes]))
 
 
 def __dir__() -> List[str]:

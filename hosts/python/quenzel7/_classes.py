@@ -9,15 +9,25 @@ from __future__ import annotations
 
 import functools
 import inspect
+from decimal import Decimal
 from typing import Any, Dict, List, Type
 
 from . import _abi, _members
 from ._dispatch import Counted, Dispatch, Indexed, Rows, Unwalked, Walked, attribute_writer, face_of
+from .arrays import Ref
 from ._types import ClassInfo, Member, TypeLibrary
 from .errors import AutomationError, WriteOnlyMemberError
 
 # What repr() shows of an object, when its class has it: cheap to read, and enough to tell objects apart.
-_SHOWN = ("ID", "Name", "Number", "Count", "Xs", "Ys", "Dx", "Dy")
+_SHOWN = (
+    "ID", "Name", "VarName", "Value", "Txt", "Format", "ListCount", "Number", "Count", "Xs", "Ys", "Dx", "Dy",
+)  # fmt: skip
+# What Python has for the types; the others are classes.
+_PYTHON_TYPES: Dict[str, Any] = {
+    "Boolean": bool, "Byte": int, "Integer": int, "Long": int, "Single": float, "Double": float,
+    "Currency": Decimal, "String": str, "Object": Any, "Variant": Any, "Byte()": bytes, "Integer()": list,
+    "Long()": list, "String()": list, "": None,
+}  # fmt: skip
 _NOT_THERE = inspect.Parameter.empty
 
 
@@ -40,7 +50,8 @@ def _documentation(member: Member) -> str:
     else:
         parameters = []
         for parameter in member.parameters:
-            text = ("ByRef " if parameter.byref else "") + f"{parameter.name} As {parameter.type}"
+            as_type = _type_name(parameter.type, parameter.enumeration)
+            text = ("ByRef " if parameter.byref else "") + f"{parameter.name} As {as_type}"
             if parameter.default is not None:
                 text += f" = {parameter.default}"
             parameters.append(f"[{text}]" if parameter.optional else text)
@@ -48,7 +59,14 @@ def _documentation(member: Member) -> str:
     return f"{head}\n\n{member.doc}" if member.doc else head
 
 
-def _signature(member: Member) -> inspect.Signature:
+def _annotation(types: TypeLibrary, type_name: str, enumeration: str) -> Any:
+    """The type of Python that a value has; the name of a class of the library."""
+    if enumeration:
+        return types.enumeration(enumeration)
+    return _PYTHON_TYPES.get(type_name, type_name)
+
+
+def _signature(types: TypeLibrary, member: Member) -> inspect.Signature:
     parameters = [inspect.Parameter("self", inspect.Parameter.POSITIONAL_ONLY)]
     for parameter in member.parameters:
         parameters.append(
@@ -56,11 +74,12 @@ def _signature(member: Member) -> inspect.Signature:
                 parameter.name,
                 inspect.Parameter.POSITIONAL_OR_KEYWORD,
                 default=parameter.default if parameter.optional else _NOT_THERE,
-                annotation=parameter.type,
+                annotation=Ref if parameter.byref else _annotation(types, parameter.type, parameter.enumeration),
             )
         )
-    result = _type_name(member.type, member.enumeration)
-    return inspect.Signature(parameters, return_annotation=result or None)
+    return inspect.Signature(
+        parameters, return_annotation=_annotation(types, member.type, member.enumeration)
+    )
 
 
 def _refused_reader(owner: str, member: Member) -> Any:
@@ -87,7 +106,7 @@ def _bind(
         method.__name__ = member.name
         method.__qualname__ = f"{owner}.{member.name}"
         method.__doc__ = _documentation(member)
-        method.__signature__ = _signature(member)  # type: ignore[attr-defined]
+        method.__signature__ = _signature(types, member)  # type: ignore[attr-defined]
         into[member.name] = method
         writers[member.name] = _refused_writer(owner, member.name, 438, "is a method and cannot be written")
         return
@@ -165,6 +184,14 @@ def _add_others(types: TypeLibrary, info: ClassInfo, into: Dict[str, Any], write
             writers[member.name] = _by_way_of(interface, other, made_writers[member.name])
 
 
+def _underivable(cls: type, **_: Any) -> None:
+    base = cls.__mro__[1]
+    raise TypeError(
+        f"{base.__qualname__} lives in the library and cannot be derived from: its objects are made there. Hold one in"
+        " a class of your own instead"
+    )
+
+
 def _make(types: TypeLibrary, class_name: str, interface: str, default: str) -> Type[Dispatch]:
     info = types.class_info(class_name)
     members = types.interface(interface).members
@@ -173,6 +200,7 @@ def _make(types: TypeLibrary, class_name: str, interface: str, default: str) -> 
     contents: Dict[str, Any] = {
         "__slots__": (),
         "__module__": "quenzel7",
+        "__init_subclass__": classmethod(_underivable),
         "__qualname__": owner,
         "__doc__": f"{class_name}, by its interface {interface}. Interfaces: {', '.join(info.interfaces)}.",
         "default": _face_property(types, class_name, default),

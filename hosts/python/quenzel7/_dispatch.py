@@ -8,6 +8,7 @@ chooses, and gives an object of Python itself back when the pointer is one of it
 from __future__ import annotations
 
 import ctypes
+import reprlib
 from typing import Any, Callable, Dict, Iterator, Optional, Tuple, Type, TypeVar
 
 from . import _abi, _invoke, _variant
@@ -69,9 +70,11 @@ class Dispatch:
         shown = []
         for name in self._shown:
             try:
-                shown.append(f" {name}={getattr(self, name)!r}")
+                value = getattr(self, name)
             except AutomationError:
                 continue
+            text = reprlib.repr(value) if isinstance(value, (str, bytes, list)) else repr(value)
+            shown.append(f" {name}={text}")
         return f"<{self._owner}{''.join(shown)}>"
 
     def __eq__(self, other: object) -> bool:

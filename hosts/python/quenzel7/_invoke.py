@@ -105,12 +105,12 @@ def call(
             target._this, number, IID_NULL_ARGUMENT, 0, flags, frame.call, frame.result, frame.info, frame.bad
         )
         if result < 0:
-            place = frame.bad_argument()
-            if place is None or place >= count:
+            bad = frame.bad_argument()
+            if bad is None or bad >= count:
                 raise fail(frame, result, context(None))
             # The parameter whose argument lies at that place.
-            last = count - 1 - place
-            parameter, value = named[place] if place < len(named) else (last, positional[last])
+            last = count - 1 - bad
+            parameter, value = named[bad] if bad < len(named) else (last, positional[last])
             raise fail(frame, result, with_value(context(parameter), result, value))
         value = _variant.take(memory, 0, hint)
         for ref, place_of_ref in written.places:

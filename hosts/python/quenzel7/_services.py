@@ -11,20 +11,26 @@ from ._frames import thread, with_cause
 from ._library import library
 from ._pointers import function_at, release
 from ._types import fetch_with, types
-from .errors import AutomationError, check, number_of_scode, result_error, unknown_name
+from .errors import AutomationError, check, got, number_of_scode, result_error, spelling, unknown_name
 
 _PREFIX = "Quenzel7."
 _Out = ctypes.c_void_p
 
 
 def _class_number(class_name: str) -> bytes:
-    """The number of a class that can be created; error 429 naming the nearest for any other."""
+    """The number of a class that can be created; error 429, naming the nearest when there is none, for any
+    other."""
+    if not isinstance(class_name, str):
+        raise TypeError(f"the name of a class is wanted, as in create('clsRectangle'), got {got(class_name)}")
     number = ctypes.create_string_buffer(16)
     name = class_name if class_name.lower().startswith(_PREFIX.lower()) else _PREFIX + class_name
     result = library().Quenzel7ClassIdFromName(_abi.wide(name), number)
     if result == _abi.CLASS_E_CLASSNOTAVAILABLE:
-        creatable = [known for known in types().class_names() if types().class_info(known).creatable]
+        known = spelling(name[len(_PREFIX) :], types().class_names())
+        creatable = [one for one in types().class_names() if types().class_info(one).creatable]
         text = unknown_name("there is no class to create named", class_name, creatable)
+        if known is not None:
+            text = f"{known} exists but hosts cannot create it"
         error = AutomationError(429, text)
         error.result = result
         raise error
@@ -47,7 +53,8 @@ def create(class_name: str, **properties: Any) -> Any:
     """A new object of the class: `create("clsRectangle")`, `create("clsRectangle", Xs=10, Ys=20)`.
 
     The case of the name does not matter, and "Quenzel7.clsRectangle" is good too. Properties are written in
-    the order given. Error 429, naming the nearest, for a class that cannot be created.
+    the order given. Error 429, naming the nearest if there is none of the name, for a class that
+    cannot be created.
     """
     number = _class_number(class_name)
     factory = _Out()
@@ -65,8 +72,9 @@ def create(class_name: str, **properties: Any) -> Any:
         release(factory.value)
     assert made.value is not None
     plain = class_name[len(_PREFIX) :] if class_name.lower().startswith(_PREFIX.lower()) else class_name
-    spelling = {known.lower(): known for known in types().class_names()}[plain.lower()]
-    proxy = adopt(_classes.python_class(types(), spelling), made.value)
+    known = spelling(plain, types().class_names())
+    assert known is not None
+    proxy = adopt(_classes.python_class(types(), known), made.value)
     for name, value in properties.items():
         setattr(proxy, name, value)
     return proxy

@@ -23,6 +23,7 @@ class Parameter:
     byref: bool = False
     optional: bool = False
     default: Optional[int] = None
+    enumeration: str = ""
 
 
 @dataclass(frozen=True)
@@ -71,6 +72,7 @@ def _member(told: Mapping[str, Any]) -> Member:
             parameter.get("byref", False),
             parameter.get("optional", False),
             parameter.get("default"),
+            parameter.get("enumeration", ""),
         )
         for parameter in told.get("parameters", ())
     )

@@ -9,7 +9,7 @@ from __future__ import annotations
 import difflib
 import numbers
 import reprlib
-from typing import Iterable, Optional
+from typing import Collection, Iterable, Optional
 
 from . import _abi
 
@@ -88,14 +88,23 @@ class WriteOnlyMemberError(AutomationError, AttributeError):
 
 
 def nearest(asked: str, names: Iterable[str]) -> str:
-    """The name that is most like the one asked for, case aside; "" when there are none."""
+    """The name that is most like the one asked for, case aside; "" when none is at least half like it."""
     matcher = difflib.SequenceMatcher(b=asked.lower(), autojunk=False)
 
     def likeness(name: str) -> float:
         matcher.set_seq1(name.lower())
         return matcher.ratio()
 
-    return max(names, key=likeness, default="")
+    found = max(names, key=likeness, default="")
+    return found if found and likeness(found) >= 0.5 else ""
+
+
+def spelling(asked: str, names: Collection[str]) -> Optional[str]:
+    """The name that was asked for as it is spelt among the names, whatever its case; None when it is none of
+    them."""
+    if asked in names:
+        return asked
+    return next((name for name in names if name.lower() == asked.lower()), None)
 
 
 def unknown_name(what: str, asked: str, names: Iterable[str]) -> str:
@@ -108,7 +117,7 @@ def got(value: object) -> str:
     """A value in an error's text, with its type: `Fraction 3/2`, `str 'far'`."""
     if value is None:
         return "None"
-    name = str(getattr(value, "_owner", type(value).__name__))
+    name = str(getattr(type(value), "_owner", type(value).__name__))
     if isinstance(value, (str, bytes, bytearray, list, tuple, dict)):
         return f"{name} {reprlib.repr(value)}"
     if not isinstance(value, numbers.Number):

@@ -13,6 +13,7 @@ from unittest import mock
 
 from support import Case, Probe, probe, type_library
 from quenzel7 import AutomationError, Ref, UnknownMemberError, _abi, _classes, _frames, _host_calls, _host_objects
+from quenzel7._types import Member, Parameter
 from quenzel7.errors import RaisedByHost
 
 
@@ -359,7 +360,7 @@ class FaceTest(Case):
         made = _classes.python_class(type_library(), "Probe")
         self.assertEqual(made.Alone.__doc__, "Alone As Long (read/write)\n\nApart.")
         self.assertEqual(made.Pull.__doc__, "Pull(pDx As Long, pDy As Long) As Long")
-        self.assertEqual(str(inspect.signature(made.Pull)), "(self, /, pDx: 'Long', pDy: 'Long') -> 'Long'")
+        self.assertEqual(str(inspect.signature(made.Pull)), "(self, /, pDx: int, pDy: int) -> int")
         self.assertEqual(made.Pull.__qualname__, "Probe.Pull")
 
     def test_classes_are_made_once(self) -> None:
@@ -392,10 +393,33 @@ class HelpTest(Case):
         self.assertEqual(made.Take.__doc__, "Take(pMap As Object)")
         self.assertEqual(
             str(inspect.signature(made.Stretch)),
-            "(self, /, pDx: 'Long', pDy: 'Long', pDirection: 'Long' = 5) -> 'enKind'",
+            "(self, /, pDx: int, pDy: quenzel7.arrays.Ref, pDirection: int = 5) -> quenzel7.enKind",
         )
-        self.assertEqual(str(inspect.signature(made.Take)), "(self, /, pMap: 'Object') -> None")
+        self.assertEqual(str(inspect.signature(made.Take)), "(self, /, pMap: Any) -> None")
         self.assertEqual((made.Stretch.__name__, made.Stretch.__qualname__), ("Stretch", "Probe.Stretch"))
+
+    def test_parameters_are_told_with_types_of_python(self) -> None:
+        types = type_library()
+        told = {
+            "Boolean": bool, "Byte": int, "Integer": int, "Long": int, "Single": float, "Double": float,
+            "Currency": Decimal, "String": str, "Object": Any, "Variant": Any, "Byte()": bytes, "Integer()": list,
+            "Long()": list, "String()": list, "clsVar": "clsVar",
+        }  # fmt: skip
+        for name, wanted in told.items():
+            member = Member("M", 1, True, type=name, parameters=(Parameter("p", name),))
+            signature = _classes._signature(types, member)
+            self.assertEqual(signature.parameters["p"].annotation, wanted)
+            self.assertEqual(signature.return_annotation, wanted)
+        member = Member("M", 1, True, parameters=(Parameter("p", "Long", enumeration="enKind"),))
+        self.assertIs(_classes._signature(types, member).parameters["p"].annotation, types.enumeration("enKind"))
+        self.assertEqual(_classes._documentation(member), "M(p As enKind)")
+
+    def test_classes_are_not_derived_from(self) -> None:
+        made = _classes.python_class(type_library(), "Probe")
+        with self.assertRaisesRegex(TypeError, "^Probe lives in the library and cannot be derived from"):
+
+            class Own(made):  # type: ignore[misc, valid-type]
+                pass
 
     def test_classes_tell_their_interfaces(self) -> None:
         types = type_library()
@@ -407,7 +431,7 @@ class HelpTest(Case):
 
     def test_help_tells_everything(self) -> None:
         text = pydoc.plain(pydoc.render_doc(_classes.python_class(type_library(), "Probe")))
-        for part in ("Left edge.", "Stretch(self, /, pDx: 'Long'", "Xs As Long (read/write)"):
+        for part in ("Left edge.", "Stretch(self, /, pDx: int", "Xs As Long (read/write)"):
             self.assertIn(part, text)
 
     def test_repr_shows_what_tells_objects_apart(self) -> None:

@@ -115,6 +115,16 @@ class NearestTest(unittest.TestCase):
         self.assertEqual(errors.nearest("pZ", ["pX", "pY"]), "pX")
         self.assertEqual(errors.nearest("anything", []), "")
 
+    def test_a_name_that_is_less_than_half_like_it_is_not_near(self) -> None:
+        self.assertEqual(errors.nearest("abcd", ["abxy"]), "abxy")
+        self.assertEqual(errors.nearest("abcd", ["abxyz"]), "")
+        self.assertEqual(errors.unknown_name("there is no", "banana", ["clsRectangle"]), "there is no 'banana'")
+
+    def test_names_are_spelt_as_they_are_known(self) -> None:
+        self.assertEqual(errors.spelling("xs", ["XS", "xs"]), "xs")
+        self.assertEqual(errors.spelling("xS", ["Ys", "Xs"]), "Xs")
+        self.assertIsNone(errors.spelling("X", ["Xs"]))
+
     def test_a_refused_name_is_told_with_the_nearest(self) -> None:
         self.assertEqual(
             errors.unknown_name("clsRectangle has no member", "PenWidht", ["Xs", "PenWidth"]),

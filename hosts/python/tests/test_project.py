@@ -59,6 +59,7 @@ class RowsTest(ProjectCase):
         self.saved(Xs=5)
         field = self.project.recordset("SELECT * FROM HMI_Elements")("Xs")
         self.assertEqual(field(), 5)
+        self.assertEqual(repr(field), "<Field Name='Xs' Value=5>")
         for use in (iter, list, reversed, lambda one: 5 in one):
             with self.assertRaises(TypeError):
                 use(field)

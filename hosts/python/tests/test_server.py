@@ -348,6 +348,37 @@ class CreateTest(ServerCase):
             error = self.raises(_abi.E_UNEXPECTED, "unexpected failure: clsRectangle", q.create, "clsRectangle")
         self.assertEqual((error.result, error.__cause__), (_abi.E_UNEXPECTED, None))
 
+    def test_what_exists_but_cannot_be_created_is_told_so(self) -> None:
+        for name in ("clsEnums", "CLSENUMS", "Quenzel7.clsEnums"):
+            self.raises(429, "clsEnums exists but hosts cannot create it", q.create, name)
+        self.raises(429, "there is no class to create named 'clsRect'; nearest is 'clsRectangle'", q.create, "clsRect")
+        self.raises(429, "there is no class to create named 'banana'", q.create, "banana")
+
+    def test_only_texts_name_a_class(self) -> None:
+        for value, told in ((None, "None"), (5, "int 5")):
+            with self.assertRaisesRegex(TypeError, f"^the name of a class is wanted, .*, got {told}$"):
+                q.create(value)
+
+    def test_names_of_the_package_are_found_in_any_case(self) -> None:
+        self.assertIs(q.clsrectangle, q.clsRectangle)
+        self.assertIs(q.ENVARTYPE, q.enVarType)
+        self.assertIs(q.enums.envartype, q.enVarType)
+
+    def test_misspelt_names_of_the_package_name_the_nearest(self) -> None:
+        for name, known in (("clsRectangel", "clsRectangle"), ("enVarTyp", "enVarType"), ("creat", "create")):
+            text = f"^module 'quenzel7' has no attribute '{name}'; nearest is '{known}'$"
+            with self.assertRaisesRegex(AttributeError, text):
+                getattr(q, name)
+        with self.assertRaisesRegex(AttributeError, "^there is no enumeration 'enVarTyp'; nearest is 'enVarType'$"):
+            q.enums.enVarTyp
+
+    def test_what_tells_objects_apart_is_shown(self) -> None:
+        self.assertEqual(repr(q.create("clsVar", VarName="Pressure")), "<clsVar ID=-1 VarName='Pressure' Xs=0 Ys=0 Dx=0 Dy=0>")
+        self.assertEqual(repr(q.create("clsText", Txt="Hot")), "<clsText ID=-1 Txt='Hot' Xs=0 Ys=0 Dx=0 Dy=0>")
+        self.assertEqual(repr(q.create("clsVarNumeric")), "<clsVarNumeric Format='99999'>")
+        self.assertEqual(repr(q.create("clsVarListText")), "<clsVarListText ListCount=1>")
+        self.assertLess(len(repr(q.create("clsVar", VarName="x" * 200))), 100)
+
     def test_unknown_properties_are_refused(self) -> None:
         with self.assertRaises(AutomationError) as caught:
             q.create("clsRectangle", Zs=1)
@@ -371,6 +402,11 @@ class CreateTest(ServerCase):
 
 
 class CollectionTest(ServerCase):
+    def test_values_may_have_names_for_keys(self) -> None:
+        things = q.collection(1, first="a", second=None)
+        self.assertEqual(list(things), [1, "a", None])
+        self.assertEqual((things["first"], things["second"]), ("a", None))
+
     def test_values_are_added_walked_over_counted_and_indexed(self) -> None:
         things = q.collection(1, "two", None)
         things.Add(2.5, "key")
