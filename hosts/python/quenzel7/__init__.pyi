@@ -2655,6 +2655,7 @@ class Recordset(_Object):
     @property
     def default(self) -> Recordset:
         """The same object by its default interface."""
+    def __iter__(self) -> Iterator[Any]: ...
     def __call__(self, *arguments: Any) -> Any: ...
     def __getitem__(self, index: Any) -> Any: ...
     def Open(
@@ -3156,8 +3157,8 @@ class _Enumerations:
 
 enums: _Enumerations
 
-def collection(*items: Any) -> Collection:
-    """A new collection with these values, without keys."""
+def collection(*items: Any, **keyed: Any) -> Collection:
+    """A new collection with these values, those with a name under it as their key."""
 
 @overload
 def create(class_name: Literal["clsRectangle"], **properties: Any) -> clsRectangle: ...

@@ -112,7 +112,7 @@ class _Writer:
         """What Python has for collections and what stands for an object."""
         lines: List[str] = []
         for member in members:
-            if member.role == "enumerator":
+            if member.role == "enumerator" or member.name == "MoveNext":
                 lines += _function("__iter__", ["self"], "Iterator[Any]", "")
             elif member.name == "Count" and not member.is_method:
                 lines += _function("__len__", ["self"], "int", "")
@@ -158,8 +158,8 @@ class _Writer:
         listed = [f"{name}: Type[{self._class_name(name, set(enumerations))}]" for name in enumerations]
         parts.append(["class _Enumerations:", *_indented(listed)])
         parts.append(["enums: _Enumerations"])
-        text = "A new collection with these values, without keys."
-        parts.append(_function("collection", ["*items: Any"], "Collection", text))
+        text = "A new collection with these values, those with a name under it as their key."
+        parts.append(_function("collection", ["*items: Any", "**keyed: Any"], "Collection", text))
         made: List[str] = []
         for name in filter(lambda one: self._library.class_info(one).creatable, self._library.class_names()):
             parameters = [f'class_name: Literal["{name}"]', "**properties: Any"]
