@@ -10,8 +10,10 @@ import threading
 from typing import TYPE_CHECKING, Any, Dict, List, NamedTuple, Optional, Sequence, Tuple, Type, Union
 
 from . import _services
+from ._attributes import Spelt
 from ._dispatch import Dispatch
 from .arrays import Ref
+from .errors import AutomationError
 
 if TYPE_CHECKING:
     from . import HostServices
@@ -93,8 +95,12 @@ def _records(kind: Type[Any], rows: Optional[Sequence[Sequence[Any]]]) -> List[A
     return [kind(*row) for row in rows or ()]
 
 
-class _View:
+class _View(Spelt):
     """One service: `view` is the library's object for it."""
+
+    __slots__ = ("view",)
+    _told: Tuple[str, ...] = ()
+    """What tells its state: values, and lists by how many there are."""
 
     def __init__(self, view: Any) -> None:
         self.view = view
@@ -106,7 +112,14 @@ class _View:
         return hash(self.view)
 
     def __repr__(self) -> str:
-        return f"<{type(self).__name__}>"
+        told = ""
+        for name in self._told:
+            try:
+                value = getattr(self, name)
+            except AutomationError:
+                continue
+            told += f" {name}={len(value) if isinstance(value, list) else value}"
+        return f"<{type(self).__name__}{told}>"
 
 
 class _Collected(_View):
@@ -139,6 +152,8 @@ class _Answering(_Collected):
 class MessageBoxes(_Answering):
     """The embedded message boxes."""
 
+    _told = ("answer", "shown")
+
     @property
     def shown(self) -> List[ShownBox]:
         """The boxes in order."""
@@ -147,6 +162,8 @@ class MessageBoxes(_Answering):
 
 class Messages(_Answering):
     """The embedded numbered messages."""
+
+    _told = ("answer", "shown")
 
     @property
     def shown(self) -> List[ShownMessage]:
@@ -157,6 +174,8 @@ class Messages(_Answering):
 class ErrorLog(_Collected):
     """The embedded error log."""
 
+    _told = ("reports",)
+
     @property
     def reports(self) -> List[ErrorReport]:
         """The errors in order."""
@@ -165,6 +184,8 @@ class ErrorLog(_Collected):
 
 class Changes(_View):
     """What the host was told of changes."""
+
+    _told = ("elements", "pages", "events")
 
     @property
     def elements(self) -> List[int]:
@@ -187,6 +208,8 @@ class Changes(_View):
 
 class Frame(_Collected):
     """What the host's window was told."""
+
+    _told = ("outputs", "pointers", "interruptions", "refreshes")
 
     @property
     def outputs(self) -> List[OutputLine]:
@@ -232,6 +255,8 @@ class Settings(_View):
 class Strings(_View):
     """The string library of the open project. Languages are counted from 1."""
 
+    _told = ("language", "languages")
+
     @property
     def languages(self) -> List[str]:
         """The names of the languages in order."""
@@ -271,6 +296,8 @@ class Strings(_View):
 class Panels(_View):
     """The panel models."""
 
+    _told = ("current",)
+
     @property
     def models(self) -> List[PanelModel]:
         """All of them, by type."""
@@ -293,23 +320,47 @@ class Panels(_View):
 
 class Recorder(_View):
     """Notes the calls of the graphics interface: `with platform.recorder as calls: ...` leaves their lines in
-    the list `calls`."""
+    the list `calls`. Without a block there are `start`, `stop`, `calls` and `take`."""
+
+    _told = ("recording", "calls")
+
+    @property
+    def recording(self) -> bool:
+        """Whether calls are noted."""
+        return bool(self.view.Recording)
+
+    @property
+    def calls(self) -> List[str]:
+        """The calls that were noted, in order."""
+        return list(self.view.Calls)
+
+    def start(self) -> None:
+        """Begins to note calls."""
+        self.view.Start()
+
+    def stop(self) -> None:
+        """Ends it; the calls can still be read."""
+        self.view.Stop()
+
+    def take(self) -> List[str]:
+        """The calls that were noted, which are forgotten then."""
+        return list(self.view.Take())
 
     def __enter__(self) -> List[str]:
         self._calls: List[str] = []
-        self.view.Start()
+        self.start()
         return self._calls
 
     def __exit__(self, *exception: Any) -> None:
-        self.view.Stop()
-        self._calls.extend(self.view.Take())
+        self.stop()
+        self._calls.extend(self.take())
 
 
 _KEEP: Any = object()
 _supplied = threading.local()
 
 
-class Platform:
+class Platform(Spelt):
     """The services of the calling thread."""
 
     @property
@@ -467,6 +518,7 @@ class Platform:
         project_database: Any = _KEEP,
     ) -> None:
         """Puts objects of Python in the place of services of this thread; None brings the embedded one back.
+        While there is a database of one's own, a Project that is open is not the thread's.
 
         message_boxes: show(text, buttons, caption) gives the answer. messages: show_message(number, argument)
         gives the answer; `argument` is a Ref. error_log: report(source, number, description, module, text1,
@@ -486,7 +538,8 @@ class Platform:
                 setattr(services, name, value.view if isinstance(value, _View) else value)
 
     def reset(self) -> None:
-        """Makes all services of the thread the embedded ones, anew. Elements keep those that they have."""
+        """Makes all services of the thread the embedded ones, anew. Elements keep those that they have. A
+        Project that is open is not the thread's any more: it is to be closed, and says so when it is used."""
         self.services.Reset()
 
     def __repr__(self) -> str:

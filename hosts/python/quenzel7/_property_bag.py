@@ -3,11 +3,14 @@ in."""
 
 from __future__ import annotations
 
-from typing import Any, Iterator, List, NamedTuple
+import ctypes
+from contextlib import contextmanager
+from typing import Any, Iterator, List, NamedTuple, Tuple
 
 from . import _abi, _services, _variant
+from ._attributes import Spelt
 from ._dispatch import Dispatch
-from ._frames import fail, give_back, take_frame
+from ._frames import Frame, fail, give_back, take_frame
 from ._invoke import numbers_of_names
 from ._pointers import IID_NULL_ARGUMENT
 from .errors import AutomationError
@@ -27,6 +30,16 @@ def _name_of(kind: int) -> str:
     return _NAME_OF_KIND.get(kind, f"kind {kind}")
 
 
+def _call(target: Any, number: int, frame: Frame, member: str) -> None:
+    """Calls a method with the arguments in a frame, whose result is the caller's."""
+    result = target._invoke(
+        target._this, number, IID_NULL_ARGUMENT, 0, _abi.DISPATCH_METHOD, frame.call, frame.result, frame.info,
+        frame.bad,
+    )  # fmt: skip
+    if result < 0:
+        raise fail(frame, result, member)
+
+
 class Entry(NamedTuple):
     """One value of a bag: its key, its kind ("Long", "String", "Byte()" ...) and itself. A bag within the bag
     is a Bag."""
@@ -36,40 +49,79 @@ class Entry(NamedTuple):
     value: Any
 
 
-class Bag:
+class UnknownKeyError(AutomationError, KeyError):
+    """Error 327: a bag has no value of that name; also a KeyError, as of a dictionary."""
+
+
+class Bag(Spelt):
     """Named values in the order in which they were first written.
 
-    Walking over it gives an Entry for each. Keys are the same in any case. `object` is the library's own bag, a
+    Walking over it gives an Entry for each, unlike a dictionary, which gives keys. Keys are the same in any
+    case; one that is not there is an UnknownKeyError. `object` is the library's own bag, a
     `PropertyBag`, to be handed to members that take one.
     """
+
+    __slots__ = ("object", "_read_number", "_write_number")
 
     def __init__(self, bag: Any) -> None:
         self.object = bag
         _, (self._read_number,) = numbers_of_names(bag, ("ReadProperty",))
+        _, (self._write_number,) = numbers_of_names(bag, ("WriteProperty",))
 
-    def _read(self, key: str) -> Entry:
-        """A value and its kind, which conversion to Python loses; error 327 for a key that is not there."""
+    @contextmanager
+    def _fetched(self, key: str) -> Iterator[Frame]:
+        """A frame whose result is the value under a key; the value is freed if nobody took it."""
         frame = take_frame(1)
         try:
             frame.set_count(1)
             _variant.write(frame.memory, frame.first, key)
-            bag = self.object
-            result = bag._invoke(
-                bag._this, self._read_number, IID_NULL_ARGUMENT, 0, _abi.DISPATCH_METHOD, frame.call,
-                frame.result, frame.info, frame.bad,
-            )  # fmt: skip
-            if result < 0:
-                raise fail(frame, result, "PropertyBag.ReadProperty")
-            (kind,) = _variant.KIND.unpack_from(frame.memory, 0)
-            value = _variant.take(frame.memory)
+            _call(self.object, self._read_number, frame, "PropertyBag.ReadProperty")
+            yield frame
+        except AutomationError as error:
+            if error.number != _NOT_THERE:
+                raise
+            unknown = UnknownKeyError(_NOT_THERE, error.description, error.source)
+            unknown.result = error.result
+            raise unknown from None
         finally:
+            _variant.clear(frame.memory, 0)
             _variant.clear(frame.memory, frame.first)
             give_back(frame)
+
+    def _read(self, key: str) -> Entry:
+        """A value and its kind, which conversion to Python loses."""
+        with self._fetched(key) as frame:
+            (kind,) = _variant.KIND.unpack_from(frame.memory, 0)
+            value = _variant.take(frame.memory)
         return Entry(key, _name_of(kind), Bag(value) if isinstance(value, Dispatch) else value)
+
+    def _hand(self, key: str, other: "Bag") -> None:
+        """Writes a value into another bag as it is, of the same kind."""
+        with self._fetched(key) as fetched:
+            frame = take_frame(2)
+            # Arguments lie with the last one first. The value is lent.
+            place = ctypes.addressof(frame.memory) + frame.first
+            try:
+                frame.set_count(2)
+                ctypes.memmove(place, fetched.memory, _abi.VARIANT_SIZE)
+                _variant.write(frame.memory, frame.first + _abi.VARIANT_SIZE, key)
+                _call(other.object, other._write_number, frame, "PropertyBag.WriteProperty")
+            finally:
+                ctypes.memset(place, 0, _abi.VARIANT_SIZE)
+                _variant.clear(frame.memory, frame.first + _abi.VARIANT_SIZE)
+                give_back(frame)
 
     def keys(self) -> List[str]:
         """The keys in order."""
         return list(self.object)
+
+    def values(self) -> List[Any]:
+        """The values in the order of their keys."""
+        return [entry.value for entry in self]
+
+    def items(self) -> List[Tuple[str, Any]]:
+        """Keys and values in order, as of a dictionary."""
+        return [(entry.key, entry.value) for entry in self]
 
     def __iter__(self) -> Iterator[Entry]:
         return iter([self._read(key) for key in self.keys()])
@@ -84,23 +136,28 @@ class Bag:
         return isinstance(key, str) and key.lower() in (known.lower() for known in self.keys())
 
     def __getitem__(self, key: str) -> Any:
-        try:
-            return self._read(key).value
-        except AutomationError as error:
-            if error.number != _NOT_THERE:
-                raise
-            raise KeyError(key) from None
+        return self._read(key).value
 
     def get(self, key: str, fallback: Any = None) -> Any:
         """The value under a key, or the fall-back."""
         return self[key] if key in self else fallback
 
     def kind(self, key: str) -> str:
-        """The kind of the value under a key; error 327 when there is none."""
+        """The kind of the value under a key: "Long", "String", "Byte()" ..."""
         return self._read(key).kind
 
     def __setitem__(self, key: str, value: Any) -> None:
         self.object.WriteProperty(key, value.object if isinstance(value, Bag) else value)
+
+    def __delitem__(self, key: str) -> None:
+        """Takes a value away; the others keep their order. The bags in this one are others then, with the same
+        values."""
+        self._read(key)
+        kept = property_bag()
+        for known in self.keys():
+            if known.lower() != key.lower():
+                self._hand(known, kept)
+        self.contents = kept.contents
 
     @property
     def contents(self) -> bytes:

@@ -4,10 +4,12 @@ elements."""
 from __future__ import annotations
 
 import os
+import threading
 from contextlib import contextmanager
 from typing import TYPE_CHECKING, Any, Dict, Iterator, List, Optional, Tuple, Union
 
 from . import _services
+from ._attributes import Spelt
 from ._types import types
 from .errors import AutomationError
 
@@ -102,12 +104,15 @@ def _place_of(element: Any) -> Tuple[int, int]:
     return order, int(element.ID)
 
 
-class Project:
+class Project(Spelt):
     """A project file, open for this thread: elements are saved to it and read from it.
 
         with Project("plant.qz7") as project:
             project.page = 1
             q.create("clsRectangle", Xs=10, Ys=10, Dx=60, Dy=30).SaveToDB()
+
+    Members are error 91 once it is closed, or once platform.reset or platform.supply put another project
+    database in the place of its own; `close` is good at any time.
 
     mode: "create" makes a project that is not there, "open" wants it to be there, "read" cannot change it. A
     thread has one project open; opening another leaves this one's connection to those who hold it.
@@ -122,6 +127,7 @@ class Project:
             text = "the project database is the host's own; platform.supply(project_database=None) ends that"
             raise AutomationError(5, text)
         self._database = database
+        self._thread = threading.get_ident()
         self._path = os.fspath(path)
         self._connection: Optional["Connection"] = database.Open(self._path, _MODES[mode])
 
@@ -132,18 +138,33 @@ class Project:
 
     @property
     def connection(self) -> "Connection":
-        """The open connection; error 91 when the project is closed."""
+        """The open connection; error 91 when the project is closed, or is not that of the thread any more."""
         if self._connection is None:
             raise AutomationError(91, f"the project {self._path} is closed")
+        if self._is_left():
+            text = (
+                f"the project {self._path} is not that of the thread any more: since it was opened "
+                "platform.reset or platform.supply put another project database in its place"
+            )
+            raise AutomationError(91, text)
         return self._connection
+
+    def _is_left(self) -> bool:
+        """Whether elements of the thread look for their project elsewhere. Another thread's project is not
+        judged: its connection refuses every call."""
+        if self._thread != threading.get_ident():
+            return False
+        return bool(self._database != _services.host_services().ProjectDatabase)
 
     @property
     def page(self) -> int:
-        """The number of the page that is open: new elements are saved there."""
+        """The number of the page that is open, one for all that the thread does: new elements are saved there."""
+        self.connection
         return int(_services.host_services().Page)
 
     @page.setter
     def page(self, number: int) -> None:
+        self.connection
         _services.host_services().Page = number
 
     def execute(self, sql: str) -> "Recordset":
@@ -218,4 +239,5 @@ class Project:
         self.close()
 
     def __repr__(self) -> str:
-        return f"<Project {self._path!r}{', closed' if self._connection is None else ''}>"
+        state = ", closed" if self._connection is None else ", not of the thread any more" if self._is_left() else ""
+        return f"<Project {self._path!r}{state}>"

@@ -15,6 +15,7 @@ from collections import deque
 from typing import Any, Deque, Dict, Optional, Tuple, Union
 
 from . import _abi, _safe_array
+from ._attributes import Spelt
 from ._library import library
 from .errors import AutomationError, result_error
 
@@ -61,7 +62,7 @@ def _why_not_written(path: str) -> int:
     return 75 if os.path.isdir(os.path.dirname(os.path.abspath(path))) else 76
 
 
-class Surface:
+class Surface(Spelt):
     """A picture in memory, `width` x `height` pixels (1 to 32767 each), at first all in one colour, 0xRRGGBB.
 
         with Surface(320, 240) as surface:

@@ -14,6 +14,7 @@ from typing import Any, List
 from support import FOLDER
 from test_server import ServerCase
 import quenzel7 as q
+from quenzel7 import _platform
 
 
 class CollectedTest(ServerCase):
@@ -37,7 +38,6 @@ class CollectedTest(ServerCase):
         boxes.printed = False
         self.assertEqual((boxes, hash(boxes)), (q.platform.message_boxes, hash(q.platform.message_boxes)))
         self.assertNotEqual(boxes, q.platform.messages)
-        self.assertEqual(repr(boxes), "<MessageBoxes>")
 
     def test_messages(self) -> None:
         messages = q.platform.messages
@@ -93,11 +93,68 @@ class CollectedTest(ServerCase):
             count = len(calls)
             rectangle.Draw(surface.hdc, False)
             self.assertEqual(len(calls), count)
+            recorder = q.platform.recorder
+            self.assertEqual((recorder.recording, repr(recorder)), (False, "<Recorder recording=False calls=0>"))
+            recorder.start()
+            self.assertIs(recorder.recording, True)
+            rectangle.Draw(surface.hdc, False)
+            recorder.stop()
+            rectangle.Draw(surface.hdc, False)
+            self.assertEqual((recorder.calls, recorder.recording), (calls, False))
+            self.assertEqual(repr(recorder), f"<Recorder recording=False calls={count}>")
+            self.assertEqual((recorder.take(), recorder.calls, recorder.take()), (calls, [], []))
             with self.assertRaises(KeyError):
                 with q.platform.recorder as calls:
                     rectangle.Draw(surface.hdc, False)
                     raise KeyError
             self.assertEqual(len(calls), count)
+
+
+class AttributesTest(ServerCase):
+    def refused(self, text: str, target: Any, name: str) -> None:
+        for call in (lambda: getattr(target, name), lambda: setattr(target, name, 1)):
+            with self.assertRaises(AttributeError) as caught:
+                call()
+            self.assertEqual(str(caught.exception), text)
+
+    def test_what_is_misspelt_names_the_nearest(self) -> None:
+        self.refused("Platform has no attribute 'paeg'; nearest is 'page'", q.platform, "paeg")
+        boxes = q.platform.message_boxes
+        self.refused("MessageBoxes has no attribute 'anwser'; nearest is 'answer'", boxes, "anwser")
+        self.refused("Settings has no attribute 'gte'; nearest is 'get'", q.platform.settings, "gte")
+        with q.Surface(1, 1) as surface:
+            self.refused("Surface has no attribute 'widht'; nearest is 'width'", surface, "widht")
+        with tempfile.TemporaryDirectory() as folder, q.Project(Path(folder) / "a.qz7") as project:
+            self.refused("Project has no attribute 'pgae'; nearest is 'page'", project, "pgae")
+
+    def test_views_show_their_state(self) -> None:
+        boxes = q.platform.message_boxes
+        boxes.view.Show("a", 0, "b")
+        boxes.view.Show("a", 0, "b")
+        self.assertEqual(repr(boxes), "<MessageBoxes answer=1 shown=2>")
+        q.platform.messages.view.ShowMessage(4, q.Ref("x"))
+        self.assertEqual(repr(q.platform.messages), "<Messages answer=1 shown=1>")
+        q.platform.errors.view.Report("s", 7, "d", "m", "t", "u", -3)
+        self.assertEqual(repr(q.platform.errors), "<ErrorLog reports=1>")
+        self.assertEqual(repr(q.platform.changes), "<Changes elements=0 pages=0 events=0>")
+        self.assertEqual(repr(q.platform.frame), "<Frame outputs=0 pointers=0 interruptions=0 refreshes=0>")
+        self.assertEqual(repr(q.platform.settings), "<Settings>")
+        q.platform.panels.select(2)
+        self.assertEqual(repr(q.platform.panels), "<Panels current=2>")
+        with tempfile.TemporaryDirectory() as folder, q.Project(Path(folder) / "a.qz7"):
+            q.platform.strings.set_language(1, "English")
+            q.platform.strings.set_language(2, "Deutsch")
+            self.assertEqual(repr(q.platform.strings), "<Strings language=1 languages=2>")
+
+    def test_what_cannot_be_read_is_left_out_of_what_they_show(self) -> None:
+        class Refusing:
+            @property
+            def Shown(self) -> Any:
+                raise q.AutomationError(5)
+
+            Answer = 3
+
+        self.assertEqual(repr(_platform.MessageBoxes(Refusing())), "<MessageBoxes answer=3>")
 
 
 class OfferedTest(ServerCase):

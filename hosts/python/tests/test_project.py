@@ -3,12 +3,14 @@
 from __future__ import annotations
 
 import tempfile
+import threading
 import unittest
 from pathlib import Path
 from typing import Any, List
 
 from test_server import ServerCase
 import quenzel7 as q
+from quenzel7 import _abi
 from quenzel7 import project as projects
 
 
@@ -127,6 +129,57 @@ class OpeningTest(ProjectCase):
         )  # fmt: skip
         self.assertFalse((self.folder / "other.qz7").exists())
         q.platform.supply(project_database=None)
+
+    def left(self) -> None:
+        text = (
+            f"the project {self.path} is not that of the thread any more: since it was opened platform.reset or "
+            "platform.supply put another project database in its place"
+        )
+        for call in (
+            lambda: self.project.connection, lambda: self.project.page, self.project.elements,
+            lambda: setattr(self.project, "page", 1), lambda: self.project.execute("SELECT 1"),
+            lambda: self.project.recordset("SELECT 1"), lambda: self.project.transaction().__enter__(),
+        ):  # fmt: skip
+            self.raises(91, text, call)
+        self.assertEqual(repr(self.project), f"<Project {str(self.path)!r}, not of the thread any more>")
+
+    def test_after_a_reset_it_is_not_the_threads_any_more(self) -> None:
+        connection = self.project.connection
+        q.platform.reset()
+        self.quiet()
+        self.left()
+        self.project.close()
+        self.assertEqual(repr(self.project), f"<Project {str(self.path)!r}, closed>")
+        with self.assertRaises(q.AutomationError):
+            connection.Execute("SELECT * FROM HMI_Elements")
+
+    def test_while_a_database_of_the_hosts_own_is_there_it_is_not_the_threads(self) -> None:
+        q.platform.supply(project_database=object())
+        self.left()
+        q.platform.supply(project_database=None)
+        self.assertEqual((self.project.page, repr(self.project)), (1, f"<Project {str(self.path)!r}>"))
+
+    def test_another_thread_is_refused_as_by_every_object(self) -> None:
+        found: List[Any] = []
+
+        def use() -> None:
+            try:
+                self.project.execute("SELECT 1")
+            except q.AutomationError as error:
+                found.append(error.number)
+            found.append(repr(self.project))
+
+        thread = threading.Thread(target=use)
+        thread.start()
+        thread.join()
+        self.assertEqual(found, [_abi.RPC_E_WRONG_THREAD, f"<Project {str(self.path)!r}>"])
+
+    def test_a_closed_one_has_no_page(self) -> None:
+        self.project.close()
+        text = f"the project {self.path} is closed"
+        self.raises(91, text, lambda: self.project.page)
+        self.raises(91, text, setattr, self.project, "page", 4)
+        self.assertEqual(q.platform.page, 1)
 
     def test_the_page_is_where_elements_are_saved(self) -> None:
         self.project.page = 4

@@ -9,7 +9,9 @@ from pathlib import Path
 
 from test_server import ServerCase
 import quenzel7 as q
-from quenzel7 import _property_bag
+from quenzel7 import _abi, _property_bag, _variant
+from quenzel7._frames import give_back, take_frame
+from quenzel7._invoke import numbers_of_names
 
 
 class PropertyBagTest(ServerCase):
@@ -46,13 +48,63 @@ class PropertyBagTest(ServerCase):
         self.assertNotIn("ys", bag)
         self.assertNotIn(1, bag)
         self.assertEqual((bag.get("XS"), bag.get("ys"), bag.get("ys", 9)), (6, None, 9))
-        with self.assertRaises(KeyError) as caught:
-            bag["ys"]
-        self.assertEqual(caught.exception.args, ("ys",))
+        text = 'the property bag has no value named "ys"'
+        for call in (bag.__getitem__, bag.kind, bag.__delitem__):
+            with self.assertRaises(KeyError) as caught:
+                call("ys")
+            assert isinstance(caught.exception, q.AutomationError)
+            self.assertEqual((caught.exception.number, caught.exception.description), (327, text))
+            self.assertEqual(caught.exception.source, "Quenzel7")
+            self.assertEqual(str(caught.exception), f"[327] {text}")
+            self.assertLess(caught.exception.result or 0, 0)
         with self.assertRaises(q.AutomationError) as wrong:
             bag[q.collection()]  # type: ignore[index]
         self.assertEqual(wrong.exception.number, 13)
-        self.raises(327, 'the property bag has no value named "ys"', bag.kind, "ys")
+        self.assertNotIsInstance(wrong.exception, KeyError)
+        self.assertEqual(bag.keys(), ["Xs"])
+        with self.assertRaisesRegex(AttributeError, "Bag has no attribute 'contnets'; nearest is 'contents'"):
+            bag.contnets = b""  # type: ignore[attr-defined]
+
+    def test_it_has_keys_values_and_items_as_a_dictionary(self) -> None:
+        bag = q.property_bag()
+        bag["a"], bag["b"] = 1, "x"
+        self.assertEqual((bag.values(), bag.items()), ([1, "x"], [("a", 1), ("b", "x")]))
+        self.assertEqual(dict(bag.items()), {"a": 1, "b": "x"})
+
+    def test_a_value_taken_away_leaves_the_others_as_they_are(self) -> None:
+        bag, inner = q.property_bag(), q.property_bag()
+        inner["x"] = 1
+        for key, value in (("a", 70000), ("b", "é"), ("c", [1, -2]), ("d", None), ("e", q.Null), ("f", inner)):
+            bag[key] = value
+        rest = [(entry.key, entry.kind, entry.value) for entry in bag if entry.key != "b"]
+        del bag["B"]
+        self.assertEqual([tuple(entry) for entry in bag], rest)
+        own = bag.object
+        for key in bag.keys():
+            del bag[key]
+        self.assertEqual((bag.keys(), bag.object), ([], own))
+
+    def test_a_value_taken_away_leaves_the_kinds_of_the_others(self) -> None:
+        # A Single and an Integer, which are one with Double and Long in Python.
+        library = q.platform.services.NewPropertyBag()
+        library.WriteProperty("a", 1)
+        bag = q.property_bag(library)
+        _, (write,) = numbers_of_names(library, ("WriteProperty",))
+        for kind, key, value in ((_abi.VT_R4, "b", 0.5), (_abi.VT_I2, "c", 7)):
+            frame = take_frame(2)
+            frame.set_count(2)
+            _variant.PACKERS[kind].pack_into(frame.memory, frame.first, kind, value)
+            _variant.write(frame.memory, frame.first + _abi.VARIANT_SIZE, key)
+            _property_bag._call(library, write, frame, "WriteProperty")
+            _variant.clear(frame.memory, frame.first + _abi.VARIANT_SIZE)
+            give_back(frame)
+        self.assertEqual([bag.kind(key) for key in "abc"], ["Long", "Single", "Integer"])
+        del bag["a"]
+        self.assertEqual(list(bag), [("b", "Single", 0.5), ("c", "Integer", 7)])
+
+    def test_it_is_not_the_librarys_class_of_that_name(self) -> None:
+        bag = q.property_bag()
+        self.assertEqual((type(bag), type(bag.object)), (q.Bag, q.PropertyBag))
 
     def test_it_is_read_from_and_given_as_bytes(self) -> None:
         bag = q.property_bag()
