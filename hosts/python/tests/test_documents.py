@@ -2,23 +2,35 @@
 
 from __future__ import annotations
 
+import builtins
 import doctest
+import json
 import os
 import re
+import shlex
+import shutil
+import subprocess
+import sys
 import tempfile
 import unittest
 from pathlib import Path
 from typing import Any, Dict, List
 
 import support  # noqa: F401
+import quenzel7 as q
+from quenzel7._library import library
 from test_server import ServerCase
 
 ROOT = Path(__file__).resolve().parents[3]
 
 
-def blocks(path: Path) -> List[str]:
-    """The blocks of Python in a page."""
-    return re.findall(r"^```python\n(.*?)^```$", path.read_text(encoding="utf-8"), re.MULTILINE | re.DOTALL)
+HOST_PAGE = ROOT / "docs" / "writing-a-host.md"
+
+
+def blocks(path: Path, language: str = "python") -> List[str]:
+    """The blocks of a language in a page."""
+    pattern = rf"^```{language}\n(.*?)^```$"
+    return re.findall(pattern, path.read_text(encoding="utf-8"), re.MULTILINE | re.DOTALL)
 
 
 class DocumentTest(ServerCase):
@@ -39,6 +51,8 @@ class DocumentTest(ServerCase):
         runner = doctest.DocTestRunner(optionflags=doctest.ELLIPSIS)
         found = runner.run(test, out=told.append, clear_globs=False)
         names.update(test.globs)
+        # The last value that was shown is kept as at a prompt.
+        vars(builtins).pop("_", None)
         self.assertEqual((found.failed, "".join(told)), (0, ""))
 
     def test_the_page_on_python(self) -> None:
@@ -59,6 +73,82 @@ class DocumentTest(ServerCase):
         self.assertTrue(Path("tank.png").read_bytes().startswith(b"\x89PNG"))
         del tank
         names.clear()
+
+
+class HostPageTest(ServerCase):
+    """The page on writing a host."""
+
+    def compiler(self) -> str:
+        compiler = shutil.which("cc")
+        if compiler is None:
+            self.skipTest("there is no compiler of C")
+        return compiler
+
+    def expect_shown(self, shown: Any, told: Any, place: str) -> None:
+        """What is shown is told so: what has a name has the same keys, lists have what is shown among theirs, and "..." and "{...}" stand for any text."""
+        self.assertIs(type(shown), type(told), place)
+        if isinstance(shown, dict):
+            for key, value in shown.items():
+                self.assertIn(key, told, place)
+                self.expect_shown(value, told[key], f"{place}.{key}")
+            if "name" in shown:
+                self.assertEqual(list(shown), list(told), place)
+        elif isinstance(shown, list) and shown and isinstance(shown[0], dict):
+            by_name = {one["name"]: one for one in told}
+            for one in shown:
+                self.assertIn(one["name"], by_name, place)
+                self.expect_shown(one, by_name[one["name"]], f"{place}[{one['name']}]")
+        elif isinstance(shown, list):
+            self.assertEqual([one for one in shown if one not in told], [], place)
+        elif shown not in ("...", "{...}"):
+            self.assertEqual(shown, told, place)
+
+    def test_the_description_is_as_shown(self) -> None:
+        (block,) = blocks(HOST_PAGE, "json")
+        self.expect_shown(json.loads(block), json.loads(q.platform.services.Describe()), "Describe")
+
+    def test_the_functions_of_the_snippet_are_declared(self) -> None:
+        (block,) = blocks(HOST_PAGE, "c")
+        header = (ROOT / "server" / "quenzel7_automation.h").read_text(encoding="utf-8")
+        called = re.findall(r"\b(Quenzel7\w+)\(", block)
+        self.assertGreater(len(called), 3)
+        for name in called:
+            self.assertRegex(header, rf"QUENZEL7_API [^;]*\b{name}\(")
+            self.assertIsNotNone(getattr(library(), name))
+
+    def test_the_snippet_is_c(self) -> None:
+        (block,) = blocks(HOST_PAGE, "c")
+        program = f'#include "server/quenzel7_automation.h"\nvoid Paint(void) {{\n{block}}}\n'
+        done = subprocess.run(
+            [self.compiler(), "-std=c11", "-Wall", "-Werror", "-fsyntax-only", f"-I{ROOT}", "-x", "c", "-"],
+            input=program, capture_output=True, text=True,
+        )  # fmt: skip
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+
+    def test_the_program_is_compiled_as_told(self) -> None:
+        self.compiler()
+        lines = blocks(HOST_PAGE, "sh")[0].splitlines()
+        self.assertEqual(lines[2], "./rectangle build/lib/libquenzel7.so")
+        with tempfile.TemporaryDirectory() as folder:
+            made = str(Path(folder) / "rectangle")
+            arguments = [made if word == "rectangle" else word for word in shlex.split(lines[1])]
+            self.assertIn(made, arguments)
+            done = subprocess.run(arguments, cwd=ROOT, capture_output=True, text=True)
+            self.assertEqual((done.returncode, done.stderr), (0, ""))
+            run = subprocess.run([made, library().path], capture_output=True, text=True)
+            self.assertEqual((run.returncode, run.stderr), (0, ""))
+
+    def test_registering_is_done_as_told(self) -> None:
+        words = shlex.split(blocks(HOST_PAGE, "sh")[1], comments=True)
+        self.assertEqual(words[:4], ["PYTHONPATH=hosts/python", "python3", "-m", "quenzel7.register"])
+        with tempfile.TemporaryDirectory() as folder:
+            environment = {**os.environ, "PYTHONPATH": "hosts/python", "XDG_DATA_HOME": folder}
+            for remove in ([], ["--remove"]):
+                done = subprocess.run(
+                    [sys.executable, *words[2:4], library().path, *remove],
+                    cwd=ROOT, env=environment, capture_output=True, text=True,
+                )  # fmt: skip
+                self.assertEqual((done.returncode, done.stderr), (0, ""))
 
 
 if __name__ == "__main__":
