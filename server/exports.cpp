@@ -38,6 +38,13 @@ std::vector<RegisteredClass> ClassesToRegister() {
   return classes;
 }
 
+/// The programmatic name that is nearest to one that is none.
+std::string NearestCreatable(const std::string& asked) {
+  std::vector<std::string> names;
+  for (const RegisteredClass& known : ClassesToRegister()) names.push_back(known.programmaticName);
+  return std::string(automation::NearestName(asked, {names.begin(), names.end()}));
+}
+
 /// Whoever installs a library asks only whether its classes are known afterwards.
 HRESULT OfRegistration(HRESULT result) { return SUCCEEDED(result) ? result : SELFREG_E_CLASS; }
 
@@ -81,7 +88,10 @@ HRESULT Quenzel7ClassIdFromName(const OLECHAR* name, CLSID* clsid) {
     *clsid = IID_NULL;
     const std::string asked = FromUtf16(name);
     const auto* creatable = FindCreatable(ClassOfProgrammaticName(asked));
-    if (!creatable) Fail(CLASS_E_CLASSNOTAVAILABLE, "hosts create no class \"" + asked + "\"");
+    if (!creatable) {
+      Fail(CLASS_E_CLASSNOTAVAILABLE,
+           "hosts create no class \"" + asked + "\"; nearest is \"" + NearestCreatable(asked) + "\"");
+    }
     *clsid = ClassId(creatable->name);
     return S_OK;
   });

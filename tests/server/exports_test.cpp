@@ -56,7 +56,8 @@ TEST(ClassIdFromName, KnowsNoOtherName) {
     EXPECT_EQ(identified.result, CLASS_E_CLASSNOTAVAILABLE) << name;
     EXPECT_TRUE(IsSameGuid(identified.id, IID_NULL)) << name;
   }
-  EXPECT_STREQ(Quenzel7LastError(), "hosts create no class \"Quenzel7.._clsRectangle\"");
+  EXPECT_STREQ(Quenzel7LastError(),
+               "hosts create no class \"Quenzel7.._clsRectangle\"; nearest is \"Quenzel7.clsRectangle\"");
 }
 
 TEST(InterfaceIdFromName, KnowsEveryInterface) {
