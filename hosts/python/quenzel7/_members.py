@@ -165,7 +165,7 @@ def make_method(
                 raise
             counted = AutomationError(error.number, _count_told(owner, member, len(arguments), with_names))
             counted.result = error.result
-            raise counted from error.__cause__
+            raise counted from None
         if enumeration is not None:
             return _variant.enumeration_value(enumeration, value)
         return value

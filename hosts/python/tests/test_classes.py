@@ -81,6 +81,18 @@ class PropertyTest(Case):
             self.assertEqual(self.noted(lambda: setattr(self.proxy, name, self)), [8])
             self.assertEqual(self.noted(lambda: setattr(self.proxy, name, 5)), [4])
 
+    def test_a_number_of_another_kind_is_an_object_only_where_one_is_wanted(self) -> None:
+        class Whole:
+            def __index__(self) -> int:
+                return 7
+
+        whole = Whole()
+        self.assertEqual(self.noted(lambda: setattr(self.proxy, "Part", whole)), [8])
+        self.assertIs(self.target.Part, whole)
+        self.target.Part = None
+        self.assertEqual(self.noted(lambda: setattr(self.proxy, "Any", whole)), [4])
+        self.assertEqual(self.target.Any, 7)
+
     def test_a_write_that_fails_is_made_once(self) -> None:
         for value, told in ((5, "int 5"), ("text", "str 'text'")):
             refused = _host_calls.Refused(_abi.DISP_E_OVERFLOW)
@@ -234,7 +246,7 @@ class MethodTest(Case):
             with mock.patch.object(_host_objects.ExposedObject, "invoke", side_effect=refused):
                 takes = "Probe.Stretch takes 2 to 3 arguments (pDx, pDy, [pDirection])"
                 error = self.raises(number, f"{takes}, 4 given", self.proxy.Stretch, 1, 2, 3, 4)
-                self.assertEqual(error.result, result)
+                self.assertEqual((error.result, error.__suppress_context__), (result, True))
                 self.raises(number, f"{takes}, 0 given; missing: pDx, pDy", self.proxy.Stretch)
                 self.raises(number, f"{takes}, 1 given; missing: pDx", self.proxy.Stretch, pDy=1)
                 takes = "Probe.Take takes 1 argument (pMap)"

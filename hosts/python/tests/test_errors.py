@@ -8,7 +8,7 @@ from decimal import Decimal
 from fractions import Fraction
 
 import support  # noqa: F401
-from quenzel7 import AutomationError, UnknownMemberError, _abi, errors
+from quenzel7 import AutomationError, UnknownMemberError, _abi, _invoke, errors
 
 
 class AutomationErrorTest(unittest.TestCase):
@@ -105,6 +105,22 @@ class GotTest(unittest.TestCase):
 
     def test_long_texts_are_cut(self) -> None:
         self.assertLess(len(errors.got("x" * 1000)), 50)
+
+
+class PlacedTest(unittest.TestCase):
+    def test_an_error_is_told_with_where_it_is(self) -> None:
+        error = AutomationError(6, "too wide", "here")
+        error.result = -5
+        found = errors.placed(error, "Probe.Xs")
+        told = (found.number, found.description, found.source, found.result)
+        self.assertEqual(told, (6, "Probe.Xs: too wide", "here", -5))
+        self.assertEqual(errors.placed(error, "").description, "too wide")
+
+    def test_only_failures_of_values_are_told_with_the_value(self) -> None:
+        for result in (_abi.DISP_E_TYPEMISMATCH, _abi.DISP_E_OVERFLOW, _abi.DISP_E_BADVARTYPE):
+            self.assertEqual(_invoke.with_value("Probe.Xs", result, 5), "Probe.Xs, got int 5")
+            self.assertEqual(_invoke.with_value("", result, 5), "got int 5")
+        self.assertEqual(_invoke.with_value("Probe.Xs", _abi.E_FAIL, 5), "Probe.Xs")
 
 
 class NearestTest(unittest.TestCase):

@@ -37,7 +37,7 @@ class ProjectCase(ServerCase):
         return element
 
 
-class RowsTest(ProjectCase):
+class WalkTest(ProjectCase):
     def test_rows_are_walked_over_from_the_one_that_is_stood_on(self) -> None:
         for x in (5, 6, 7):
             self.saved(Xs=x)

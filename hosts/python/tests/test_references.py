@@ -47,6 +47,16 @@ class ReferenceTest(Case):
             self.assertEqual(told, 0x4000 | vt)
             self.assertEqual(kept.raw, number(vt, "Q", 0))
 
+    def test_what_can_be_used_as_a_number_fits_a_kind_of_numbers(self) -> None:
+        class Whole:
+            def __index__(self) -> int:
+                return 7
+
+        memory = ctypes.create_string_buffer(24)
+        place = _references.write_reference(memory, 0, Ref(Whole(), "Double"))
+        self.assertEqual(_variant.read(place), 7.0)
+        self.assertEqual(_variant.KIND.unpack_from(place, 0), (5,))
+
     def test_values_that_do_not_fit_the_kind_are_refused(self) -> None:
         self.raises(6, "32768 does not fit the reference", self.reference, Ref(32768, "Integer"))
         self.raises(6, "nan does not fit the reference", self.reference, Ref(float("nan"), "Long"))

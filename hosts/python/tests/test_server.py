@@ -247,6 +247,10 @@ class RectangleTest(ServerCase):
     def test_wrong_counts_and_names_are_told(self) -> None:
         self.raises(450, "clsRectangle.Move takes 2 arguments (pDx, pDy), 3 given", self.rectangle.Move, 1, 2, 3)
         self.raises(449, "clsRectangle.Move takes 2 arguments (pDx, pDy), 1 given; missing: pDy", self.rectangle.Move, 1)
+        names = _types.types().interface("_clsRectangle").members
+        bare = next(one.name for one in names if one.is_method and not one.parameters)
+        text = f"clsRectangle.{bare} takes no arguments, 1 given"
+        self.raises(450, text, getattr(self.rectangle, bare), 5)
         self.raises(
             448, "clsRectangle.Move has no argument 'pDz'; nearest is 'pDx'", self.rectangle.Move, 1, pDz=1
         )

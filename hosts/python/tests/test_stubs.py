@@ -164,7 +164,7 @@ class WrittenTest(Case):
             ],
         )
         (collection,) = names["collection"]
-        self.assertEqual(head(collection), "collection(*items: Any) -> Collection")
+        self.assertEqual(head(collection), "collection(*items: Any, **keyed: Any) -> Collection")
         enumeration = "class enKind(IntEnum):\n    eK_None = 0\n    eK_Some = 5"
         self.assertEqual(ast.unparse(names["enKind"][0]), enumeration)
         self.assertEqual(

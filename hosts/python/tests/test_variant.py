@@ -161,7 +161,7 @@ class NumberLikeTest(Case):
             self.assertFalse(_variant.crosses_as_object(Whole(), kind))
 
     def test_they_cross_as_objects_where_one_is_wanted(self) -> None:
-        for kind in ("Object", "clsRectangle"):
+        for kind in ("Object", "clsRectangle", "String"):
             for value in (Whole(), Real()):
                 self.assertEqual(self.kind_and_content(value, kind), (9, value))
                 self.assertTrue(_variant.crosses_as_object(value, kind))
