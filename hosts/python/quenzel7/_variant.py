@@ -28,7 +28,7 @@ from . import _abi, _safe_array
 from ._abi import VT_ARRAY, VT_BYREF, VT_VARIANT
 from ._library import library
 from .arrays import CollisionMap, Null, NullType
-from .errors import AutomationError
+from .errors import AutomationError, got
 
 Writer = Callable[[Any, int, Any, str], None]
 
@@ -131,7 +131,7 @@ def _write_int(memory: Any, offset: int, value: int, kind: str) -> None:
     elif -(2**63) <= value < 2**63:
         PACKERS[_abi.VT_I8].pack_into(memory, offset, _abi.VT_I8, value)
     else:
-        raise AutomationError(6, f"{value} does not fit into 64 bits")
+        raise AutomationError(6, f"{got(value)} does not fit into 64 bits")
 
 
 def _write_bool(memory: Any, offset: int, value: bool, kind: str) -> None:

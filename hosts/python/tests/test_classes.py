@@ -38,7 +38,7 @@ class PropertyTest(Case):
             self.proxy.Xs = value
             self.assertEqual(self.target.Xs, value)
             self.assertEqual(self.proxy.Xs, value)
-        self.raises(6, f"Probe.Xs: {2**63} does not fit into 64 bits", setattr, self.proxy, "Xs", 2**63)
+        self.raises(6, f"Probe.Xs: int {2**63} does not fit into 64 bits", setattr, self.proxy, "Xs", 2**63)
 
     def test_values_of_every_kind_are_read_and_written(self) -> None:
         for value in ("text", True, 2.5, Decimal("1.5"), b"ab", [1, 2], None, self):
@@ -46,6 +46,9 @@ class PropertyTest(Case):
             self.assertEqual(self.target.Any, value)
             self.assertEqual(self.proxy.Any, value)
             self.assertIs(type(self.target.Any), type(value))
+
+    def test_numbers_of_more_digits_than_python_writes_are_refused_too(self) -> None:
+        self.raises(6, "Probe.Xs: int does not fit into 64 bits", setattr, self.proxy, "Xs", 10**5000)
 
     def test_booleans_are_no_numbers(self) -> None:
         self.proxy.Xs = True
@@ -230,7 +233,7 @@ class MethodTest(Case):
             self.raises(13, "type mismatch: Probe.Stretch", self.proxy.Stretch, 1, 2)
 
     def test_arguments_that_cannot_cross_are_told_with_place_and_name(self) -> None:
-        stretch, wide = self.proxy.Stretch, f"{2**70} does not fit into 64 bits"
+        stretch, wide = self.proxy.Stretch, f"int {2**70} does not fit into 64 bits"
         self.raises(6, f"Probe.Stretch: argument 2 (pDy): {wide}", stretch, 1, 2**70)
         self.raises(6, f"Probe.Stretch: argument 3 (pDirection): {wide}", stretch, 1, 2, pDirection=2**70)
         self.raises(6, f"Probe.Stretch: argument 1 (pDx): {wide}", stretch, 2**70, 2, pDirection=1)

@@ -418,7 +418,7 @@ class ErrorTest(Case):
         sample.Xs = 2**63
         boundary = Boundary(sample)
         self.assertEqual(boundary.invoke(boundary.number("Xs"), GET), _abi.DISP_E_EXCEPTION)
-        self.assertEqual(boundary.error()[3:], ("9223372036854775808 does not fit into 64 bits", 0x800A0006 - 2**32))
+        self.assertEqual(boundary.error()[3:], ("int 9223372036854775808 does not fit into 64 bits", 0x800A0006 - 2**32))
 
     def test_the_exception_is_the_cause_of_the_error_that_comes_back(self) -> None:
         exception = ValueError("bad")

@@ -115,7 +115,7 @@ class MakeTest(Case):
 
     def test_a_failure_lets_go_of_what_was_made(self) -> None:
         with mock.patch.object(library(), "SafeArrayDestroy") as destroy:
-            self.raises(6, "9223372036854775808 does not fit into 64 bits", _safe_array.make, [self, 2**63])
+            self.raises(6, "int 9223372036854775808 does not fit into 64 bits", _safe_array.make, [self, 2**63])
         (address,) = destroy.call_args[0]
         self.assertEqual(library().SafeArrayDestroy(address), 0)
 

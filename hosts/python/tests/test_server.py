@@ -231,7 +231,7 @@ class RectangleTest(ServerCase):
         self.raises(13, text, setattr, self.rectangle, "Xs", Fraction(3, 2))
 
     def test_values_that_do_not_fit_a_place_are_told_with_the_member(self) -> None:
-        self.raises(6, f"clsRectangle.Xs: {2**70} does not fit into 64 bits", setattr, self.rectangle, "Xs", 2**70)
+        self.raises(6, f"clsRectangle.Xs: int {2**70} does not fit into 64 bits", setattr, self.rectangle, "Xs", 2**70)
         self.raises(
             13, "clsRectangle.GetBoundingRect: argument 1 (pXs): int 0 does not fit a reference to String",
             self.rectangle.GetBoundingRect, Ref(0, "String"), Ref(), Ref(), Ref(),

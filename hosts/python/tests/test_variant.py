@@ -49,8 +49,8 @@ class WriteTest(Case):
             self.assertEqual(written(value), number(20, "q", value))
 
     def test_numbers_above_64_bits_are_an_overflow(self) -> None:
-        self.raises(6, "9223372036854775808 does not fit into 64 bits", written, 2**63)
-        self.raises(6, "-9223372036854775809 does not fit into 64 bits", written, -(2**63) - 1)
+        self.raises(6, "int 9223372036854775808 does not fit into 64 bits", written, 2**63)
+        self.raises(6, "int -9223372036854775809 does not fit into 64 bits", written, -(2**63) - 1)
 
     def test_members_of_enumerations_are_longs(self) -> None:
         self.assertEqual(written(Level.HIGH), number(3, "i", 2))
