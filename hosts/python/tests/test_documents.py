@@ -128,10 +128,10 @@ class HostPageTest(ServerCase):
     def test_the_program_is_compiled_as_told(self) -> None:
         self.compiler()
         lines = blocks(HOST_PAGE, "sh")[0].splitlines()
-        self.assertEqual(lines[2], "./rectangle build/lib/libquenzel7.so")
+        self.assertEqual(lines[2], "build/rectangle build/lib/libquenzel7.so")
         with tempfile.TemporaryDirectory() as folder:
             made = str(Path(folder) / "rectangle")
-            arguments = [made if word == "rectangle" else word for word in shlex.split(lines[1])]
+            arguments = [made if word == "build/rectangle" else word for word in shlex.split(lines[1])]
             self.assertIn(made, arguments)
             done = subprocess.run(arguments, cwd=ROOT, capture_output=True, text=True)
             self.assertEqual((done.returncode, done.stderr), (0, ""))

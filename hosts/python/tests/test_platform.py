@@ -81,6 +81,43 @@ class CollectedTest(ServerCase):
         frame.clear()
         self.assertIs(frame.printed, False)
 
+    def test_the_frame_tells_what_it_was_told_in_order(self) -> None:
+        with tempfile.TemporaryDirectory() as folder, q.Project(Path(folder) / "a.qz7") as project:
+            project.page = 1
+            q.clsGrpElmntsSrv().InitImageLibrary("plant", q.Ref(q.platform.palette))
+            picture = q.clsBitmap()
+
+            def take(pixels: bytes) -> None:
+                data, path = q.Ref(pixels), str(Path(folder) / "missing.png")
+                picture.SetImage8bppPropsEx(5, 2, 2, data, 6, 2, 2, data, 0, 0, path, 8)
+
+            take(b"\1\2\3\4")
+            picture.SaveToDB()
+            frame = q.platform.frame
+            # The pointer is busy while the picture is made anew.
+            self.assertIs(picture.ResizeImageEx(2, 2, 8, 8), True)
+            self.assertEqual((frame.pointers, frame.interruptions, frame.refreshes), ([11, 0], 0, []))
+            frame.clear()
+            # Too few pixels: the host is interrupted and shows its pages anew.
+            take(b"\1")
+            with q.Surface(20, 20) as surface:
+                picture.Draw(surface.hdc, False)
+            self.assertEqual((frame.pointers, frame.interruptions, frame.refreshes), ([1, 11], 1, [(-1, 12)]))
+            refresh = frame.refreshes[0]
+            self.assertEqual((refresh.which, refresh.what), (-1, 12))
+            frame.clear()
+            self.assertEqual((frame.pointers, frame.interruptions, frame.refreshes), ([], 0, []))
+
+    def test_the_frame_gives_rows_of_the_library_by_name(self) -> None:
+        class View:
+            Outputs = [["careful", 2], ["done", 1]]
+            Refreshes = [[-1, 12], [4, 13]]
+
+        frame = _platform.Frame(View())
+        self.assertEqual(frame.outputs, [("careful", 2), ("done", 1)])
+        self.assertEqual((frame.outputs[0].text, frame.outputs[0].kind), ("careful", 2))
+        self.assertEqual(frame.refreshes, [(-1, 12), (4, 13)])
+
     def test_the_recorder(self) -> None:
         rectangle = q.create("clsRectangle", Xs=1, Ys=1, Dx=2, Dy=1)
         with q.Surface(4, 4) as surface:
