@@ -42,6 +42,8 @@ class SpeltTest(unittest.TestCase):
         thing = Thing()
         self.refused("Thing has no attribute 'color'; nearest is 'colour'", getattr, thing, "color")
         self.refused("Thing has no attribute 'piant'; nearest is 'paint'", setattr, thing, "piant", 1)
+        # Python's own names are not offered.
+        self.refused("Thing has no attribute 'doc__'", getattr, thing, "doc__")
         self.assertFalse(hasattr(thing, "color"))
         self.assertEqual(vars(thing), {})
 

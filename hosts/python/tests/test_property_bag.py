@@ -9,7 +9,7 @@ from pathlib import Path
 
 from test_server import ServerCase
 import quenzel7 as q
-from quenzel7 import _abi, _property_bag, _variant
+from quenzel7 import _abi, _frames, _property_bag, _variant
 from quenzel7._frames import give_back, take_frame
 from quenzel7._invoke import numbers_of_names
 
@@ -79,6 +79,10 @@ class PropertyBagTest(ServerCase):
         rest = [(entry.key, entry.kind, entry.value) for entry in bag if entry.key != "b"]
         del bag["B"]
         self.assertEqual([tuple(entry) for entry in bag], rest)
+        # What was lent to a call is not left in its frame, where it would be freed again.
+        for kept in _frames._kept:
+            (kind,) = _variant.KIND.unpack_from(kept[0].memory, kept[0].first)
+            self.assertFalse(_variant.owns(kind), kind)
         own = bag.object
         for key in bag.keys():
             del bag[key]

@@ -45,14 +45,6 @@ class RegisterTest(unittest.TestCase):
         self.assertEqual(self.run_it("--remove"), (0, f"{path} is not registered any more: {self.file}\n", ""))
         self.assertIsNone(self.registered())
 
-    def test_a_library_by_its_path_from_where_one_stands(self) -> None:
-        self.addCleanup(os.chdir, os.getcwd())
-        os.chdir(os.path.dirname(self.good))
-        self.assertEqual(self.run_it("libquenzel7.so")[0], 0)
-        self.assertEqual(self.registered(), self.good)
-        self.assertEqual(self.run_it("--remove", "libquenzel7.so")[0], 0)
-        self.assertIsNone(self.registered())
-
     def test_what_is_not_the_library_is_refused(self) -> None:
         result, told, wrong = self.run_it("/nowhere/lib.so")
         self.assertEqual((result, told), (1, ""))
@@ -74,14 +66,17 @@ class RegisterTest(unittest.TestCase):
         self.assertEqual((result, told), (1, ""))
         self.assertIn(str(self.folder), wrong)
 
-    def test_it_is_a_program(self) -> None:
-        done = subprocess.run(
-            [sys.executable, "-m", "quenzel7.register", self.good],
-            env={**os.environ, "PYTHONPATH": str(FOLDER)}, capture_output=True, text=True,
-        )  # fmt: skip
-        told = f"{self.good} is registered: {self.file}\n"
-        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, told, ""))
-        self.assertEqual(self.registered(), self.good)
+    def test_it_is_a_program_and_takes_paths_from_where_one_stands(self) -> None:
+        program = [sys.executable, "-m", "quenzel7.register", os.path.basename(self.good)]
+        cases = [([], "registered", self.good), (["--remove"], "not registered any more", None)]
+        for options, state, found in cases:
+            done = subprocess.run(
+                [*program, *options], cwd=os.path.dirname(self.good),
+                env={**os.environ, "PYTHONPATH": str(FOLDER)}, capture_output=True, text=True,
+            )  # fmt: skip
+            told = f"{self.good} is {state}: {self.file}\n"
+            self.assertEqual((done.returncode, done.stdout, done.stderr), (0, told, ""))
+            self.assertEqual(self.registered(), found)
 
 
 if __name__ == "__main__":
