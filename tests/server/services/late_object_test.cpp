@@ -130,7 +130,7 @@ TEST(LateObject, ErrorsOfTheHostPassUpAsTheyAre) {
 
 TEST(LateObject, AResultThatDoesNotFitTellsWhichMemberGaveIt) {
   const auto late = NewHostObject();
-  late->Giving("call Sum", "text").Giving("get Count", late);
+  late->Giving("call Sum", "text").Giving("get Count", NewHostObject());
   const LateObject host(late);
   EXPECT_EQ(test::ErrorOf([&] { host.Call<Long>("Sum"); }), 13);
   EXPECT_EQ(test::DescriptionOf([&] { host.Call<Long>("Sum"); }).find("what the host's Sum gave: "), 0u);
