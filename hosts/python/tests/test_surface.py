@@ -128,6 +128,8 @@ class SurfaceTest(ServerCase):
         with q.Surface(3, 2) as surface, q.Surface(3, 2) as other:
             self.assertEqual(operator.index(surface), surface.hdc)
             self.assertNotEqual(operator.index(surface), operator.index(other))
+            q.create("clsRectangle", Xs=0, Ys=0, Dx=3, Dy=2, ColorFore=2).Draw(surface, False)
+            self.assertEqual((surface.pixel(0, 0), other.pixel(0, 0)), (0x0000C8, 0xFFFFFF))
 
     def test_another_failure_of_a_file_is_as_the_library_tells_it(self) -> None:
         with q.Surface(1, 1) as surface:
