@@ -12,7 +12,6 @@ namespace {
 using automation::AutomationError;
 using automation::ErrorNumber;
 
-constexpr std::uint32_t kRuntimeErrors = 0x800A0000u;
 constexpr std::uint32_t kFacilityMask = 0xFFFF0000u;
 
 /// Results that the interface itself has for errors of the run-time.
@@ -59,7 +58,7 @@ Long NumberOf(HRESULT result) {
     if (known.result == result) return static_cast<Long>(known.number);
   }
   const auto bits = static_cast<std::uint32_t>(result);
-  if ((bits & kFacilityMask) == kRuntimeErrors && (bits & ~kFacilityMask) != 0) {
+  if ((bits & kFacilityMask) == kRunTimeErrors && (bits & ~kFacilityMask) != 0) {
     return static_cast<Long>(bits & ~kFacilityMask);
   }
   return result;

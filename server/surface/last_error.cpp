@@ -13,8 +13,6 @@ namespace {
 using automation::AutomationError;
 using automation::ErrorNumber;
 
-/// Results that tell errors of the automation run-time begin here.
-constexpr std::uint32_t kRunTimeErrors = 0x800A0000;
 constexpr Long kLastRunTimeError = 0xFFFF;
 
 /// What is told: the text that is kept, or a constant one.

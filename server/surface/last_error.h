@@ -1,6 +1,7 @@
 #pragma once
 
 #include <concepts>
+#include <cstdint>
 #include <string>
 #include <type_traits>
 
@@ -8,6 +9,9 @@
 #include "server/quenzel7_automation.h"
 
 namespace quenzel7::server {
+
+/// Results that tell errors of the automation run-time begin here; the number is in the lower 16 bits.
+inline constexpr std::uint32_t kRunTimeErrors = 0x800A0000;
 
 /// The result that tells an error of the automation run-time: 0x800A0000 + number for numbers from 1 to
 /// 65535; a number below 0 is a result already. Others, which would look like success, are E_UNEXPECTED.

@@ -279,6 +279,15 @@ TEST_F(Threads, LetObjectsOfTheHostSpeakWhenTheyEnd) {
   EXPECT_EQ(LiveObjects(), before);
 }
 
+TEST_F(Threads, LetGoOfServicesOfTheHost) {
+  test::HostObject boxes;
+  Elsewhere([&boxes] {
+    EXPECT_EQ(Pointer::HostServices().WriteReference("MessageBoxes", boxes.Handed().AsValue()).result, S_OK);
+    EXPECT_GT(boxes.references, 0);
+  });
+  EXPECT_EQ(boxes.references, 0);
+}
+
 TEST_F(Threads, HaveServicesOfTheirOwn) {
   const Pointer mine = Pointer::HostServices();
   EXPECT_EQ(mine.Identity(), Pointer::HostServices().Identity());

@@ -66,7 +66,8 @@ TEST(InterfaceIdFromName, KnowsEveryInterface) {
     EXPECT_EQ(identified.result, S_OK) << name;
     EXPECT_EQ(GuidText(identified.id), GuidText(InterfaceId("ItfHmiElement"))) << name;
   }
-  for (const char* name : {"_clsRectangle", "ItfVarBinaryHandler", "ItfImage", "Collection", "Recordset"}) {
+  for (const char* name : {"_clsRectangle", "ItfVarBinaryHandler", "ItfImage", "Collection", "Recordset",
+                           "HostServices", "PanelColors"}) {
     const Identified identified = Of(Quenzel7InterfaceIdFromName, name);
     EXPECT_EQ(identified.result, S_OK) << name;
     EXPECT_EQ(GuidText(identified.id), GuidText(InterfaceId(name))) << name;

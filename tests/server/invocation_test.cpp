@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <new>
+#include <span>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -383,6 +386,68 @@ TEST_F(Invocation, KeepsTheObjectWhileItIsCalled) {
   const auto holder = std::make_shared<automation::Sample>();
   Pointer pointer = test::Handed(holder);
   EXPECT_EQ(pointer.Call("Same", {pointer.AsValue()}).value.Raw().value.pdispVal, pointer.Get());
+}
+
+/// What a property was last written through.
+struct Written final : automation::Object {
+  const automation::ClassInfo& Class() const override { return Sample().Class(); }
+  std::string by;
+};
+
+TEST(PropertyThatTakesBoth, GetsObjectsByReferenceAndNumbersByValue) {
+  automation::Member member;
+  member.name = "Both";
+  member.put = [](automation::Object& object, const automation::Variant&) {
+    static_cast<Written&>(object).by = "value";
+  };
+  member.putRef = [](automation::Object& object, const automation::Variant&) {
+    static_cast<Written&>(object).by = "reference";
+  };
+  const automation::Interface interface("Both", std::span<const automation::Member>(&member, 1));
+  const auto write = [&](Value value, WORD flags) {
+    Written written;
+    DISPID name = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters{&value.Raw(), &name, 1, 1};
+    EXPECT_EQ(Invoke(written, member, interface, flags, parameters, nullptr, nullptr, nullptr), S_OK);
+    return written.by;
+  };
+  constexpr WORD kBoth = DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF;
+  EXPECT_EQ(write(3, kBoth), "value");
+  EXPECT_EQ(write(test::Handed(std::make_shared<Sample>()).AsValue(), kBoth), "reference");
+  EXPECT_EQ(write(3, DISPATCH_PROPERTYPUT), "value");
+  EXPECT_EQ(write(3, DISPATCH_PROPERTYPUTREF), "reference");
+}
+
+/// An object whose members fail otherwise than by an error of the run-time.
+class Failing final : public automation::Object {
+ public:
+  const automation::ClassInfo& Class() const override {
+    using automation::Arguments, automation::Object, automation::Variant;
+    static const std::vector<automation::Member> members = [] {
+      std::vector<automation::Member> made(3);
+      made[0].name = "Memory";
+      made[0].method = [](Object&, Arguments) -> Variant { throw std::bad_alloc(); };
+      made[1].name = "Standard";
+      made[1].method = [](Object&, Arguments) -> Variant { throw std::runtime_error("no disk"); };
+      made[2].name = "Strange";
+      made[2].method = [](Object&, Arguments) -> Variant { throw 5; };
+      return made;
+    }();
+    static const automation::Interface interface("Failing", members);
+    static const automation::Interface* const interfaces[] = {&interface};
+    static const automation::ClassInfo info{"Failing", interfaces};
+    return info;
+  }
+};
+
+TEST(FailuresOfMembers, NeverLeaveAsExceptions) {
+  const Pointer host = test::Handed(std::make_shared<Failing>());
+  EXPECT_EQ(host.Call("Memory").result, E_OUTOFMEMORY);
+  const Outcome standard = host.Call("Standard");
+  EXPECT_EQ(standard.result, DISP_E_EXCEPTION);
+  EXPECT_EQ(standard.scode, kRuntimeErrors + 5);
+  EXPECT_EQ(standard.description, "no disk");
+  EXPECT_EQ(host.Call("Strange").result, E_UNEXPECTED);
 }
 
 }  // namespace

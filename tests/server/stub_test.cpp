@@ -4,9 +4,12 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "platform/automation/automation_error.h"
 #include "platform/automation/collection.h"
+#include "platform/automation/enumerator.h"
 #include "server/live_objects.h"
 #include "server/types/identifiers.h"
 #include "tests/server/host.h"
@@ -267,6 +270,54 @@ TEST_F(Enumeration, LeavesTheCollectionToItself) {
   host_.Reset();
   collection_.reset();
   EXPECT_EQ(Rest(values_), (std::vector<LONG>{1, 2, 3}));
+}
+
+/// Gives one object, and then fails.
+class FailingEnumerator final : public automation::Enumerator {
+ public:
+  explicit FailingEnumerator(automation::ObjectRef first) : first_(std::move(first)) {}
+  bool Next(Variant& value) override {
+    if (!first_) {
+      throw automation::AutomationError(automation::ErrorNumber::SubscriptOutOfRange, "no more");
+    }
+    value = std::exchange(first_, nullptr);
+    return true;
+  }
+  void Reset() override {}
+  automation::EnumeratorRef Clone() const override { return nullptr; }
+
+ private:
+  automation::ObjectRef first_;
+};
+
+TEST(EnumerationThatFails, LeavesNothingOfWhatItGave) {
+  auto sample = std::make_shared<Sample>();
+  const std::weak_ptr<Sample> given = sample;
+  const Pointer host = test::Handed(std::make_shared<FailingEnumerator>(std::exchange(sample, nullptr)));
+  IEnumVARIANT* values = nullptr;
+  ASSERT_EQ(
+      host.Get()->lpVtbl->QueryInterface(host.Get(), &IID_IEnumVARIANT, reinterpret_cast<void**>(&values)),
+      S_OK);
+  VARIANT places[2];
+  ULONG fetched = 9;
+  EXPECT_EQ(values->lpVtbl->Next(values, 2, places, &fetched), QUENZEL7_RESULT(0x800A0009u));
+  EXPECT_EQ(fetched, 0u);
+  EXPECT_EQ(places[0].vt, VT_EMPTY);
+  values->lpVtbl->Release(values);
+  EXPECT_TRUE(given.expired());
+}
+
+TEST(Locks, TakenBackMoreOftenThanGivenLeaveNone) {
+  const Long before = LiveObjects();
+  LockServer(false);
+  EXPECT_EQ(LiveObjects(), before);
+  LockServer(true);
+  LockServer(true);
+  EXPECT_EQ(LiveObjects(), before + 2);
+  LockServer(false);
+  LockServer(false);
+  LockServer(false);
+  EXPECT_EQ(LiveObjects(), before);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -226,6 +227,29 @@ TEST(Collection, ItsMembersAreDocumentedAndUnmarked) {
                                              "Item: The value at a place from 1, or under a key.",
                                              "Remove: Takes the value at a place or under a key out.",
                                              "_NewEnum: Walks over the values in order."}));
+}
+
+/// Runs something when it goes.
+class LastWord final : public Object {
+ public:
+  explicit LastWord(std::function<void()> word) : word_(std::move(word)) {}
+  ~LastWord() override { word_(); }
+  const ClassInfo& Class() const override { return Collection::ClassOf(); }
+
+ private:
+  std::function<void()> word_;
+};
+
+TEST(Collection, MayBeUsedByAnObjectThatGoesWithItsPlace) {
+  Collection collection;
+  collection.Add(std::make_shared<LastWord>([&collection] {
+    for (Long number = 0; number < 100; ++number) collection.Add(number);
+  }));
+  collection.Add("next");
+  collection.Remove(1);
+  ASSERT_EQ(collection.Count(), 101);
+  EXPECT_EQ(collection.Item(1), Variant("next"));
+  EXPECT_EQ(collection.Item(101), Variant(Long{99}));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <rapidcheck.h>
 
 #include <bit>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <string>
@@ -697,6 +698,29 @@ TEST(PropertyBag, ItsMembersAreDocumentedAndUnmarked) {
                 "ReadProperty: The value under a name, or the given one when there is none.",
                 "WriteProperty: Keeps a value under a name.", "Contents: All values as one block of bytes.",
                 "Count: Number of values.", "_NewEnum: Walks over the names in order."}));
+}
+
+/// Runs something when it goes.
+class LastWord final : public Object {
+ public:
+  explicit LastWord(std::function<void()> word) : word_(std::move(word)) {}
+  ~LastWord() override { word_(); }
+  const ClassInfo& Class() const override { return PropertyBag::ClassOf(); }
+
+ private:
+  std::function<void()> word_;
+};
+
+TEST(PropertyBag, MayBeUsedByAnObjectThatGoesWithItsValue) {
+  PropertyBag bag;
+  bag.WriteProperty("a", std::make_shared<LastWord>([&bag] {
+                      for (int number = 0; number < 100; ++number)
+                        bag.WriteProperty("b" + std::to_string(number), Long{number});
+                    }));
+  bag.WriteProperty("a", Long{1});
+  EXPECT_EQ(bag.Names().size(), 101u);
+  EXPECT_EQ(bag.ReadProperty("a"), Variant(Long{1}));
+  EXPECT_EQ(bag.ReadProperty("b99"), Variant(Long{99}));
 }
 
 }  // namespace
